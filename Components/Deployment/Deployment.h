@@ -1,0 +1,15 @@
+#pragma once
+
+/// The hosts and addresses this build talks to, in one place.
+///
+/// Every one is a default: the settings file overrides it by the key named beside it. Nothing here points at a
+/// third party; services are looked for on this machine until a deployment says otherwise.
+namespace Deployment
+{
+
+inline constexpr char const* remoteSyslogAddress = "127.0.0.1"; ///< logger/remoteSyslogIP
+inline constexpr unsigned short remoteSyslogPort = 514;         ///< logger/remoteSyslogPort
+
+inline constexpr char const* organisationDomain = "ombravision.invalid"; ///< Names the settings, reaches nothing.
+
+} // namespace Deployment

@@ -1,0 +1,133 @@
+#include "Logger.h"
+
+#include "RollingFileLogger.h"
+#include "Syslog.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+Logger::Logger(QObject* parent)
+    : QObject(parent), _levelNames{{Debug, QStringLiteral("debug")},
+                                   {Info, QStringLiteral("info")},
+                                   {Warning, QStringLiteral("WARNING")},
+                                   {Error, QStringLiteral("ERROR")},
+                                   {Fatal, QStringLiteral("FATAL")}},
+      _unknownLevelName(QStringLiteral("unknown"))
+{
+}
+
+Logger::~Logger() = default;
+
+void Logger::setLevel(Logger::Level level)
+{
+    _level.store(level, std::memory_order_relaxed);
+}
+
+void Logger::setMethod(Logger::Method method)
+{
+    _method.store(method, std::memory_order_relaxed);
+}
+
+void Logger::setHostname(QString const& hostname)
+{
+    QMutexLocker locker(&_mutex);
+    _hostname = hostname;
+}
+
+void Logger::showClass(QString const& className)
+{
+    QMutexLocker locker(&_mutex);
+    _shownClasses.append(className);
+}
+
+void Logger::logMessage(Logger::Level level, char const* file, int line, char const* format, ...)
+{
+    if (isShown(level, file)) {
+        va_list args;
+        va_start(args, format);
+        switch (method()) {
+        case StandardError:
+            stderrLogMethod(level, file, line, format, args);
+            break;
+        case QtMessages:
+            qtLogMethod(level, file, line, format, args);
+            break;
+        case RollingFile:
+            rollingLogMethod(level, file, line, format, args);
+            break;
+        }
+        va_end(args);
+    }
+    if (level == Fatal)
+        std::abort();
+}
+
+bool Logger::isShown(Logger::Level level, char const* file) const
+{
+    if (this->level() > level)
+        return false;
+    if (level != Debug)
+        return true;
+    QMutexLocker locker(&_mutex);
+    return _shownClasses.isEmpty() || _shownClasses.contains(QFileInfo(QString::fromUtf8(file)).baseName());
+}
+
+// The formats come from the call sites, where the compiler has checked them.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+QString Logger::getQString(Level level, char const* file, int line, char const* format, va_list args) const
+{
+    std::array<char, maximumMessageBytes> message;
+    std::vsnprintf(message.data(), message.size(), format, args);
+    QString const time = QDateTime::currentDateTime().toUTC().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
+    QString const location = QStringLiteral(" %1:%2 ").arg(QString::fromUtf8(file), QString::number(line));
+    return QStringLiteral("[%1] %2%3%4")
+        .arg(_levelNames.value(level, _unknownLevelName), time, location, QString::fromUtf8(message.data()));
+}
+#pragma GCC diagnostic pop
+
+void Logger::stderrLogMethod(Level level, char const* file, int line, char const* format, va_list args)
+{
+    std::fprintf(stderr, "%s\r\n", getQString(level, file, line, format, args).toUtf8().constData());
+}
+
+void Logger::qtLogMethod(Level level, char const* file, int line, char const* format, va_list args)
+{
+    QByteArray const text = getQString(level, file, line, format, args).toUtf8();
+    switch (level) {
+    case Debug:
+    case Info:
+        qDebug("%s", text.constData());
+        break;
+    case Warning:
+        qWarning("%s", text.constData());
+        break;
+    case Error:
+        qCritical("%s", text.constData());
+        break;
+    case Fatal:
+        qFatal("%s", text.constData());
+    }
+}
+
+void Logger::rollingLogMethod(Level level, char const* file, int line, char const* format, va_list args)
+{
+    std::call_once(_outputsCreated, [this] {
+        _rollingFileLogger = std::make_unique<RollingFileLogger>();
+        _syslog = std::make_unique<Syslog>();
+    });
+    QString const text = getQString(level, file, line, format, args);
+    _rollingFileLogger->log(text.toUtf8().constData());
+    if (level > Warning) {
+        QString hostname;
+        {
+            QMutexLocker locker(&_mutex);
+            hostname = _hostname;
+        }
+        _syslog->send(hostname, text);
+    }
+}

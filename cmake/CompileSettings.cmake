@@ -1,0 +1,25 @@
+# One interface target carries the standard, the warnings and the Qt macros for all of our code.
+add_library(ombravision_settings INTERFACE)
+target_compile_features(ombravision_settings INTERFACE cxx_std_20)
+target_compile_options(ombravision_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wcast-qual
+  -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
+if(OMBRAVISION_WERROR)
+  target_compile_options(ombravision_settings INTERFACE -Werror)
+endif()
+target_compile_definitions(ombravision_settings INTERFACE
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400 QT_NO_FOREACH QT_USE_QSTRINGBUILDER)
+target_link_libraries(ombravision_settings INTERFACE Qt6::Core)
+
+# Sanitizers apply to everything that is linked together, so they are set globally.
+if(OMBRAVISION_SANITIZE)
+  add_compile_options(-fsanitize=${OMBRAVISION_SANITIZE})
+  add_link_options(-fsanitize=${OMBRAVISION_SANITIZE})
+  if(OMBRAVISION_SANITIZE MATCHES "undefined")
+    add_compile_options(-fno-sanitize-recover=undefined)
+  endif()
+endif()
+
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_CXX_EXTENSIONS OFF)

@@ -1,0 +1,16 @@
+# Every library that is not ours, found once and given an imported target.
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network OpenGL OpenGLWidgets)
+find_package(OpenGL REQUIRED)
+find_package(CURL REQUIRED)
+find_package(X11 REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET
+  libavformat>=59.27 libavcodec>=59.37 libavutil>=57.28 libswscale libswresample)
+pkg_check_modules(OPENAL REQUIRED IMPORTED_TARGET openal)
+if(OMBRAVISION_TESTS)
+  find_package(GTest REQUIRED)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+endif()
+if(OMBRAVISION_BENCHMARKS)
+  find_package(benchmark REQUIRED)
+endif()

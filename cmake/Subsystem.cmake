@@ -1,0 +1,47 @@
+# add_subsystem(NAME COMPONENTS dir... LINK target...)
+#
+# Turns a list of component directories into one static library, ombravision_NAME. Its include path is its own
+# directories and, through LINK, those of the libraries below it: an include that climbs upward does not compile.
+function(add_subsystem name)
+  cmake_parse_arguments(ARG "" "" "COMPONENTS;LINK" ${ARGN})
+  set(directories "")
+  set(sources "")
+  foreach(component IN LISTS ARG_COMPONENTS)
+    set(directory ${CMAKE_CURRENT_SOURCE_DIR}/${component})
+    if(NOT IS_DIRECTORY ${directory})
+      message(WARNING "component ${component} of ${name} has no directory yet")
+      continue()
+    endif()
+    file(GLOB files CONFIGURE_DEPENDS ${directory}/*.h ${directory}/*.cpp)
+    list(APPEND directories ${directory})
+    list(APPEND sources ${files})
+  endforeach()
+  if(NOT sources)
+    return()
+  endif()
+  add_library(ombravision_${name} STATIC ${sources})
+  target_include_directories(ombravision_${name} PUBLIC ${directories})
+  target_link_libraries(ombravision_${name} PUBLIC ombravision_settings ${ARG_LINK})
+endfunction()
+
+# add_subsystem_tests(NAME LINK target... [GUI] [LABELS label...])
+#
+# One test program from the sources of the calling directory. GUI runs them under a QApplication on the offscreen
+# platform instead of a QCoreApplication.
+function(add_subsystem_tests name)
+  cmake_parse_arguments(ARG "GUI" "" "LINK;LABELS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  if(NOT sources)
+    return()
+  endif()
+  set(main ${CMAKE_SOURCE_DIR}/tests/support/CoreTestMain.cpp)
+  if(ARG_GUI)
+    set(main ${CMAKE_SOURCE_DIR}/tests/support/GuiTestMain.cpp)
+  endif()
+  add_executable(${name}_tests ${sources} ${main})
+  target_link_libraries(${name}_tests PRIVATE ${ARG_LINK} ombravision_test_support GTest::gmock Qt6::Test)
+  include(GoogleTest)
+  gtest_discover_tests(${name}_tests
+    TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 120 LABELS "unit;${ARG_LABELS}")
+endfunction()
