@@ -13,7 +13,9 @@ extern "C" {
 #include <QThread>
 
 #include <atomic>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 
 class GLMovieDataSource;
 class GLMoviePacketQueue;
@@ -50,6 +52,7 @@ public:
         NoAudioBuffers = 7,
         NoAudioSource = 8,
         NoStreams = 9,
+        UnsupportedAudioFormat = 10,
         NoPictureSize = 12,
         NoPictureBuffer = 13,
         NoTexture = 14,
@@ -162,4 +165,171 @@ signals:
 public slots:
     void onDataSourceOpened(GLMovieDataSource* source);
     void onDataSourceClosed(GLMovieDataSource* source);
+
+protected:
+    /// The reader: from the data source to the queues, until the end or a stop.
+    void run() override;
+
+private:
+    friend class GLMoviePacketQueueWatcher;
+    friend class GLMovieVideoPacketQueueWatcher;
+    friend class GLMovieAudioPacketQueueWatcher;
+
+    struct CodecContextDeleter {
+        void operator()(AVCodecContext* context) const;
+    };
+    struct FrameDeleter {
+        void operator()(AVFrame* frame) const;
+    };
+    struct SwsDeleter {
+        void operator()(SwsContext* context) const;
+    };
+    struct SwrDeleter {
+        void operator()(SwrContext* context) const;
+    };
+    using CodecContext = std::unique_ptr<AVCodecContext, CodecContextDeleter>;
+    using Frame = std::unique_ptr<AVFrame, FrameDeleter>;
+
+    /// What the reader remembers of one kind of packet to notice gaps.
+    struct LossDetector {
+        qint64 lastTimestamp = 0;
+        bool hasLast = false;
+    };
+
+    // Opening and closing, on the owner's thread (GLMovie.cpp).
+    int openVideoStream();
+    void chooseColourConversion();
+    int openAudioStream();
+    void logAudioFormat() const;
+    static QString missingAudioDecoderText(int codecId);
+    static CodecContext openCodec(AVStream const* stream, int& averror);
+    void freeResources();
+    void joinThreads();
+
+    // The reader thread (GLMovieReader.cpp).
+    bool isStopRequested() const { return _stopRequested || _restarting; }
+    bool readerMustWait() const;
+    bool readOnePacket(AVPacket* packet);
+    void takeVideoPacket(AVPacket* packet);
+    void takeAudioPacket(AVPacket* packet);
+    int packetsLost(AVPacket const& packet, AVStream const* stream, LossDetector& detector) const;
+    void drain();
+    bool restart();
+    bool resetMovie();
+    bool seekStream(AVStream* stream, double seconds);
+    void startWatchers();
+    void stopWatchers();
+
+    // The clocks (GLMovieClock.cpp).
+    double masterClockTime() const;
+    double clockTime();
+    double computeVideoPacketPTS(qint64 timestamp) const;
+    double computeAudioPacketPTS(qint64 timestamp) const;
+    bool checkIfPacketNeedsDropping(AVPacket const* packet);
+    double waitForPresentationTime(double pts);
+    void resetStartTime();
+    void pauseFor(qint64 microseconds);
+    void wakeAll();
+
+    // The video watcher's thread (GLMovieVideo.cpp).
+    void handleVideoPacket(AVPacket* packet);
+    void presentPicture();
+    bool beginVideo();
+    bool showKeyFrame(double pts);
+    void updateTexture(bool isKeyFrame);
+    int allocateTexture();
+
+    // The audio watcher's thread (GLMovieAudio.cpp).
+    void handleAudioPacket(AVPacket* packet);
+    void beginAudio(AVPacket const* packet);
+    void waitForLateAudio();
+    bool isAudioFormatRefused() const;
+    QByteArray decodeAudioPacket(AVPacket const* packet);
+    QByteArray convertSamples(AVFrame* frame);
+    void queueAudioPacket(AVPacket const* packet, QByteArray const& data);
+    void bufferAudioData(AVPacket const* packet, QByteArray const& data);
+
+    static Logger* log;
+
+    GLMovieDataSource* const _dataSource;
+    bool const _useHardwareColourConversion;
+
+    // Fixed between open() and close(), while threads run.
+    AVStream* _videoStream = nullptr;
+    AVStream* _audioStream = nullptr;
+    CodecContext _videoCodec; ///< Decodes on the video watcher's thread only.
+    CodecContext _audioCodec; ///< Decodes on the audio watcher's thread only.
+    std::unique_ptr<GLMoviePacketQueue> _videoQueue;
+    std::unique_ptr<GLMoviePacketQueue> _audioQueue;
+    std::unique_ptr<GLMoviePacketQueueWatcher> _videoWatcher;
+    std::unique_ptr<GLMoviePacketQueueWatcher> _audioWatcher;
+    AVPixelFormat _outputPixelFormat = AV_PIX_FMT_NONE;
+    QString _url;
+    QString _dumpDirectory;
+    bool _dumpVideo = false;
+    bool _dumpAudio = false;
+    GLMoviePacketDump _dump;
+
+    // The video watcher's own; made and freed while it does not run.
+    Frame _frame;
+    Frame _outputFrame; ///< The picture in the output pixel format.
+    std::unique_ptr<SwsContext, SwsDeleter> _swsContext;
+    double _frameDelay = 0.0; ///< Seconds that the last picture took to process.
+
+    // The audio watcher's own; made and freed while it does not run.
+    Frame _audioFrame;
+    std::unique_ptr<SwrContext, SwrDeleter> _swrContext;
+    bool _audioRefusalReported = false;
+
+    // The reader's own.
+    LossDetector _videoLoss;
+    LossDetector _audioLoss;
+
+    GLMovieAudioSource _audio; ///< Locks by itself.
+
+    /// Made by the video watcher, which then sets _textureAllocated; freed on the owner's thread after the join.
+    std::unique_ptr<GLMovieTexture> _texture;
+    std::atomic<bool> _textureAllocated{false};
+    std::atomic<int> _width{0};
+    std::atomic<int> _height{0};
+
+    // Flags and numbers that several threads read; each is independent of the others.
+    std::atomic<bool> _stopRequested{false}; ///< Set by the owner, ends all threads.
+    std::atomic<bool> _restarting{false};    ///< Set by the reader, ends the watchers for a while.
+    std::atomic<bool> _opened{false};
+    std::atomic<bool> _closing{false};
+    std::atomic<bool> _playing{false};
+    std::atomic<bool> _paused{false};
+    std::atomic<bool> _loop{false};
+    std::atomic<bool> _renderAudio{true};
+    std::atomic<bool> _ignoreVideo{false};
+    std::atomic<bool> _ignoreAudio{false};
+    std::atomic<bool> _emitKeyframes{false};
+    std::atomic<bool> _syncToAudio{false};
+    std::atomic<bool> _waitingForFirstVideo{true};
+    std::atomic<bool> _waitingForFirstAudio{true};
+    std::atomic<bool> _seenKeyframe{false};
+    std::atomic<bool> _dropUntilKeyframe{false};
+    std::atomic<bool> _videoWatcherIdle{false}; ///< The video decoder has given its last picture.
+    std::atomic<bool> _audioWatcherIdle{false}; ///< The audio decoder likewise.
+    std::atomic<double> _firstVideoPts{0.0};    ///< Seconds in the stream's own time.
+    std::atomic<double> _firstAudioPts{0.0};
+    std::atomic<double> _lastVideoPts{0.0}; ///< Seconds of movie time.
+    std::atomic<double> _lastAudioPts{0.0};
+    std::atomic<double> _presentationOffset{0.0};
+    std::atomic<qint64> _startTime{0}; ///< Microseconds, av_gettime_relative().
+    std::atomic<qint64> _pauseBegan{0};
+    std::atomic<double> _lastAudioClock{0.0};   ///< Movie time when the sound was last heard,
+    std::atomic<qint64> _lastAudioClockTime{0}; ///< and when that was, in microseconds.
+
+    double _volume = 1.0; ///< The owner's, as are the next three.
+    bool _muted = false;
+    double _speed = 1.0;
+    bool _sourceGoesOn = false; ///< A close that the source asked for, to open anew.
+
+    std::mutex _wakeMutex; ///< With _wake, ends pauses early; guards nothing else.
+    std::condition_variable _wake;
+
+    mutable std::mutex _statisticsMutex; ///< Guards the statistics.
+    GLMoviePacketStatistics _statistics;
 };
