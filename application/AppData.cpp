@@ -1,0 +1,235 @@
+#include "AppData.h"
+
+#include "AudioDevice.h"
+#include "Channel.h"
+#include "ChannelManager.h"
+#include "CookieJar.h"
+#include "FileLatteClientFactory.h"
+#include "GLMovieRenderer.h"
+#include "LinuxAudioConfig.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "SystemRandomGenerator.h"
+#include "SystemTickCounter.h"
+#include "ThreadedMemoQueue.h"
+#include "TimedHttpClientFactory.h"
+#include "Uri.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QNetworkAccessManager>
+#include <QNetworkProxy>
+
+#include <ctime>
+#include <stdexcept>
+
+Logger* AppData::log = LoggerManager::logger();
+
+namespace
+{
+
+template<typename T>
+void destroy(T*& component)
+{
+    delete component;
+    component = nullptr;
+}
+
+} // namespace
+
+AppData::AppData(QObject* parent) : QObject(parent) {}
+
+AppData::~AppData()
+{
+    uninitialize();
+}
+
+void AppData::initialize(QWidget* mainWidget)
+{
+    if (_initialized)
+        return;
+    LOG_INFO("Start creating application components");
+    _mainWidget = mainWidget;
+    settings.createActions();
+    settings.loadGlobalSettings();
+    setProxy();
+    _networkAccessManager = new QNetworkAccessManager;
+    loadCookieJar();
+    _memoThread = new ThreadedMemoQueue;
+    _memoThread->start(QThread::InheritPriority);
+    _memoThread->waitUntilReady();
+    _tickCounter = new SystemTickCounter;
+    _randomGenerator = new SystemRandomGenerator(static_cast<int>(std::time(nullptr)));
+    _httpClientFactory = new TimedHttpClientFactory(&plainHttpClientFactory, &timerFactory);
+    _fileLatteClientFactory = new FileLatteClientFactory;
+    registerLatteSchemes();
+    _audioDevice = new AudioDevice;
+    _channelManager = new ChannelManager(*this);
+    openAudioDevice();
+    connectChannelManager();
+    connectSettings();
+    _initialized = true;
+    LOG_INFO("Finished creating application components");
+}
+
+void AppData::uninitialize()
+{
+    if (!_initialized)
+        return;
+    LOG_INFO("Start destroying application components");
+    saveCookieJar();
+    _networkAccessManager->deleteLater();
+    _networkAccessManager = nullptr;
+    // Channels play on the device and are shown through the settings' actions: they close before either goes.
+    _channelManager->closeAllChannels();
+    settings.destroyActions();
+    _audioDevice->closeDevice();
+    destroy(_audioDevice);
+    destroy(_channelManager);
+    destroy(_randomGenerator);
+    destroy(_httpClientFactory);
+    destroy(_fileLatteClientFactory);
+    destroy(_tickCounter);
+    _memoThread->exit(0);
+    _memoThread->wait();
+    destroy(_memoThread);
+    clearPostProcessingShaders();
+    _initialized = false;
+    LOG_INFO("Finished destroying application components");
+}
+
+void AppData::setProxy()
+{
+    auto const type = static_cast<QNetworkProxy::ProxyType>(settings.proxyType());
+    QNetworkProxy::setApplicationProxy(QNetworkProxy(type, settings.proxyHostName(),
+                                                     static_cast<quint16>(settings.proxyPort()), settings.proxyUser(),
+                                                     settings.proxyPassword()));
+}
+
+void AppData::loadCookieJar()
+{
+    auto jar = std::make_unique<CookieJar>();
+    jar->load();
+    _networkAccessManager->setCookieJar(jar.release());
+}
+
+void AppData::saveCookieJar()
+{
+    if (auto const* const jar = qobject_cast<CookieJar*>(_networkAccessManager->cookieJar()))
+        jar->save();
+}
+
+void AppData::registerLatteSchemes()
+{
+    latte.registerLatteClientFactory(UriScheme("file"), _fileLatteClientFactory);
+}
+
+void AppData::chooseAudioDevice()
+{
+    if (settings.audioDevice().isEmpty()) {
+        QStringList devices;
+        QString defaultName;
+        if (!AudioDevice::availableDevices(devices, defaultName))
+            settings.setAudioDevice("default");
+        else if (devices.contains("Generic Software"))
+            settings.setAudioDevice("Generic Software");
+    }
+    LinuxAudioConfig const config;
+    if (!config.listDevices().contains(settings.audioDevice()))
+        settings.setAudioDevice(config.defaultDevice());
+}
+
+void AppData::openAudioDevice()
+{
+    chooseAudioDevice();
+    if (!_audioDevice->openDevice(settings.audioDevice()))
+        LOG_ERROR("Could not open sound device.");
+}
+
+void AppData::connectChannelManager()
+{
+    connect(_channelManager, &ChannelManager::channelOpened, this, &AppData::channelOpened);
+    connect(_channelManager, &ChannelManager::channelClosed, this, &AppData::channelClosed);
+    connect(_channelManager, &ChannelManager::channelChanged, this, &AppData::channelChanged);
+    connect(_channelManager, &ChannelManager::channelsUpdated, this, &AppData::channelsUpdated);
+    connect(_channelManager, &ChannelManager::channelError, this, &AppData::channelError);
+    connect(_channelManager, &ChannelManager::channelStateChanged, this, &AppData::channelStateChanged);
+}
+
+void AppData::connectSettings()
+{
+    connect(&settings, &AppSettings::muteChanged, _channelManager, &ChannelManager::onMuteChanged);
+    connect(&settings, &AppSettings::volumeChanged, _channelManager, &ChannelManager::onVolumeChanged);
+    connect(&settings, &AppSettings::audioDeviceChanged, this, &AppData::onAudioDeviceChanged);
+    connect(&settings, &AppSettings::useHardwareColourConversionChanged, this,
+            &AppData::onUseHardwareColourConversionChanged);
+}
+
+void AppData::onAudioDeviceChanged()
+{
+    _channelManager->closeAllChannels();
+    if (!_audioDevice->openDevice(settings.audioDevice()))
+        LOG_ERROR("Could not open sound device.");
+    _channelManager->openLastChannels();
+}
+
+void AppData::onUseHardwareColourConversionChanged()
+{
+    _channelManager->closeAllChannels();
+    _channelManager->openLastChannels();
+}
+
+void AppData::onWindowVisibilityChanged(bool visible)
+{
+    if (visible)
+        _channelManager->openLastChannels();
+    else
+        _channelManager->closeAllChannels();
+    settings.action("&Show Window")->setEnabled(!visible);
+    for (char const* const text : {"Close Window", "Increase Volume", "Decrease Volume", "Seek Forwards",
+                                   "Seek backwards", "Mute", "Full Screen", "Record"})
+        settings.action(text)->setEnabled(visible);
+    for (QAction* const action : settings.drawModeActions())
+        action->setEnabled(visible);
+    settings.action("Close Window")->setChecked(!visible);
+}
+
+void AppData::createColourConversionPrograms()
+{
+    if (!GLMovieRenderer::createYUVtoRGBFragmentProgram(_colourConversionFragmentProgram))
+        _colourConversionFragmentProgram = 0;
+    GLMovieRenderer::createYUVtoRGBShaderProgram(&_colourConversionShader);
+}
+
+QList<GLMovieShader*> AppData::postProcessingShaders() const
+{
+    QList<GLMovieShader*> shaders;
+    for (auto const& shader : _postProcessingShaders)
+        shaders.append(shader.get());
+    return shaders;
+}
+
+void AppData::clearPostProcessingShaders()
+{
+    auto const going = std::exchange(_postProcessingShaders, {});
+    emit videoPostProcessingChanged(); // While the programs still exist.
+}
+
+void AppData::addPostProcessingShaders(std::vector<std::unique_ptr<GLMovieShader>> shaders)
+{
+    for (auto& shader : shaders)
+        _postProcessingShaders.push_back(std::move(shader));
+    emit videoPostProcessingChanged();
+}
+
+void AppData::openNames(QStringList const& names)
+{
+    bool isFirst = true;
+    for (QString const& name : names) {
+        if (QFileInfo::exists(name) || !name.contains("://"))
+            _channelManager->openFile(name, isFirst);
+        else
+            _channelManager->openUserStream(name, name, isFirst);
+        isFirst = false;
+    }
+}

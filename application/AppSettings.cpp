@@ -1,0 +1,204 @@
+#include "AppSettings.h"
+
+#include "Deployment.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "RunAtStartup.h"
+#include "SettingsFile.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QCoreApplication>
+#include <QDir>
+#include <QUuid>
+
+#include <algorithm>
+
+Logger* AppSettings::log = LoggerManager::logger();
+
+namespace
+{
+
+AppSettings::ColourConversion colourConversionFromText(QString const& text)
+{
+    if (text == "shader")
+        return AppSettings::ColourConversion::Shader;
+    if (text == "fragmentProgram")
+        return AppSettings::ColourConversion::FragmentProgram;
+    if (text == "software")
+        return AppSettings::ColourConversion::Software;
+    return AppSettings::ColourConversion::Automatic;
+}
+
+} // namespace
+
+AppSettings::AppSettings(QObject* parent)
+    : QObject(parent), _applicationName("Ombravision"), _organisationDomain(Deployment::organisationDomain),
+      _version("3.2.0"), _dataDirectory(QDir::homePath() + "/.Ombravision")
+{
+}
+
+AppSettings::~AppSettings()
+{
+    destroyActions();
+}
+
+void AppSettings::loadGlobalSettings()
+{
+    LOG_INFO("Loading global settings");
+    QSettings settings = settingsFile();
+    settings.beginGroup("application");
+
+    settings.beginGroup("audio");
+    _audioDevice = settings.value("audioDevice", "").toString();
+    settings.endGroup();
+
+    settings.beginGroup("video");
+    _useHardwareColourConversion = settings.value("useHardwareColourConversion", true).toBool();
+    _enableAntialiasing = settings.value("enableAntialiasing", false).toBool();
+    _colourConversion = colourConversionFromText(settings.value("colourConversion").toString());
+    settings.endGroup();
+
+    settings.beginGroup("proxy");
+    _proxyType = settings.value("proxyType", 2).toInt();
+    _proxyHostName = settings.value("ProxyHostName", "").toString();
+    _proxyPort = settings.value("ProxyPort", 0).toInt();
+    _proxyUser = settings.value("ProxyUser", "").toString();
+    _proxyPassword = settings.value("ProxyPassword", "").toString();
+    settings.endGroup();
+
+    settings.beginGroup("videoWindow");
+    _runAtStartup = settings.value("runAtStartup", true).toBool();
+    _mmsClientGuid = settings.value("mmsClientGuid").toString();
+    if (_mmsClientGuid.isEmpty()) {
+        _mmsClientGuid = QUuid::createUuid().toString();
+        settings.setValue("mmsClientGuid", _mmsClientGuid);
+    }
+    settings.endGroup();
+    check("Run at Startup", _runAtStartup);
+}
+
+void AppSettings::saveGlobalSettings()
+{
+    LOG_INFO("Saving global settings");
+    QSettings settings = settingsFile();
+    settings.beginGroup("application");
+    settings.setValue("audio/audioDevice", _audioDevice);
+    settings.setValue("video/useHardwareColourConversion", _useHardwareColourConversion);
+    settings.setValue("video/enableAntialiasing", _enableAntialiasing);
+    settings.setValue("proxy/proxyType", _proxyType);
+    settings.setValue("proxy/ProxyHostName", _proxyHostName);
+    settings.setValue("proxy/ProxyPort", _proxyPort);
+    settings.setValue("proxy/ProxyUser", _proxyUser);
+    settings.setValue("proxy/ProxyPassword", _proxyPassword);
+    // Read back from another group: the defaults apply at the next start, as they always have.
+    settings.setValue("videowindow/runAtStartup", _runAtStartup);
+}
+
+void AppSettings::setAudioDevice(QString const& device)
+{
+    if (_audioDevice == device)
+        return;
+    _audioDevice = device;
+    emit audioDeviceChanged();
+}
+
+void AppSettings::setUseHardwareColourConversion(bool on)
+{
+    if (_useHardwareColourConversion == on)
+        return;
+    _useHardwareColourConversion = on;
+    emit useHardwareColourConversionChanged();
+}
+
+void AppSettings::setEnableAntialiasing(bool on)
+{
+    if (_enableAntialiasing == on)
+        return;
+    _enableAntialiasing = on;
+    emit enableAntialiasingChanged();
+}
+
+void AppSettings::setRunAtStartup(bool on)
+{
+    if (_runAtStartup == on)
+        return;
+    _runAtStartup = on;
+    check("Run at Startup", on);
+    RunAtStartup::setRunAtStartup(_applicationName, QCoreApplication::applicationFilePath(), {"-startup"}, on);
+    emit runAtStartupChanged();
+}
+
+void AppSettings::setVolume(double volume)
+{
+    volume = std::clamp(volume, 0.0, 1.0);
+    if (_volume == volume && !_muted)
+        return;
+    _volume = volume;
+    setMuted(false);
+    emit volumeChanged();
+}
+
+void AppSettings::setMuted(bool muted)
+{
+    if (_muted == muted)
+        return;
+    _muted = muted;
+    check("Mute", muted);
+    emit muteChanged();
+}
+
+void AppSettings::setShowFullScreen(bool on)
+{
+    if (_showFullScreen == on)
+        return;
+    _showFullScreen = on;
+    check("Full Screen", on);
+    emit showFullScreenChanged();
+}
+
+void AppSettings::setShowMenuBar(bool on)
+{
+    if (_showMenuBar == on)
+        return;
+    _showMenuBar = on;
+    check("Menu Bar", on);
+    emit showMenuBarChanged();
+}
+
+void AppSettings::setAlwaysOnTop(bool on)
+{
+    if (_alwaysOnTop == on)
+        return;
+    _alwaysOnTop = on;
+    check("Always on Top", on);
+    emit alwaysOnTopChanged();
+}
+
+void AppSettings::setRecord(bool on)
+{
+    if (_record == on)
+        return;
+    _record = on;
+    check("Record", on);
+    emit recordChanged();
+}
+
+void AppSettings::setEnableVideoPostProcessing(bool on)
+{
+    if (_enableVideoPostProcessing == on)
+        return;
+    _enableVideoPostProcessing = on;
+    check("Video Post Processing", on);
+    emit enableVideoPostProcessingChanged();
+}
+
+void AppSettings::setDrawMode(int mode)
+{
+    if (_drawMode == mode || mode < 0 || mode > 5)
+        return;
+    _drawMode = mode;
+    if (QList<QAction*> const modes = drawModeActions(); mode < modes.size())
+        modes.at(mode)->setChecked(true);
+    emit drawModeChanged();
+}

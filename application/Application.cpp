@@ -1,0 +1,163 @@
+#include "Application.h"
+
+#include "ArgumentList.h"
+#include "GLWidget.h"
+#include "LocalhostInfo.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "Window.h"
+
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QSettings>
+#include <QSystemTrayIcon>
+#include <QUrl>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+Logger* Application::log = LoggerManager::logger();
+
+namespace
+{
+
+/// A name as another process, in another directory, understands it.
+QString absoluteName(QString const& name)
+{
+    return QFileInfo::exists(name) || !name.contains("://") ? QFileInfo(name).absoluteFilePath() : name;
+}
+
+} // namespace
+
+Application::Application(QString const& appId, int& argc, char** argv) : SingleApplication(appId, argc, argv)
+{
+    Q_INIT_RESOURCE(ombravision);
+    setQuitOnLastWindowClosed(false);
+    AppSettings const& settings = _appData.settings;
+    setOrganizationName(settings.organisation());
+    setOrganizationDomain(settings.organisationDomain());
+    setApplicationName(settings.applicationName());
+    setApplicationVersion(settings.version());
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+
+    ArgumentList const arguments(argc, argv);
+    for (QString const& name : arguments.positionalArguments())
+        _names.append(absoluteName(name));
+    log->setLevel(Logger::Info);
+    log->setMethod(Logger::RollingFile);
+    log->setHostname(LocalhostInfo().name());
+    LOG_INFO("\n\n***************** Starting Ombravision *****************\n");
+    LOG_INFO("Version: %s", qPrintable(applicationVersion()));
+    parseSwitches(arguments);
+}
+
+Application::~Application()
+{
+    uninitialize();
+    LOG_INFO("\n\n***************** Exit Ombravision *****************");
+}
+
+void Application::parseSwitches(ArgumentList const& arguments)
+{
+    AppSettings& settings = _appData.settings;
+    auto const isGiven = [&arguments](char const* name) { return !arguments.getSwitchArg(name, QString()).isNull(); };
+
+    QString const classes = arguments.getSwitchArg("-debug", QString());
+    if (classes.isNull()) {
+        closeStandardStreams();
+    } else {
+        log->setLevel(Logger::Debug);
+        for (QString const& name : classes.split(',', Qt::SkipEmptyParts))
+            log->showClass(name);
+        settings.setDebugMode(true);
+    }
+    if (isGiven("-demo")) {
+        settings.setDemoMode(true);
+        LOG_INFO("Debug mode is enabled");
+    }
+    if (isGiven("-idkfa")) {
+        settings.setGodMode(true);
+        LOG_INFO("God mode is enabled");
+    }
+    if (isGiven("-startup")) {
+        settings.setStartupMode(true);
+        LOG_INFO("Running from system startup");
+    }
+    if (isGiven("-fullscreen")) {
+        settings.setStartFullScreen(true);
+        LOG_INFO("Start Fullscreen mode is enabled");
+    }
+}
+
+void Application::closeStandardStreams()
+{
+    ::close(STDOUT_FILENO);
+    ::close(STDERR_FILENO);
+    // Keep both numbers occupied by something that refuses to be written to: a file or socket opened later would
+    // otherwise land there and receive whatever a library prints.
+    int const nothing = ::open("/dev/null", O_RDONLY);
+    for (int const number : {STDOUT_FILENO, STDERR_FILENO})
+        if (nothing != number)
+            ::dup2(nothing, number);
+    if (nothing > STDERR_FILENO)
+        ::close(nothing);
+}
+
+bool Application::initialize()
+{
+    SingleApplication::initialize(false);
+    if (!GLWidget::hasOpenGL())
+        return fail("System does not have openGL installed. Exiting",
+                    tr("This system does not support opengl. Exiting"));
+    if (!QSystemTrayIcon::isSystemTrayAvailable())
+        return fail("System does not support a system tray. Exiting",
+                    tr("This system does not support a system tray."));
+    _window = std::make_unique<Window>(_appData);
+    connect(this, &SingleApplication::messageReceived, this, &Application::onMessageReceived);
+    _window->open(_names);
+    _window->show();
+    if (_appData.settings.startFullScreen())
+        _appData.settings.setShowFullScreen(true);
+    return true;
+}
+
+bool Application::fail(char const* logText, QString const& text)
+{
+    LOG_ERROR("%s", logText);
+    QMessageBox::critical(nullptr, tr("Ombravision"), text, QMessageBox::Ok);
+    return false;
+}
+
+void Application::uninitialize()
+{
+    _window.reset();
+    _appData.uninitialize();
+}
+
+QString Application::messageForFirstInstance() const
+{
+    QStringList lines(wakeUpMessage);
+    for (QString const& name : _names)
+        lines.append(QString::fromLatin1(QUrl::toPercentEncoding(name, "/:")));
+    return lines.join('\n');
+}
+
+void Application::onMessageReceived(QString const& message)
+{
+    if (!_window)
+        return;
+    if (!_appData.settings.showFullScreen())
+        _window->showNormal();
+    _window->activateWindow();
+    QStringList lines = message.split('\n', Qt::SkipEmptyParts);
+    if (lines.isEmpty() || lines.takeFirst() != wakeUpMessage)
+        return;
+    for (QString& line : lines)
+        line = QUrl::fromPercentEncoding(line.toLatin1());
+    _window->open(lines);
+}
+
+bool Application::event(QEvent* event)
+{
+    return SingleApplication::event(event);
+}

@@ -1,0 +1,309 @@
+#include "Channel.h"
+
+#include "AppData.h"
+#include "GLControl.h"
+#include "GLControlLayout.h"
+#include "GLTextArea.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+
+#include <QDateTime>
+#include <QTimer>
+
+#include <algorithm>
+#include <cmath>
+
+Logger* Channel::log = LoggerManager::logger();
+
+namespace
+{
+constexpr double overlayTextWidth = 0.8; // Of the picture's.
+}
+
+Channel::Channel(AppData& appData, ChannelDescription const& description) : desc(description), _appData(appData)
+{
+    for (StreamDescription const& stream : desc.streamDescriptions())
+        createStream(stream);
+}
+
+Channel::~Channel()
+{
+    close();
+}
+
+void Channel::createStream(StreamDescription const& description)
+{
+    _streams.push_back(std::make_unique<ChannelStream>(_appData, this, description));
+    connectStream(_streams.back().get());
+}
+
+void Channel::connectStream(ChannelStream* stream)
+{
+    connect(stream, &ChannelStream::opened, this, &Channel::onStreamOpened);
+    connect(stream, &ChannelStream::error, this, &Channel::onStreamError);
+    connect(stream, &ChannelStream::stateChanged, this, &Channel::onStreamStateChanged);
+    connect(stream, &ChannelStream::pictureUpdated, this, &Channel::pictureUpdated);
+    connect(stream, &ChannelStream::timeUpdated, this,
+            [this](ChannelStream* s, double seconds) { emit streamTimeUpdated(this, s, seconds); });
+    connect(stream, &ChannelStream::completed, this, [this](ChannelStream* s) { emit streamCompleted(this, s); });
+    connect(stream, &ChannelStream::needsLoop, this, [this](ChannelStream* s) { emit streamNeedsLoop(this, s); });
+    connect(stream, &ChannelStream::looped, this, [this](ChannelStream* s) { emit streamLooped(this, s); });
+    connect(stream, &ChannelStream::closing, this, [this](ChannelStream* s) { emit streamClosing(this, s); });
+    connect(stream, &ChannelStream::closed, this, [this](ChannelStream* s) { emit streamClosed(this, s); });
+    connect(stream, &ChannelStream::mutedChanged, this,
+            [this](ChannelStream* s, bool muted) { emit streamMutedChanged(this, s, muted); });
+    connect(stream, &ChannelStream::volumeChanged, this,
+            [this](ChannelStream* s, double volume) { emit streamVolumeChanged(this, s, volume); });
+}
+
+void Channel::open()
+{
+    if (_layout)
+        return;
+    _openTime = QDateTime::currentSecsSinceEpoch();
+    _hasError = false;
+    createOverlay();
+    for (auto const& stream : _streams)
+        openStream(*stream);
+}
+
+void Channel::openStream(ChannelStream& stream)
+{
+    QString const rootId = desc.rootId();
+    if (rootId.startsWith("file_sponsorship_")) {
+        stream.setLoop(false);
+        stream.open(true);
+    } else if (rootId.startsWith("file_")) {
+        stream.setLoop(true);
+        stream.open(true);
+    } else if (_appData.settings.demoMode()) {
+        stream.setLoop(false);
+        stream.open(true);
+    } else {
+        stream.open(false);
+    }
+}
+
+void Channel::createOverlay()
+{
+    _layout = std::make_unique<GLControlLayout>();
+    _control = std::make_unique<GLControl>("Channel Overlay");
+    _textArea = std::make_unique<GLTextArea>("Channel Text");
+    _control->addControl(_textArea.get());
+    _layout->addControl(_control.get());
+}
+
+void Channel::close()
+{
+    for (auto const& stream : _streams)
+        stream->close();
+    _layout.reset();
+    _textArea.reset();
+    _control.reset();
+    _hasError = false;
+    _openTime = 0;
+    emit pictureUpdated();
+}
+
+void Channel::reconnect()
+{
+    close();
+    open();
+}
+
+void Channel::fadeAndClose(int ms)
+{
+    fadeOut(ms, true, true);
+    QTimer::singleShot(ms, this, &Channel::onCloseTimer);
+}
+
+void Channel::onCloseTimer()
+{
+    close();
+    emit fadeAndCloseComplete(this);
+}
+
+void Channel::fadeIn(int ms, double volume, bool fadeVideo, bool fadeAudio)
+{
+    for (auto const& stream : _streams)
+        stream->fadeIn(ms, stream == _streams.front() ? volume : 0.0, fadeVideo, fadeAudio);
+}
+
+void Channel::fadeOut(int ms, bool fadeVideo, bool fadeAudio)
+{
+    for (auto const& stream : _streams)
+        stream->fadeOut(ms, fadeVideo, fadeAudio);
+}
+
+bool Channel::isOpen() const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->isOpen(); });
+}
+
+bool Channel::isPlaying() const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->isPlaying(); });
+}
+
+bool Channel::isBuffering() const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->isBuffering(); });
+}
+
+bool Channel::isFading() const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->isFading(); });
+}
+
+bool Channel::hasVideo() const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->hasVideo(); });
+}
+
+bool Channel::hasAudio() const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->hasAudio(); });
+}
+
+void Channel::setMuted(bool muted)
+{
+    for (auto const& stream : _streams)
+        stream->setMuted(muted);
+}
+
+void Channel::setVolume(double volume)
+{
+    for (auto const& stream : _streams)
+        stream->setVolume(stream == _streams.front() ? volume : 0.0);
+}
+
+void Channel::setOpacity(double opacity)
+{
+    for (auto const& stream : _streams)
+        stream->setOpacity(opacity);
+}
+
+void Channel::setSpeed(double speed)
+{
+    for (auto const& stream : _streams)
+        stream->setSpeed(speed);
+}
+
+void Channel::seekForwards(double seconds)
+{
+    for (auto const& stream : _streams)
+        stream->seekForwards(seconds);
+}
+
+void Channel::seekBackwards(double seconds)
+{
+    for (auto const& stream : _streams)
+        stream->seekBackwards(seconds);
+}
+
+void Channel::addStream(StreamDescription const& description)
+{
+    desc.appendStreamDescription(description);
+    createStream(description);
+    ChannelStream* const stream = _streams.back().get();
+    stream->setVolume(_streams.size() == 1 ? _streams.front()->volume() : 0.0);
+    if (_layout)
+        openStream(*stream);
+    emit streamAdded(this, stream);
+}
+
+void Channel::removeStream(StreamDescription const& description)
+{
+    desc.removeStreamDescription(description);
+    std::erase_if(_streams, [&](auto const& stream) { return stream->description() == description; });
+    emit pictureUpdated();
+}
+
+void Channel::setDesc(ChannelDescription const& description, bool rebuild)
+{
+    desc = description;
+    if (!rebuild)
+        return;
+    close();
+    _streams.clear();
+    for (StreamDescription const& stream : desc.streamDescriptions())
+        createStream(stream);
+}
+
+void Channel::updateVideoTexture()
+{
+    for (auto const& stream : _streams)
+        stream->updateVideoTexture();
+}
+
+void Channel::drawOrthoVideoArray(QRect const& area, GLMovieRenderer::DrawMode mode)
+{
+    if (_streams.empty())
+        return;
+    int const count = static_cast<int>(_streams.size());
+    int const columns = static_cast<int>(std::ceil(std::sqrt(count)));
+    int const rows = (count + columns - 1) / columns;
+    for (int i = 0; i < count; ++i) {
+        int const left = area.x() + i % columns * area.width() / columns;
+        int const right = area.x() + (i % columns + 1) * area.width() / columns;
+        int const top = area.y() + i / columns * area.height() / rows;
+        int const bottom = area.y() + (i / columns + 1) * area.height() / rows;
+        _streams[static_cast<size_t>(i)]->drawVideoOrthoMode(QRect(left, top, right - left, bottom - top), mode);
+    }
+}
+
+void Channel::drawOverlay(QRect const& area)
+{
+    if (!_layout || _textArea->text().isEmpty())
+        return;
+    _layout->setSize(QSizeF(area.size()));
+    _control->setGeometry(QRectF(QPointF(0, 0), QSizeF(area.size())));
+    QSizeF const size = _textArea->sizeForWidth(area.width() * overlayTextWidth);
+    _textArea->setGeometry(
+        QRectF(QPointF((area.width() - size.width()) / 2, (area.height() - size.height()) / 2), size));
+    _layout->render(1.0);
+}
+
+bool Channel::hitTest(QPointF point) const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [&](auto const& s) { return s->hitTest(point); });
+}
+
+QRect Channel::videoWindow() const
+{
+    return _streams.empty() ? QRect() : _streams.front()->videoWindow();
+}
+
+QSize Channel::movieSize() const
+{
+    return _streams.empty() ? QSize() : _streams.front()->movieSize();
+}
+
+void Channel::onStreamOpened(ChannelStream* stream)
+{
+    setOverlayText({});
+    emit streamOpened(this, stream);
+}
+
+void Channel::onStreamError(ChannelStream* stream, QString text)
+{
+    _hasError = !text.isEmpty();
+    if (!text.isEmpty())
+        text += tr("\nClick here to reconnect");
+    setOverlayText(text);
+    emit streamError(this, stream, text);
+}
+
+void Channel::onStreamStateChanged(ChannelStream* stream, QString text)
+{
+    if (!_hasError)
+        setOverlayText(text);
+    emit streamStateChanged(this, stream, text);
+}
+
+void Channel::setOverlayText(QString const& text)
+{
+    if (_textArea)
+        _textArea->setText(text);
+    emit pictureUpdated();
+}

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "ChannelDescription.h"
+#include "ChannelStream.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointF>
+#include <QRect>
+
+#include <memory>
+#include <vector>
+
+class AppData;
+class GLControl;
+class GLControlLayout;
+class GLTextArea;
+class Logger;
+
+/// The live counterpart of a ChannelDescription: opens all its streams together and shows them side by side, with its
+/// errors and states over the picture. The first stream has the sound.
+///
+/// There is no fail-over: a failed stream puts the channel in error until it is opened anew. Main thread only;
+/// drawing with the surface's context current.
+class Channel : public QObject
+{
+    Q_OBJECT
+
+public:
+    Channel(AppData& appData, ChannelDescription const& description);
+    ~Channel() override;
+
+    /// ChannelManager's to change.
+    ChannelDescription desc;
+
+    void open();
+    void close();
+    void reconnect();
+    void fadeAndClose(int ms);
+    void fadeIn(int ms, double volume, bool fadeVideo, bool fadeAudio);
+    void fadeOut(int ms, bool fadeVideo, bool fadeAudio);
+
+    bool isOpen() const;
+    bool isPlaying() const;
+    bool isBuffering() const;
+    bool isFading() const;
+    bool hasError() const { return _hasError; }
+    bool hasVideo() const;
+    bool hasAudio() const;
+
+    /// Seconds since the epoch; 0 while closed.
+    qint64 openTime() const { return _openTime; }
+
+    void setMuted(bool muted);
+    void setVolume(double volume);
+    void setOpacity(double opacity);
+    void setSpeed(double speed);
+    void seekForwards(double seconds);
+    void seekBackwards(double seconds);
+
+    void addStream(StreamDescription const& description);
+    void removeStream(StreamDescription const& description);
+    /// Copies the description; with rebuild, closes the channel and makes its streams anew.
+    void setDesc(ChannelDescription const& description, bool rebuild);
+
+    /// Uploads new pictures; before any drawing.
+    void updateVideoTexture();
+    /// Draws all streams as an array inside the area, in pixels of the surface, y downward.
+    void drawOrthoVideoArray(QRect const& area, GLMovieRenderer::DrawMode mode);
+    /// Draws the channel's texts over the area.
+    void drawOverlay(QRect const& area);
+    bool hitTest(QPointF point) const;
+
+    /// Where the first stream's picture was last drawn, and its own size in pixels.
+    QRect videoWindow() const;
+    QSize movieSize() const;
+
+signals:
+    void fadeAndCloseComplete(Channel* channel);
+    void streamOpened(Channel* channel, ChannelStream* stream);
+    void streamTimeUpdated(Channel* channel, ChannelStream* stream, double seconds);
+    void streamError(Channel* channel, ChannelStream* stream, QString text);
+    void streamStateChanged(Channel* channel, ChannelStream* stream, QString text);
+    void streamAdded(Channel* channel, ChannelStream* stream);
+    void streamClosing(Channel* channel, ChannelStream* stream);
+    void streamClosed(Channel* channel, ChannelStream* stream);
+    void streamCompleted(Channel* channel, ChannelStream* stream);
+    void streamLooped(Channel* channel, ChannelStream* stream);
+    void streamNeedsLoop(Channel* channel, ChannelStream* stream);
+    void streamMutedChanged(Channel* channel, ChannelStream* stream, bool muted);
+    void streamVolumeChanged(Channel* channel, ChannelStream* stream, double volume);
+    /// A new picture or text waits to be painted.
+    void pictureUpdated();
+
+public slots:
+    void onStreamOpened(ChannelStream* stream);
+    void onStreamError(ChannelStream* stream, QString text);
+    void onStreamStateChanged(ChannelStream* stream, QString text);
+    void onCloseTimer();
+
+private:
+    void createStream(StreamDescription const& description);
+    void connectStream(ChannelStream* stream);
+    void openStream(ChannelStream& stream);
+    void createOverlay();
+    void setOverlayText(QString const& text);
+
+    static Logger* log;
+
+    AppData& _appData;
+    std::vector<std::unique_ptr<ChannelStream>> _streams;
+    std::unique_ptr<GLControlLayout> _layout; ///< Null while closed, as are the next two.
+    std::unique_ptr<GLControl> _control;
+    std::unique_ptr<GLTextArea> _textArea;
+    bool _hasError = false;
+    qint64 _openTime = 0;
+};

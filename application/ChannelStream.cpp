@@ -1,0 +1,320 @@
+#include "ChannelStream.h"
+
+#include "AppData.h"
+#include "Channel.h"
+#include "FileDataSource.h"
+#include "GLMovieShader.h"
+#include "HttpFileDataSource.h"
+#include "LatteDataSource.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+
+Logger* ChannelStream::log = LoggerManager::logger();
+
+namespace
+{
+
+/// Whether an address names a whole file to download, rather than a stream.
+bool isMediaFileOnTheWeb(Uri const& uri)
+{
+    QString const scheme = uri.scheme().toString();
+    if (scheme != "http" && scheme != "https")
+        return false;
+    static QStringList const suffixes = {"mp4", "m4v", "m4a", "mov", "mkv", "webm", "avi", "wmv",
+                                         "wma", "asf", "mp3", "ogg", "ogv", "flac", "wav"};
+    return suffixes.contains(QFileInfo(QUrl(uri.toString()).path()).suffix().toLower());
+}
+
+} // namespace
+
+ChannelStream::ChannelStream(AppData& appData, Channel* channel, StreamDescription const& description)
+    : _appData(appData), _channel(channel), _description(description)
+{
+    connect(&_appData.settings, &AppSettings::recordChanged, this, &ChannelStream::onRecordChanged);
+    connect(&_appData.settings, &AppSettings::enableVideoPostProcessingChanged, this,
+            &ChannelStream::onEnableVideoPostProcessingChanged);
+    connect(&_appData, &AppData::videoPostProcessingChanged, this, &ChannelStream::onVideoPostProcessingChanged);
+}
+
+ChannelStream::~ChannelStream()
+{
+    close();
+}
+
+void ChannelStream::open(bool forceFile)
+{
+    if (_renderer)
+        return;
+    _renderer = std::make_unique<GLMovieRenderer>();
+    giveColourConversion();
+    givePostProcessing();
+    _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
+    _renderer->setLoop(_loop);
+    _renderer->setMuted(_muted);
+    _renderer->setVolume(_volume);
+    _renderer->setSpeed(_speed);
+    _renderer->setOpacity(_opacity);
+    _renderer->setVideoName(_channel->desc.title());
+
+    connect(_renderer.get(), &GLMovieRenderer::opened, this, &ChannelStream::onOpened);
+    connect(_renderer.get(), &GLMovieRenderer::completed, this, &ChannelStream::onCompleted);
+    connect(_renderer.get(), &GLMovieRenderer::looped, this, &ChannelStream::onLooped);
+    connect(_renderer.get(), &GLMovieRenderer::movieTimeUpdated, this, &ChannelStream::onTimeUpdated);
+    connect(_renderer.get(), &GLMovieRenderer::pictureUpdated, this, &ChannelStream::pictureUpdated);
+    connect(_renderer.get(), &GLMovieRenderer::fadeOutCompleted, this, [this] { emit fadeOutComplete(this); });
+
+    _dataSource = createSource(forceFile);
+    connect(_dataSource.get(), &GLMovieDataSource::error, this, &ChannelStream::onError);
+    connect(_dataSource.get(), &GLMovieDataSource::stateChanged, this, &ChannelStream::onStateChanged);
+    // What the source can read but the movie cannot play.
+    connect(_renderer.get(), &GLMovieRenderer::movieError, this,
+            [this](GLMovieRenderer*, QString const& text) { onError(_dataSource.get(), text); });
+    _renderer->open(_dataSource.get());
+}
+
+void ChannelStream::giveColourConversion()
+{
+    using Conversion = AppSettings::ColourConversion;
+    Conversion const wanted = _appData.settings.colourConversion();
+    unsigned int const fragmentProgram = wanted == Conversion::Automatic || wanted == Conversion::FragmentProgram
+                                             ? _appData.colourConversionFragmentProgram()
+                                             : 0;
+    unsigned int const shaderProgram = wanted == Conversion::Automatic || wanted == Conversion::Shader
+                                           ? _appData.colourConversionShader().handle()
+                                           : 0;
+    if (fragmentProgram != 0)
+        _renderer->setColourConversionFragmentProgram(fragmentProgram);
+    if (shaderProgram != 0)
+        _renderer->setColourConversionShaderProgram(shaderProgram);
+    _renderer->setUseHardwareColourConversion((fragmentProgram != 0 || shaderProgram != 0) &&
+                                              _appData.settings.useHardwareColourConversion());
+}
+
+void ChannelStream::givePostProcessing()
+{
+    _renderer->clearPostProcessingShaderPrograms();
+    for (GLMovieShader const* shader : _appData.postProcessingShaders())
+        _renderer->addPostProcessingShaderProgram(shader->handle());
+}
+
+std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile) const
+{
+    Uri const uri = _description.uri();
+    if (!forceFile && _appData.latte.hasClientFactory(uri.scheme()))
+        return std::make_unique<LatteDataSource>(&_appData.latte, _description, QString());
+    if (!forceFile && isMediaFileOnTheWeb(uri))
+        return std::make_unique<HttpFileDataSource>(uri.toString());
+    // FFmpeg takes a plain path more surely than an address that would have to be decoded.
+    bool const isLocal = uri.scheme() == UriScheme("file");
+    return std::make_unique<FileDataSource>(isLocal ? QUrl(uri.toString()).toLocalFile() : uri.toString());
+}
+
+void ChannelStream::close()
+{
+    if (!_renderer)
+        return;
+    emit closing(this);
+    _renderer->disconnect(this);
+    _dataSource->disconnect(this);
+    _renderer->close();
+    _renderer.reset();
+    _dataSource.reset();
+    _opened = false;
+    emit closed(this);
+}
+
+void ChannelStream::onOpened(GLMovieRenderer*)
+{
+    _opened = true;
+    onRecordChanged();
+    emit opened(this);
+}
+
+void ChannelStream::onTimeUpdated(GLMovieRenderer*, double seconds)
+{
+    emit timeUpdated(this, seconds);
+}
+
+void ChannelStream::onCompleted(GLMovieRenderer*)
+{
+    if (_loop)
+        emit needsLoop(this);
+    else
+        emit completed(this);
+}
+
+void ChannelStream::onLooped(GLMovieRenderer*)
+{
+    emit looped(this);
+}
+
+void ChannelStream::onError(GLMovieDataSource*, QString text)
+{
+    emit error(this, text);
+}
+
+void ChannelStream::onStateChanged(GLMovieDataSource*, QString text)
+{
+    emit stateChanged(this, text);
+}
+
+void ChannelStream::onRecordChanged()
+{
+    if (!_dataSource || !_opened)
+        return;
+    if (!_appData.settings.record()) {
+        _dataSource->stopRecording();
+        return;
+    }
+    if (_dataSource->isRecording())
+        return;
+    QString const directory = _appData.settings.recordingDirectory();
+    QDir().mkpath(directory);
+    QString name = _channel->desc.title();
+    name.replace('/', '_');
+    if (!_dataSource->startRecording(directory + "/" + name))
+        emit stateChanged(this, tr("Could not record to %1").arg(directory));
+}
+
+void ChannelStream::onEnableVideoPostProcessingChanged()
+{
+    if (_renderer)
+        _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
+    emit pictureUpdated();
+}
+
+void ChannelStream::onVideoPostProcessingChanged()
+{
+    if (_renderer)
+        givePostProcessing();
+    emit pictureUpdated();
+}
+
+void ChannelStream::fadeIn(int ms, double volume, bool fadeVideo, bool fadeAudio)
+{
+    _volume = volume;
+    _opacity = 1.0;
+    if (_renderer)
+        _renderer->fadeIn(ms, volume, fadeVideo, fadeAudio);
+}
+
+void ChannelStream::fadeOut(int ms, bool fadeVideo, bool fadeAudio)
+{
+    if (_renderer)
+        _renderer->fadeOut(ms, fadeVideo, fadeAudio);
+}
+
+bool ChannelStream::isOpen() const
+{
+    return _renderer && _opened;
+}
+
+bool ChannelStream::isPlaying() const
+{
+    return _renderer && _renderer->isPlaying();
+}
+
+bool ChannelStream::isBuffering() const
+{
+    return _renderer && !_opened;
+}
+
+bool ChannelStream::isFading() const
+{
+    return _renderer && _renderer->isFading();
+}
+
+bool ChannelStream::hasVideo() const
+{
+    return _renderer && _renderer->hasVideo();
+}
+
+bool ChannelStream::hasAudio() const
+{
+    return _renderer && _renderer->hasAudio();
+}
+
+double ChannelStream::aspectRatio() const
+{
+    return _renderer ? _renderer->aspectRatio() : 0.0;
+}
+
+void ChannelStream::setSpeed(double speed)
+{
+    _speed = speed;
+    if (_renderer)
+        _renderer->setSpeed(speed);
+}
+
+void ChannelStream::setVolume(double volume)
+{
+    _volume = volume;
+    if (_renderer)
+        _renderer->setVolume(volume);
+    emit volumeChanged(this, volume);
+}
+
+void ChannelStream::setMuted(bool muted)
+{
+    _muted = muted;
+    if (_renderer)
+        _renderer->setMuted(muted);
+    emit mutedChanged(this, muted);
+}
+
+void ChannelStream::setLoop(bool loop)
+{
+    _loop = loop;
+    if (_renderer)
+        _renderer->setLoop(loop);
+}
+
+void ChannelStream::setOpacity(double opacity)
+{
+    _opacity = opacity;
+    if (_renderer)
+        _renderer->setOpacity(opacity);
+}
+
+void ChannelStream::seekForwards(double seconds)
+{
+    if (_renderer)
+        _renderer->setMovieTime(_renderer->movieTime() + seconds);
+}
+
+void ChannelStream::seekBackwards(double seconds)
+{
+    if (_renderer)
+        _renderer->setMovieTime(qMax(0.0, _renderer->movieTime() - seconds));
+}
+
+void ChannelStream::updateVideoTexture()
+{
+    if (_renderer)
+        _renderer->updateVideoTexture();
+}
+
+bool ChannelStream::hitTest(QPointF point) const
+{
+    return _renderer && _renderer->hitTest(point);
+}
+
+void ChannelStream::drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawMode mode)
+{
+    if (_renderer)
+        _renderer->drawVideoOrthoMode(area.x(), area.y(), area.width(), area.height(), mode);
+}
+
+QRect ChannelStream::videoWindow() const
+{
+    return _renderer ? _renderer->videoWindow() : QRect();
+}
+
+QSize ChannelStream::movieSize() const
+{
+    return _renderer ? _renderer->movieSize() : QSize();
+}

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "GLMovieRenderer.h"
+#include "StreamDescription.h"
+
+#include <QObject>
+#include <QPointF>
+#include <QRect>
+
+#include <memory>
+
+class AppData;
+class Channel;
+class GLMovieDataSource;
+class Logger;
+
+/// One stream of a channel: while it is open, a renderer and the data source it plays from.
+///
+/// A stream that fails stays failed until it is closed and opened again. Main thread only.
+class ChannelStream : public QObject
+{
+    Q_OBJECT
+
+public:
+    ChannelStream(AppData& appData, Channel* channel, StreamDescription const& description);
+    ~ChannelStream() override;
+
+    StreamDescription const& description() const { return _description; }
+
+    /// Opens the stream and plays it as soon as it can; with forceFile, by FFmpeg's own access whatever the scheme.
+    /// Does nothing if it is open.
+    void open(bool forceFile);
+    void close();
+
+    /// Fades over ms milliseconds, picture and sound as asked; in to the given volume.
+    void fadeIn(int ms, double volume, bool fadeVideo, bool fadeAudio);
+    void fadeOut(int ms, bool fadeVideo, bool fadeAudio);
+
+    bool isOpen() const;
+    bool isPlaying() const;
+    bool isBuffering() const;
+    bool isFading() const;
+    bool hasVideo() const;
+    bool hasAudio() const;
+    double aspectRatio() const;
+
+    double speed() const { return _speed; }
+    void setSpeed(double speed);
+    double volume() const { return _volume; }
+    void setVolume(double volume);
+    bool muted() const { return _muted; }
+    void setMuted(bool muted);
+    bool loop() const { return _loop; }
+    void setLoop(bool loop);
+    double opacity() const { return _opacity; }
+    void setOpacity(double opacity);
+
+    void seekForwards(double seconds);
+    void seekBackwards(double seconds);
+
+    /// The following run on the GL thread with the surface's context current.
+    void updateVideoTexture();
+    bool hitTest(QPointF point) const;
+    void drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawMode mode);
+
+    /// Where the picture was last drawn, in pixels of the surface.
+    QRect videoWindow() const;
+    QSize movieSize() const;
+
+signals:
+    void error(ChannelStream* stream, QString text);
+    void opened(ChannelStream* stream);
+    void timeUpdated(ChannelStream* stream, double seconds);
+    void completed(ChannelStream* stream);
+    void needsLoop(ChannelStream* stream);
+    void looped(ChannelStream* stream);
+    void closing(ChannelStream* stream);
+    void closed(ChannelStream* stream);
+    void stateChanged(ChannelStream* stream, QString text);
+    void fadeInComplete(ChannelStream* stream);
+    void fadeOutComplete(ChannelStream* stream);
+    void mutedChanged(ChannelStream* stream, bool muted);
+    void volumeChanged(ChannelStream* stream, double volume);
+    /// A new picture waits to be painted.
+    void pictureUpdated();
+
+public slots:
+    void onOpened(GLMovieRenderer* renderer);
+    void onTimeUpdated(GLMovieRenderer* renderer, double seconds);
+    void onCompleted(GLMovieRenderer* renderer);
+    void onLooped(GLMovieRenderer* renderer);
+    void onError(GLMovieDataSource* source, QString text);
+    void onStateChanged(GLMovieDataSource* source, QString text);
+    void onRecordChanged();
+    void onEnableVideoPostProcessingChanged();
+    void onVideoPostProcessingChanged();
+
+private:
+    void giveColourConversion();
+    void givePostProcessing();
+    std::unique_ptr<GLMovieDataSource> createSource(bool forceFile) const;
+
+    static Logger* log;
+
+    AppData& _appData;
+    Channel* const _channel;
+    StreamDescription const _description;
+    std::unique_ptr<GLMovieDataSource> _dataSource; ///< Outlives the renderer.
+    std::unique_ptr<GLMovieRenderer> _renderer;
+    bool _muted = false;
+    bool _loop = false;
+    double _volume = 1.0;
+    double _speed = 1.0;
+    double _opacity = 1.0;
+    bool _opened = false;
+};

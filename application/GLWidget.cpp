@@ -1,0 +1,275 @@
+#include "GLWidget.h"
+
+#include "AppData.h"
+#include "Channel.h"
+#include "ChannelManager.h"
+#include "GLExtension.h"
+#include "GLExtensions.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "PostProcessingEffects.h"
+
+#include <QContextMenuEvent>
+#include <QDateTime>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
+#include <QWindow>
+
+#include <array>
+#include <cmath>
+
+Logger* GLWidget::log = LoggerManager::logger();
+
+namespace
+{
+
+constexpr int mouseHideTime = 3000; // ms
+constexpr std::array<double, 8> zoomFactors = {0.25, 0.5, 0.75, 1.0, 1.25, 1.5, 1.75, 2.0};
+
+QSurfaceFormat surfaceFormat(bool antialiasing)
+{
+    QSurfaceFormat format;
+    format.setRenderableType(QSurfaceFormat::OpenGL);
+    format.setVersion(2, 1);
+    format.setProfile(QSurfaceFormat::CompatibilityProfile);
+    format.setDepthBufferSize(0);
+    format.setStencilBufferSize(0);
+    format.setSwapInterval(0); // Pictures are timed by their clock; waiting here would hold up every other stream.
+    if (antialiasing)
+        format.setSamples(4);
+    return format;
+}
+
+} // namespace
+
+GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appData(appData)
+{
+    setObjectName("glWidget");
+    setAttribute(Qt::WA_NativeWindow);
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAttribute(Qt::WA_PaintOnScreen);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setMinimumSize(160, 90);
+    setMouseTracking(true);
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::StrongFocus);
+    _renderTimer.setSingleShot(true);
+    _renderTimer.setInterval(0);
+    connect(&_renderTimer, &QTimer::timeout, this, &GLWidget::onRenderTimer);
+    _mouseHideTimer.setSingleShot(true);
+    _mouseHideTimer.setInterval(mouseHideTime);
+    connect(&_mouseHideTimer, &QTimer::timeout, this, &GLWidget::onMouseHideTimer);
+    connect(_appData.channelManager(), &ChannelManager::pictureUpdated, &_renderTimer, qOverload<>(&QTimer::start));
+    connect(&_appData.settings, &AppSettings::drawModeChanged, &_renderTimer, qOverload<>(&QTimer::start));
+    connect(&_appData.settings, &AppSettings::showFullScreenChanged, this, &GLWidget::onShowFullScreenChanged);
+}
+
+GLWidget::~GLWidget()
+{
+    if (_context && _context->makeCurrent(windowHandle())) {
+        _appData.clearPostProcessingShaders();
+        _appData.colourConversionShader().destroy();
+        _context->doneCurrent();
+    }
+}
+
+bool GLWidget::hasOpenGL()
+{
+    QOpenGLContext context;
+    context.setFormat(surfaceFormat(false));
+    return context.create();
+}
+
+void GLWidget::createContext()
+{
+    QSurfaceFormat const format = surfaceFormat(_appData.settings.enableAntialiasing());
+    winId();
+    windowHandle()->setSurfaceType(QSurface::OpenGLSurface);
+    windowHandle()->setFormat(format);
+    auto context = std::make_unique<QOpenGLContext>();
+    context->setFormat(windowHandle()->requestedFormat());
+    if (!context->create() || !context->makeCurrent(windowHandle())) {
+        LOG_ERROR("Could not create an OpenGL context");
+        _failed = true;
+        return;
+    }
+    _context = std::move(context);
+}
+
+void GLWidget::initializeGL()
+{
+    initGLExtensions(_context.get());
+    LOG_INFO("OpenGL %s %s %s", qPrintable(GLExtension::version()), qPrintable(GLExtension::renderer()),
+             qPrintable(GLExtension::vendor()));
+    _appData.createColourConversionPrograms();
+    emit initialized();
+}
+
+void GLWidget::paintEvent(QPaintEvent*)
+{
+    render();
+}
+
+void GLWidget::onRenderTimer()
+{
+    if (isVisible())
+        render();
+}
+
+void GLWidget::render()
+{
+    if (!_context && !_failed) {
+        createContext();
+        if (_context)
+            initializeGL();
+    }
+    if (!_context || !windowHandle()->isExposed() || !_context->makeCurrent(windowHandle()))
+        return;
+    QRect const surface = surfaceRect();
+    createViewport(surface.width(), surface.height());
+    _context->functions()->glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
+    _context->functions()->glClear(GL_COLOR_BUFFER_BIT);
+    renderVideoOrtho();
+    _context->swapBuffers(windowHandle());
+    logVideoRectangle();
+}
+
+void GLWidget::renderVideoOrtho()
+{
+    auto const mode = static_cast<GLMovieRenderer::DrawMode>(_appData.settings.drawMode());
+    _appData.channelManager()->renderVideoOrtho(surfaceRect(), mode);
+}
+
+void GLWidget::createViewport(int width, int height)
+{
+    glViewport(0, 0, width, height);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glOrtho(0.0, width, height, 0.0, -1.0, 1.0);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}
+
+QRect GLWidget::surfaceRect() const
+{
+    return {QPoint(0, 0), size() * devicePixelRatio()};
+}
+
+void GLWidget::logVideoRectangle()
+{
+    if (log->level() > Logger::Debug)
+        return;
+    Channel const* const channel = _appData.channelManager()->activeChannel();
+    QRect rectangle = channel ? channel->videoWindow() : QRect();
+    rectangle.translate(mapToGlobal(QPoint(0, 0)));
+    if (rectangle == _loggedVideoRectangle || rectangle.isEmpty())
+        return;
+    _loggedVideoRectangle = rectangle;
+    LOG_DEBUG("Video rectangle %d %d %d %d", rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height());
+}
+
+QImage GLWidget::takeScreenshot()
+{
+    if (!_context || !_context->makeCurrent(windowHandle()))
+        return {};
+    QRect const surface = surfaceRect();
+    QImage image(surface.size(), QImage::Format_RGBX8888);
+    createViewport(surface.width(), surface.height());
+    _context->functions()->glClear(GL_COLOR_BUFFER_BIT);
+    renderVideoOrtho();
+    // Rows of this format are four bytes a pixel, so they need no padding.
+    _context->functions()->glReadPixels(0, 0, image.width(), image.height(), GL_RGBA, GL_UNSIGNED_BYTE, image.bits());
+    return image.mirrored();
+}
+
+void GLWidget::saveScreenshot(QImage const& image, QString const& path)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    emit screenshotCompleted(!image.isNull() && image.save(path) ? path : QString());
+}
+
+void GLWidget::onTakeScreenshot()
+{
+    QString const time = QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss-zzz");
+    saveScreenshot(takeScreenshot(), _appData.settings.screenshotDirectory() + "/" + time + ".png");
+}
+
+void GLWidget::setEffects(QStringList const& names)
+{
+    if (!_context || !_context->makeCurrent(windowHandle()))
+        return;
+    _appData.clearPostProcessingShaders();
+    _appData.addPostProcessingShaders(PostProcessingEffects::create(names));
+}
+
+double GLWidget::calculateZoom() const
+{
+    Channel const* const channel = _appData.channelManager()->activeChannel();
+    if (!channel || channel->movieSize().isEmpty())
+        return 0.0;
+    double const shown = static_cast<double>(channel->videoWindow().width()) / channel->movieSize().width();
+    return *std::min_element(zoomFactors.cbegin(), zoomFactors.cend(),
+                             [shown](double a, double b) { return std::abs(a - shown) < std::abs(b - shown); });
+}
+
+void GLWidget::resizeEvent(QResizeEvent*)
+{
+    _renderTimer.start();
+}
+
+void GLWidget::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        _appData.channelManager()->videoMousePress(event->position() * devicePixelRatio());
+}
+
+void GLWidget::mouseMoveEvent(QMouseEvent*)
+{
+    unsetCursor();
+    if (_appData.settings.showFullScreen())
+        _mouseHideTimer.start();
+}
+
+void GLWidget::onMouseHideTimer()
+{
+    if (_appData.settings.showFullScreen())
+        setCursor(Qt::BlankCursor);
+}
+
+void GLWidget::onShowFullScreenChanged()
+{
+    unsetCursor();
+    if (_appData.settings.showFullScreen())
+        _mouseHideTimer.start();
+}
+
+void GLWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        _appData.settings.setShowFullScreen(!_appData.settings.showFullScreen());
+}
+
+void GLWidget::contextMenuEvent(QContextMenuEvent* event)
+{
+    emit contextMenuRequested(event->globalPos());
+}
+
+void GLWidget::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void GLWidget::dropEvent(QDropEvent* event)
+{
+    QStringList names;
+    for (QUrl const& url : event->mimeData()->urls())
+        names.append(url.isLocalFile() ? url.toLocalFile() : url.toString());
+    emit filesDropped(names);
+    event->acceptProposedAction();
+}

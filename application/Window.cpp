@@ -1,0 +1,260 @@
+#include "Window.h"
+
+#include "AppData.h"
+#include "Channel.h"
+#include "ChannelManager.h"
+#include "GLWidget.h"
+#include "HibernationManager.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "ScreenSaverManager.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+#include <QVBoxLayout>
+
+Logger* Window::log = LoggerManager::logger();
+
+namespace
+{
+
+constexpr double volumeStep = 0.1;
+constexpr QSize firstSize(854, 480); // Of the video surface.
+
+} // namespace
+
+Window::Window(AppData& appData)
+    : _appData(appData), _hibernationManager(std::make_unique<HibernationManager>()),
+      _screenSaverManager(std::make_unique<ScreenSaverManager>())
+{
+    setObjectName("window");
+    _appData.initialize(this);
+    createChildControls();
+    createMenus();
+    createTrayIcon();
+    connectActions();
+    connectSignals();
+    setWindowIcon(QIcon(":/Resources/Ombravision.png"));
+    updateTitle();
+    resize(firstSize.width(), firstSize.height() + _menuBar->sizeHint().height());
+}
+
+Window::~Window()
+{
+    // The streams draw in this window's surface.
+    if (_appData.channelManager())
+        _appData.channelManager()->closeAllChannels();
+    _appData.settings.disconnect(this);
+    delete _glWidget;
+}
+
+void Window::createChildControls()
+{
+    _menuBar = new QMenuBar(this);
+    _glWidget = new GLWidget(_appData, this);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->setMenuBar(_menuBar);
+    layout->addWidget(_glWidget);
+}
+
+void Window::open(QStringList const& names)
+{
+    if (names.isEmpty())
+        return;
+    if (!_surfaceReady) {
+        _pendingNames = names;
+        return;
+    }
+    _appData.openNames(names);
+}
+
+void Window::closeEvent(QCloseEvent* event)
+{
+    if (!_trayIcon->isVisible())
+        return;
+    _appData.settings.setShowFullScreen(false);
+    hide();
+    _closedByHand = true;
+    event->ignore();
+    emit windowVisibilityChanged(false);
+}
+
+void Window::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!_closedByHand)
+        return;
+    _closedByHand = false;
+    emit windowVisibilityChanged(true);
+}
+
+void Window::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->isAutoRepeat())
+        return;
+    if (event->key() == Qt::Key_Escape && _appData.settings.showFullScreen())
+        _appData.settings.action("Full Screen")->trigger();
+    else
+        QWidget::keyReleaseEvent(event);
+}
+
+void Window::showWindow()
+{
+    showNormal();
+    raise();
+    activateWindow();
+}
+
+void Window::onShowFullScreenChanged()
+{
+    bool const full = _appData.settings.showFullScreen();
+    _menuBar->setVisible(!full && _appData.settings.showMenuBar());
+    if (full)
+        showFullScreen();
+    else if (isVisible())
+        showNormal();
+    // A film must not be interrupted by the screen saver.
+    _hibernationManager->setEnabled(!full);
+    _screenSaverManager->setEnabled(!full);
+}
+
+void Window::onAlwaysOnTopChanged()
+{
+    setWindowFlag(Qt::WindowStaysOnTopHint, _appData.settings.alwaysOnTop());
+    show();
+}
+
+void Window::onMute(bool checked)
+{
+    _appData.settings.setMuted(checked);
+}
+
+void Window::onIncreaseVolume()
+{
+    _appData.settings.setVolume(_appData.settings.volume() + volumeStep);
+}
+
+void Window::onDecreaseVolume()
+{
+    _appData.settings.setVolume(_appData.settings.volume() - volumeStep);
+}
+
+void Window::onVolumeChanged()
+{
+    updateTitle();
+}
+
+void Window::onSpeed(QAction* action)
+{
+    _appData.channelManager()->setSpeed(AppSettings::speedOf(action));
+}
+
+void Window::stepSpeed(int steps)
+{
+    QList<QAction*> const speeds = _appData.settings.speedActions();
+    for (qsizetype i = 0; i < speeds.size(); ++i) {
+        if (!speeds.at(i)->isChecked())
+            continue;
+        speeds.at(qBound<qsizetype>(0, i + steps, speeds.size() - 1))->trigger();
+        return;
+    }
+}
+
+void Window::onQuit()
+{
+    _trayIcon->hide();
+    QApplication::quit();
+}
+
+void Window::onAbout()
+{
+    QMessageBox::about(
+        this, tr("About Ombravision"),
+        tr("<b>Ombravision %1</b><br>Live internet television on your desktop.").arg(_appData.settings.version()));
+}
+
+void Window::onTrayActivated(QSystemTrayIcon::ActivationReason reason)
+{
+    if (reason == QSystemTrayIcon::Trigger)
+        showWindow();
+}
+
+QStringList Window::chooseFiles(bool several)
+{
+    QString const filter =
+        tr("Media files (*.mp4 *.m4v *.mov *.mkv *.webm *.avi *.wmv *.wma *.asf *.mpg *.mpeg *.ts *.flv *.ogg *.ogv "
+           "*.mp3 *.m4a *.aac *.flac *.wav);;All files (*)");
+    QString const directory = _appData.settings.videoFileDirectory();
+    QStringList names;
+    if (several)
+        names = QFileDialog::getOpenFileNames(this, tr("Open Video Files"), directory, filter);
+    else
+        names = QFileDialog::getOpenFileName(this, tr("Open Video File"), directory, filter);
+    names.removeAll(QString());
+    if (!names.isEmpty())
+        _appData.settings.setVideoFileDirectory(QFileInfo(names.constFirst()).absolutePath());
+    return names;
+}
+
+void Window::onOpenVideoFile()
+{
+    open(chooseFiles(false));
+}
+
+void Window::onOpenVideoFiles()
+{
+    open(chooseFiles(true));
+}
+
+void Window::onAddVideoFiles()
+{
+    for (QString const& name : chooseFiles(true))
+        _appData.channelManager()->openFile(name, false);
+}
+
+void Window::onOpenVideoStream()
+{
+    bool ok = false;
+    QString const address =
+        QInputDialog::getText(this, tr("Open Video Stream"), tr("Address:"), QLineEdit::Normal, {}, &ok).trimmed();
+    if (!ok || address.isEmpty())
+        return;
+    if (!address.contains("://")) {
+        QMessageBox::warning(this, tr("Open Video Stream"),
+                             tr("\"%1\" is not an address: it should begin with a scheme such as http:// or rtsp://.")
+                                 .arg(address.toHtmlEscaped()));
+        return;
+    }
+    open({address});
+}
+
+void Window::zoom(double factor)
+{
+    Channel const* const channel = _appData.channelManager()->activeChannel();
+    if (!channel || channel->movieSize().isEmpty() || _appData.settings.showFullScreen())
+        return;
+    QSize const video = channel->movieSize() * factor / devicePixelRatio();
+    QSize const frame = size() - _glWidget->size();
+    resize((video + frame).boundedTo(screen()->availableSize()));
+}
+
+void Window::updateTitle()
+{
+    Channel const* const channel = _appData.channelManager()->activeChannel();
+    QString title = channel ? QString(channel->desc.title() + " - Ombravision") : QStringLiteral("Ombravision");
+    if (_appData.settings.muted())
+        title += tr(" (muted)");
+    else if (_appData.settings.volume() < 1.0)
+        title += tr(" (volume %1 %)").arg(qRound(_appData.settings.volume() * 100.0));
+    setWindowTitle(title);
+}

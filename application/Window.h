@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QStringList>
+#include <QSystemTrayIcon>
+#include <QTimer>
+#include <QWidget>
+
+#include <memory>
+
+class AppData;
+class GLWidget;
+class HibernationManager;
+class Logger;
+class QAction;
+class QMenu;
+class QMenuBar;
+class ScreenSaverManager;
+
+/// The one top-level window: a menu bar over the video surface, and the system tray icon.
+///
+/// Its constructor initialises the hub, so that every component exists when the window does. Closing the window only
+/// hides it, which stops playback; the exit action ends the program. Main thread only.
+class Window : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Window(AppData& appData);
+    ~Window() override;
+
+    /// Plays files and addresses as soon as the video surface can.
+    void open(QStringList const& names);
+
+    /// Resizes the window so that the video shows at the factor, as far as the screen allows.
+    void zoom(double factor);
+
+signals:
+    void windowVisibilityChanged(bool visible);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private slots:
+    void onOpenVideoFile();
+    void onOpenVideoFiles();
+    void onAddVideoFiles();
+    void onOpenVideoStream();
+    void onShowFullScreenChanged();
+    void onAlwaysOnTopChanged();
+    void onMute(bool checked);
+    void onIncreaseVolume();
+    void onDecreaseVolume();
+    void onVolumeChanged();
+    void onQuit();
+    void onAbout();
+    void onTrayActivated(QSystemTrayIcon::ActivationReason reason);
+    void onSpeed(QAction* action);
+
+private:
+    void createChildControls();
+    void createMenus();
+    void createTrayIcon();
+    void connectActions();
+    void connectSignals();
+    QMenu* addMenu(QString const& title, QStringList const& actions);
+    void createPostProcessingMenu(QMenu* menu);
+    void stepSpeed(int steps);
+    QStringList chooseFiles(bool several);
+    void showWindow();
+    void updateTitle();
+
+    static Logger* log;
+
+    AppData& _appData;
+    QMenuBar* _menuBar = nullptr;
+    GLWidget* _glWidget = nullptr;
+    QMenu* _contextMenu = nullptr;
+    QSystemTrayIcon* _trayIcon = nullptr;
+    std::unique_ptr<HibernationManager> _hibernationManager;
+    std::unique_ptr<ScreenSaverManager> _screenSaverManager;
+    QStringList _pendingNames; ///< What to play once the surface stands.
+    bool _surfaceReady = false;
+    bool _closedByHand = false;
+};

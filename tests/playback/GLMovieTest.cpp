@@ -1,0 +1,341 @@
+#include "GLMovie.h"
+
+#include "AudioDevice.h"
+#include "GLMoviePacketQueue.h"
+#include "GLMovieTexture.h"
+#include "LogCapture.h"
+#include "ScriptedMovieSource.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+}
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace
+{
+
+constexpr int patience = 10000; // ms; only a fault takes as long.
+
+/// A movie on a scripted source, with OpenAL's null device, which keeps time as a sound card does.
+class GLMovieTest : public testing::Test
+{
+protected:
+    GLMovieTest()
+    {
+        qputenv("ALSOFT_DRIVERS", "null");
+        EXPECT_TRUE(_device.openDevice("default"));
+    }
+
+    void play(bool video, bool audio, double seconds)
+    {
+        addStreams(video, audio);
+        _source.scriptClip(seconds, video, audio);
+        _source.open();
+    }
+
+    void addStreams(bool video, bool audio)
+    {
+        if (video)
+            _source.addVideo();
+        if (audio)
+            _source.addAudio(AV_CODEC_ID_PCM_S16LE, 2);
+    }
+
+    bool waitFor(QSignalSpy& spy, int count = 1)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        while (spy.count() < count && timer.elapsed() < patience)
+            spy.wait(20);
+        return spy.count() >= count;
+    }
+
+    AudioDevice _device;
+    ScriptedMovieSource _source;
+    GLMovie _movie{&_source, false};
+    QSignalSpy _opened{&_movie, &GLMovie::opened};
+    QSignalSpy _completed{&_movie, &GLMovie::completed};
+    QSignalSpy _looped{&_movie, &GLMovie::looped};
+    QSignalSpy _error{&_movie, &GLMovie::error};
+    QSignalSpy _pictures{&_movie, &GLMovie::pictureUpdated};
+    QSignalSpy _firstKeyFrames{&_movie, &GLMovie::firstKeyFrameReceived};
+    QSignalSpy _times{&_movie, &GLMovie::movieTimeUpdated};
+};
+
+} // namespace
+
+TEST(GLMoviePacketQueue, GivesPacketsInOrderAndOwnsWhatIsLeft)
+{
+    GLMoviePacketQueue queue;
+    for (int i = 1; i <= 3; ++i) {
+        AVPacket* packet = av_packet_alloc();
+        av_new_packet(packet, i * 10);
+        EXPECT_TRUE(queue.enqueuePacket(packet));
+        EXPECT_EQ(packet->size, 0);
+        av_packet_free(&packet);
+    }
+    EXPECT_EQ(queue.length(), 3);
+    EXPECT_EQ(queue.bytes(), 60);
+    AVPacket* packet = nullptr;
+    ASSERT_TRUE(queue.dequeuePacket(&packet));
+    EXPECT_EQ(packet->size, 10);
+    av_packet_free(&packet);
+    EXPECT_EQ(queue.bytes(), 50);
+    queue.clear();
+    EXPECT_FALSE(queue.dequeuePacket(&packet));
+    EXPECT_EQ(queue.bytes(), 0);
+}
+
+TEST(GLMoviePacketQueue, WakeEndsAWait)
+{
+    GLMoviePacketQueue queue;
+    std::thread waiter([&queue] { queue.waitForPacket(patience); });
+    queue.wake();
+    waiter.join();
+}
+
+TEST_F(GLMovieTest, PlaysEveryPictureAtItsTime)
+{
+    QElapsedTimer timer;
+    timer.start();
+    play(true, false, 0.4);
+    ASSERT_TRUE(waitFor(_completed));
+    EXPECT_EQ(_opened.count(), 1);
+    EXPECT_EQ(_pictures.count(), 10);
+    EXPECT_EQ(_firstKeyFrames.count(), 1);
+    EXPECT_GE(timer.elapsed(), 350);
+    EXPECT_EQ(_times.count(), 10);
+    EXPECT_NEAR(_times.constLast().constFirst().toDouble(), 0.36, 0.001);
+    EXPECT_EQ(_movie.packetStatistics().videoCount, 0) << "a movie that is over starts to count anew";
+}
+
+TEST_F(GLMovieTest, WithSoundPicturesFollowIt)
+{
+    QElapsedTimer timer;
+    timer.start();
+    play(true, true, 0.6);
+    ASSERT_TRUE(waitFor(_completed));
+    EXPECT_EQ(_pictures.count(), 15);
+    EXPECT_GE(timer.elapsed(), 500);
+    EXPECT_TRUE(_error.isEmpty());
+}
+
+TEST_F(GLMovieTest, LoopsFromTheBeginningAfterAPause)
+{
+    _movie.setLoop(true);
+    QElapsedTimer timer;
+    timer.start();
+    play(true, false, 0.12);
+    ASSERT_TRUE(waitFor(_looped, 2));
+    EXPECT_GE(timer.elapsed(), 2 * 500);
+    EXPECT_GE(_pictures.count(), 6);
+    _movie.stop(true);
+    EXPECT_TRUE(_completed.isEmpty());
+}
+
+TEST_F(GLMovieTest, ALoopThatCannotSeekCompletes)
+{
+    LogCapture capture;
+    _movie.setLoop(true);
+    _source.setSeekable(false);
+    play(true, true, 0.1);
+    ASSERT_TRUE(waitFor(_completed));
+    EXPECT_TRUE(capture.contains("Seeking video stream to beginning failed"));
+    EXPECT_TRUE(capture.contains("Seeking audio stream to beginning failed"));
+    EXPECT_TRUE(capture.contains("Seeking failed so movie cannot loop."));
+}
+
+TEST_F(GLMovieTest, StopReturnsSoonInEveryState)
+{
+    addStreams(true, true);
+    _source.scriptClip(0.2, true, true);
+    _source.append({true, 3600.0}); // A picture that is due in an hour.
+    _source.setLive(true);
+    for (int round = 0; round < 20; ++round) {
+        _source.open();
+        if (round % 2 == 0)
+            waitFor(_pictures, _pictures.count() + round % 5 + 1);
+        QElapsedTimer timer;
+        timer.start();
+        _movie.close(true);
+        EXPECT_LT(timer.elapsed(), 100) << round;
+        EXPECT_EQ(_movie.texture(), nullptr);
+        _source.seekFrame(nullptr, 0, 0);
+    }
+}
+
+TEST_F(GLMovieTest, TimeStampsThatLeapBackRestartTheClock)
+{
+    for (bool const audio : {false, true}) {
+        ScriptedMovieSource source;
+        GLMovie movie(&source, false);
+        QSignalSpy pictures(&movie, &GLMovie::pictureUpdated);
+        QSignalSpy keyFrames(&movie, &GLMovie::firstKeyFrameReceived);
+        QSignalSpy completed(&movie, &GLMovie::completed);
+        source.addVideo();
+        if (audio)
+            source.addAudio(AV_CODEC_ID_PCM_S16LE, 2);
+        for (double const begin : {100.0, 20.0})
+            for (int i = 0; i < 50; ++i) {
+                if (audio)
+                    source.append({false, begin + i * 0.02});
+                if (i % 2 == 0)
+                    source.append({true, begin + i * 0.02});
+            }
+        source.open();
+        ASSERT_TRUE(waitFor(completed)) << audio;
+        EXPECT_GE(keyFrames.count(), 2) << audio;
+        EXPECT_GE(pictures.count(), audio ? 26 : 49) << audio;
+    }
+}
+
+TEST_F(GLMovieTest, PicturesMuchTooLateAreDroppedUntilAKeyFrame)
+{
+    LogCapture capture;
+    addStreams(true, true);
+    // The sound runs ahead of the pictures by ten seconds.
+    for (int i = 0; i < 10; ++i) {
+        _source.append({false, 10.0 + i * 0.02});
+        _source.append({true, i == 0 ? 10.0 : 0.5 + i * 0.02, true, i == 0});
+    }
+    for (int i = 0; i < 5; ++i)
+        _source.append({true, 10.2 + i * 0.04, true, i > 1});
+    _source.open();
+    ASSERT_TRUE(waitFor(_completed));
+    EXPECT_TRUE(capture.contains("Dropped video packet with pts"));
+}
+
+TEST_F(GLMovieTest, RefusedSoundDoesNotStopThePicture)
+{
+    struct Case {
+        int codec;
+        int channels;
+        char const* text;
+    };
+    for (Case const& c : {Case{AV_CODEC_ID_PCM_S16LE, 6, "We do not support 6 channel audio"},
+                          Case{AV_CODEC_ID_PCM_U8, 2, "Unsigned 8 bit audio not supported"},
+                          Case{AV_CODEC_ID_PCM_S32LE, 2, "32 bit audio not supported"}}) {
+        LogCapture capture;
+        ScriptedMovieSource source;
+        GLMovie movie(&source, false);
+        QSignalSpy pictures(&movie, &GLMovie::pictureUpdated);
+        QSignalSpy completed(&movie, &GLMovie::completed);
+        QSignalSpy error(&movie, &GLMovie::error);
+        source.addVideo();
+        source.addAudio(c.codec, c.channels);
+        source.scriptClip(0.2, true, true);
+        source.open();
+        ASSERT_TRUE(waitFor(completed)) << c.text;
+        EXPECT_EQ(pictures.count(), 5) << c.text;
+        EXPECT_EQ(capture.count(c.text), 10);
+        EXPECT_TRUE(error.isEmpty());
+    }
+}
+
+TEST_F(GLMovieTest, RefusedSoundAloneIsAnError)
+{
+    _source.addAudio(AV_CODEC_ID_PCM_U8, 1);
+    _source.scriptClip(0.1, false, true);
+    _source.open();
+    ASSERT_TRUE(waitFor(_error));
+    EXPECT_EQ(_error.constFirst().at(1).toInt(), GLMovie::UnsupportedAudioFormat);
+}
+
+TEST_F(GLMovieTest, FloatSoundIsConverted)
+{
+    QSignalSpy sound(&_movie, &GLMovie::audioDataReceived);
+    _source.addAudio(AV_CODEC_ID_PCM_F32LE, 2);
+    _source.scriptClip(0.1, false, true);
+    _source.open();
+    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_EQ(sound.count(), 5);
+    EXPECT_EQ(sound.constFirst().constFirst().toByteArray().size(), 960 * 2 * 2);
+}
+
+TEST_F(GLMovieTest, WithoutASoundDeviceThePictureStillPlays)
+{
+    LogCapture capture;
+    _device.closeDevice();
+    play(true, true, 0.2);
+    ASSERT_TRUE(waitFor(_completed));
+    EXPECT_EQ(_pictures.count(), 5);
+    EXPECT_TRUE(capture.contains("No audio device present."));
+    EXPECT_TRUE(capture.contains(
+        "Audio stream failed but video stream is ok so ignoring audio stream and playing video only"));
+}
+
+TEST_F(GLMovieTest, UnknownCodecsAreErrorsInWords)
+{
+    _source.addVideo();
+    _source.videoStream()->codecpar->codec_id = AV_CODEC_ID_BMV_VIDEO;
+    _source.videoStream()->codecpar->codec_id = AV_CODEC_ID_NONE;
+    _source.open();
+    ASSERT_EQ(_error.count(), 1);
+    EXPECT_EQ(GLMovie::errorText(_error.constFirst().at(1).toInt()), "Could not locate a video decoder. Cannot play");
+    EXPECT_FALSE(_movie.isOpened());
+}
+
+TEST_F(GLMovieTest, AStarvedSourceIsStartedAgain)
+{
+    LogCapture capture;
+    addStreams(false, true);
+    for (int i = 0; i < 5; ++i)
+        _source.append({false, i * 0.02});
+    _source.setLive(true);
+    _source.open();
+    QSignalSpy sound(&_movie, &GLMovie::audioDataReceived);
+    ASSERT_TRUE(waitFor(sound, 5));
+    EXPECT_GE(capture.count("Source was starved of audio data"), 1);
+}
+
+TEST_F(GLMovieTest, SeeksWhilePlaying)
+{
+    addStreams(true, true);
+    _source.scriptClip(30.0, true, true);
+    _source.open();
+    ASSERT_TRUE(waitFor(_pictures, 3));
+    ASSERT_TRUE(_movie.setMovieTime(29.6));
+    ASSERT_TRUE(waitFor(_completed));
+    EXPECT_NEAR(_times.constLast().constFirst().toDouble(), 29.98, 0.05);
+    EXPECT_TRUE(_error.isEmpty());
+}
+
+TEST_F(GLMovieTest, PausedNothingMoves)
+{
+    addStreams(true, false);
+    _source.scriptClip(1.0, true, false);
+    _source.open();
+    ASSERT_TRUE(waitFor(_pictures, 2));
+    _movie.setPaused(true);
+    QTest::qWait(60);
+    int const shown = _pictures.count();
+    QTest::qWait(200);
+    EXPECT_EQ(_pictures.count(), shown);
+    _movie.setPaused(false);
+    ASSERT_TRUE(waitFor(_completed));
+    EXPECT_EQ(_pictures.count(), 25);
+}
+
+TEST_F(GLMovieTest, DumpsPackets)
+{
+    QTemporaryDir directory;
+    _movie.setPacketDump(true, false, directory.path());
+    play(true, true, 0.04);
+    ASSERT_TRUE(waitFor(_completed));
+    _movie.close(false);
+    QStringList const files = QDir(directory.path()).entryList({"*_PacketDump.txt"});
+    ASSERT_EQ(files.size(), 1);
+    QFile file(directory.filePath(files.constFirst()));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray const text = file.readAll();
+    EXPECT_TRUE(text.startsWith("Video Packet - PTS 0 DTS 0 Size 384\n505050"));
+    EXPECT_EQ(text.count("Packet - "), 1);
+}

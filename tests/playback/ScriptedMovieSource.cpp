@@ -1,0 +1,107 @@
+#include "ScriptedMovieSource.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/time.h>
+}
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace
+{
+constexpr int timeBase = 1000; // Time stamps are milliseconds.
+}
+
+ScriptedMovieSource::ScriptedMovieSource() : GLMovieDataSource("scripted")
+{
+    _formatContext = avformat_alloc_context();
+}
+
+ScriptedMovieSource::~ScriptedMovieSource()
+{
+    avformat_free_context(_formatContext);
+    _formatContext = nullptr;
+}
+
+void ScriptedMovieSource::addVideo()
+{
+    AVStream* const stream = avformat_new_stream(_formatContext, nullptr);
+    stream->time_base = {1, timeBase};
+    stream->avg_frame_rate = {25, 1};
+    stream->codecpar->codec_type = AVMEDIA_TYPE_VIDEO;
+    stream->codecpar->codec_id = AV_CODEC_ID_RAWVIDEO;
+    stream->codecpar->format = AV_PIX_FMT_YUV420P;
+    stream->codecpar->width = side;
+    stream->codecpar->height = side;
+    _videoStreamIndex = stream->index;
+}
+
+void ScriptedMovieSource::addAudio(int codecId, int channels)
+{
+    AVStream* const stream = avformat_new_stream(_formatContext, nullptr);
+    stream->time_base = {1, timeBase};
+    stream->codecpar->codec_type = AVMEDIA_TYPE_AUDIO;
+    stream->codecpar->codec_id = static_cast<AVCodecID>(codecId);
+    stream->codecpar->sample_rate = sampleRate;
+    av_channel_layout_default(&stream->codecpar->ch_layout, channels);
+    _audioStreamIndex = stream->index;
+}
+
+void ScriptedMovieSource::scriptClip(double seconds, bool video, bool audio)
+{
+    int const steps = static_cast<int>(std::lround(seconds / 0.02));
+    for (int i = 0; i < steps; ++i) {
+        if (video && i % 2 == 0)
+            append({true, i * 0.02});
+        if (audio)
+            append({false, i * 0.02});
+    }
+}
+
+void ScriptedMovieSource::append(Packet const& packet)
+{
+    _script.append(packet);
+}
+
+QByteArray ScriptedMovieSource::payload(Packet const& packet) const
+{
+    if (packet.isVideo)
+        return QByteArray(side * side * 3 / 2, '\x50');
+    AVCodecParameters const* const parameters = _formatContext->streams[_audioStreamIndex]->codecpar;
+    int const bits = av_get_bits_per_sample(parameters->codec_id);
+    auto const samples = static_cast<int>(std::lround(packet.soundSeconds * sampleRate));
+    return QByteArray(samples * bits / 8 * parameters->ch_layout.nb_channels, '\0');
+}
+
+int ScriptedMovieSource::readFrame(AVPacket* packet)
+{
+    if (_next >= _script.size()) {
+        while (_live && !isInterrupted())
+            av_usleep(500);
+        return _live ? AVERROR_EXIT : AVERROR_EOF;
+    }
+    Packet const& scripted = _script.at(_next++);
+    QByteArray const bytes = payload(scripted);
+    if (int const result = av_new_packet(packet, static_cast<int>(bytes.size())); result < 0)
+        return result;
+    std::memcpy(packet->data, bytes.constData(), static_cast<size_t>(bytes.size()));
+    packet->stream_index = scripted.isVideo ? _videoStreamIndex : _audioStreamIndex;
+    packet->pts = scripted.hasTimestamp ? std::llround(scripted.seconds * timeBase) : AV_NOPTS_VALUE;
+    packet->dts = packet->pts;
+    packet->flags = scripted.isKey ? AV_PKT_FLAG_KEY : 0;
+    return 0;
+}
+
+int ScriptedMovieSource::seekFrame(AVStream*, long long timestamp, int)
+{
+    if (!_seekable)
+        return -1;
+    double const seconds = static_cast<double>(timestamp) / timeBase;
+    auto const target = std::find_if(_script.cbegin(), _script.cend(),
+                                     [seconds](Packet const& packet) { return packet.seconds >= seconds; });
+    _next = static_cast<int>(target - _script.cbegin());
+    return 0;
+}

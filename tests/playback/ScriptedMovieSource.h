@@ -1,0 +1,58 @@
+#pragma once
+
+#include "GLMovieDataSource.h"
+
+#include <QByteArray>
+#include <QList>
+
+#include <atomic>
+#include <mutex>
+
+/// A data source whose packets a test writes: raw pictures of 16x16 and PCM sound, which decode to themselves.
+class ScriptedMovieSource : public GLMovieDataSource
+{
+    Q_OBJECT
+
+public:
+    struct Packet {
+        bool isVideo = true;
+        double seconds = 0.0;
+        bool hasTimestamp = true;
+        bool isKey = true;
+        double soundSeconds = 0.02;
+    };
+
+    static constexpr int side = 16;
+    static constexpr int sampleRate = 48000;
+
+    ScriptedMovieSource();
+    ~ScriptedMovieSource() override;
+
+    void addVideo();
+    /// A PCM codec (AV_CODEC_ID_PCM_...), and channels.
+    void addAudio(int codecId, int channels);
+
+    /// Pictures, 40 ms apart, and sound, 20 ms a packet, for so many seconds.
+    void scriptClip(double seconds, bool video, bool audio);
+    void append(Packet const& packet);
+
+    /// At the end of the script, readFrame() blocks until interrupted instead of telling the end.
+    void setLive(bool live) { _live = live; }
+    void setSeekable(bool seekable) { _seekable = seekable; }
+    int framesServed() const { return _next; }
+
+    void open() override { emit opened(this); }
+    void close() override {}
+    void start() override { GLMovieDataSource::start(); }
+    void stop() override { GLMovieDataSource::stop(); }
+    int readFrame(AVPacket* packet) override;
+    int seekFrame(AVStream* stream, long long timestamp, int flags) override;
+
+private:
+    QByteArray payload(Packet const& packet) const;
+
+    QList<Packet> _script;
+    std::atomic<int> _next{0};
+    std::atomic<bool> _live{false};
+    std::atomic<bool> _seekable{true};
+};
