@@ -74,7 +74,11 @@ SingleInstance::SingleInstance(QString const& id, QObject* parent) : QObject(par
     _lock->setStaleLockTime(0); // Only the death of its holder makes a lock stale, never its age.
 }
 
-SingleInstance::~SingleInstance() = default;
+SingleInstance::~SingleInstance()
+{
+    for (QLocalSocket* const client : std::as_const(_clients))
+        client->disconnect(this);
+}
 
 bool SingleInstance::isFirst()
 {
