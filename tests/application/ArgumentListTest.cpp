@@ -1,0 +1,97 @@
+#include "ArgumentList.h"
+
+#include "LogCapture.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+/// The list from a command line as main() gets it, the program's name put before it.
+ArgumentList listOf(std::vector<std::string> arguments)
+{
+    arguments.insert(arguments.begin(), "ombravision");
+    std::vector<char*> argv;
+    for (std::string& argument : arguments)
+        argv.push_back(argument.data());
+    return ArgumentList(static_cast<int>(argv.size()), argv.data());
+}
+
+/// A value in words, since an absent one and an empty one differ.
+QString described(QString const& value)
+{
+    return value.isNull() ? QStringLiteral("absent") : QStringLiteral("<%1>").arg(value);
+}
+
+} // namespace
+
+TEST(ArgumentList, ValueOfASwitch)
+{
+    struct {
+        std::vector<std::string> arguments;
+        char const* expectedDebug;
+        char const* expectedDemo;
+    } const cases[] = {
+        {{}, "absent", "absent"},
+        {{"-debug"}, "<>", "absent"},
+        {{"-debug", "Foo,,Bar"}, "<Foo,,Bar>", "absent"},
+        {{"-debug=Foo,,Bar"}, "<Foo,,Bar>", "absent"},
+        {{"-debug="}, "<>", "absent"},
+        {{"-debug", "-demo"}, "<>", "<>"},
+        {{"-demo", "-debug=Foo"}, "<Foo>", "<>"},
+        {{"-debug=One", "-debug=Two"}, "<One>", "absent"},
+        {{"-Debug"}, "absent", "absent"},
+        {{"--debug"}, "absent", "absent"},
+        {{"http://host/?a=-debug"}, "absent", "absent"},
+        {{"-debug", "--", "-demo"}, "<>", "absent"},
+        {{"a=--", "-demo"}, "absent", "<>"},
+    };
+    for (auto const& testCase : cases) {
+        ArgumentList const list = listOf(testCase.arguments);
+        SCOPED_TRACE(qPrintable(list.join('|')));
+        EXPECT_EQ(described(list.getSwitchArg("-debug", QString())), testCase.expectedDebug);
+        EXPECT_EQ(described(list.getSwitchArg("-demo", QString())), testCase.expectedDemo);
+    }
+}
+
+TEST(ArgumentList, WhatToPlayIsTakenAsGiven)
+{
+    struct {
+        std::vector<std::string> arguments;
+        QStringList expected;
+    } const cases[] = {
+        {{}, {}},
+        {{"a.mp4", "b c.wmv"}, {"a.mp4", "b c.wmv"}},
+        {{"http://host/a?b=c&d==e"}, {"http://host/a?b=c&d==e"}},
+        {{"-fullscreen", "a=b.mp4", "-demo"}, {"a=b.mp4"}},
+        {{"-debug", "GLMovie", "a.mp4"}, {"a.mp4"}},
+        {{"-debug=GLMovie", "a.mp4"}, {"a.mp4"}},
+        {{"-debug=", "a.mp4"}, {"a.mp4"}},
+        {{"-debug", "-fullscreen", "a.mp4"}, {"a.mp4"}},
+        {{"-debug", "--", "a.mp4"}, {"a.mp4"}},
+        {{"a.mp4", "--", "-demo", "--", "-x=y.mp4"}, {"a.mp4", "-demo", "--", "-x=y.mp4"}},
+        {{""}, {""}},
+        {{"Gr\xc3\xbc\xc3\x9f"
+          "e.mp4"},
+         {"Grüße.mp4"}},
+    };
+    for (auto const& testCase : cases) {
+        ArgumentList const list = listOf(testCase.arguments);
+        EXPECT_EQ(list.positionalArguments(), testCase.expected) << qPrintable(list.join('|'));
+    }
+}
+
+TEST(ArgumentList, TokensAreAllArgumentsSplit)
+{
+    EXPECT_EQ(listOf({"-debug=a=", "b", "=c"}), (QStringList{"ombravision", "-debug", "a", "", "b", "", "c"}));
+}
+
+TEST(ArgumentList, AnEmptyListSaysSo)
+{
+    LogCapture capture;
+    EXPECT_EQ(ArgumentList(QStringList()).getSwitchArg("-debug", "default"), "default");
+    EXPECT_TRUE(capture.contains("No arguments found."));
+    EXPECT_EQ(ArgumentList({"-debug", "Foo"}).getSwitchArg("-debug", QString()), "Foo");
+}

@@ -1,0 +1,129 @@
+#include "AudioDevice.h"
+
+#include "LinuxAudioConfig.h"
+#include "LogCapture.h"
+
+#include <QFile>
+
+#include <AL/al.h>
+#include <AL/alc.h>
+#include <cstdlib>
+#include <gmock/gmock.h>
+
+using testing::Contains;
+
+namespace
+{
+
+/// Sound goes nowhere, at the right pace. OpenAL reads this when it is first called.
+class AudioDeviceTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        qputenv("ALSOFT_DRIVERS", "null");
+        QFile::remove(LinuxAudioConfig().configFilename());
+    }
+
+    LogCapture _capture;
+    AudioDevice _device;
+};
+
+} // namespace
+
+TEST_F(AudioDeviceTest, TheDefaultDeviceOpensWithoutTouchingTheConfiguration)
+{
+    ASSERT_TRUE(_device.openDevice("default"));
+    EXPECT_TRUE(_device.isOpen());
+    EXPECT_EQ(_device.deviceName(), "default");
+    EXPECT_TRUE(_capture.contains("Using audio device "));
+    EXPECT_FALSE(LinuxAudioConfig().configExists());
+
+    ALuint source = 0;
+    alGenSources(1, &source);
+    EXPECT_FALSE(AudioDevice::checkForALError("alGenSources"));
+    EXPECT_TRUE(alIsSource(source));
+
+    _device.closeDevice();
+    EXPECT_FALSE(_device.isOpen());
+    EXPECT_EQ(alcGetCurrentContext(), nullptr);
+    EXPECT_TRUE(_device.deviceName().isEmpty());
+}
+
+TEST_F(AudioDeviceTest, AnUnknownDeviceIsWrittenDownAndTheDefaultIsUsed)
+{
+    ASSERT_TRUE(_device.openDevice("default"));
+    ASSERT_TRUE(_device.openDevice("no such device"));
+    EXPECT_TRUE(_capture.contains("Could not open audio device no such device"));
+    EXPECT_EQ(_capture.count("Using audio device "), 2);
+    EXPECT_EQ(LinuxAudioConfig().device(), "no such device");
+    EXPECT_TRUE(_device.isOpen());
+}
+
+TEST_F(AudioDeviceTest, OffersWhatTheLibraryFindsAndWhatItAlwaysHas)
+{
+    QStringList devices;
+    QString defaultDevice;
+    ASSERT_TRUE(AudioDevice::availableDevices(devices, defaultDevice));
+    ASSERT_FALSE(devices.isEmpty());
+    EXPECT_TRUE(devices.contains(defaultDevice));
+    EXPECT_TRUE(_capture.contains("Default audio device was " + defaultDevice));
+
+    LinuxAudioConfig const config;
+    QStringList const offered = config.listDevices();
+    EXPECT_THAT(offered, Contains(config.defaultDevice()));
+    EXPECT_THAT(offered, Contains(QString("default")));
+    for (QString const& device : devices) {
+        EXPECT_EQ(offered.count(device), 1);
+        EXPECT_TRUE(_device.openDevice(device)) << qPrintable(device);
+        EXPECT_FALSE(_capture.contains("Could not open audio device")) << qPrintable(device);
+    }
+}
+
+TEST_F(AudioDeviceTest, ErrorsAreNamedWithThePlaceGiven)
+{
+    ASSERT_TRUE(_device.openDevice("default"));
+    struct {
+        void (*provoke)();
+        char const* line;
+    } const cases[] = {
+        {[] { alSourcePlay(4711); }, "here AL_INVALID_NAME"},
+        {[] {
+             ALuint source = 0;
+             alGenSources(1, &source);
+             alSourcei(source, 4711, 0);
+         },
+         "here AL_INVALID_ENUM"},
+        {[] { alDopplerFactor(-1.0F); }, "here AL_INVALID_VALUE"},
+        {[] {
+             ALuint source = 0;
+             ALuint buffer = 0;
+             alGenSources(1, &source);
+             alGenBuffers(1, &buffer);
+             alSourcei(source, AL_BUFFER, static_cast<ALint>(buffer));
+             alSourceQueueBuffers(source, 1, &buffer);
+         },
+         "here AL_INVALID_OPERATION"},
+    };
+    for (auto const& testCase : cases) {
+        testCase.provoke();
+        EXPECT_TRUE(AudioDevice::checkForALError("here")) << testCase.line;
+        EXPECT_EQ(_capture.count(testCase.line), 1) << testCase.line;
+        EXPECT_FALSE(AudioDevice::checkForALError("here")) << "an error is reported once";
+    }
+}
+
+TEST(AudioDeviceDeathTest, NoSoundAtAllIsAFailureInWords)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    auto const openNothing = [] {
+        qputenv("ALSOFT_DRIVERS", "no-such-driver");
+        LogCapture capture;
+        AudioDevice device;
+        bool const opened = device.openDevice("alsa");
+        bool const named = capture.contains("Could not open audio device alsa") &&
+                           capture.contains("Could not open defaut audio device");
+        std::_Exit(!opened && !device.isOpen() && named ? 0 : 1);
+    };
+    EXPECT_EXIT(openNothing(), testing::ExitedWithCode(0), "");
+}
