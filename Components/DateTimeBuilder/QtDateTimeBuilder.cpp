@@ -1,0 +1,8 @@
+#include "QtDateTimeBuilder.h"
+
+#include <QDateTime>
+
+QDateTime QtDateTimeBuilder::currentDateTime()
+{
+    return QDateTime::currentDateTime();
+}

@@ -1,0 +1,201 @@
+#include "SortedMemoQueue.h"
+
+#include "FakeTickCounter.h"
+#include "FakeTimer.h"
+#include "FakeTimerFactory.h"
+#include "LogCapture.h"
+#include "MersenneTwisterRandomGenerator.h"
+#include "TestMemo.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+
+class SortedMemoQueueTest : public testing::Test
+{
+protected:
+    SortedMemoQueueTest() { _queue->acquire(&_owner); }
+    ~SortedMemoQueueTest() override
+    {
+        _queue.reset();
+        EXPECT_THAT(_timers.timers(), IsEmpty());
+        EXPECT_EQ(TestMemo::living(), 0);
+    }
+
+    /// A memo that notes its name when it runs.
+    TestMemo* note(int name, void* owner)
+    {
+        return new TestMemo(owner, [this, name] { _ran.push_back(name); });
+    }
+    TestMemo* note(int name) { return note(name, &_owner); }
+
+    FakeTickCounter _clock;
+    FakeTimerFactory _timers{_clock};
+    std::unique_ptr<SortedMemoQueue> _queue = std::make_unique<SortedMemoQueue>(&_clock, &_timers);
+    char _owner = 0;
+    char _other = 0;
+    std::vector<int> _ran;
+};
+
+} // namespace
+
+TEST_F(SortedMemoQueueTest, RunsEachMemoAtItsTimeAndEqualTimesInTheOrderOfPosting)
+{
+    MersenneTwisterRandomGenerator random(1);
+    qint64 const start = _clock.msSinceEpoch();
+    std::vector<std::pair<qint64, int>> expected;
+    std::vector<std::pair<qint64, int>> ran;
+    for (int i = 0; i < 500; ++i) {
+        // Some are posted while earlier ones are due already, as after a long memo.
+        if (i % 50 == 0)
+            _clock.advance(7);
+        auto const ms = static_cast<unsigned int>(random.qint32rand(20));
+        expected.emplace_back(_clock.msSinceEpoch() + ms, i);
+        EXPECT_TRUE(
+            _queue->handleSoon(ms, new TestMemo(&_owner, [&, i] { ran.emplace_back(_clock.msSinceEpoch(), i); })));
+    }
+    qint64 const posted = _clock.msSinceEpoch();
+    EXPECT_THAT(ran, IsEmpty());
+    std::stable_sort(expected.begin(), expected.end(),
+                     [](auto const& one, auto const& two) { return one.first < two.first; });
+    for (auto& [ms, name] : expected)
+        ms = std::max(ms, posted);
+    _timers.advance(start + 200 - posted);
+    EXPECT_EQ(ran, expected);
+}
+
+TEST_F(SortedMemoQueueTest, TheTimerFollowsTheHeadOfTheQueue)
+{
+    FakeTimer* const timer = _timers.timers().constFirst();
+    EXPECT_TRUE(timer->isSingleShot());
+    auto const interval = [&] {
+        QCoreApplication::sendPostedEvents();
+        return timer->isActive() ? timer->interval() : -1;
+    };
+    _queue->handleSoon(std::numeric_limits<unsigned int>::max(), note(1));
+    EXPECT_EQ(interval(), std::numeric_limits<int>::max());
+    _queue->acquire(&_other);
+    _queue->handleSoon(50, note(2, &_other));
+    _queue->handleSoon(100, note(3));
+    EXPECT_EQ(interval(), 50);
+    _queue->release(&_other);
+    EXPECT_EQ(interval(), 100);
+    _clock.advance(300);
+    _queue->handleSoon(1, note(4));
+    EXPECT_EQ(interval(), 0);
+    timer->fire();
+    EXPECT_EQ(interval(), 1);
+    _timers.advance(std::numeric_limits<unsigned int>::max() - qint64{301});
+    EXPECT_THAT(_ran, ElementsAre(3, 4));
+    _timers.advance(1);
+    EXPECT_THAT(_ran, ElementsAre(3, 4, 1));
+    EXPECT_EQ(interval(), -1);
+}
+
+TEST_F(SortedMemoQueueTest, AMemoPostedByARunningOneRunsInTheSamePassIfItIsDue)
+{
+    _queue->handleNow(new TestMemo(&_owner, [this] {
+        _queue->handleSoon(1, note(2));
+        _queue->handleNow(note(1));
+    }));
+    QCoreApplication::sendPostedEvents();
+    _timers.timers().constFirst()->fire();
+    EXPECT_THAT(_ran, ElementsAre(1));
+    _timers.advance(1);
+    EXPECT_THAT(_ran, ElementsAre(1, 2));
+}
+
+TEST_F(SortedMemoQueueTest, RefusesMemosOfThoseWhoHaveNotAcquiredIt)
+{
+    QString const message =
+        "WARNING.*You must first acquire\\(\\) the right to post memos \\(once\\), and make your memos "
+        "return the same object as its owner\\. Also don't forget to release\\(\\) the queue when "
+        "you're finished with it \\(first line in your destructor\\)\\.$";
+    LogCapture capture;
+    EXPECT_FALSE(_queue->handleNow(nullptr));
+    EXPECT_TRUE(capture.lines().constLast().endsWith("Cannot handle null memo; ignoring."));
+    EXPECT_FALSE(_queue->handleNow(note(1, &_other)));
+    EXPECT_THAT(capture.lines().constLast().toStdString(), testing::ContainsRegex(message.toStdString()));
+    _queue->release(&_owner);
+    EXPECT_FALSE(_queue->handleSoon(5, note(2)));
+    EXPECT_THAT(capture.lines().constLast().toStdString(), testing::ContainsRegex(message.toStdString()));
+    EXPECT_EQ(TestMemo::living(), 0);
+}
+
+TEST_F(SortedMemoQueueTest, ReleaseAndClearCancelTheMemosOfOneOwner)
+{
+    _queue->acquire(&_other);
+    auto const postBoth = [&] {
+        for (unsigned int ms = 0; ms < 3; ++ms) {
+            _queue->handleSoon(ms, note(1));
+            _queue->handleSoon(ms, note(2, &_other));
+        }
+    };
+    postBoth();
+    _queue->clear(&_owner);
+    EXPECT_EQ(TestMemo::living(), 3);
+    EXPECT_TRUE(_queue->handleNow(note(3)));
+    _timers.advance(10);
+    EXPECT_THAT(std::exchange(_ran, {}), ElementsAre(2, 3, 2, 2));
+    postBoth();
+    _queue->release(&_owner);
+    EXPECT_EQ(TestMemo::living(), 3);
+    _timers.advance(10);
+    EXPECT_THAT(_ran, ElementsAre(2, 2, 2));
+}
+
+TEST_F(SortedMemoQueueTest, AnExceptionDoesNotStopTheQueue)
+{
+    LogCapture capture;
+    _queue->handleNow(new TestMemo(&_owner, [] { throw std::runtime_error("one"); }));
+    _queue->handleNow(new TestMemo(&_owner, [] { throw 2; }));
+    _queue->handleNow(note(3));
+    _timers.advance(0);
+    EXPECT_THAT(_ran, ElementsAre(3));
+    EXPECT_EQ(capture.count("ERROR"), 2);
+    EXPECT_EQ(capture.count("onTimeout(): Caught unhandled exception in memo queue."), 2);
+    _queue->release(&_owner); // Would wait for ever if a mutex had stayed locked.
+}
+
+TEST_F(SortedMemoQueueTest, DeletesPendingMemosUnrun)
+{
+    _queue->handleNow(note(1));
+    _queue->handleSoon(5, note(2));
+    _queue.reset();
+    EXPECT_EQ(TestMemo::living(), 0);
+    EXPECT_THAT(_ran, IsEmpty());
+}
+
+TEST_F(SortedMemoQueueTest, AnEventLoopInsideAMemoRunsNoOtherMemo)
+{
+    _queue->handleNow(new TestMemo(&_owner, [this] {
+        _queue->handleNow(note(1));
+        QCoreApplication::sendPostedEvents();
+        _timers.timers().constFirst()->fire();
+        EXPECT_THAT(_ran, IsEmpty());
+        _ran.push_back(0);
+    }));
+    _timers.advance(0);
+    EXPECT_THAT(_ran, ElementsAre(0, 1));
+}
+
+TEST_F(SortedMemoQueueTest, AMemoMayReleaseItsOwnOwner)
+{
+    _queue->handleNow(new TestMemo(&_owner, [this] { _queue->release(&_owner); }));
+    _queue->handleNow(note(1));
+    _timers.advance(0);
+    EXPECT_THAT(_ran, IsEmpty());
+    EXPECT_EQ(TestMemo::living(), 0);
+}

@@ -1,0 +1,198 @@
+#include "ThreadedMemoQueue.h"
+
+#include "MersenneTwisterRandomGenerator.h"
+#include "TestMemo.h"
+
+#include <atomic>
+#include <barrier>
+#include <functional>
+#include <future>
+#include <gmock/gmock.h>
+#include <latch>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+namespace
+{
+
+class ThreadedMemoQueueTest : public testing::Test
+{
+protected:
+    ThreadedMemoQueueTest()
+    {
+        _queue.start();
+        _queue.waitUntilReady();
+    }
+    ~ThreadedMemoQueueTest() override
+    {
+        stop();
+        EXPECT_EQ(TestMemo::living(), 0);
+    }
+    void stop()
+    {
+        _queue.exit(0);
+        _queue.wait();
+    }
+
+    ThreadedMemoQueue _queue;
+};
+
+/// A component as the queue's contract wants it. Its counter has no lock: one memo runs at a time, and none after
+/// the release.
+class Component
+{
+public:
+    Component(MemoQueue& queue, std::function<unsigned int()> delay) : _queue(queue), _delay(std::move(delay))
+    {
+        _queue.acquire(this);
+    }
+    ~Component()
+    {
+        _queue.release(this);
+        _memosRun = -1;
+    }
+    Component(Component const&) = delete;
+    Component& operator=(Component const&) = delete;
+
+    /// Posts a memo that posts `further` more, one after the other.
+    void post(int further)
+    {
+        _queue.handleSoon(_delay(), new TestMemo(this, [this, further] {
+                              ASSERT_GE(_memosRun, 0);
+                              ++_memosRun;
+                              if (further > 0)
+                                  post(further - 1);
+                          }));
+    }
+
+private:
+    MemoQueue& _queue;
+    std::function<unsigned int()> const _delay;
+    int _memosRun = 0;
+};
+
+} // namespace
+
+TEST_F(ThreadedMemoQueueTest, RunsMemosOnItsThreadInTheOrderOfPosting)
+{
+    char owner = 0;
+    _queue.acquire(&owner);
+    std::vector<int> ran;
+    std::promise<QThread*> thread;
+    for (int i = 0; i < 1000; ++i)
+        EXPECT_TRUE(_queue.handleNow(new TestMemo(&owner, [&ran, i] { ran.push_back(i); })));
+    _queue.handleNow(new TestMemo(&owner, [&] { thread.set_value(QThread::currentThread()); }));
+    EXPECT_EQ(thread.get_future().get(), &_queue);
+    _queue.release(&owner);
+    ASSERT_EQ(ran.size(), 1000);
+    EXPECT_TRUE(std::is_sorted(ran.cbegin(), ran.cend()));
+}
+
+TEST_F(ThreadedMemoQueueTest, AnIdleQueueRunsADelayedMemo)
+{
+    char owner = 0;
+    _queue.acquire(&owner);
+    std::promise<void> ran;
+    _queue.handleSoon(60000, new TestMemo(&owner, [] { ADD_FAILURE(); }));
+    _queue.handleSoon(5, new TestMemo(&owner, [&] { ran.set_value(); }));
+    ran.get_future().wait();
+    _queue.release(&owner);
+}
+
+TEST_F(ThreadedMemoQueueTest, ReleaseWaitsForTheRunningMemoWhichMayStillPost)
+{
+    char owner = 0;
+    _queue.acquire(&owner);
+    std::latch running(1);
+    std::atomic<bool> ended = false;
+    _queue.handleNow(new TestMemo(&owner, [&] {
+        running.count_down();
+        // The first refusal tells that the release is under way.
+        while (_queue.handleSoon(60000, new TestMemo(&owner, [] { ADD_FAILURE(); })))
+            std::this_thread::yield();
+        char other = 0;
+        _queue.acquire(&other);
+        EXPECT_TRUE(_queue.handleNow(new TestMemo(&other, [] { ADD_FAILURE(); })));
+        _queue.release(&other);
+        ended = true;
+    }));
+    running.wait();
+    _queue.release(&owner);
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(TestMemo::living(), 0);
+}
+
+TEST_F(ThreadedMemoQueueTest, ThrowsWhileItsThreadDoesNotRun)
+{
+    char owner = 0;
+    std::vector<std::function<void(MemoQueue&)>> const calls{
+        [&](MemoQueue& queue) { queue.handleNow(new TestMemo(&owner, [] {})); },
+        [&](MemoQueue& queue) { queue.handleSoon(1, new TestMemo(&owner, [] {})); },
+        [&](MemoQueue& queue) { queue.acquire(&owner); },
+        [&](MemoQueue& queue) { queue.release(&owner); },
+        [&](MemoQueue& queue) { queue.clear(&owner); },
+    };
+    auto const expectAllThrow = [&](ThreadedMemoQueue& queue) {
+        for (auto const& call : calls) {
+            EXPECT_THAT([&] { call(queue); }, testing::ThrowsMessage<std::runtime_error>(
+                                                  testing::MatchesRegex("ThreadedMemoQueue:.* not running\\.")));
+        }
+        EXPECT_EQ(TestMemo::living(), 0);
+    };
+    ThreadedMemoQueue neverStarted;
+    expectAllThrow(neverStarted);
+    stop();
+    expectAllThrow(_queue);
+
+    _queue.start();
+    _queue.waitUntilReady();
+    for (auto const& call : calls)
+        EXPECT_NO_THROW(call(_queue));
+}
+
+TEST_F(ThreadedMemoQueueTest, ComponentsComeAndGoOnManyThreads)
+{
+    constexpr int threadCount = 4;
+    std::barrier start(threadCount);
+    std::vector<std::thread> threads;
+    for (int seed = 0; seed < threadCount; ++seed)
+        threads.emplace_back([this, &start, seed] {
+            MersenneTwisterRandomGenerator random(seed);
+            start.arrive_and_wait();
+            for (int i = 0; i < 300; ++i) {
+                auto const delay = static_cast<unsigned int>(random.qint32rand(2));
+                Component component(_queue, [delay] { return delay; });
+                for (int posts = random.qint32rand(8); posts > 0; --posts)
+                    component.post(random.qint32rand(4));
+                if (i % 5 == 0)
+                    _queue.clear(&component);
+                if (i % 3 == 0)
+                    std::this_thread::yield();
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+TEST_F(ThreadedMemoQueueTest, EndsWhileOthersCallIt)
+{
+    constexpr int threadCount = 3;
+    std::barrier posting(threadCount + 1);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < threadCount; ++i)
+        threads.emplace_back([this, &posting] {
+            char owner = 0;
+            _queue.acquire(&owner);
+            posting.arrive_and_wait();
+            auto const postForEver = [&] {
+                for (;;)
+                    _queue.handleNow(new TestMemo(&owner, [] {}));
+            };
+            EXPECT_THROW(postForEver(), std::runtime_error);
+        });
+    posting.arrive_and_wait();
+    stop();
+    for (std::thread& thread : threads)
+        thread.join();
+}
