@@ -1,0 +1,89 @@
+#include "AppSettings.h"
+
+#include "SettingsFile.h"
+
+#include <QAction>
+#include <QSignalSpy>
+
+#include <gmock/gmock.h>
+
+namespace
+{
+
+class AppSettingsTest : public testing::Test
+{
+protected:
+    AppSettingsTest() { _settings.createActions(); }
+    void TearDown() override { settingsFile().clear(); }
+
+    AppSettings _settings;
+};
+
+} // namespace
+
+TEST_F(AppSettingsTest, VolumeIsBroughtInsideAndEndsMute)
+{
+    QSignalSpy changed(&_settings, &AppSettings::volumeChanged);
+    for (double const volume : {0.5, -1.0, 2.0}) {
+        _settings.setMuted(true);
+        _settings.setVolume(volume);
+        EXPECT_EQ(_settings.volume(), qBound(0.0, volume, 1.0));
+        EXPECT_FALSE(_settings.muted());
+    }
+    EXPECT_EQ(changed.count(), 3);
+    _settings.setVolume(1.0);
+    EXPECT_EQ(changed.count(), 3);
+}
+
+TEST_F(AppSettingsTest, ASetterMirrorsItsActionAndStaysSilentWhenNothingChanges)
+{
+    QSignalSpy mute(&_settings, &AppSettings::muteChanged);
+    QSignalSpy mode(&_settings, &AppSettings::drawModeChanged);
+    _settings.setMuted(false);
+    _settings.setDrawMode(4);
+    _settings.setDrawMode(17);
+    EXPECT_TRUE(mute.isEmpty());
+    EXPECT_TRUE(mode.isEmpty());
+    _settings.setMuted(true);
+    _settings.setDrawMode(1);
+    EXPECT_EQ(mute.count(), 1);
+    EXPECT_EQ(mode.count(), 1);
+    EXPECT_TRUE(_settings.action("Mute")->isChecked());
+    EXPECT_TRUE(_settings.drawModeActions().at(1)->isChecked());
+    EXPECT_FALSE(_settings.drawModeActions().at(4)->isChecked());
+}
+
+TEST_F(AppSettingsTest, TheInstallationKeepsItsIdentifier)
+{
+    _settings.loadGlobalSettings();
+    QString const guid = _settings.mmsClientGuid();
+    EXPECT_FALSE(guid.isEmpty());
+    AppSettings second;
+    second.loadGlobalSettings();
+    EXPECT_EQ(second.mmsClientGuid(), guid);
+}
+
+TEST_F(AppSettingsTest, ThePathToTheScreenCanBeForced)
+{
+    using Conversion = AppSettings::ColourConversion;
+    std::pair<char const*, Conversion> const cases[] = {{"auto", Conversion::Automatic},
+                                                        {"shader", Conversion::Shader},
+                                                        {"fragmentProgram", Conversion::FragmentProgram},
+                                                        {"software", Conversion::Software},
+                                                        {"nonsense", Conversion::Automatic}};
+    for (auto const& [text, conversion] : cases) {
+        settingsFile().setValue("application/video/colourConversion", text);
+        _settings.loadGlobalSettings();
+        EXPECT_EQ(_settings.colourConversion(), conversion) << text;
+    }
+}
+
+TEST_F(AppSettingsTest, EveryActionHasItsOwnShortcut)
+{
+    QStringList seen;
+    for (QAction const* const action : _settings.findChildren<QAction*>() + _settings.speedActions()) {
+        QString const shortcut = action->shortcut().toString();
+        EXPECT_TRUE(shortcut.isEmpty() || !seen.contains(shortcut)) << qPrintable(action->text());
+        seen.append(shortcut);
+    }
+}
