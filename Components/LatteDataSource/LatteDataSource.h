@@ -1,0 +1,84 @@
+#pragma once
+
+#include "GLMovieDataSource.h"
+#include "NetworkErrors.h"
+#include "StreamDescription.h"
+
+#include <QByteArray>
+
+class Latte;
+class LatteClient;
+
+/// Feeds FFmpeg from a LatteClient, which lives on a thread of its own while it delivers.
+///
+/// Goes through closed, buffering, open (FFmpeg reads through the callback), resetting (from a change of the stream's
+/// header to closed()), and back to buffering. Listeners of closed() must have stopped reading, and forgotten the
+/// streams, when they return.
+class LatteDataSource : public GLMovieDataSource
+{
+    Q_OBJECT
+
+public:
+    static constexpr int minimumBufferedBytes = 128000;   ///< For schemes that have no start-up rule of their own.
+    static constexpr int maximumBufferedBytes = 32 << 20; ///< More waits in the client until the source is open.
+    static constexpr int openDelay = 5000;  ///< ms from open(), and from a failed attempt, to the next attempt.
+    static constexpr int resetDelay = 3000; ///< ms from a new stream header to closed().
+
+    /// The Latte must outlive this object. An empty name stands for the address of the stream.
+    LatteDataSource(Latte* latte, StreamDescription const& streamDescription, QString const& name,
+                    QObject* parent = nullptr);
+    ~LatteDataSource() override;
+
+    /// An address that no client takes leaves the source closed and is an error for the viewer.
+    void open() override;
+    void close() override;
+    void start() override;
+    void stop() override;
+    int readFrame(AVPacket* packet) override;
+    /// Does nothing and returns 0: what is live cannot be sought.
+    int seekFrame(AVStream* stream, long long timestamp, int flags) override;
+
+public slots:
+    void onLatteBytesReady(LatteClient* client);
+    void onLatteDescriptorChanged(LatteClient* client, qint64 offset);
+    void onLatteStateChanged(LatteClient* client);
+    void onLatteError(LatteClient* client, NetworkErrors::NetworkError code);
+    void onReset();
+    void onProgressChanged(LatteClient* client, QString const& text);
+
+protected:
+    bool isReadable() const override { return _opened && _formatContext; }
+
+private:
+    class LatteDataSourceThread;
+
+    bool takeBytes(LatteClient* client);
+    bool isExhausted() const;
+    void tryOpen();
+    int contextFromHeader(QByteArray const& header);
+    int openFormat(QByteArray const& header);
+    int bytesForProbing(unsigned char* buffer, int size);
+    int bytesForReading(unsigned char* buffer, int size);
+    int bytesFromBuffer(unsigned char* buffer, int size);
+    static int latteReadCallback(void* opaque, unsigned char* buffer, int size);
+
+    static Logger* log;
+
+    Latte* const _latte;
+    StreamDescription const _streamDescription;
+    LatteClient* _client = nullptr; ///< Null unless open; changed only while no read runs.
+    std::unique_ptr<LatteDataSourceThread> _thread;
+    QTimer _retryTimer; ///< Comes back to bytes that came too early for an attempt.
+    QTimer _resetTimer;
+    qint64 _openTime = 0; ///< When open() was called or the last attempt failed, by currentMilliseconds().
+
+    std::atomic<bool> _firstReadDone{false};
+    std::atomic<bool> _opened{false};
+    std::atomic<bool> _resetPending{false};
+
+    // Touched by the owner's thread until _opened is set, and by reads afterwards.
+    QByteArray _dataBuffer;          ///< Read from the client before the source was open.
+    qsizetype _dataPosition = 0;     ///< Where in it FFmpeg reads next.
+    QByteArray _descriptorBuffer;    ///< The header still to be given to FFmpeg.
+    int _prevReadCallbackReturn = 0; ///< The last count given while probing.
+};

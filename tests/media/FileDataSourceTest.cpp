@@ -1,0 +1,241 @@
+#include "FileDataSource.h"
+
+#include "Clips.h"
+#include "LogCapture.h"
+#include "LoopbackHttpServer.h"
+#include "SourceTestSupport.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+namespace
+{
+
+/// A source whose clock the test moves.
+class ClockedSource : public FileDataSource
+{
+public:
+    using FileDataSource::FileDataSource;
+
+    int watchdogInterval() const { return findChild<QTimer*>("errorTimer")->interval(); }
+    bool isWatching() const { return findChild<QTimer*>("errorTimer")->isActive(); }
+    using FileDataSource::onErrorTimer;
+
+    bool readOne()
+    {
+        AVPacket* packet = av_packet_alloc();
+        bool const read = readFrame(packet) == 0;
+        av_packet_free(&packet);
+        return read;
+    }
+
+    qint64 now = 0;
+
+protected:
+    qint64 currentMilliseconds() const override { return now; }
+};
+
+} // namespace
+
+TEST(Watchdog, AllowsTenAverageIntervalsButNeverLessThanTheFloor)
+{
+    struct Case {
+        int interval;
+        int watchdog;
+    };
+    // The average counts the first frame, which has no interval: four intervals over five frames.
+    Case const cases[] = {{40, 20000}, {1000, 20000}, {2500, 20000}, {3000, 24000}, {10000, 80000}};
+    for (Case const& c : cases) {
+        ClockedSource source(Clips::h264Aac());
+        ASSERT_TRUE(openSource(source));
+        source.start();
+        EXPECT_EQ(source.watchdogInterval(), 60000);
+        for (int i = 0; i < 5; ++i, source.now += c.interval)
+            ASSERT_TRUE(source.readOne());
+        EXPECT_EQ(source.watchdogInterval(), c.watchdog) << c.interval;
+    }
+}
+
+TEST(Watchdog, NextFrameOrStopClearsTheError)
+{
+    ClockedSource source(Clips::h264Aac());
+    ASSERT_TRUE(openSource(source));
+    QSignalSpy const error(&source, &GLMovieDataSource::error);
+    auto const texts = [&error] {
+        QStringList result;
+        for (auto const& arguments : error)
+            result << arguments.at(1).toString();
+        return result;
+    };
+    source.onErrorTimer();
+    EXPECT_TRUE(source.readOne());
+    EXPECT_TRUE(source.readOne());
+    EXPECT_EQ(texts(), (QStringList{"Stream unavailable", ""}));
+    source.onErrorTimer();
+    source.stop();
+    source.stop();
+    EXPECT_EQ(texts(), (QStringList{"Stream unavailable", "", "Stream unavailable", ""}));
+    EXPECT_TRUE(source.readOne()); // Late, from a reader that has not heard of the stop.
+    EXPECT_FALSE(source.isWatching());
+}
+
+TEST(Recording, HoldsThePacketsBytesAndStopsWhenItCannotWrite)
+{
+    FileDataSource source(Clips::h264Aac());
+    ASSERT_TRUE(openSource(source));
+    EXPECT_FALSE(source.startRecording("/proc/nowhere/film"));
+    ASSERT_TRUE(source.startRecording(Clips::scratch("records/film")));
+    ReadResult const result = readToEnd(source);
+    EXPECT_GT(result.bytes, 0u);
+    EXPECT_EQ(source.bytesRead(), result.bytes);
+    QDir const directory(Clips::scratch("records"));
+    QStringList const files = directory.entryList({"film????????????.dump"});
+    ASSERT_EQ(files.size(), 1);
+    EXPECT_EQ(QFileInfo(directory.filePath(files.first())).size(), static_cast<qint64>(result.bytes));
+    source.stopRecording();
+    EXPECT_FALSE(source.isRecording());
+}
+
+TEST(FileDataSource, PlaysEveryKindOfClip)
+{
+    struct Case {
+        QString path;
+        int videoFrames;
+        bool audio;
+    };
+    Case const cases[] = {
+        {Clips::h264Aac(), 50, true},  {Clips::h264AacIndexLast(), 50, true}, {Clips::wmv(), 50, true},
+        {Clips::audioOnly(), 0, true}, {Clips::videoOnly(), 50, false},       {"file://" + Clips::wmv(), 50, true},
+    };
+    for (Case const& c : cases) {
+        FileDataSource source(c.path);
+        ASSERT_TRUE(openSource(source)) << qPrintable(c.path);
+        EXPECT_EQ(source.videoStream() != nullptr, c.videoFrames > 0);
+        EXPECT_EQ(source.audioStream() != nullptr, c.audio);
+        EXPECT_NEAR(source.duration(), 2.0, 0.2) << qPrintable(c.path);
+        ReadResult const result = Reader(source).result();
+        EXPECT_EQ(result.end, AVERROR_EOF);
+        EXPECT_EQ(result.videoFrames, c.videoFrames) << qPrintable(c.path);
+        EXPECT_EQ(result.audioFrames > 0, c.audio) << qPrintable(c.path);
+    }
+}
+
+TEST(FileDataSource, RewindsAndReopens)
+{
+    FileDataSource source(Clips::h264Aac());
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_TRUE(openSource(source));
+        int const frames = Reader(source).result().videoFrames;
+        source.setInterrupted(false);
+        EXPECT_GE(source.seekFrame(source.videoStream(), 0, 0), 0);
+        EXPECT_EQ(Reader(source).result().videoFrames, frames);
+        source.close();
+        EXPECT_EQ(source.videoStream(), nullptr);
+    }
+}
+
+TEST(FileDataSource, BadInputIsAnErrorAtOnce)
+{
+    QString const cases[] = {
+        Clips::scratch("missing.mp4"),
+        Clips::write("empty.mp4", ""),
+        Clips::write("text.mp4", QByteArray("These are words, not pictures.\n").repeated(200)),
+        Clips::write("noise.wmv", QByteArray(100000, '\xA7')),
+        Clips::write("cut.mp4", Clips::bytes(Clips::h264AacIndexLast()).left(20000)),
+        Clips::write("subtitles.srt", "1\n00:00:00,000 --> 00:00:01,000\nHello\n\n"),
+        Clips::scratch("."),
+        QString(),
+        "http://127.0.0.1:1/film",
+        "nosuchscheme://host/film",
+        "concat:" + Clips::audioOnly(),
+        "subfile,,start,0,end,0,,:" + Clips::audioOnly(),
+    };
+    for (QString const& path : cases) {
+        LogCapture const capture;
+        FileDataSource source(path);
+        QSignalSpy const error(&source, &GLMovieDataSource::error);
+        EXPECT_FALSE(openSource(source)) << qPrintable(path);
+        ASSERT_EQ(error.size(), 1) << qPrintable(path);
+        EXPECT_EQ(error.first().at(1).toString(), "Stream unavailable");
+        EXPECT_TRUE(capture.contains("Could not open " + path) || capture.contains("Cannot play"))
+            << qPrintable(path);
+    }
+}
+
+TEST(FileDataSource, ANetworkPlaylistLeadsNowhereButToTheNetwork)
+{
+    QByteArray const local = Clips::videoOnly().toUtf8();
+    for (QByteArray const& entry : {QByteArray("file://" + local), QByteArray("concat:" + local),
+                                    QByteArray("subfile,,start,0,end,9999,,:" + local)}) {
+        LoopbackHttpServer server(LoopbackHttpServer::Whole,
+                                  "#EXTM3U\n#EXT-X-TARGETDURATION:2\n#EXTINF:2,\n" + entry + "\n#EXT-X-ENDLIST\n");
+        FileDataSource source(server.url("list.m3u8"));
+        EXPECT_FALSE(openSource(source)) << entry.constData();
+    }
+}
+
+TEST(FileDataSource, EndOfANetworkStream)
+{
+    struct Case {
+        LoopbackHttpServer::Manner manner;
+        QString clip;
+        bool loss;
+    };
+    Case const cases[] = {
+        {LoopbackHttpServer::Whole, Clips::h264Aac(), false},
+        {LoopbackHttpServer::CutOff, Clips::h264Aac(), true},
+        {LoopbackHttpServer::WithoutLength, Clips::videoOnly(), true}, // Live: nobody knows its length.
+    };
+    for (Case const& c : cases) {
+        LoopbackHttpServer server(c.manner, Clips::bytes(c.clip));
+        FileDataSource source(server.url());
+        ASSERT_TRUE(openSource(source)) << c.manner;
+        QSignalSpy error(&source, &GLMovieDataSource::error);
+        EXPECT_EQ(Reader(source).result().end == AVERROR_EOF, !c.loss) << c.manner;
+        QCoreApplication::processEvents();
+        EXPECT_EQ(error.size(), c.loss ? 1 : 0) << c.manner;
+    }
+}
+
+TEST(FileDataSource, ClosesAtOnceInAnyState)
+{
+    QString const fifo = Clips::scratch("fifo");
+    ASSERT_EQ(mkfifo(qPrintable(fifo), 0600), 0);
+    LoopbackHttpServer silent(LoopbackHttpServer::Silent, {});
+    LoopbackHttpServer stalled(LoopbackHttpServer::Stalled, Clips::bytes(Clips::h264AacIndexLast()));
+    for (QString const& path : {fifo, silent.url(), stalled.url(), Clips::h264Aac()}) {
+        for (int i = 0; i < 8; ++i) {
+            FileDataSource source(path);
+            QSignalSpy const error(&source, &GLMovieDataSource::error);
+            source.open();
+            for (int rounds = QRandomGenerator::global()->bounded(20); rounds > 0; --rounds)
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+            QElapsedTimer timer;
+            timer.start();
+            source.close();
+            EXPECT_LT(timer.elapsed(), 150) << qPrintable(path);
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(error.isEmpty());
+        }
+    }
+    QFile(fifo).open(QIODevice::ReadWrite); // Lets the threads that were left behind go.
+    QCoreApplication::processEvents();
+}
+
+TEST(FileDataSource, InterruptEndsABlockedRead)
+{
+    LoopbackHttpServer server(LoopbackHttpServer::Stalled, Clips::bytes(Clips::videoOnly()));
+    FileDataSource source(server.url());
+    ASSERT_TRUE(openSource(source));
+    Reader reader(source);
+    ASSERT_TRUE(waitUntil([&] { return source.bytesRead() > 0; }));
+    QElapsedTimer timer;
+    timer.start();
+    source.setInterrupted(true);
+    EXPECT_EQ(reader.result().end, AVERROR_EXIT);
+    EXPECT_LT(timer.elapsed(), 300);
+}

@@ -1,0 +1,142 @@
+#include "HttpFileDataSource.h"
+
+#include "Clips.h"
+#include "LogCapture.h"
+#include "LoopbackHttpServer.h"
+#include "SourceTestSupport.h"
+
+#include <QRandomGenerator>
+
+#include <gmock/gmock.h>
+
+namespace
+{
+using Manner = LoopbackHttpServer::Manner;
+}
+
+TEST(HttpFileDataSource, PlaysWhatItDownloads)
+{
+    struct Case {
+        Manner manner;
+        QString clip;
+    };
+    Case const cases[] = {{Manner::Whole, Clips::h264Aac()},
+                          {Manner::Slow, Clips::h264Aac()},
+                          {Manner::Slow, Clips::h264AacIndexLast()},
+                          {Manner::WithoutLength, Clips::wmv()},
+                          {Manner::Slow, Clips::videoOnly()}};
+    for (Case const& c : cases) {
+        LogCapture const capture;
+        QByteArray const film = Clips::bytes(c.clip);
+        LoopbackHttpServer server(c.manner, film);
+        HttpFileDataSource source(server.url());
+        QSignalSpy const state(&source, &GLMovieDataSource::stateChanged);
+        QSignalSpy const complete(&source, &HttpFileDataSource::downloadComplete);
+        ASSERT_TRUE(openSource(source)) << qPrintable(c.clip);
+        Reader reader(source);
+        ReadResult const result = reader.result();
+        EXPECT_EQ(result.end, AVERROR_EOF);
+        EXPECT_EQ(result.videoFrames, 50) << qPrintable(c.clip);
+        EXPECT_TRUE(waitUntil([&] { return complete.size() == 1; }));
+        EXPECT_EQ(source.bytesRead(), static_cast<quint64>(film.size()));
+        EXPECT_EQ(state.first().at(1).toString(), "Acquiring Channel...\nPlease wait");
+        EXPECT_TRUE(server.request().contains("User-Agent: OmbravisionTests\r\n"));
+        EXPECT_TRUE(capture.contains("Download completed for " + source.uri()));
+    }
+}
+
+TEST(HttpFileDataSource, FailuresTellTheViewer)
+{
+    struct Case {
+        Manner manner;
+        QByteArray body;
+        char const* logged;
+    };
+    QByteArray const film = Clips::bytes(Clips::h264AacIndexLast());
+    Case const cases[] = {
+        {Manner::NotFound, Clips::bytes(Clips::h264Aac()), "Network Error "},
+        {Manner::Silent, {}, "Network Error "},
+        {Manner::Stalled, film, "Network Error "},
+        {Manner::CutOff, film, "Network Error "},
+        {Manner::Whole, {}, "Failed to determine file format for "},
+        {Manner::Whole, QByteArray(300000, '\xA7'), "Failed to determine file format for "},
+        {Manner::Slow, QByteArray(30000, '\xA7'), "Failed to determine file format for "},
+        {Manner::Whole, "1\n00:00:00,000 --> 00:00:01,000\nHello\n\n",
+         "No video or audio streams found. Cannot play "},
+    };
+    for (Case const& c : cases) {
+        LogCapture const capture;
+        LoopbackHttpServer server(c.manner, c.body);
+        HttpFileDataSource source(server.url());
+        source.setTransferTimeout(100);
+        QSignalSpy const error(&source, &GLMovieDataSource::error);
+        EXPECT_FALSE(openSource(source)) << c.manner;
+        QCoreApplication::processEvents();
+        ASSERT_EQ(error.size(), 1) << c.manner;
+        EXPECT_TRUE(error.first().at(1).toString().startsWith("Failed to open ")) << c.manner;
+        EXPECT_TRUE(capture.contains(c.logged)) << c.manner << c.logged;
+    }
+    HttpFileDataSource local("file://" + Clips::h264Aac());
+    EXPECT_FALSE(openSource(local));
+}
+
+TEST(HttpFileDataSource, ADownloadCutOffWhilePlayingIsALoss)
+{
+    LoopbackHttpServer server(Manner::CutOff, Clips::bytes(Clips::videoOnly()));
+    HttpFileDataSource source(server.url());
+    ASSERT_TRUE(openSource(source));
+    QSignalSpy const error(&source, &GLMovieDataSource::error);
+    ReadResult const result = Reader(source).result();
+    EXPECT_GT(result.videoFrames, 10);
+    EXPECT_NE(result.end, AVERROR_EOF);
+    ASSERT_TRUE(waitUntil([&] { return !error.isEmpty(); }));
+    EXPECT_EQ(error.last().at(1).toString(), "Stream unavailable");
+}
+
+TEST(HttpFileDataSource, ClosesAtAnyMoment)
+{
+    QByteArray const film = Clips::bytes(Clips::h264AacIndexLast());
+    for (Manner const manner : {Manner::Slow, Manner::Stalled, Manner::Silent, Manner::Whole}) {
+        LoopbackHttpServer server(manner, film);
+        for (int i = 0; i < 10; ++i) {
+            HttpFileDataSource source(server.url());
+            source.open();
+            for (int rounds = QRandomGenerator::global()->bounded(15); rounds > 0; --rounds)
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+            QElapsedTimer timer;
+            timer.start();
+            source.close();
+            EXPECT_LT(timer.elapsed(), 100) << manner;
+            EXPECT_EQ(source.position(), 0);
+        }
+    }
+}
+
+TEST(HttpFileDataSource, SeeksFromTheStartAndThePositionOnly)
+{
+    struct Source : HttpFileDataSource {
+        using HttpFileDataSource::HttpFileDataSource;
+        std::int64_t seek(std::int64_t offset, int origin)
+        {
+            return _formatContext->pb->seek(_formatContext->pb->opaque, offset, origin);
+        }
+    };
+    QByteArray const film = Clips::bytes(Clips::videoOnly());
+    LoopbackHttpServer server(Manner::Whole, film);
+    Source source(server.url());
+    ASSERT_TRUE(openSource(source));
+    ASSERT_TRUE(waitUntil([&] { return source.bytesRead() == static_cast<quint64>(film.size()); }));
+    struct Case {
+        std::int64_t offset;
+        int origin;
+        std::int64_t position;
+    };
+    Case const cases[] = {{1000, SEEK_SET, 1000}, {-300, SEEK_CUR, 700}, {-701, SEEK_CUR, 700},
+                          {5, SEEK_END, 700},     {5, 3, 700},           {INT64_MAX, SEEK_CUR, 700},
+                          {0, AVSEEK_SIZE, 700},  {-1, SEEK_SET, 700},   {INT64_MAX, SEEK_SET, INT64_MAX}};
+    for (Case const& c : cases) {
+        source.seek(c.offset, c.origin);
+        EXPECT_EQ(source.position(), c.position) << c.offset << " " << c.origin;
+    }
+    EXPECT_EQ(source.seek(0, AVSEEK_SIZE), film.size());
+}

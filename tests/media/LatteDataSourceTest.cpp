@@ -1,0 +1,398 @@
+#include "LatteDataSource.h"
+
+#include "Clips.h"
+#include "FakeLatteClient.h"
+#include "FileLatteClient.h"
+#include "FileLatteClientFactory.h"
+#include "Latte.h"
+#include "LogCapture.h"
+#include "SourceTestSupport.h"
+
+#include <gmock/gmock.h>
+
+namespace
+{
+
+/// A source whose clock the test moves.
+class ClockedLatteSource : public LatteDataSource
+{
+public:
+    using LatteDataSource::LatteDataSource;
+
+    QTimer* timer(char const* name) const { return findChild<QTimer*>(name); }
+    bool hasContext() const { return _formatContext != nullptr; }
+    using LatteDataSource::onErrorTimer;
+
+    std::atomic<qint64> now{0};
+
+protected:
+    qint64 currentMilliseconds() const override { return now; }
+};
+
+/// One ASF file taken apart into the header that a client describes and the packets that it delivers.
+struct Asf {
+    explicit Asf(QString const& path)
+    {
+        QByteArray const file = Clips::bytes(path);
+        qsizetype const data = file.indexOf(QByteArray::fromHex("3626b2758e66cf11a6d900aa0062ce6c")) + 50;
+        qsizetype const index = file.indexOf(QByteArray::fromHex("90080033b1e5cf1189f400a0c90349cb"));
+        header = file.left(data);
+        qsizetype const flags = header.indexOf(QByteArray::fromHex("a1dcab8c47a9cf118ee400c00c205365")) + 88;
+        header[flags] = 3; // Broadcast, seekable: the length in the header means nothing.
+        packets = file.mid(data, index - data);
+    }
+
+    static constexpr int packetSize = 3200;
+    QByteArray header;
+    QByteArray packets;
+};
+
+class LatteDataSourceTest : public testing::Test
+{
+protected:
+    LatteDataSourceTest()
+    {
+        for (char const* scheme : {"mms", "http", "rtsp"})
+            _latte.registerLatteClientFactory(UriScheme(scheme), &_factory);
+    }
+
+    void open(char const* uri, QByteArray const& profile = {})
+    {
+        StreamDescription description{Uri(uri)};
+        description.setDescriptor(profile);
+        _source = std::make_unique<ClockedLatteSource>(&_latte, description, QString());
+        _opened = std::make_unique<QSignalSpy>(_source.get(), &GLMovieDataSource::opened);
+        _error = std::make_unique<QSignalSpy>(_source.get(), &GLMovieDataSource::error);
+        _closed = std::make_unique<QSignalSpy>(_source.get(), &GLMovieDataSource::closed);
+        _source->open();
+    }
+
+    /// Lets queued signals arrive.
+    static void settle() { QCoreApplication::processEvents(); }
+
+    FakeLatteClient& client() const { return *_factory.client; }
+
+    void deliver(QByteArray const& bytes)
+    {
+        client().deliver(bytes);
+        settle();
+    }
+
+    /// Brings the source to the open state, on the whole of an ASF file.
+    void openOn(Asf const& asf)
+    {
+        open("mms://host/live");
+        client().setDescriptor(asf.header);
+        settle();
+        _source->now = 5000;
+        deliver(asf.packets);
+        ASSERT_EQ(_opened->size(), 1);
+    }
+
+    Latte _latte;
+    FakeLatteClientFactory _factory;
+    std::unique_ptr<ClockedLatteSource> _source;
+    std::unique_ptr<QSignalSpy> _opened;
+    std::unique_ptr<QSignalSpy> _error;
+    std::unique_ptr<QSignalSpy> _closed;
+};
+
+} // namespace
+
+TEST_F(LatteDataSourceTest, OpensNoSoonerThanFiveSecondsAfterOpen)
+{
+    Asf const asf(Clips::wmv());
+    open("mms://host/live");
+    client().setDescriptor(asf.header);
+    _source->now = 4999;
+    deliver(asf.packets);
+    EXPECT_TRUE(_opened->isEmpty());
+    EXPECT_TRUE(_source->timer("retryTimer")->isActive()); // Should nothing more come, the source opens all the same.
+    EXPECT_EQ(_source->timer("retryTimer")->interval(), 1);
+    _source->now = 5000;
+    EXPECT_TRUE(waitUntil([this] { return _opened->size() == 1; }));
+    EXPECT_TRUE(_source->videoStream());
+    EXPECT_TRUE(_source->audioStream());
+}
+
+TEST_F(LatteDataSourceTest, OtherSchemesWaitForEnoughBytes)
+{
+    Asf const asf(Clips::wmv(12));
+    open("rtsp://host/live", asf.header); // The directory's descriptor stands in for the client's.
+    _source->now = 5000;
+    deliver(asf.packets.left(127999));
+    EXPECT_TRUE(_opened->isEmpty());
+    deliver(asf.packets.mid(127999, 1));
+    EXPECT_EQ(_opened->size(), 1);
+    client().setState(LatteClient::Finished);
+}
+
+TEST_F(LatteDataSourceTest, EveryPacketArrivesInOrderFromBothBuffers)
+{
+    Asf const asf(Clips::wmv(12));
+    open("mms://host/live");
+    client().setDescriptor(asf.header);
+    client().setPacketSize(Asf::packetSize);
+    _source->now = 5000;
+    qsizetype const half = asf.packets.size() / 2 / Asf::packetSize * Asf::packetSize;
+    deliver(asf.packets.left(half));
+    ASSERT_EQ(_opened->size(), 1);
+    Reader reader(*_source);
+    for (qsizetype at = half; at < asf.packets.size(); at += 5000) // Pieces that are no whole packets.
+        deliver(asf.packets.mid(at, 5000));
+    EXPECT_FALSE(reader.isDone());
+    client().setState(LatteClient::Finished);
+    ReadResult const result = reader.result();
+    EXPECT_EQ(result.end, AVERROR_EOF);
+    EXPECT_EQ(result.videoFrames, 300);
+    EXPECT_GT(result.audioFrames, 200);
+}
+
+TEST_F(LatteDataSourceTest, AStreamThatCannotBeParsedIsTriedAgainEveryFiveSeconds)
+{
+    LogCapture const capture;
+    Asf const asf(Clips::wmv());
+    QByteArray broken = asf.header.left(30);
+    open("mms://host/live");
+    client().setDescriptor(broken);
+    _source->now = 5000;
+    deliver("some");
+    _source->now = 9999;
+    deliver("more");
+    EXPECT_EQ(capture.count("Opening mms://host/live"), 1);
+    client().setDescriptor(asf.header);
+    _source->now = 10000;
+    deliver("");
+    EXPECT_EQ(capture.count("Opening mms://host/live"), 2);
+    EXPECT_TRUE(_closed->isEmpty());
+    EXPECT_TRUE(capture.contains("Cannot play mms://host/live"));
+}
+
+TEST_F(LatteDataSourceTest, AnUnknownFormatIsReportedAsOpenedWithoutStreams)
+{
+    open("mms://host/live");
+    client().setDescriptor(QByteArray(100, '\xA7'));
+    _source->now = 5000;
+    deliver("data");
+    EXPECT_EQ(_opened->size(), 1);
+    EXPECT_EQ(_source->videoStream(), nullptr);
+    EXPECT_EQ(_source->audioStream(), nullptr);
+    EXPECT_LT(readToEnd(*_source).end, 0);
+}
+
+TEST_F(LatteDataSourceTest, ABlockedReadEndsOnInterruptionAndOnTheClientsState)
+{
+    Asf const asf(Clips::wmv());
+    for (bool const interrupt : {true, false}) {
+        openOn(asf);
+        Reader reader(*_source);
+        ASSERT_TRUE(waitUntil([this] { return _source->bytesRead() > 50000; }));
+        QElapsedTimer timer;
+        timer.start();
+        if (interrupt)
+            _source->setInterrupted(true);
+        else
+            client().setState(LatteClient::Idle);
+        int const end = reader.result().end;
+        EXPECT_LT(timer.elapsed(), 100);
+        settle();
+        if (interrupt) {
+            EXPECT_EQ(end, AVERROR_EXIT);
+            EXPECT_TRUE(_error->isEmpty());
+        } else { // A live stream has no end: this is a loss.
+            EXPECT_TRUE(end != AVERROR_EOF && end != AVERROR_EXIT);
+            ASSERT_EQ(_error->size(), 1);
+            EXPECT_EQ(_error->first().at(1).toString(), "Stream unavailable");
+        }
+    }
+}
+
+TEST_F(LatteDataSourceTest, ANewHeaderResetsAndOpensAnew)
+{
+    Asf const first(Clips::wmv());
+    Asf const second(Clips::wmv(12));
+    openOn(first);
+    Reader reader(*_source);
+    ASSERT_TRUE(waitUntil([this] { return _source->bytesRead() > 50000; }));
+    client().setDescriptor(second.header);
+    client().setDescriptor(second.header);
+    settle();
+    QTimer* const reset = _source->timer("resetTimer");
+    ASSERT_TRUE(reset->isActive());
+    EXPECT_EQ(reset->interval(), 3000);
+    deliver(second.packets.left(320000)); // Belongs to the new header: no read takes it.
+    EXPECT_FALSE(reader.isDone());        // Nor is this the end of the stream.
+    EXPECT_TRUE(_closed->isEmpty());
+
+    QObject::connect(_source.get(), &GLMovieDataSource::closed, _source.get(), [this] {
+        _source->setInterrupted(true); // As the movie does when it stops.
+    });
+    reset->start(0);
+    ASSERT_TRUE(waitUntil([this] { return _closed->size() == 1; }));
+    EXPECT_EQ(reader.result().end, AVERROR_EXIT);
+    _source->setInterrupted(false);
+    ASSERT_TRUE(waitUntil([this] { return _opened->size() == 2; }));
+    client().setState(LatteClient::Finished);
+    EXPECT_GT(Reader(*_source).result().videoFrames, 80);
+}
+
+TEST_F(LatteDataSourceTest, ClientLivesOnItsThreadAndComesBack)
+{
+    open("mms://host/live");
+    QThread* const latteThread = client().thread();
+    EXPECT_NE(latteThread, QThread::currentThread());
+    ASSERT_TRUE(waitUntil([this] { return client().threadOfStart() != nullptr; }));
+    EXPECT_EQ(client().threadOfStart(), latteThread);
+    client().report(NetworkErrors::CouldNotConnect);
+    client().report(NetworkErrors::NoError);
+    settle();
+    ASSERT_EQ(_error->size(), 1);
+    EXPECT_EQ(_error->first().at(1).toString(), "Could not connect to server");
+    _source->stop();
+    EXPECT_EQ(client().threadOfStop(), latteThread);
+    EXPECT_EQ(client().thread(), QThread::currentThread());
+    EXPECT_EQ(_error->last().at(1).toString(), "");
+    client().report(NetworkErrors::CouldNotConnect);
+    _source->close(); // What is still queued comes from a client that is gone.
+    settle();
+    EXPECT_EQ(_factory.disposals, 1);
+    EXPECT_EQ(_error->size(), 2);
+    _source->open();
+    EXPECT_TRUE(_factory.client);
+}
+
+TEST_F(LatteDataSourceTest, ClosesAtAnyMoment)
+{
+    Asf const asf(Clips::wmv());
+    for (int i = 0; i < 40; ++i) {
+        open("mms://host/live");
+        _source->now = 5000;
+        if (i % 4 > 0)
+            client().setDescriptor(asf.header);
+        if (i % 4 > 1)
+            client().deliver(asf.packets.left(i * 3200));
+        if (i % 2)
+            settle();
+        std::unique_ptr<Reader> const reader = i % 4 == 3 ? std::make_unique<Reader>(*_source) : nullptr;
+        QElapsedTimer timer;
+        timer.start();
+        if (reader) {
+            _source->setInterrupted(true);
+            reader->result();
+        }
+        _source->close();
+        EXPECT_LT(timer.elapsed(), 100);
+    }
+    EXPECT_EQ(_factory.disposals, 40);
+}
+
+TEST_F(LatteDataSourceTest, UnknownSchemeStaysClosed)
+{
+    open("gopher://host/a");
+    EXPECT_EQ(_factory.client, nullptr);
+    ASSERT_EQ(_error->size(), 1);
+    EXPECT_EQ(_error->first().at(1).toString(), "Stream unavailable");
+    _source->close();
+
+    LogCapture const capture;
+    FakeLatteClient stranger(Uri("gopher://host/a"));
+    _latte.close(&stranger);
+    EXPECT_TRUE(capture.contains("[ERROR]"));
+}
+
+TEST(FileLatteClient, PlaysAFileThroughADataSource)
+{
+    Latte latte;
+    FileLatteClientFactory factory;
+    latte.registerLatteClientFactory(UriScheme("file"), &factory);
+    struct Case {
+        QString path;
+        int videoFrames;
+    };
+    for (Case const& c : {Case{Clips::wmv(12), 300}, Case{Clips::h264Aac(8), 200}, Case{Clips::videoOnly(8), 200}}) {
+        ClockedLatteSource source(&latte, StreamDescription(Uri("file://" + c.path)), QString());
+        QSignalSpy const opened(&source, &GLMovieDataSource::opened);
+        source.open();
+        source.now = 5000;
+        ASSERT_TRUE(waitUntil([&] { return !opened.isEmpty(); })) << qPrintable(c.path);
+        ReadResult const result = Reader(source).result();
+        EXPECT_EQ(result.end, AVERROR_EOF);
+        EXPECT_EQ(result.videoFrames, c.videoFrames) << qPrintable(c.path);
+    }
+}
+
+TEST(FileLatteClient, AFileTooShortToOpenIsAnErrorAtOnce)
+{
+    Latte latte;
+    FileLatteClientFactory factory;
+    latte.registerLatteClientFactory(UriScheme("file"), &factory);
+    ClockedLatteSource source(&latte, StreamDescription(Uri("file://" + Clips::videoOnly())), QString());
+    QSignalSpy const opened(&source, &GLMovieDataSource::opened);
+    QSignalSpy const error(&source, &GLMovieDataSource::error);
+    source.open();
+    source.now = 5000;
+    ASSERT_TRUE(waitUntil([&] { return !error.isEmpty(); }));
+    EXPECT_EQ(error.first().at(1).toString(), "Stream unavailable");
+    EXPECT_TRUE(opened.isEmpty());
+}
+
+TEST(FileLatteClient, RefusesWhatCannotBePlayedFromFrontToBack)
+{
+    QString const cases[] = {Clips::scratch("missing.wmv"), Clips::scratch("."), Clips::write("empty.wmv", ""),
+                             Clips::write("noise.wmv", QByteArray(100000, '\xA7')), Clips::h264AacIndexLast()};
+    Latte latte;
+    FileLatteClientFactory factory;
+    latte.registerLatteClientFactory(UriScheme("file"), &factory);
+    for (QString const& path : cases) {
+        LogCapture const capture;
+        EXPECT_THROW(FileLatteClient(Uri("file://" + path)), std::invalid_argument) << qPrintable(path);
+        EXPECT_TRUE(capture.contains("Error code -")) << qPrintable(path);
+        LatteDataSource source(&latte, StreamDescription(Uri("file://" + path)), QString());
+        QSignalSpy const error(&source, &GLMovieDataSource::error);
+        source.open();
+        ASSERT_EQ(error.size(), 1);
+        EXPECT_EQ(error.first().at(1).toString(), "Stream unavailable");
+    }
+}
+
+TEST(FileLatteClient, DeliversTheWholeFileOnceInSteps)
+{
+    QByteArray const file = Clips::bytes(Clips::wmv());
+    FileLatteClient client(Uri("file://" + Clips::wmv()));
+    QSignalSpy const descriptor(&client, &LatteClient::descriptorChanged);
+    QSignalSpy const ready(&client, &LatteClient::readyRead);
+    EXPECT_EQ(client.state(), LatteClient::Idle);
+    client.startBuffering();
+    client.stopBuffering();
+    EXPECT_EQ(client.state(), LatteClient::Idle);
+    client.startBuffering();
+    EXPECT_EQ(descriptor.size(), 1);
+    EXPECT_EQ(ready.size(), 2);
+    EXPECT_THROW(client.setBufferByteLength(-1), std::invalid_argument);
+    client.setBufferByteLength(7000);
+    QByteArray all = client.descriptor(0);
+    std::vector<char> buffer(10000);
+    while (qint64 const count = client.read(buffer.data(), 10000)) {
+        ASSERT_GT(count, 0);
+        ASSERT_LE(count, 7000);
+        all.append(buffer.data(), count);
+    }
+    EXPECT_EQ(all, file);
+    EXPECT_EQ(client.state(), LatteClient::Finished);
+}
+
+TEST(FileLatteClientFactory, TakesBackItsOwnOnly)
+{
+    FileLatteClientFactory factory;
+    QPointer<LatteClient> const own = factory.createLatteClient(Uri("file://" + Clips::wmv()));
+    QPointer<FakeLatteClient> const stranger = new FakeLatteClient(Uri("file://a"));
+    LogCapture const capture;
+    factory.disposeLatteClient(nullptr);
+    factory.disposeLatteClient(own);
+    factory.disposeLatteClient(stranger);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(own);
+    EXPECT_TRUE(stranger);
+    EXPECT_TRUE(capture.contains("[WARNING]"));
+    delete stranger;
+}

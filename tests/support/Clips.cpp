@@ -1,0 +1,74 @@
+#include "Clips.h"
+
+#include <QFile>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+QString const picture = QStringLiteral("-f lavfi -t %1 -i testsrc2=size=160x120:rate=25 ");
+QString const tone = QStringLiteral("-f lavfi -t %1 -i sine=frequency=440:sample_rate=44100 ");
+QString const h264 = QStringLiteral("-c:v libx264 -preset ultrafast -pix_fmt yuv420p -g 25 ");
+} // namespace
+
+QString Clips::h264Aac(int seconds)
+{
+    return make("film%1.mp4", seconds, picture + tone + h264 + "-c:a aac -ac 2 -movflags +faststart");
+}
+
+QString Clips::h264AacIndexLast()
+{
+    return make("last%1.mp4", 2, picture + tone + h264 + "-c:a aac -ac 2");
+}
+
+QString Clips::wmv(int seconds)
+{
+    return make("film%1.wmv", seconds, picture + tone + "-c:v wmv2 -b:v 400k -g 25 -c:a wmav2 -b:a 64k -ac 2 -f asf");
+}
+
+QString Clips::audioOnly()
+{
+    return make("tone%1.mp3", 2, tone + "-c:a libmp3lame");
+}
+
+QString Clips::videoOnly(int seconds)
+{
+    return make("picture%1.ts", seconds, picture + h264);
+}
+
+QByteArray Clips::bytes(QString const& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString Clips::scratch(QString const& name)
+{
+    return directory().filePath(name);
+}
+
+QString Clips::write(QString const& name, QByteArray const& bytes)
+{
+    QFile file(scratch(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    return file.fileName();
+}
+
+QTemporaryDir& Clips::directory()
+{
+    static QTemporaryDir directory;
+    return directory;
+}
+
+QString Clips::make(QString const& name, int seconds, QString const& arguments)
+{
+    QString const path = scratch(name.arg(seconds));
+    if (QFile::exists(path))
+        return path;
+    QStringList list{"-hide_banner", "-loglevel", "error", "-nostdin", "-y"};
+    list += QString(arguments).replace("%1", QString::number(seconds)).split(' ', Qt::SkipEmptyParts) << path;
+    EXPECT_EQ(QProcess::execute("ffmpeg", list), 0) << qPrintable(arguments);
+    return path;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QTemporaryDir>
+
+/// Small films, made by the ffmpeg command when they are first asked for: a picture that moves, 160x120 at 25 per
+/// second, and a tone of 440 Hz at 44100 Hz.
+class Clips
+{
+public:
+    static QString h264Aac(int seconds = 2);   ///< MP4 with the index in front, H.264 and stereo AAC.
+    static QString h264AacIndexLast();         ///< Two seconds of the same, with the index at the end.
+    static QString wmv(int seconds = 2);       ///< ASF with WMV2 and stereo WMAV2, in packets of 3200 bytes.
+    static QString audioOnly();                ///< Two seconds of MP3.
+    static QString videoOnly(int seconds = 2); ///< MPEG transport stream with H.264.
+
+    /// The bytes of a file.
+    static QByteArray bytes(QString const& path);
+
+    /// A path in the directory of the clips, which lives as long as the process.
+    static QString scratch(QString const& name);
+
+    /// Makes a file of the given bytes there, and returns its path.
+    static QString write(QString const& name, QByteArray const& bytes);
+
+private:
+    static QTemporaryDir& directory();
+    static QString make(QString const& name, int seconds, QString const& arguments);
+};
