@@ -1,0 +1,140 @@
+"""The program itself, in a home directory of its own."""
+
+import collections
+import pathlib
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+
+from . import built, wait_for
+from .display import VirtualDisplay
+
+LogLine = collections.namedtuple("LogLine", "level file text")
+
+ALSOFT = """[general]
+drivers=wave
+channels=stereo
+sample-type=int16
+frequency=44100
+period_size=256
+[wave]
+file={wave}
+"""
+
+
+class Program:
+    """One instance of the program on a display, from entering the context to leaving it, when it has to end cleanly.
+
+    Sound goes to the file `wave`. `settings` maps "group/key" to values of the settings file.
+    """
+
+    def __init__(self, display: VirtualDisplay, *arguments, settings=None, debug=True):
+        self._binary = built("OMBRAVISION_PROGRAM", "application/ombravision")
+        self._display = display
+        self._arguments = (["-debug"] if debug else []) + list(arguments)
+        self.home = pathlib.Path(tempfile.mkdtemp(prefix="ombravision-home-"))
+        self.wave = self.home / "sound.wav"
+        self.log = self.home / ".Ombravision/Ombravision.log"
+        self.status = None
+        self._write_configuration(settings or {})
+
+    def _write_configuration(self, settings):
+        (self.home / "runtime").mkdir(mode=0o700)
+        (self.home / "alsoft.conf").write_text(ALSOFT.format(wave=self.wave))
+        groups = collections.defaultdict(list)
+        for key, value in settings.items():
+            group, name = key.split("/")
+            groups[group].append(f"{name}={value}\n")
+        text = "".join(f"[{group}]\n{''.join(lines)}" for group, lines in groups.items())
+        directory = self.home / ".config/Ombravision"
+        directory.mkdir(parents=True)
+        for name in ("Ombravision.ini", "Ombravision.conf"):  # The logger may read the second.
+            (directory / name).write_text(text)
+
+    @property
+    def environment(self):
+        kept = {name: value for name, value in self._display.environment.items() if not name.startswith("XDG_")}
+        return {**kept, "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.home / "runtime"), "LC_ALL": "C.UTF-8",
+                "ALSOFT_CONF": str(self.home / "alsoft.conf")}
+
+    def __enter__(self):
+        with open(self.home / "stdout", "wb") as out, open(self.home / "stderr", "wb") as err:
+            self._process = subprocess.Popen([self._binary, *map(str, self._arguments)], stdin=subprocess.DEVNULL,
+                                             stdout=out, stderr=err, env=self.environment, cwd=self.home)
+        self.pid = self._process.pid
+        try:
+            self.window = wait_for(self._find_window, 20, "the window of the program")
+        except BaseException:
+            self._process.kill()
+            self._process.wait()
+            raise
+        return self
+
+    def __exit__(self, kind, *_):
+        try:
+            self.quit()
+        finally:
+            if kind is None:
+                shutil.rmtree(self.home)
+            else:
+                print(f"kept for a look: {self.home}", flush=True)
+
+    def quit(self):
+        """Ends the program as a session does. It has ten seconds, and no excuse for a bad status."""
+        if self.status is not None:
+            return
+        self._process.send_signal(signal.SIGTERM)
+        try:
+            self.status = self._process.wait(10)
+        except subprocess.TimeoutExpired:
+            self._process.kill()
+            self.status = self._process.wait()
+            raise AssertionError("the program did not end when told to") from None
+        if self.status != 0:
+            raise AssertionError(f"the program ended with status {self.status}")
+
+    def is_running(self):
+        return self._process.poll() is None
+
+    def start_second(self, *arguments):
+        """Starts a second instance and returns its status."""
+        return subprocess.run([self._binary, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL, env=self.environment, timeout=30).returncode
+
+    def _find_window(self):
+        if not self.is_running():
+            raise AssertionError(f"the program ended with status {self._process.returncode} and said:\n"
+                                 + (self.home / "stderr").read_text(errors="replace"))
+        for window in self._display.windows():
+            if str(self.pid) in self._display.ask("xprop", "-id", window, "_NET_WM_PID").split():
+                return window
+        return None
+
+    def log_lines(self):
+        """All lines of the log, the rolled files included, oldest first; a line without a head continues the last."""
+        files = sorted(self.log.parent.glob(self.log.name + ".*"), reverse=True) + [self.log]
+        text = "".join(file.read_text(errors="replace") for file in files if file.exists())
+        return [LogLine(*match) for match in
+                re.findall(r"^\[(\w+)\] [\d-]+ [\d:.]+ (\S+):\d+ (.*(?:\n(?!\[\w+\] ).*)*)", text, re.MULTILINE)]
+
+    def logged(self, pattern):
+        """The lines of the log whose text holds the pattern."""
+        return [line for line in self.log_lines() if re.search(pattern, line.text)]
+
+    def wait_for_log(self, pattern, seconds=20, count=1):
+        return wait_for(lambda: len(self.logged(pattern)) >= count and self.logged(pattern), seconds,
+                        f'"{pattern}" in the log')
+
+    def video_rectangle(self, seconds=20):
+        """Where the picture is on the screen, as the program has said last: x, y, width, height."""
+        line = self.wait_for_log(r"^Video rectangle ", seconds)[-1]
+        return tuple(map(int, re.search(r"(-?\d+) (-?\d+) (\d+) (\d+)", line.text).groups()))
+
+    def fit_video_to(self, width, height):
+        """Gives the window such a size that a picture of that size is shown one to one. Returns its rectangle."""
+        self.video_rectangle()
+        self._display.resize(self.window, width, height + 160)
+        return wait_for(lambda: self.video_rectangle()[2:] == (width, height) and self.video_rectangle(), 10,
+                        f"a picture of {width}x{height}")

@@ -1,0 +1,67 @@
+"""Starts of the program: switches, a second instance, output, the log's files."""
+
+import os
+import unittest
+
+from support import clips, wait_for
+from support.display import VirtualDisplay
+from support.program import Program
+
+
+class Instances(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.display = cls.enterClassContext(VirtualDisplay())
+
+    def test_a_second_start_raises_the_first_window_and_ends(self):
+        with Program(self.display) as program:
+            for hide in (self.display.minimise, self.display.close):
+                hide(program.window)
+                wait_for(lambda: self.display.active_window() != program.window, 5, "the window to go away")
+                self.assertEqual(program.start_second(), 0)
+                wait_for(lambda: self.display.active_window() == program.window, 5, f"the window after {hide.__name__}")
+            self.assertFalse(program.logged(r"^Playing "))
+
+    def test_a_second_start_hands_its_files_over(self):
+        clip = clips.mp4()
+        with Program(self.display) as program:
+            self.assertEqual(program.start_second(clip), 0)
+            program.wait_for_log(r"^Playing .*" + clip.name)
+            self.assertIsNotNone(program.video_rectangle())
+
+    def test_debug_lines_of_the_named_classes_only(self):
+        for switch, others_shown in (("-debug", True), ("-debug=Foo,,Bar", False), ("-debug=Foo,,GLMovie", False)):
+            with self.subTest(switch), Program(self.display, switch, "--", clips.mp4(), debug=False) as program:
+                program.wait_for_log(r"^Playing ")
+                program.quit()
+                shown = {os.path.basename(line.file).split(".")[0] for line in program.log_lines() if line.level == "debug"}
+                named = set(switch.partition("=")[2].split(",")) - {""}
+                self.assertEqual(bool(shown - named), others_shown, shown)
+
+    def test_nothing_is_written_to_the_terminal_without_debug(self):
+        with Program(self.display, clips.mp4(), debug=False) as program:
+            program.wait_for_log(r"^Playing ")
+            targets = [os.readlink(f"/proc/{program.pid}/fd/{number}") for number in (1, 2)]
+            self.assertEqual(targets, ["/dev/null", "/dev/null"], "kept from being given to a file or a socket")
+            program.quit()
+            self.assertEqual((program.home / "stdout").read_bytes() + (program.home / "stderr").read_bytes(), b"")
+
+    def test_debug_keeps_the_terminal(self):
+        with Program(self.display) as program:
+            for number, name in ((1, "stdout"), (2, "stderr")):
+                self.assertEqual(os.readlink(f"/proc/{program.pid}/fd/{number}"), str(program.home / name))
+
+    def test_the_log_rolls(self):
+        settings = {"logger/maximumFileSize": 1500, "logger/numberOfOldFiles": 2}
+        with Program(self.display, clips.mp4(), settings=settings) as program:
+            program.wait_for_log(r"^Playing ")
+            program.quit()
+            names = {file.name for file in program.log.parent.iterdir()}
+            self.assertLessEqual({"Ombravision.log.1", "Ombravision.log.2"}, names)
+            self.assertNotIn("Ombravision.log.3", names)
+            for name in names - {"Ombravision.log"}:
+                self.assertLess((program.log.parent / name).stat().st_size, 1500 + 8192, name)
+
+
+if __name__ == "__main__":
+    unittest.main()

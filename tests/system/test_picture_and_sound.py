@@ -1,0 +1,102 @@
+"""What a viewer sees and hears of a film."""
+
+import time
+import unittest
+
+from support import clips, wait_for
+from support.clips import RATE
+from support.display import VirtualDisplay
+from support.picture import frame_of
+from support.program import Program
+from support.sound import Sound, WaveClock
+
+PATHS = ("shader", "fragmentProgram", "software")
+MINIMUM_PSNR = 30
+FINISHED = r"Movie finished\. Stopping"
+
+
+class PictureAndSound(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.display = cls.enterClassContext(VirtualDisplay())
+
+    def check_pictures(self, program, clip):
+        """Three screenshots show three frames, each as FFmpeg decodes it, and time goes on between them as it should."""
+        rectangle = program.fit_video_to(640, 360)
+        previous = None
+        for _ in range(3):
+            shown = self.display.screenshot(rectangle)
+            now = time.monotonic()
+            number = shown.number()
+            self.assertIsNotNone(number, "no frame number on the screen")
+            self.assertGreaterEqual(shown.psnr(frame_of(clip, number, 640, 360)), MINIMUM_PSNR, f"frame {number}")
+            if previous:
+                self.assertAlmostEqual((number - previous[0]) / RATE, now - previous[1], delta=0.3)
+            previous = number, now
+            time.sleep(0.5)
+
+    def check_tone(self, program, frequency, seconds):
+        sound = Sound.of_wave(program.wave)
+        first, last = sound.span()
+        self.assertAlmostEqual(last - first, seconds, delta=0.15)
+        for start in (first + 0.5, last - 1.5):
+            self.assertAlmostEqual(sound.pitch(frequency, start), frequency, delta=frequency / 150)
+
+    def test_each_film_on_each_path(self):
+        films = ((clips.mp4(), 440), (clips.asf(), 660), (clips.picture_only(), None))
+        for path in PATHS:
+            for clip, frequency in films:
+                with self.subTest(path=path, clip=clip.name), \
+                        Program(self.display, clip, settings={"video/colourConversion": path}) as program:
+                    self.check_pictures(program, clip)
+                    program.wait_for_log(FINISHED)
+                    program.quit()
+                    if frequency:
+                        self.check_tone(program, frequency, 8)
+
+    def test_sound_without_pictures(self):
+        with Program(self.display, clips.sound_only()) as program:
+            program.wait_for_log(FINISHED)
+            program.quit()
+            self.check_tone(program, 880, 5)
+
+    def test_full_screen(self):
+        clip = clips.mp4()
+        with Program(self.display, "-fullscreen", clip) as program:
+            x, y, width, height = program.video_rectangle()
+            wait_for(lambda: self.display.geometry(program.window) == (0, 0, self.display.width, self.display.height), 10,
+                     "a window as large as the screen")
+            x, y, width, height = program.video_rectangle()
+            self.assertAlmostEqual(width / height, 640 / 360, delta=0.01)
+            self.assertTrue(width == self.display.width or height == self.display.height, (x, y, width, height))
+            wait_for(lambda: self.display.screenshot((x, y, width, height)).number() is not None, 10, "a frame number")
+
+    def test_two_films_side_by_side(self):
+        with Program(self.display, clips.mp4(), clips.asf()) as program:
+            program.wait_for_log(r"^Playing .*\.mp4")
+            program.wait_for_log(r"^Playing .*\.asf")
+            program.wait_for_log(FINISHED, count=2)
+            program.quit()
+            sound = Sound.of_wave(program.wave)
+            first, _ = sound.span()
+            for frequency in (440, 660):
+                self.assertGreater(sound.strength(frequency, first + 2, 1), 1000, f"{frequency} Hz")
+
+    def test_pictures_keep_time_with_the_sound(self):
+        clip = clips.flash_and_beep()
+        own_offset = Sound.of_clip(clip).onsets()[0] - 1.0
+        with Program(self.display, clip) as program, WaveClock(program.wave) as clock:
+            x, y, width, height = program.video_rectangle()
+            with self.display.watch(y + height // 2, [x + width // 2], interval=0.002) as watch:
+                program.wait_for_log(FINISHED)
+            program.quit()
+            flashes = [when for when, digits in watch.changes if digits == "1"]
+            beeps = [clock.time_of(onset) for onset in Sound.of_wave(program.wave).onsets()]
+        self.assertGreaterEqual(len(flashes), 7)
+        for flash in flashes:
+            beep = min(beeps, key=lambda when: abs(when - flash))
+            self.assertAlmostEqual(beep - flash, own_offset, delta=0.04)
+
+
+if __name__ == "__main__":
+    unittest.main()
