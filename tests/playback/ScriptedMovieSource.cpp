@@ -17,18 +17,12 @@ constexpr int timeBase = 1000; // Time stamps are milliseconds.
 
 ScriptedMovieSource::ScriptedMovieSource() : GLMovieDataSource("scripted")
 {
-    _formatContext = avformat_alloc_context();
-}
-
-ScriptedMovieSource::~ScriptedMovieSource()
-{
-    avformat_free_context(_formatContext);
-    _formatContext = nullptr;
+    setFormatContext(FormatContextPointer(avformat_alloc_context()));
 }
 
 void ScriptedMovieSource::addVideo()
 {
-    AVStream* const stream = avformat_new_stream(_formatContext, nullptr);
+    AVStream* const stream = avformat_new_stream(_formatContext.get(), nullptr);
     stream->time_base = {1, timeBase};
     stream->avg_frame_rate = {25, 1};
     stream->codecpar->codec_type = AVMEDIA_TYPE_VIDEO;
@@ -36,18 +30,20 @@ void ScriptedMovieSource::addVideo()
     stream->codecpar->format = AV_PIX_FMT_YUV420P;
     stream->codecpar->width = side;
     stream->codecpar->height = side;
-    _videoStreamIndex = stream->index;
+    _videoIndex = stream->index;
+    setFormatContext(std::move(_formatContext));
 }
 
 void ScriptedMovieSource::addAudio(int codecId, int channels)
 {
-    AVStream* const stream = avformat_new_stream(_formatContext, nullptr);
+    AVStream* const stream = avformat_new_stream(_formatContext.get(), nullptr);
     stream->time_base = {1, timeBase};
     stream->codecpar->codec_type = AVMEDIA_TYPE_AUDIO;
     stream->codecpar->codec_id = static_cast<AVCodecID>(codecId);
     stream->codecpar->sample_rate = sampleRate;
     av_channel_layout_default(&stream->codecpar->ch_layout, channels);
-    _audioStreamIndex = stream->index;
+    _audioIndex = stream->index;
+    setFormatContext(std::move(_formatContext));
 }
 
 void ScriptedMovieSource::scriptClip(double seconds, bool video, bool audio)
@@ -70,7 +66,7 @@ QByteArray ScriptedMovieSource::payload(Packet const& packet) const
 {
     if (packet.isVideo)
         return QByteArray(side * side * 3 / 2, '\x50');
-    AVCodecParameters const* const parameters = _formatContext->streams[_audioStreamIndex]->codecpar;
+    AVCodecParameters const* const parameters = _formatContext->streams[_audioIndex]->codecpar;
     int const bits = av_get_bits_per_sample(parameters->codec_id);
     auto const samples = static_cast<int>(std::lround(packet.soundSeconds * sampleRate));
     return QByteArray(samples * bits / 8 * parameters->ch_layout.nb_channels, '\0');
@@ -88,7 +84,7 @@ int ScriptedMovieSource::readFrame(AVPacket* packet)
     if (int const result = av_new_packet(packet, static_cast<int>(bytes.size())); result < 0)
         return result;
     std::memcpy(packet->data, bytes.constData(), static_cast<size_t>(bytes.size()));
-    packet->stream_index = scripted.isVideo ? _videoStreamIndex : _audioStreamIndex;
+    packet->stream_index = scripted.isVideo ? _videoIndex : _audioIndex;
     packet->pts = scripted.hasTimestamp ? std::llround(scripted.seconds * timeBase) : AV_NOPTS_VALUE;
     packet->dts = packet->pts;
     packet->flags = scripted.isKey ? AV_PKT_FLAG_KEY : 0;

@@ -26,7 +26,6 @@ public:
     static constexpr int sampleRate = 48000;
 
     ScriptedMovieSource();
-    ~ScriptedMovieSource() override;
 
     void addVideo();
     /// A PCM codec (AV_CODEC_ID_PCM_...), and channels.
@@ -51,6 +50,8 @@ public:
 private:
     QByteArray payload(Packet const& packet) const;
 
+    int _videoIndex = -1;
+    int _audioIndex = -1;
     QList<Packet> _script;
     std::atomic<int> _next{0};
     std::atomic<bool> _live{false};
