@@ -29,11 +29,11 @@ constexpr char const* acknowledgement = "ack";
 /// A directory that only this user can enter, or nothing.
 QString privateDirectory()
 {
-    QString const runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!runtime.isEmpty() && QFileInfo(runtime).isDir() && QFileInfo(runtime).isWritable())
         return runtime;
 
-    QString const path = QDir::temp().filePath(QStringLiteral("ombravision-%1").arg(geteuid()));
+    QString path = QDir::temp().filePath(QStringLiteral("ombravision-%1").arg(geteuid()));
     QByteArray const name = path.toLocal8Bit();
     mkdir(name.constData(), S_IRWXU);
     // Anybody can make a directory or a link of this name first.
@@ -136,7 +136,9 @@ void SingleInstance::onNewConnection()
             client->deleteLater();
         });
         connect(client, &QLocalSocket::readyRead, this, [this, client] { onReadyRead(client); });
-        QTimer::singleShot(clientTimeoutMs, client, &QLocalSocket::abort);
+        auto* const timeout = new QTimer(client);
+        connect(timeout, &QTimer::timeout, client, &QLocalSocket::abort);
+        timeout->start(clientTimeoutMs);
         _clients.append(client);
         // The oldest client has to go before a new one goes unheard.
         if (_clients.size() > maximumClients)

@@ -14,7 +14,7 @@ from .display import VirtualDisplay
 LogLine = collections.namedtuple("LogLine", "level file text")
 
 ALSOFT = """[general]
-drivers=wave
+drivers={drivers}
 channels=stereo
 sample-type=int16
 frequency=44100
@@ -27,10 +27,11 @@ file={wave}
 class Program:
     """One instance of the program on a display, from entering the context to leaving it, when it has to end cleanly.
 
-    Sound goes to the file `wave`. `settings` maps "group/key" to values of the settings file.
+    Sound goes to the file `wave`, or nowhere with the driver "null". `settings` maps "group/key" to values of the
+    settings file.
     """
 
-    def __init__(self, display: VirtualDisplay, *arguments, settings=None, debug=True):
+    def __init__(self, display: VirtualDisplay, *arguments, settings=None, debug=True, driver="wave"):
         self._binary = built("OMBRAVISION_PROGRAM", "application/ombravision")
         self._display = display
         self._arguments = (["-debug"] if debug else []) + list(arguments)
@@ -38,11 +39,11 @@ class Program:
         self.wave = self.home / "sound.wav"
         self.log = self.home / ".Ombravision/Ombravision.log"
         self.status = None
-        self._write_configuration(settings or {})
+        self._write_configuration(settings or {}, driver)
 
-    def _write_configuration(self, settings):
+    def _write_configuration(self, settings, driver):
         (self.home / "runtime").mkdir(mode=0o700)
-        (self.home / "alsoft.conf").write_text(ALSOFT.format(wave=self.wave))
+        (self.home / "alsoft.conf").write_text(ALSOFT.format(drivers=driver, wave=self.wave))
         groups = collections.defaultdict(list)
         for key, value in settings.items():
             group, name = key.split("/")
@@ -59,11 +60,14 @@ class Program:
         return {**kept, "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.home / "runtime"), "LC_ALL": "C.UTF-8",
                 "ALSOFT_CONF": str(self.home / "alsoft.conf")}
 
-    def __enter__(self):
+    def start(self):
         with open(self.home / "stdout", "wb") as out, open(self.home / "stderr", "wb") as err:
             self._process = subprocess.Popen([self._binary, *map(str, self._arguments)], stdin=subprocess.DEVNULL,
                                              stdout=out, stderr=err, env=self.environment, cwd=self.home)
         self.pid = self._process.pid
+
+    def __enter__(self):
+        self.start()
         try:
             self.window = wait_for(self._find_window, 20, "the window of the program")
         except BaseException:
@@ -75,6 +79,9 @@ class Program:
     def __exit__(self, kind, *_):
         try:
             self.quit()
+        except AssertionError:
+            kind = AssertionError
+            raise
         finally:
             if kind is None:
                 shutil.rmtree(self.home)

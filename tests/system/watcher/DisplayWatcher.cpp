@@ -47,7 +47,7 @@ public:
     {
         unsigned long const pixel = XGetPixel(_image, x - _x, 0);
         unsigned long const sum = ((pixel >> 16) & 0xff) + ((pixel >> 8) & 0xff) + (pixel & 0xff);
-        return sum > 3 * 127;
+        return sum > 3UL * 127;
     }
 
 private:
