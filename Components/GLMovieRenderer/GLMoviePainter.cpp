@@ -26,12 +26,17 @@ void forEachCorner(GLMovieQuad const& quad, Corner corner)
     corner(quad.part.bottomLeft(), quad.left, quad.bottom);
 }
 
-/// Draws a quad with one texture on unit 0 by the fixed functions.
+/// Draws a quad with one texture on unit 0 by the fixed functions. Alpha comes from the vertex colour alone, as on
+/// the other ways: a picture or a shader that has one of its own does not make the window translucent.
 template<typename TextureCoordinates>
 void drawTextured(GLMovieQuad const& quad, TextureCoordinates coordinates)
 {
     glEnable(GL_TEXTURE_2D);
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_COMBINE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_RGB, GL_REPLACE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_RGB, GL_TEXTURE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_ALPHA, GL_REPLACE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_ALPHA, GL_PRIMARY_COLOR);
     glBegin(GL_QUADS);
     forEachCorner(quad, [&](QPointF const& point, double x, double y) {
         QPointF const texel = coordinates(point);
@@ -39,6 +44,7 @@ void drawTextured(GLMovieQuad const& quad, TextureCoordinates coordinates)
         glVertex3d(x, y, quad.z);
     });
     glEnd();
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
 }
 } // namespace
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QHash>
+#include <QHashFunctions>
 #include <QString>
 
 #include <compare>
