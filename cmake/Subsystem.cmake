@@ -24,12 +24,13 @@ function(add_subsystem name)
   target_link_libraries(ombravision_${name} PUBLIC ombravision_settings ${ARG_LINK})
 endfunction()
 
-# add_subsystem_tests(NAME LINK target... [GUI] [LABELS label...])
+# add_subsystem_tests(NAME LINK target... [GUI | WINDOW] [LABELS label...])
 #
 # One test program from the sources of the calling directory. GUI runs them under a QApplication on the offscreen
-# platform instead of a QCoreApplication.
+# platform instead of a QCoreApplication; WINDOW runs them on a real display with OpenGL, a virtual one if there is no
+# other, and labels them "window".
 function(add_subsystem_tests name)
-  cmake_parse_arguments(ARG "GUI" "" "LINK;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "GUI;WINDOW" "" "LINK;LABELS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   if(NOT sources)
     return()
@@ -38,10 +39,16 @@ function(add_subsystem_tests name)
   if(ARG_GUI)
     set(main ${CMAKE_SOURCE_DIR}/tests/support/GuiTestMain.cpp)
   endif()
+  set(environment "")
+  if(ARG_WINDOW)
+    set(main ${CMAKE_SOURCE_DIR}/tests/support/WindowTestMain.cpp)
+    list(APPEND ARG_LABELS window)
+    set(environment "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp")
+  endif()
   add_executable(${name}_tests ${sources} ${main})
   target_link_libraries(${name}_tests PRIVATE ${ARG_LINK} ombravision_test_support GTest::gmock Qt6::Test)
   include(GoogleTest)
   gtest_discover_tests(${name}_tests
     TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 120 LABELS "unit;${ARG_LABELS}")
+    PROPERTIES TIMEOUT 120 LABELS "unit;${ARG_LABELS}" ENVIRONMENT "${environment}")
 endfunction()

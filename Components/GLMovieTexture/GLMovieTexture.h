@@ -8,9 +8,11 @@ extern "C" {
 #include <QMutex>
 #include <QObject>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
+class Logger;
 struct AVCodecContext;
 struct AVFrame;
 
@@ -18,6 +20,9 @@ struct AVFrame;
 ///
 /// The video watcher overwrites the planes with update(); the GL thread uploads them between lock() and unlock().
 /// There is no queue: a picture that was not painted in time is gone. No OpenGL call is made here.
+///
+/// Where the texture of a plane is larger than the plane, the plane's last column and row are repeated once behind
+/// it, so that a filter at the edge finds no foreign colour.
 class GLMovieTexture : public QObject
 {
     Q_OBJECT
@@ -35,7 +40,9 @@ public:
     void lock() { _mutex.lock(); }
     void unlock() { _mutex.unlock(); }
 
-    /// Copies a picture of the created size and format into the planes and emits updated(). Any thread.
+    /// Copies a picture of the created size into the planes and emits updated(). Its format is the created one; an
+    /// RGB or RGBA texture takes YUV 4:2:0 and 4:4:4 too and converts them, RGBA also RGB24. Any other picture is
+    /// refused with a log line. Any thread.
     void update(AVFrame const* frame, bool isKeyFrame);
 
     /// The current RGB picture as 4 bytes per pixel (blue, green, red, 255), rows top to bottom, no padding;
@@ -54,6 +61,10 @@ public:
     int textureWidth(int index) const { return _textureWidth[static_cast<size_t>(index)]; }
     int textureHeight(int index) const { return _textureHeight[static_cast<size_t>(index)]; }
 
+    /// The columns and rows that hold the plane and, where there is room, its repeated edge.
+    int usedWidth(int index) const { return std::min(planeWidth(index) + 1, textureWidth(index)); }
+    int usedHeight(int index) const { return std::min(planeHeight(index) + 1, textureHeight(index)); }
+
     /// Counts pictures, so that a painter knows whether it has seen this one. Between lock() and unlock() only.
     quint64 generation() const { return _generation; }
 
@@ -64,9 +75,18 @@ signals:
 private:
     int createYUV(AVCodecContext const* context);
     int createRGB(AVCodecContext const* context);
+    void allocatePlane(int index, int width, int height);
+    bool updatePlanes(AVFrame const* frame);
     void updateYUV(AVFrame const* frame);
+    void updateYUV420PtoRGB(AVFrame const* frame);
+    void updateYUV444PtoRGB(AVFrame const* frame);
     void updateRGB24toRGB(AVFrame const* frame);
     void updateRGB24toRGBA(AVFrame const* frame);
+    void copyPlane(int index, AVFrame const* frame);
+    void repeatEdge(int index);
+    unsigned char* row(int index, int y);
+
+    static Logger* log;
 
     QMutex _mutex; ///< Guards the plane buffers and _generation; the rest is fixed between create() and destroy().
     std::array<std::vector<unsigned char>, maximumPlanes> _planes;
@@ -80,4 +100,5 @@ private:
     unsigned int _glFormat = 0;
     int _bytesPerPixel = 0;
     int _planeCount = 0;
+    bool _refusalReported = false; ///< Guarded by _mutex.
 };

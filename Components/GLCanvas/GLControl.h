@@ -1,0 +1,72 @@
+#pragma once
+
+#include "GLCanvas.h"
+
+#include <QList>
+#include <QPointer>
+#include <QString>
+
+class QKeyEvent;
+class QMouseEvent;
+class QWheelEvent;
+
+/// A canvas that takes part in events and may hold other controls, whose positions count from its own corner.
+///
+/// A GLControlLayout calls the event functions; each emits its signal. Points are in the coordinates of the
+/// control's holder. A control that calls ignore() on an event lets the layout's owner have it.
+class GLControl : public GLCanvas
+{
+    Q_OBJECT
+
+public:
+    /// The name is for the log.
+    explicit GLControl(QString const& name, QObject* parent = nullptr);
+    ~GLControl() override;
+
+    QString name() const { return _name; }
+
+    /// Adds a control on top of those it holds; borrowed unless `control` has a parent.
+    void addControl(GLControl* control);
+    void removeControl(GLControl* control);
+
+    /// The held controls that still live, lowest first.
+    QList<GLControl*> controls() const;
+
+    /// A disabled control is drawn and covers what is below, but gets no events. Starts enabled.
+    void setEnabled(bool enabled) { _enabled = enabled; }
+    bool isEnabled() const { return _enabled; }
+
+    virtual void mousePress(QPointF point, QMouseEvent* event);
+    virtual void mouseMove(QPointF point, QMouseEvent* event);
+    virtual void mouseRelease(QPointF point, QMouseEvent* event);
+    virtual void mouseWheel(QPointF point, QWheelEvent* event);
+    virtual void keyPress(QKeyEvent* event);
+    virtual void keyRelease(QKeyEvent* event);
+
+    using GLCanvas::render;
+    /// Draws the control and on top of it those it holds, with their opacity times its own.
+    virtual void render(double opacity);
+
+    /// Arranges what the control holds and makes its textures anew as needed. `scale` is device pixels per pixel.
+    /// The layout calls it when its size or scale has changed; a current context is not promised.
+    virtual void recalcLayout(double scale);
+
+    using GLCanvas::hitTest;
+    /// As above, but a control may answer for what it has had to arrange first.
+    virtual bool hitTest(QPointF point);
+
+signals:
+    void mousePressed(GLControl* control, QPointF point, QMouseEvent* event);
+    void mouseMoved(GLControl* control, QPointF point, QMouseEvent* event);
+    void mouseReleased(GLControl* control, QPointF point, QMouseEvent* event);
+    void mouseWheeled(GLControl* control, QWheelEvent* event);
+    void mouseEntered(GLControl* control);
+    void mouseLeft(GLControl* control);
+    void keyPressed(GLControl* control, QKeyEvent* event);
+    void keyReleased(GLControl* control, QKeyEvent* event);
+
+private:
+    QString const _name;
+    QList<QPointer<GLControl>> _controls;
+    bool _enabled = true;
+};

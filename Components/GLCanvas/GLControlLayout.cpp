@@ -1,0 +1,229 @@
+#include "GLControlLayout.h"
+
+#include "GLControl.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <qopengl.h>
+
+namespace
+{
+/// Appends the path from the topmost of the controls at the point inward.
+template<typename Hits>
+bool appendHits(Hits& hits, QList<GLControl*> const& controls, QPointF point)
+{
+    for (auto i = controls.crbegin(); i != controls.crend(); ++i) {
+        if (!(*i)->hitTest(point))
+            continue;
+        hits.append({*i, point});
+        appendHits(hits, (*i)->controls(), point - (*i)->geometry().topLeft());
+        return true;
+    }
+    return false;
+}
+
+/// Finds the offset of the holder of a control within a list of trees.
+bool findHolder(QList<GLControl*> const& controls, GLControl const* wanted, QPointF& offset)
+{
+    for (GLControl* const control : controls) {
+        if (control == wanted)
+            return true;
+        QPointF inner = offset + control->geometry().topLeft();
+        if (findHolder(control->controls(), wanted, inner)) {
+            offset = inner;
+            return true;
+        }
+    }
+    return false;
+}
+} // namespace
+
+GLControlLayout::GLControlLayout(QObject* parent) : QObject(parent) {}
+
+GLControlLayout::~GLControlLayout() = default;
+
+void GLControlLayout::addControl(GLControl* control)
+{
+    _controls.removeAll(control);
+    _controls.removeAll(nullptr);
+    _controls.append(control);
+    control->recalcLayout(_scale);
+}
+
+void GLControlLayout::removeControl(GLControl* control)
+{
+    _controls.removeAll(control);
+    if (_grabber == control)
+        _grabber = nullptr;
+    if (_focus == control)
+        _focus = nullptr;
+    if (_hovered.removeAll(control) > 0)
+        emit control->mouseLeft(control);
+}
+
+QList<GLControl*> GLControlLayout::controls() const
+{
+    QList<GLControl*> living;
+    for (QPointer<GLControl> const& control : _controls)
+        if (control)
+            living.append(control);
+    return living;
+}
+
+void GLControlLayout::setSize(QSizeF const& size, double scale)
+{
+    if (size == _size && scale == _scale)
+        return;
+    _size = size;
+    _scale = scale;
+    recalcLayout();
+}
+
+void GLControlLayout::recalcLayout()
+{
+    for (GLControl* const control : controls())
+        control->recalcLayout(_scale);
+}
+
+GLControl* GLControlLayout::controlAt(QPointF point) const
+{
+    QList<Hit> const hits = hitsAt(point);
+    return hits.isEmpty() ? nullptr : hits.constLast().control.data();
+}
+
+GLControl* GLControlLayout::focus() const
+{
+    if (_focus)
+        return _focus;
+    QList<GLControl*> const living = controls();
+    return living.isEmpty() ? nullptr : living.constFirst();
+}
+
+QList<GLControlLayout::Hit> GLControlLayout::hitsAt(QPointF point) const
+{
+    QList<Hit> hits;
+    appendHits(hits, controls(), point);
+    return hits;
+}
+
+QPointF GLControlLayout::toHolder(GLControl* control, QPointF point) const
+{
+    QPointF offset;
+    findHolder(controls(), control, offset);
+    return point - offset;
+}
+
+void GLControlLayout::setHovered(QList<Hit> const& hits)
+{
+    QList<QPointer<GLControl>> const before = _hovered;
+    QList<QPointer<GLControl>> now;
+    for (Hit const& hit : hits)
+        if (hit.control && hit.control->isEnabled())
+            now.append(hit.control);
+    _hovered = now;
+    for (auto i = before.crbegin(); i != before.crend(); ++i)
+        if (*i && !now.contains(*i))
+            emit(*i)->mouseLeft(*i);
+    for (QPointer<GLControl> const& control : now)
+        if (control && !before.contains(control))
+            emit control->mouseEntered(control);
+}
+
+template<typename Event>
+bool GLControlLayout::deliver(Hit const& hit, Event* event, void (GLControl::*handler)(QPointF, Event*))
+{
+    if (!hit.control || !hit.control->isEnabled())
+        return hit.control != nullptr;
+    event->accept();
+    (hit.control->*handler)(hit.point, event);
+    return event->isAccepted();
+}
+
+bool GLControlLayout::mousePress(QPointF point, QMouseEvent* event)
+{
+    QList<Hit> const hits = hitsAt(point);
+    setHovered(hits);
+    if (_grabber)
+        return deliver({_grabber, toHolder(_grabber, point)}, event, &GLControl::mousePress);
+    if (hits.isEmpty() || !hits.constLast().control)
+        return false;
+    Hit const& hit = hits.constLast();
+    if (hit.control->isEnabled()) {
+        _grabber = hit.control;
+        _focus = hit.control;
+    }
+    bool const taken = deliver(hit, event, &GLControl::mousePress);
+    if (!taken)
+        _grabber = nullptr;
+    return taken;
+}
+
+bool GLControlLayout::mouseMove(QPointF point, QMouseEvent* event)
+{
+    QList<Hit> const hits = hitsAt(point);
+    setHovered(hits);
+    if (_grabber)
+        return deliver({_grabber, toHolder(_grabber, point)}, event, &GLControl::mouseMove);
+    return !hits.isEmpty() && deliver(hits.constLast(), event, &GLControl::mouseMove);
+}
+
+bool GLControlLayout::mouseRelease(QPointF point, QMouseEvent* event)
+{
+    bool taken = false;
+    if (QPointer<GLControl> const grabber = _grabber) {
+        if (event->buttons() == Qt::NoButton)
+            _grabber = nullptr;
+        taken = deliver({grabber, toHolder(grabber, point)}, event, &GLControl::mouseRelease);
+    }
+    setHovered(hitsAt(point));
+    return taken;
+}
+
+bool GLControlLayout::mouseWheel(QPointF point, QWheelEvent* event)
+{
+    QList<Hit> const hits = hitsAt(point);
+    return !hits.isEmpty() && deliver(hits.constLast(), event, &GLControl::mouseWheel);
+}
+
+bool GLControlLayout::keyPress(QKeyEvent* event)
+{
+    GLControl* const control = focus();
+    if (!control || !control->isEnabled())
+        return false;
+    event->accept();
+    control->keyPress(event);
+    return event->isAccepted();
+}
+
+bool GLControlLayout::keyRelease(QKeyEvent* event)
+{
+    GLControl* const control = focus();
+    if (!control || !control->isEnabled())
+        return false;
+    event->accept();
+    control->keyRelease(event);
+    return event->isAccepted();
+}
+
+void GLControlLayout::leave()
+{
+    setHovered({});
+}
+
+void GLControlLayout::render(double opacity)
+{
+    if (_controls.isEmpty())
+        return;
+    glPushAttrib(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT);
+    glMatrixMode(GL_MODELVIEW);
+    glDisable(GL_DEPTH_TEST);
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    for (GLControl* const control : controls())
+        control->render(opacity);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    glPopAttrib();
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointF>
+#include <QPointer>
+#include <QSizeF>
+
+class GLControl;
+class QKeyEvent;
+class QMouseEvent;
+class QWheelEvent;
+
+/// Holds the controls of one surface: draws them in the order in which they were added, and gives mouse events to the
+/// topmost control under the pointer, keys to the one with the focus.
+///
+/// The control that was pressed keeps the mouse until all buttons are up. A control counts as entered while the
+/// pointer is over it or over a control that it holds. Handlers may add, remove and delete controls. GL thread only.
+class GLControlLayout : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit GLControlLayout(QObject* parent = nullptr);
+    ~GLControlLayout() override;
+
+    /// Adds a control on top; borrowed. One that is deleted is gone from here too.
+    void addControl(GLControl* control);
+    /// Takes a control out; it is told that the mouse has left it.
+    void removeControl(GLControl* control);
+    QList<GLControl*> controls() const;
+
+    /// Pixels, and device pixels per pixel. Recalculates the layout of every control.
+    void setSize(QSizeF const& size, double scale = 1.0);
+    QSizeF size() const { return _size; }
+
+    /// Recalculates the layout of every control, for the present size.
+    void recalcLayout();
+
+    /// The topmost visible control at a point, held ones included; null when there is none.
+    GLControl* controlAt(QPointF point) const;
+
+    /// Where keys go: to the control that was set here or pressed last. Null sends them to the lowest control.
+    void setFocus(GLControl* control) { _focus = control; }
+    GLControl* focus() const;
+
+    /// The event functions return whether a control took the event. Points are pixels from the upper left corner.
+    bool mousePress(QPointF point, QMouseEvent* event);
+    bool mouseMove(QPointF point, QMouseEvent* event);
+    bool mouseRelease(QPointF point, QMouseEvent* event);
+    bool mouseWheel(QPointF point, QWheelEvent* event);
+    bool keyPress(QKeyEvent* event);
+    bool keyRelease(QKeyEvent* event);
+
+    /// The pointer has left the surface.
+    void leave();
+
+    /// Draws all controls with an opacity. The current matrices map pixels of the surface, y downward; state that
+    /// is changed is restored.
+    void render(double opacity);
+
+private:
+    /// A control on the way to the pointer, with the pointer in the coordinates of the control's holder.
+    struct Hit {
+        QPointer<GLControl> control;
+        QPointF point;
+    };
+
+    /// The controls under a point from the outermost to the topmost.
+    QList<Hit> hitsAt(QPointF point) const;
+    QPointF toHolder(GLControl* control, QPointF point) const;
+    void setHovered(QList<Hit> const& hits);
+    template<typename Event>
+    bool deliver(Hit const& hit, Event* event, void (GLControl::*handler)(QPointF, Event*));
+
+    QList<QPointer<GLControl>> _controls;
+    QList<QPointer<GLControl>> _hovered; ///< Outermost first.
+    QPointer<GLControl> _grabber;        ///< Pressed and not yet released.
+    QPointer<GLControl> _focus;
+    QSizeF _size;
+    double _scale = 1.0;
+};
