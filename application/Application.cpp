@@ -33,6 +33,7 @@ Application::Application(QString const& appId, int& argc, char** argv) : SingleA
 {
     Q_INIT_RESOURCE(ombravision);
     setQuitOnLastWindowClosed(false);
+    connect(&_terminationSignals, &TerminationSignals::received, this, &QCoreApplication::quit);
     AppSettings const& settings = _appData.settings;
     setOrganizationName(settings.organisation());
     setOrganizationDomain(settings.organisationDomain());

@@ -2,6 +2,7 @@
 
 #include "AppData.h"
 #include "SingleApplication.h"
+#include "TerminationSignals.h"
 
 #include <QString>
 #include <QStringList>
@@ -50,6 +51,7 @@ private:
 
     static Logger* log;
 
+    TerminationSignals _terminationSignals;
     AppData _appData;
     std::unique_ptr<Window> _window;
     QStringList _names; ///< Files by absolute path, and addresses, from the command line.

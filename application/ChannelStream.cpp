@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "FileDataSource.h"
+#include "GLMovie.h"
 #include "GLMovieShader.h"
 #include "HttpFileDataSource.h"
 #include "LatteDataSource.h"
@@ -68,11 +69,11 @@ void ChannelStream::open(bool forceFile)
     connect(_renderer.get(), &GLMovieRenderer::fadeOutCompleted, this, [this] { emit fadeOutComplete(this); });
 
     _dataSource = createSource(forceFile);
-    connect(_dataSource.get(), &GLMovieDataSource::error, this, &ChannelStream::onError);
-    connect(_dataSource.get(), &GLMovieDataSource::stateChanged, this, &ChannelStream::onStateChanged);
-    // What the source can read but the movie cannot play.
-    connect(_renderer.get(), &GLMovieRenderer::movieError, this,
+    // The renderer passes on what the source says, and says what the movie cannot play.
+    connect(_renderer.get(), &GLMovieRenderer::error, this,
             [this](GLMovieRenderer*, QString const& text) { onError(_dataSource.get(), text); });
+    connect(_renderer.get(), &GLMovieRenderer::stateChanged, this,
+            [this](GLMovieRenderer*, QString const& text) { onStateChanged(_dataSource.get(), text); });
     _renderer->open(_dataSource.get());
 }
 
@@ -197,7 +198,8 @@ void ChannelStream::onVideoPostProcessingChanged()
 void ChannelStream::fadeIn(int ms, double volume, bool fadeVideo, bool fadeAudio)
 {
     _volume = volume;
-    _opacity = 1.0;
+    if (fadeVideo)
+        setOpacity(1.0); // The fade goes on below it.
     if (_renderer)
         _renderer->fadeIn(ms, volume, fadeVideo, fadeAudio);
 }
@@ -215,7 +217,7 @@ bool ChannelStream::isOpen() const
 
 bool ChannelStream::isPlaying() const
 {
-    return _renderer && _renderer->isPlaying();
+    return _renderer && _renderer->movie() && _renderer->movie()->isPlaying();
 }
 
 bool ChannelStream::isBuffering() const
@@ -230,12 +232,12 @@ bool ChannelStream::isFading() const
 
 bool ChannelStream::hasVideo() const
 {
-    return _renderer && _renderer->hasVideo();
+    return _renderer && _renderer->movie() && _renderer->movie()->hasVideo();
 }
 
 bool ChannelStream::hasAudio() const
 {
-    return _renderer && _renderer->hasAudio();
+    return _renderer && _renderer->movie() && _renderer->movie()->hasAudio();
 }
 
 double ChannelStream::aspectRatio() const

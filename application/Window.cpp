@@ -199,7 +199,7 @@ QStringList Window::chooseFiles(bool several)
     if (several)
         names = QFileDialog::getOpenFileNames(this, tr("Open Video Files"), directory, filter);
     else
-        names = QFileDialog::getOpenFileName(this, tr("Open Video File"), directory, filter);
+        names = QStringList(QFileDialog::getOpenFileName(this, tr("Open Video File"), directory, filter));
     names.removeAll(QString());
     if (!names.isEmpty())
         _appData.settings.setVideoFileDirectory(QFileInfo(names.constFirst()).absolutePath());

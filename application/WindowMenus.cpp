@@ -1,12 +1,14 @@
 // The menus of the window and what their entries do.
 
 #include "AppData.h"
+#include "Channel.h"
 #include "ChannelManager.h"
 #include "GLWidget.h"
 #include "PostProcessingEffects.h"
 #include "Window.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
 

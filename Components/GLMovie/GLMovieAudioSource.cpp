@@ -92,20 +92,18 @@ void GLMovieAudioSource::bufferAudioData(QByteArray const& samples, Format forma
         return;
     double const bytesPerSecond = static_cast<double>(format.sampleRate) * format.channels * 2;
     _lastBufferTime = static_cast<double>(samples.size()) / bytesPerSecond;
-    // The clock must know a buffer before the source can reach it.
-    updateAudioBufferHashes(buffer, startTime, _lastBufferTime);
+    std::lock_guard const lock(_audioHashMutex);
     alSourceQueueBuffers(_source, 1, &buffer);
-    checkForALError("alSourceQueueBuffers");
+    if (checkForALError("alSourceQueueBuffers"))
+        updateAudioBufferHashes(buffer, startTime, _lastBufferTime);
     _bufferIndex = (_bufferIndex + 1) % ringSize;
 }
 
 void GLMovieAudioSource::updateAudioBufferHashes(unsigned int buffer, double startTime, double duration)
 {
-    std::lock_guard const lock(_audioHashMutex);
     _audioBufferStart.insert(buffer, startTime);
     _audioBufferDuration.insert(buffer, duration);
-    if (_lastBufferId == buffer)
-        _lastBufferId = 0; // Refilled: when it plays next, that is a change.
+    _queued.append(buffer);
 }
 
 bool GLMovieAudioSource::ensureAudioPlaying()
@@ -121,17 +119,30 @@ double GLMovieAudioSource::audioTime()
 {
     if (!_isOpen)
         return 0.0;
-    ALint playing = 0;
-    alGetSourcei(_source, AL_BUFFER, &playing);
-    qint64 const now = av_gettime_relative();
     std::lock_guard const lock(_audioHashMutex);
-    auto const buffer = static_cast<unsigned int>(playing);
-    if (buffer != _lastBufferId) {
-        _lastBufferId = buffer;
+    unsigned int buffer = 0;
+    double const mixed = mixedTime(buffer);
+    qint64 const now = av_gettime_relative();
+    if (mixed != _lastMixedTime) {
+        _lastMixedTime = mixed;
         _lastBufferChange = now;
     }
     double const sinceChange = static_cast<double>(now - _lastBufferChange) / 1000000.0;
-    return _audioBufferStart.value(buffer) + std::min(sinceChange, _audioBufferDuration.value(buffer));
+    return mixed + std::min(sinceChange, _audioBufferDuration.value(buffer));
+}
+
+double GLMovieAudioSource::mixedTime(unsigned int& buffer) const
+{
+    // OpenAL does not name the buffer that plays, but tells how far it is in all that is queued.
+    double offset = simpleAudioTime();
+    for (unsigned int const queued : _queued) {
+        buffer = queued;
+        double const duration = _audioBufferDuration.value(queued);
+        if (offset < duration || queued == _queued.constLast())
+            break;
+        offset -= duration;
+    }
+    return _audioBufferStart.value(buffer) + offset;
 }
 
 double GLMovieAudioSource::simpleAudioTime() const
@@ -163,14 +174,14 @@ void GLMovieAudioSource::stop()
 {
     if (!_isOpen || !isDevicePresent())
         return;
+    std::lock_guard const lock(_audioHashMutex);
     alSourceStop(_source);
     checkForALError("alSourceStop");
     alSourcei(_source, AL_BUFFER, 0);
     checkForALError("alSourcei AL_BUFFER");
-    std::lock_guard const lock(_audioHashMutex);
     _audioBufferStart.clear();
     _audioBufferDuration.clear();
-    _lastBufferId = 0;
+    _queued.clear();
 }
 
 void GLMovieAudioSource::setPaused(bool paused)
@@ -225,11 +236,13 @@ int GLMovieAudioSource::processedBuffers() const
 
 void GLMovieAudioSource::unqueueProcessed(int count)
 {
+    std::lock_guard const lock(_audioHashMutex);
     for (int i = 0; i < count; ++i) {
         ALuint buffer = 0;
         alSourceUnqueueBuffers(_source, 1, &buffer);
         if (!checkForALError("alSourceUnqueueBuffers"))
             return;
+        _queued.removeOne(buffer);
     }
 }
 

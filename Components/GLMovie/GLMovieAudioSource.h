@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 
 #include <array>
 #include <atomic>
@@ -49,8 +50,8 @@ public:
     /// Starts a source that has not begun or has run dry. Returns whether it had to.
     bool ensureAudioPlaying();
 
-    /// The moment that is being heard, in the seconds that bufferAudioData() was given: the start of the buffer now
-    /// playing, and the time since that was first seen, at most the buffer's length.
+    /// The moment that is being heard, in the seconds that bufferAudioData() was given: how far the mixer was in the
+    /// buffer now playing, and the time since it was first seen there, at most the buffer's length.
     double audioTime();
 
     /// Seconds into what is queued, as OpenAL counts them.
@@ -75,6 +76,7 @@ private:
     int processedBuffers() const;
     void unqueueProcessed(int count);
     void updateAudioBufferHashes(unsigned int buffer, double startTime, double duration);
+    double mixedTime(unsigned int& buffer) const;
     bool checkForALError(char const* operation) const;
 
     static Logger* log;
@@ -86,9 +88,10 @@ private:
     size_t _bufferIndex = 0;       ///< Next to fill; the audio watcher's.
     double _lastBufferTime = 0.02; ///< Seconds in the last buffer filled; the audio watcher's.
 
-    std::mutex _audioHashMutex; ///< Guards everything below.
+    std::mutex _audioHashMutex; ///< Guards everything below, and that it fits what OpenAL has queued.
     QHash<unsigned int, double> _audioBufferStart;
     QHash<unsigned int, double> _audioBufferDuration;
-    unsigned int _lastBufferId = 0;
-    qint64 _lastBufferChange = 0; ///< Microseconds, av_gettime_relative().
+    QList<unsigned int> _queued; ///< The buffers in OpenAL's queue, oldest first.
+    double _lastMixedTime = 0.0;
+    qint64 _lastBufferChange = 0; ///< When the mixer was first seen there; microseconds, av_gettime_relative().
 };

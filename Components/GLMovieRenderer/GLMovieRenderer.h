@@ -108,6 +108,9 @@ public:
     /// Whether the picture was last drawn under a point: pixels of the window from its upper left corner.
     bool hitTest(QPointF point) const;
 
+    /// The rectangle in which the picture was last drawn, in pixels of the window; empty before that.
+    QRect videoWindow() const { return _windowCoordinates.boundingRect().toAlignedRect(); }
+
     /// Writes a texture into an image file, to look into problems. Returns false, and logs, when it cannot.
     bool dumpTextureToDisk(unsigned int texture, QString const& path) const;
 
