@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <functional>
 #include <gmock/gmock.h>
 #include <limits>
 #include <memory>
@@ -115,6 +116,24 @@ TEST_F(SortedMemoQueueTest, AMemoPostedByARunningOneRunsInTheSamePassIfItIsDue)
     EXPECT_THAT(_ran, ElementsAre(1));
     _timers.advance(1);
     EXPECT_THAT(_ran, ElementsAre(1, 2));
+}
+
+TEST_F(SortedMemoQueueTest, AnEndlessStreamOfMemosLeavesTheEventLoopItsTurns)
+{
+    std::function<TestMemo*()> const repeat = [&] {
+        return new TestMemo(&_owner, [&] {
+            _ran.push_back(0);
+            _clock.advance(10);
+            _queue->handleNow(repeat());
+        });
+    };
+    _queue->handleNow(repeat());
+    QCoreApplication::sendPostedEvents();
+    for (int pass = 1; pass <= 2; ++pass) {
+        ASSERT_TRUE(_timers.timers().constFirst()->isActive());
+        _timers.timers().constFirst()->fire();
+        EXPECT_EQ(_ran.size(), pass * 10);
+    }
 }
 
 TEST_F(SortedMemoQueueTest, RefusesMemosOfThoseWhoHaveNotAcquiredIt)
