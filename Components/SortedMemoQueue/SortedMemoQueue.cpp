@@ -22,6 +22,10 @@ namespace
 
 constexpr auto resetTimerEvent = static_cast<QEvent::Type>(1000);
 
+/// A pass that has lasted this long lets the event loop have a turn before it goes on. Otherwise those who post
+/// faster than memos run would keep the thread from its sockets, and from ending.
+constexpr qint64 longPassMs = 100;
+
 /// An owner as the log shows it.
 std::uintptr_t number(void* owner)
 {
@@ -162,9 +166,11 @@ void SortedMemoQueue::onTimeout(Timer*)
     if (_isHandling)
         return; // An event loop inside a memo: the pass that runs that memo goes on after it.
     QScopedValueRollback<bool> const isHandling(_isHandling, true);
+    qint64 const begin = _tickCounter->msSinceEpoch();
     QMutexLocker locker(&_mutex);
     while (!_queue.isEmpty()) {
-        if (_tickCounter->msSinceEpoch() < _queue.constFirst().msFire()) {
+        qint64 const now = _tickCounter->msSinceEpoch();
+        if (now < _queue.constFirst().msFire() || now - begin >= longPassMs) {
             resetTimer();
             return;
         }

@@ -18,8 +18,9 @@ class TimerFactory;
 
 /// A MemoQueue on the thread this object lives on, driven by that thread's event loop.
 ///
-/// Every memo that is due runs in one pass, those that are posted during the pass with no delay included.
-/// An event loop inside a memo does not run other memos.
+/// Every memo that is due runs in one pass, those that are posted during the pass with no delay included; only a pass
+/// of more than 100 ms is interrupted for one turn of the event loop. An event loop inside a memo runs no other
+/// memos.
 class SortedMemoQueue : public QObject, public MemoQueue
 {
     Q_OBJECT

@@ -23,45 +23,33 @@ TEST(Clocks, TellTheTimeOfTheSystem)
     EXPECT_THAT(dateTime.toMSecsSinceEpoch(), testing::AllOf(testing::Ge(before), testing::Le(after)));
 }
 
-TEST(QtTimer, NamesItselfWhenItRunsOut)
-{
-    QtTimerFactory factory;
-    Timer* const timer = factory.createTimer();
-    QSignalSpy spy(timer, &Timer::timeout);
-    timer->setSingleShot(true);
-    timer->start(1);
-    EXPECT_NE(timer->timerId(), -1);
-    ASSERT_TRUE(spy.wait());
-    EXPECT_EQ(spy.constFirst().constFirst().value<Timer*>(), timer);
-    EXPECT_FALSE(timer->isActive());
-    factory.disposeTimer(timer);
-}
-
-TEST(QtTimerFactory, ADisposedTimerIsSilentAndDeletedLater)
+TEST(QtTimerFactory, ItsTimersNameThemselvesAndAreSilentOnceDisposed)
 {
     QtTimerFactory factory;
     QPointer<Timer> const timer = factory.createTimer();
     QSignalSpy spy(timer, &Timer::timeout);
+    timer->start(1);
+    ASSERT_TRUE(spy.wait());
+    EXPECT_EQ(spy.takeFirst().constFirst().value<Timer*>(), timer);
     timer->start(0);
     factory.disposeTimer(timer);
     ASSERT_TRUE(timer);
     QCoreApplication::processEvents();
-    EXPECT_TRUE(spy.isEmpty());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(spy.isEmpty());
     EXPECT_FALSE(timer);
 }
 
 TEST(QtTimerFactory, TakesBackOnlyItsOwnClass)
 {
     LogCapture capture;
-    QtTimerFactory factory;
     FakeTickCounter clock;
-    QPointer<FakeTimer> const timer = new FakeTimer(clock);
-    factory.disposeTimer(timer);
-    factory.disposeTimer(nullptr);
+    FakeTimer timer(clock);
+    QSignalSpy const destroyed(&timer, &QObject::destroyed);
+    QtTimerFactory().disposeTimer(&timer);
+    QtTimerFactory().disposeTimer(nullptr);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    ASSERT_TRUE(timer);
+    EXPECT_TRUE(destroyed.isEmpty());
     EXPECT_EQ(capture.count("WARNING"), 1);
     EXPECT_TRUE(capture.contains("FakeTimer"));
-    delete timer;
 }
