@@ -80,7 +80,7 @@ QByteArray CurlTransfer::readAll()
 {
     if (_hasDevice)
         return {};
-    QByteArray const bytes = std::exchange(_body, {});
+    QByteArray bytes = std::exchange(_body, {});
     resumeIfRead();
     return bytes;
 }

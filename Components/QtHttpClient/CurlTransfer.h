@@ -24,12 +24,12 @@ class CurlTransfer : public QObject
 public:
     /// Limits on a response's header, against servers that send without end: the name of the failure is
     /// InvalidResponseHeader.
-    static constexpr qsizetype maximumHeaderLineBytes = 32 * 1024;
-    static constexpr qsizetype maximumHeaderBytes = 128 * 1024;
+    static constexpr qsizetype maximumHeaderLineBytes = 32LL * 1024;
+    static constexpr qsizetype maximumHeaderBytes = 128LL * 1024;
     static constexpr int maximumHeaderLines = 500;
 
     /// Unread bytes of the body beyond which the server is held up until somebody reads.
-    static constexpr qsizetype maximumUnreadBytes = 8 * 1024 * 1024;
+    static constexpr qsizetype maximumUnreadBytes = 8LL * 1024 * 1024;
 
     /// `device` is borrowed, may be null, and otherwise takes the body.
     CurlTransfer(HttpServer const& server, HttpRequestHeader const& header, QByteArray const& body,
