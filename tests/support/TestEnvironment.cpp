@@ -1,6 +1,7 @@
 #include "TestEnvironment.h"
 
 #include <QCoreApplication>
+#include <QNetworkProxyFactory>
 #include <QSettings>
 
 TestEnvironment::TestEnvironment()
@@ -12,6 +13,7 @@ TestEnvironment::TestEnvironment()
     QCoreApplication::setOrganizationName("OmbravisionTests");
     QCoreApplication::setApplicationName("OmbravisionTests");
     QSettings::setDefaultFormat(QSettings::IniFormat);
+    QNetworkProxyFactory::setUseSystemConfiguration(false); // This machine's proxies are none of the tests' affair.
 }
 
 #ifdef __SANITIZE_THREAD__

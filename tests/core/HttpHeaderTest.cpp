@@ -1,0 +1,89 @@
+#include "HttpRequestHeader.h"
+#include "HttpResponseHeader.h"
+
+#include <gtest/gtest.h>
+
+TEST(HttpHeader, KeepsOrderAndRepetition)
+{
+    HttpRequestHeader header("GET", "/a b");
+    header.addValue("Pragma", "one");
+    header.addValue("Host", "h");
+    header.addValue("pragma", "two");
+    header.setValue("PRAGMA", "first");
+    header.setContentLength(7);
+    EXPECT_EQ(header.toString(),
+              "GET /a b HTTP/1.1\r\nPragma: first\r\nHost: h\r\npragma: two\r\nContent-Length: 7\r\n\r\n");
+    EXPECT_EQ(header.keys(), (QStringList{"Pragma", "Host", "Content-Length"}));
+    EXPECT_EQ(header.allValues("pRAGMA"), (QStringList{"first", "two"}));
+    EXPECT_EQ(HttpRequestHeader(header.toString()), header);
+
+    header.removeValue("pragma");
+    EXPECT_EQ(header.allValues("Pragma"), QStringList{"two"});
+    header.addValue("Pragma", "three");
+    header.removeAllValues("Pragma");
+    EXPECT_EQ(header.keys(), (QStringList{"Host", "Content-Length"}));
+}
+
+TEST(HttpHeader, ContentFieldsOfAllSorts)
+{
+    struct {
+        char const* value;
+        qint64 length;
+    } const lengths[] = {
+        {"12", 12}, {"9223372036854775807", 9223372036854775807}, {"-1", 0}, {"1x", 0}, {"9223372036854775808", 0},
+        {"", 0}};
+    for (auto const& [value, length] : lengths) {
+        HttpResponseHeader header(200);
+        header.setValue("content-length", value);
+        EXPECT_EQ(header.contentLength(), length) << value;
+    }
+    HttpResponseHeader header(200);
+    header.setContentType("video/x-ms-asf ; charset=x");
+    EXPECT_EQ(header.contentType(), "video/x-ms-asf");
+}
+
+TEST(HttpHeader, ReadsWhatServersSend)
+{
+    struct {
+        char const* text;
+        int status; ///< 0: not a header.
+        char const* reason;
+        char const* value; ///< Of "A".
+    } const cases[] = {
+        {"HTTP/1.1 200 OK\r\nA: b\r\n\r\n", 200, "OK", "b"},
+        {"HTTP/1.0 404\r\n\r\n", 404, "", ""},
+        {"HTTP/1.1  302  Moved  here \nA:b\n\nA2: no\n", 302, "Moved  here", "b"},
+        {"ICY 200 OK\r\na:\t b \r\n\r\n", 200, "OK", "b"},
+        {"HTTP/2 453 Not Enough Bandwidth\r\n", 453, "Not Enough Bandwidth", ""},
+        {"HTTP/1.1 200 OK\r\nA: b\r\n\t c\r\n d:e\r\n\r\n", 200, "OK", "b c d:e"},
+        {"HTTP/1.1 200 OK\r\nA : \xe4\xa0\r\n\r\n", 200, "OK", "\xe4\xa0"},
+        {"HTTP/1.1 200 OK\r\nno colon\r\n\r\n", 0, "", ""},
+        {"HTTP/1.1 200 OK\r\n: b\r\n\r\n", 0, "", ""},
+        {"HTTP/1.1 200 OK\r\n folded\r\n\r\n", 0, "", ""},
+        {"HTTP/1.1 20 OK\r\n\r\n", 0, "", ""},
+        {"HTTP/1.1 2000 OK\r\n\r\n", 0, "", ""},
+        {"HTTP/1.1 +20 OK\r\n\r\n", 0, "", ""},
+        {"HTTP/1.1 099 OK\r\n\r\n", 0, "", ""},
+        {"HTTP/x.1 200 OK\r\n\r\n", 0, "", ""},
+        {"HTTP/11 200 OK\r\n\r\n", 0, "", ""},
+        {"<html>\r\n\r\n", 0, "", ""},
+        {"\r\n\r\n", 0, "", ""},
+        {"", 0, "", ""},
+    };
+    for (auto const& [text, status, reason, value] : cases) {
+        QString const latin1 = QString::fromLatin1(text);
+        HttpResponseHeader const header(latin1);
+        EXPECT_EQ(header.isValid(), status != 0) << text;
+        EXPECT_EQ(header.value("A"), QString::fromLatin1(value)) << text;
+        if (header.isValid()) {
+            EXPECT_EQ(header.statusCode(), status);
+            EXPECT_EQ(header.reasonPhrase(), reason);
+            EXPECT_EQ(HttpResponseHeader(header.toString()), header) << text;
+        } else {
+            EXPECT_EQ(header.toString(), QString());
+        }
+        for (qsizetype i = 0; i < latin1.size(); ++i)
+            HttpResponseHeader(latin1.left(i)).toString();
+    }
+    EXPECT_FALSE(HttpResponseHeader(QString("HTTP/1.1 200 OK\r\nA: b") + QChar(0) + "c\r\n\r\n").isValid());
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "TcpSocket.h"
+
+/// A TcpSocket whose other side is the test: it says when the connection stands, what comes and how it ends, and sees
+/// what was written.
+class FakeTcpSocket : public TcpSocket
+{
+    Q_OBJECT
+
+public:
+    using TcpSocket::TcpSocket;
+
+    /// The other side accepts the connection.
+    void accept();
+
+    /// The other side sends bytes.
+    void receive(QByteArray const& bytes);
+
+    /// The connection fails; one that stands is also lost.
+    void fail(QAbstractSocket::SocketError socketError, QString const& text = {});
+
+    /// The other side closes the connection.
+    void closeRemotely() { fail(QAbstractSocket::RemoteHostClosedError); }
+
+    /// What was written since the last time.
+    QByteArray takeWritten();
+
+    void abort() override { disconnectFromHost(); }
+    void connectToHost(QString const& host, unsigned short port) override;
+    void connectToHost(QHostAddress const& address, unsigned short port) override;
+    void disconnectFromHost() override;
+    QByteArray readAll() override;
+    qint64 readLine(char* data, qint64 maxSize) override;
+    QByteArray readLine(qint64 maxSize = 0) override;
+    qint64 read(char* data, qint64 maxSize) override;
+    qint64 bytesAvailable() const override { return _received.size(); }
+    qint64 write(QByteArray const& data) override;
+    bool flush() override { return false; }
+    void close() override { disconnectFromHost(); }
+    int socketDescriptor() const override { return -1; }
+    bool canReadLine() const override { return _received.contains('\n'); }
+    bool isValid() const override { return _state == QAbstractSocket::ConnectedState; }
+    QHostAddress localAddress() const override { return QHostAddress(QHostAddress::LocalHost); }
+    QHostAddress peerAddress() const override { return QHostAddress(_host); }
+    quint16 localPort() const override { return isValid() ? 49152 : 0; }
+    quint16 peerPort() const override { return _port; }
+    QString peerName() const override { return _host; }
+    QAbstractSocket::SocketState state() const override { return _state; }
+    QAbstractSocket::SocketError lastError() const override { return _error; }
+    QString errorString() const override { return _errorText; }
+
+private:
+    QString _host;
+    quint16 _port = 0;
+    QByteArray _received;
+    QByteArray _written;
+    QAbstractSocket::SocketState _state = QAbstractSocket::UnconnectedState;
+    QAbstractSocket::SocketError _error = QAbstractSocket::UnknownSocketError;
+    QString _errorText;
+};
