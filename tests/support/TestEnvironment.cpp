@@ -13,3 +13,12 @@ TestEnvironment::TestEnvironment()
     QCoreApplication::setApplicationName("OmbravisionTests");
     QSettings::setDefaultFormat(QSettings::IniFormat);
 }
+
+#ifdef __SANITIZE_THREAD__
+// Libraries that are not instrumented hide the locks that they take.
+extern "C" char const* __tsan_default_suppressions()
+{
+    return "race:tzset_internal\n"
+           "race:libproxy.so\n";
+}
+#endif
