@@ -7,8 +7,13 @@
 
 #include <QDir>
 #include <QRandomGenerator>
+#include <QSslCertificate>
+#include <QSslConfiguration>
+#include <QSslKey>
+#include <QSslServer>
 #include <QTimer>
 
+#include <cstdlib>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
@@ -176,6 +181,33 @@ TEST(FileDataSource, ANetworkPlaylistLeadsNowhereButToTheNetwork)
         FileDataSource source(server.url("list.m3u8"));
         EXPECT_FALSE(openSource(source)) << entry.constData();
     }
+}
+
+TEST(FileDataSource, AnUntrustedCertificateGetsNoRequest)
+{
+    QString const key = Clips::scratch("key.pem");
+    QString const certificate = Clips::scratch("certificate.pem");
+    QString const command = "openssl req -x509 -newkey rsa:2048 -nodes -subj /CN=127.0.0.1 -days 2 -keyout " + key +
+                            " -out " + certificate + " 2>/dev/null";
+    ASSERT_EQ(std::system(qPrintable(command)), 0);
+    QSslConfiguration configuration;
+    configuration.setPrivateKey(QSslKey(Clips::bytes(key), QSsl::Rsa));
+    configuration.setLocalCertificateChain(QSslCertificate::fromPath(certificate));
+    QSslServer server;
+    server.setSslConfiguration(configuration);
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    QByteArray received;
+    int connections = 0;
+    QObject::connect(&server, &QTcpServer::pendingConnectionAvailable, &server, [&] {
+        ++connections;
+        QTcpSocket* const socket = server.nextPendingConnection();
+        QObject::connect(socket, &QTcpSocket::readyRead, socket,
+                         [&received, socket] { received += socket->readAll(); });
+    });
+    FileDataSource source(QString("https://127.0.0.1:" + QString::number(server.serverPort()) + "/film.mp4"));
+    EXPECT_FALSE(openSource(source));
+    EXPECT_EQ(connections, 1);
+    EXPECT_EQ(received, "");
 }
 
 TEST(FileDataSource, EndOfANetworkStream)
