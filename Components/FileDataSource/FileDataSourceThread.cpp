@@ -39,6 +39,12 @@ FileDataSource::FileDataSourceThread::FileDataSourceThread(QString const& path, 
 {
 }
 
+FileDataSource::FileDataSourceThread::~FileDataSourceThread()
+{
+    wait();
+    takeContext().reset(); // What nobody has taken ends while the callbacks that it asks are still there.
+}
+
 FormatContextPointer FileDataSource::FileDataSourceThread::takeContext()
 {
     std::lock_guard const lock(_mutex);
