@@ -64,6 +64,9 @@ void plainCopy(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(plainCopy)->Args({1280, 720})->Args({1920, 1080});
-BENCHMARK_CAPTURE(update, YUV, AV_PIX_FMT_YUV420P, AV_PIX_FMT_YUV420P)->Args({1280, 720})->Args({1920, 1080});
+BENCHMARK(plainCopy)->Name("TextureUpdate/plainCopy")->Args({1280, 720})->Args({1920, 1080});
+BENCHMARK_CAPTURE(update, YUV, AV_PIX_FMT_YUV420P, AV_PIX_FMT_YUV420P)
+    ->Name("TextureUpdate/YUV")
+    ->Args({1280, 720})
+    ->Args({1920, 1080});
 BENCHMARK_CAPTURE(update, YUVtoRGB, AV_PIX_FMT_YUV420P, AV_PIX_FMT_RGB24)->Args({1280, 720})->Args({1920, 1080});

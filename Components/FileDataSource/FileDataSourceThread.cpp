@@ -39,6 +39,12 @@ FileDataSource::FileDataSourceThread::FileDataSourceThread(QString const& path, 
 {
 }
 
+FileDataSource::FileDataSourceThread::~FileDataSourceThread()
+{
+    wait();
+    takeContext().reset(); // What nobody has taken ends while the callbacks that it asks are still there.
+}
+
 FormatContextPointer FileDataSource::FileDataSourceThread::takeContext()
 {
     std::lock_guard const lock(_mutex);
@@ -93,11 +99,12 @@ int FileDataSource::FileDataSourceThread::interruptCallback(void* opaque)
 int FileDataSource::FileDataSourceThread::openNested(AVFormatContext* context, AVIOContext** io, char const* url,
                                                      int flags, AVDictionary** options)
 {
-    AVDictionary* own = nullptr;
-    AVDictionary** const all = options ? options : &own;
-    av_dict_set(all, "tls_verify", "1", 0); // FFmpeg trusts any certificate unless told.
-    av_dict_set(all, "user_agent", QCoreApplication::applicationName().toUtf8().constData(), 0);
-    int const result = defaultIoOpen()(context, io, url, flags, all);
-    av_dict_free(&own);
+    AVDictionary* all = nullptr; // A copy: whoever calls need not free what it has not set itself.
+    if (options)
+        av_dict_copy(&all, *options, 0);
+    av_dict_set(&all, "tls_verify", "1", 0); // FFmpeg trusts any certificate unless told.
+    av_dict_set(&all, "user_agent", QCoreApplication::applicationName().toUtf8().constData(), 0);
+    int const result = defaultIoOpen()(context, io, url, flags, &all);
+    av_dict_free(&all);
     return result;
 }

@@ -16,6 +16,8 @@ class FileDataSource::FileDataSourceThread : public QThread
 public:
     FileDataSourceThread(QString const& path, bool isNetwork, std::shared_ptr<std::atomic<bool>> interruption);
 
+    ~FileDataSourceThread() override;
+
     /// Makes every blocked FFmpeg call of this context return, now and later. Any thread.
     void abandon() { _abandoned = true; }
 

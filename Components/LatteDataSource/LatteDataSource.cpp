@@ -108,9 +108,8 @@ void LatteDataSource::stop()
     if (!_thread)
         return;
     GLMovieDataSource::stop();
-    _thread->requestStop();
-    _thread->exit(0);
-    _thread->wait();
+    if (!_thread->finish())
+        LOG_ERROR("The client of %s did not come back from its thread", qPrintable(uri()));
     _thread.reset();
 }
 

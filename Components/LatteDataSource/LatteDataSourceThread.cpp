@@ -9,14 +9,21 @@ LatteDataSource::LatteDataSourceThread::LatteDataSourceThread(LatteClient& clien
 {
 }
 
+bool LatteDataSource::LatteDataSourceThread::finish()
+{
+    _stopRequested = true;
+    exit(0);
+    return wait() && _clientIsHome;
+}
+
 void LatteDataSource::LatteDataSourceThread::run()
 {
     _client.startBuffering();
     if (!_stopRequested)
         exec();
     _client.stopBuffering();
-    // Only an object's own thread can send it elsewhere.
-    _client.moveToThread(_home);
     // What the client deleted later must be gone before its thread is.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    _client.moveToThread(_home); // Only an object's own thread can send it elsewhere.
+    _clientIsHome = true;
 }

@@ -13,7 +13,8 @@ public:
     /// `home` is the thread that the client returns to at the end.
     LatteDataSourceThread(LatteClient& client, QThread* home);
 
-    void requestStop() { _stopRequested = true; }
+    /// Ends the thread and waits for that; the client is home again afterwards. Returns whether all of it was done.
+    bool finish();
 
 protected:
     void run() override;
@@ -22,4 +23,5 @@ private:
     LatteClient& _client;
     QThread* const _home;
     std::atomic<bool> _stopRequested{false};
+    std::atomic<bool> _clientIsHome{false};
 };

@@ -2,6 +2,7 @@
 
 #include "Deployment.h"
 
+#include <QNetworkProxy>
 #include <QSettings>
 #include <QUdpSocket>
 
@@ -25,5 +26,6 @@ void Syslog::send(QString const& hostname, QString const& message)
     QString const text = QString("<133>" + hostname + " " + message).left(maximumMessageCharacters);
     // A QUdpSocket belongs to the thread that made it; one per error lets every thread send without a lock.
     QUdpSocket socket;
+    socket.setProxy(QNetworkProxy::NoProxy);
     socket.writeDatagram(text.toLocal8Bit(), _address, _port);
 }

@@ -7,8 +7,13 @@
 
 #include <QDir>
 #include <QRandomGenerator>
+#include <QSslCertificate>
+#include <QSslConfiguration>
+#include <QSslKey>
+#include <QSslServer>
 #include <QTimer>
 
+#include <cstdlib>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
@@ -178,6 +183,33 @@ TEST(FileDataSource, ANetworkPlaylistLeadsNowhereButToTheNetwork)
     }
 }
 
+TEST(FileDataSource, AnUntrustedCertificateGetsNoRequest)
+{
+    QString const key = Clips::scratch("key.pem");
+    QString const certificate = Clips::scratch("certificate.pem");
+    QString const command = "openssl req -x509 -newkey rsa:2048 -nodes -subj /CN=127.0.0.1 -days 2 -keyout " + key +
+                            " -out " + certificate + " 2>/dev/null";
+    ASSERT_EQ(std::system(qPrintable(command)), 0);
+    QSslConfiguration configuration;
+    configuration.setPrivateKey(QSslKey(Clips::bytes(key), QSsl::Rsa));
+    configuration.setLocalCertificateChain(QSslCertificate::fromPath(certificate));
+    QSslServer server;
+    server.setSslConfiguration(configuration);
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    QByteArray received;
+    int connections = 0;
+    QObject::connect(&server, &QTcpServer::pendingConnectionAvailable, &server, [&] {
+        ++connections;
+        QTcpSocket* const socket = server.nextPendingConnection();
+        QObject::connect(socket, &QTcpSocket::readyRead, socket,
+                         [&received, socket] { received += socket->readAll(); });
+    });
+    FileDataSource source(QString("https://127.0.0.1:" + QString::number(server.serverPort()) + "/film.mp4"));
+    EXPECT_FALSE(openSource(source));
+    EXPECT_EQ(connections, 1);
+    EXPECT_EQ(received, "");
+}
+
 TEST(FileDataSource, EndOfANetworkStream)
 {
     struct Case {
@@ -204,6 +236,7 @@ TEST(FileDataSource, EndOfANetworkStream)
 TEST(FileDataSource, ClosesAtOnceInAnyState)
 {
     QString const fifo = Clips::scratch("fifo");
+    QFile::remove(fifo);
     ASSERT_EQ(mkfifo(qPrintable(fifo), 0600), 0);
     LoopbackHttpServer silent(LoopbackHttpServer::Silent, {});
     LoopbackHttpServer stalled(LoopbackHttpServer::Stalled, Clips::bytes(Clips::h264AacIndexLast()));
@@ -212,8 +245,7 @@ TEST(FileDataSource, ClosesAtOnceInAnyState)
             FileDataSource source(path);
             QSignalSpy const error(&source, &GLMovieDataSource::error);
             source.open();
-            for (int rounds = QRandomGenerator::global()->bounded(20); rounds > 0; --rounds)
-                QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+            QTest::qWait(QRandomGenerator::global()->bounded(25));
             QElapsedTimer timer;
             timer.start();
             source.close();

@@ -8,6 +8,7 @@
 
 extern "C" {
 #include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
 }
 
 #include <QDir>
@@ -15,6 +16,7 @@ extern "C" {
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gmock/gmock.h>
 #include <thread>
@@ -275,7 +277,6 @@ TEST_F(GLMovieTest, WithoutASoundDeviceThePictureStillPlays)
 TEST_F(GLMovieTest, UnknownCodecsAreErrorsInWords)
 {
     _source.addVideo();
-    _source.videoStream()->codecpar->codec_id = AV_CODEC_ID_BMV_VIDEO;
     _source.videoStream()->codecpar->codec_id = AV_CODEC_ID_NONE;
     _source.open();
     ASSERT_EQ(_error.count(), 1);
