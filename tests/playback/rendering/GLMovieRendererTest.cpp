@@ -1,0 +1,156 @@
+#include "GLMovieRenderer.h"
+
+#include "GLMovie.h"
+#include "GLMovieShader.h"
+#include "GLMovieTexture.h"
+#include "GLTest.h"
+#include "ScriptedMovieSource.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+namespace
+{
+
+/// Every scripted picture has luma and chroma 80: this, in RGB.
+QColor const scriptedColour(0, 132, 0);
+
+class GLMovieRendererTest : public GLTest
+{
+protected:
+    void SetUp() override
+    {
+        GLTest::SetUp();
+        ASSERT_TRUE(GLMovieRenderer::createYUVtoRGBShaderProgram(&_shader));
+    }
+
+    /// Opens a live source with pictures, and waits until one can be drawn.
+    void showPictures(bool hardware = true)
+    {
+        _source.addVideo();
+        _source.scriptClip(1.0, true, false);
+        _source.setLive(true);
+        if (hardware)
+            _renderer.setColourConversionShaderProgram(_shader.handle());
+        _renderer.setUseHardwareColourConversion(true);
+        _renderer.open(&_source);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return _keyFrames.count() == 1 && _pictures.count() > 0; }));
+    }
+
+    QImage drawn(GLMovieRenderer::DrawMode mode = GLMovieRenderer::TouchInside)
+    {
+        beginSurface(200, 100, Qt::blue);
+        _renderer.updateVideoTexture();
+        _renderer.drawVideoOrthoMode(0, 0, 200, 100, mode);
+        return surface();
+    }
+
+    static bool isNear(QColor const& one, QColor const& other)
+    {
+        return std::abs(one.red() - other.red()) < 5 && std::abs(one.green() - other.green()) < 5 &&
+               std::abs(one.blue() - other.blue()) < 5;
+    }
+
+    GLMovieShader _shader;
+    ScriptedMovieSource _source;
+    GLMovieRenderer _renderer;
+    QSignalSpy _opened{&_renderer, &GLMovieRenderer::opened};
+    QSignalSpy _keyFrames{&_renderer, &GLMovieRenderer::firstKeyFrameReceived};
+    QSignalSpy _pictures{&_renderer, &GLMovieRenderer::pictureUpdated};
+    QSignalSpy _errors{&_renderer, &GLMovieRenderer::error};
+    QSignalSpy _fadedOut{&_renderer, &GLMovieRenderer::fadeOutCompleted};
+};
+
+} // namespace
+
+TEST_F(GLMovieRendererTest, ShowsThePicturesOfASourceOnTheCard)
+{
+    showPictures();
+    EXPECT_EQ(_opened.count(), 1);
+    EXPECT_EQ(_renderer.movieSize(), QSize(16, 16));
+    EXPECT_FALSE(_renderer.isBuffering());
+    EXPECT_EQ(_renderer.movie()->texture()->planeCount(), 3);
+    QImage const image = drawn();
+    EXPECT_TRUE(isNear(image.pixelColor(100, 50), scriptedColour));
+    EXPECT_TRUE(isNear(image.pixelColor(51, 1), scriptedColour));
+    EXPECT_EQ(image.pixelColor(48, 50), QColor(Qt::blue));
+    EXPECT_TRUE(_renderer.hitTest({100, 50}));
+    EXPECT_FALSE(_renderer.hitTest({40, 50}));
+}
+
+TEST_F(GLMovieRendererTest, WithoutAProgramThePictureIsConvertedBeforehand)
+{
+    showPictures(false);
+    EXPECT_EQ(_renderer.movie()->texture()->planeCount(), 1);
+    EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), scriptedColour));
+    beginSurface(200, 100, Qt::blue);
+    _renderer.drawVideoWithDrawPixels(0, 0, 200, 100);
+    EXPECT_TRUE(isNear(surface().pixelColor(100, 50), scriptedColour));
+    EXPECT_EQ(surface().pixelColor(20, 50), QColor(Qt::blue));
+}
+
+TEST_F(GLMovieRendererTest, APictureLargerThanItsPlaceIsCut)
+{
+    showPictures();
+    beginSurface(200, 100, Qt::blue);
+    _renderer.updateVideoTexture();
+    _renderer.drawVideoOrthoMode(20, 10, 100, 50, GLMovieRenderer::TouchOutside);
+    QImage const image = surface();
+    EXPECT_TRUE(isNear(image.pixelColor(21, 11), scriptedColour));
+    EXPECT_TRUE(isNear(image.pixelColor(118, 58), scriptedColour));
+    for (QPoint const outside : {QPoint(18, 30), QPoint(122, 30), QPoint(60, 8), QPoint(60, 62)})
+        EXPECT_EQ(image.pixelColor(outside), QColor(Qt::blue));
+}
+
+TEST_F(GLMovieRendererTest, AFadeBeginsWithTheFirstPicture)
+{
+    _renderer.fadeIn(0, 0.5, true, true);
+    EXPECT_FALSE(_renderer.isFading());
+    showPictures();
+    EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), scriptedColour));
+    _renderer.setOpacity(0.5);
+    EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), QColor(0, 66, 128)));
+    EXPECT_DOUBLE_EQ(_renderer.movie()->volume(), 0.0) << "There has been no sound to fade in";
+
+    _renderer.fadeOut(0, true, true);
+    EXPECT_EQ(_fadedOut.count(), 1);
+    EXPECT_EQ(drawn().pixelColor(100, 50), QColor(Qt::blue));
+    _renderer.fadeIn(0, 0.5, true, false);
+    EXPECT_DOUBLE_EQ(_renderer.movie()->volume(), 0.5);
+    EXPECT_EQ(_fadedOut.count(), 1);
+}
+
+TEST_F(GLMovieRendererTest, FailuresReachTheViewerInWords)
+{
+    _renderer.open(&_source); // Without any stream.
+    ASSERT_TRUE(QTest::qWaitFor([this] { return _errors.count() == 1; }));
+    EXPECT_EQ(_errors.constFirst().at(1).toString(), "No video or audio streams found. Cannot play");
+    emit _source.error(&_source, "Stream unavailable");
+    EXPECT_EQ(_errors.at(1).at(1).toString(), "Stream unavailable");
+    EXPECT_EQ(drawn().pixelColor(100, 50), QColor(Qt::blue));
+}
+
+TEST_F(GLMovieRendererTest, MayBeClosedByAListenerAndOpenedAgain)
+{
+    QObject::connect(&_renderer, &GLMovieRenderer::opened, &_renderer, &GLMovieRenderer::close);
+    _source.addVideo();
+    _source.scriptClip(1.0, true, false);
+    _renderer.open(&_source);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !_renderer.isOpen(); }));
+    EXPECT_EQ(drawn().pixelColor(100, 50), QColor(Qt::blue));
+    _renderer.close();
+    _renderer.open(&_source);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return _opened.count() == 2 && !_renderer.isOpen(); }));
+}
+
+TEST_F(GLMovieRendererTest, TheMessageLiesOverThePictureAndTheNameWithIt)
+{
+    showPictures();
+    _renderer.setVideoName("Name");
+    QImage const without = drawn();
+    _renderer.setVideoMessage("Buffering");
+    QImage const with = drawn();
+    EXPECT_NE(with, without);
+    _renderer.setVideoMessage("");
+    EXPECT_EQ(drawn(), without);
+}
