@@ -352,6 +352,7 @@ void GLMovie::freeResources()
     _dropUntilKeyframe = false;
     _firstVideoPts = 0.0;
     _firstAudioPts = 0.0;
+    _sharesSoundsZero = false;
     _lastVideoPts = 0.0;
     _lastAudioPts = 0.0;
 }

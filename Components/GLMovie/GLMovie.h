@@ -223,7 +223,7 @@ private:
     // The clocks (GLMovieClock.cpp).
     double masterClockTime() const;
     double clockTime();
-    double computeVideoPacketPTS(qint64 timestamp) const;
+    double computeVideoPacketPTS(qint64 timestamp);
     double computeAudioPacketPTS(qint64 timestamp) const;
     bool checkIfPacketNeedsDropping(AVPacket const* packet);
     double waitForPresentationTime(double pts);
@@ -275,6 +275,8 @@ private:
     Frame _outputFrame; ///< The picture in the output pixel format.
     std::unique_ptr<SwsContext, SwsDeleter> _swsContext;
     double _frameDelay = 0.0; ///< Seconds that the last picture took to process.
+    double _soundsZero = 0.0; ///< The _firstAudioPts that pictures are counted from, once they share it.
+    bool _sharesSoundsZero = false;
 
     // The audio watcher's own; made and freed while it does not run.
     Frame _audioFrame;

@@ -55,14 +55,18 @@ double GLMovie::clockTime()
     return _lastAudioClock + static_cast<double>(now - _lastAudioClockTime) / 1000000.0;
 }
 
-double GLMovie::computeVideoPacketPTS(qint64 timestamp) const
+double GLMovie::computeVideoPacketPTS(qint64 timestamp)
 {
     if (timestamp == AV_NOPTS_VALUE)
         return 0.0;
-    // With sound, both streams share the sound's zero, as soon as that is known.
-    bool const soundsZero = _syncToAudio && !_waitingForFirstAudio;
-    return static_cast<double>(timestamp) * av_q2d(_videoStream->time_base) -
-           (soundsZero ? _firstAudioPts : _firstVideoPts);
+    double const seconds = static_cast<double>(timestamp) * av_q2d(_videoStream->time_base);
+    if (!_syncToAudio || _waitingForFirstAudio)
+        return seconds - _firstVideoPts;
+    if (!_sharesSoundsZero) {
+        _soundsZero = _firstAudioPts;
+        _sharesSoundsZero = true;
+    }
+    return seconds - _soundsZero;
 }
 
 double GLMovie::computeAudioPacketPTS(qint64 timestamp) const
@@ -79,11 +83,19 @@ bool GLMovie::checkIfPacketNeedsDropping(AVPacket const* packet)
     qint64 const timestamp = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
     if (timestamp == AV_NOPTS_VALUE)
         return false;
-    double const pts = computeVideoPacketPTS(timestamp);
-    double const late = clockTime() - pts;
+    double pts = computeVideoPacketPTS(timestamp);
+    double late = clockTime() - pts;
     bool const clockWasReset = _lastVideoPts - pts > jumpSeconds;
     if (late <= tooLateSeconds || clockWasReset)
         return false;
+    if (_syncToAudio && _soundsZero != _firstAudioPts) {
+        // The sound has followed the sender's new clock after the picture did.
+        _sharesSoundsZero = false;
+        pts = computeVideoPacketPTS(timestamp);
+        late = clockTime() - pts;
+        if (late <= tooLateSeconds)
+            return false;
+    }
     _lastVideoPts = pts;
     _dropUntilKeyframe = _syncToAudio.load();
     LOG_INFO("Dropped video packet with pts %lf seconds as it was %lf seconds later than the audio clock", pts, late);
@@ -100,8 +112,13 @@ double GLMovie::waitForPresentationTime(double pts)
         _seenKeyframe = _seenKeyframe && !jumpedBack;
         _dropUntilKeyframe = false;
         resetStartTime();
-        if (!_syncToAudio)
+        if (!_syncToAudio) {
             pts = 0.0;
+        } else {
+            // Sound is queued ahead of what is heard, so its zero moves first; the picture's moves here.
+            pts += _soundsZero - _firstAudioPts;
+            _soundsZero = _firstAudioPts;
+        }
         _lastVideoPts = pts;
     }
     while (!isStopRequested()) {

@@ -213,6 +213,7 @@ bool GLMovie::resetMovie()
     }
     _firstVideoPts = 0.0;
     _firstAudioPts = 0.0;
+    _sharesSoundsZero = false;
     _lastVideoPts = 0.0;
     _lastAudioPts = 0.0;
     _playing = false;
