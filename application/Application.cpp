@@ -33,7 +33,8 @@ Application::Application(QString const& appId, int& argc, char** argv) : SingleA
 {
     Q_INIT_RESOURCE(ombravision);
     setQuitOnLastWindowClosed(false);
-    connect(&_terminationSignals, &TerminationSignals::received, this, &QCoreApplication::quit);
+    // quit() would ask the window first, and that refuses to be closed.
+    connect(&_terminationSignals, &TerminationSignals::received, this, [] { QCoreApplication::exit(0); });
     AppSettings const& settings = _appData.settings;
     setOrganizationName(settings.organisation());
     setOrganizationDomain(settings.organisationDomain());

@@ -173,7 +173,7 @@ void Window::stepSpeed(int steps)
 void Window::onQuit()
 {
     _trayIcon->hide();
-    QApplication::quit();
+    QApplication::exit(0); // quit() would ask this window to close, which only hides it.
 }
 
 void Window::onAbout()

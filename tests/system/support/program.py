@@ -34,7 +34,8 @@ class Program:
     def __init__(self, display: VirtualDisplay, *arguments, settings=None, debug=True, driver="wave"):
         self._binary = built("OMBRAVISION_PROGRAM", "application/ombravision")
         self._display = display
-        self._arguments = (["-debug"] if debug else []) + list(arguments)
+        # A name right after a bare -debug would be its value; "-debug=" takes none.
+        self._arguments = (["-debug="] if debug else []) + list(arguments)
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="ombravision-home-"))
         self.wave = self.home / "sound.wav"
         self.log = self.home / ".Ombravision/Ombravision.log"
