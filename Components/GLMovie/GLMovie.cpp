@@ -310,9 +310,10 @@ void GLMovie::joinThreads()
 {
     wakeAll();
     wait();
+    static_cast<void>(_readerEnded.load(std::memory_order_acquire));
     wakeAll();
-    _videoWatcher->wait();
-    _audioWatcher->wait();
+    _videoWatcher->join();
+    _audioWatcher->join();
 }
 
 void GLMovie::close(bool notify)

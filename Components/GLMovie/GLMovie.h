@@ -237,6 +237,7 @@ private:
     bool beginVideo();
     bool showKeyFrame(double pts);
     void updateTexture(bool isKeyFrame);
+    AVFrame const* pictureInOutputFormat();
     int allocateTexture();
 
     // The audio watcher's thread (GLMovieAudio.cpp).
@@ -294,6 +295,8 @@ private:
     std::atomic<bool> _textureAllocated{false};
     std::atomic<int> _width{0};
     std::atomic<int> _height{0};
+
+    std::atomic<bool> _readerEnded{true}; ///< As in the watchers: orders what the reader did before a join.
 
     // Flags and numbers that several threads read; each is independent of the others.
     std::atomic<bool> _stopRequested{false}; ///< Set by the owner, ends all threads.

@@ -28,7 +28,14 @@ void GLMoviePacketQueueWatcher::run()
         handlePacket(packet);
         av_packet_free(&packet);
     }
+    _ended.store(true, std::memory_order_release);
     QThread::exit(0);
+}
+
+void GLMoviePacketQueueWatcher::join()
+{
+    wait();
+    static_cast<void>(_ended.load(std::memory_order_acquire));
 }
 
 void GLMovieVideoPacketQueueWatcher::handlePacket(AVPacket* packet)

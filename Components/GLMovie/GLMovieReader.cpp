@@ -54,6 +54,7 @@ void GLMovie::run()
             break;
     }
     av_packet_free(&packet);
+    _readerEnded.store(true, std::memory_order_release);
     QThread::exit(0);
 }
 
@@ -248,9 +249,9 @@ void GLMovie::stopWatchers()
     _restarting = true;
     wakeAll();
     LOG_DEBUG("Waiting for video packet queue...");
-    _videoWatcher->wait();
+    _videoWatcher->join();
     LOG_DEBUG("Waiting for audio packet queue...");
-    _audioWatcher->wait();
+    _audioWatcher->join();
     // What the decoders still hold belongs to another place of the film.
     if (_videoCodec)
         avcodec_flush_buffers(_videoCodec.get());

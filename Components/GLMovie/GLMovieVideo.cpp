@@ -126,16 +126,28 @@ int GLMovie::allocateTexture()
 
 void GLMovie::updateTexture(bool isKeyFrame)
 {
+    AVFrame const* const picture = pictureInOutputFormat();
+    if (!picture)
+        return;
+    _texture->update(picture, isKeyFrame);
+    if (isKeyFrame && _emitKeyframes)
+        emit keyframeReceived(_texture->image(), _width, _height, keyframeImageFormat);
+}
+
+AVFrame const* GLMovie::pictureInOutputFormat()
+{
+    // Scaling a picture to what it is already would only copy it.
+    if (_frame->format == _outputFrame->format && _frame->width == _outputFrame->width &&
+        _frame->height == _outputFrame->height)
+        return _frame.get();
     // The source may change its size or format at any picture; the texture keeps the size of the first one.
     SwsContext* const old = _swsContext.release();
     _swsContext.reset(sws_getCachedContext(
         old, _frame->width, _frame->height, static_cast<AVPixelFormat>(_frame->format), _outputFrame->width,
         _outputFrame->height, _outputPixelFormat, SWS_BILINEAR, nullptr, nullptr, nullptr));
     if (!_swsContext)
-        return;
+        return nullptr;
     sws_scale(_swsContext.get(), _frame->data, _frame->linesize, 0, _frame->height, _outputFrame->data,
               _outputFrame->linesize);
-    _texture->update(_outputFrame.get(), isKeyFrame);
-    if (isKeyFrame && _emitKeyframes)
-        emit keyframeReceived(_texture->image(), _width, _height, keyframeImageFormat);
+    return _outputFrame.get();
 }

@@ -109,7 +109,7 @@ public:
     bool hitTest(QPointF point) const;
 
     /// The rectangle in which the picture was last drawn, in pixels of the window; empty before that.
-    QRect videoWindow() const { return _windowCoordinates.boundingRect().toAlignedRect(); }
+    QRect videoWindow() const { return _windowCoordinates.boundingRect().toRect(); }
 
     /// Writes a texture into an image file, to look into problems. Returns false, and logs, when it cannot.
     bool dumpTextureToDisk(unsigned int texture, QString const& path) const;

@@ -17,9 +17,10 @@ class Instances(unittest.TestCase):
         with Program(self.display) as program:
             for hide in (self.display.minimise, self.display.close):
                 hide(program.window)
-                wait_for(lambda: self.display.active_window() != program.window, 5, "the window to go away")
+                wait_for(lambda: not self.display.is_shown(program.window), 5, "the window to go away")
                 self.assertEqual(program.start_second(), 0)
-                wait_for(lambda: self.display.active_window() == program.window, 5, f"the window after {hide.__name__}")
+                wait_for(lambda: self.display.is_shown(program.window)
+                         and self.display.active_window() == program.window, 5, f"the window after {hide.__name__}")
             self.assertFalse(program.logged(r"^Playing "))
 
     def test_a_second_start_hands_its_files_over(self):

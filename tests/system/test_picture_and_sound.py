@@ -12,7 +12,7 @@ from support.sound import Sound, WaveClock
 
 PATHS = ("shader", "fragmentProgram", "software")
 MINIMUM_PSNR = 30
-FINISHED = r"Movie finished\. Stopping"
+FINISHED = r"Movie finished: Looping"  # Local films begin again after half a second.
 
 
 class PictureAndSound(unittest.TestCase):
@@ -47,7 +47,7 @@ class PictureAndSound(unittest.TestCase):
         for path in PATHS:
             for clip, frequency in films:
                 with self.subTest(path=path, clip=clip.name), \
-                        Program(self.display, clip, settings={"video/colourConversion": path}) as program:
+                        Program(self.display, clip, settings={r"application/video\colourConversion": path}) as program:
                     self.check_pictures(program, clip)
                     program.wait_for_log(FINISHED)
                     program.quit()
@@ -71,7 +71,7 @@ class PictureAndSound(unittest.TestCase):
             self.assertTrue(width == self.display.width or height == self.display.height, (x, y, width, height))
             wait_for(lambda: self.display.screenshot((x, y, width, height)).number() is not None, 10, "a frame number")
 
-    def test_two_films_side_by_side(self):
+    def test_two_films_side_by_side_of_which_the_first_is_heard(self):
         with Program(self.display, clips.mp4(), clips.asf()) as program:
             program.wait_for_log(r"^Playing .*\.mp4")
             program.wait_for_log(r"^Playing .*\.asf")
@@ -79,8 +79,8 @@ class PictureAndSound(unittest.TestCase):
             program.quit()
             sound = Sound.of_wave(program.wave)
             first, _ = sound.span()
-            for frequency in (440, 660):
-                self.assertGreater(sound.strength(frequency, first + 2, 1), 1000, f"{frequency} Hz")
+            self.assertGreater(sound.strength(440, first + 2, 1), 1000)
+            self.assertLess(sound.strength(660, first + 2, 1), 10)
 
     def test_pictures_keep_time_with_the_sound(self):
         clip = clips.flash_and_beep()

@@ -53,6 +53,10 @@ class VirtualDisplay:
         found = re.search(r"0x[0-9a-f]+", self.ask("xprop", "-root", "_NET_ACTIVE_WINDOW"))
         return found.group() if found else None
 
+    def is_shown(self, window):
+        """Whether a window is on the screen, neither hidden nor minimised."""
+        return "IsViewable" in self.ask("xwininfo", "-id", window)
+
     def geometry(self, window):
         """Position on the screen and size of a window, without its frame."""
         text = self.ask("xwininfo", "-id", window)
