@@ -5,6 +5,7 @@
 #include "ChannelManager.h"
 #include "CookieJar.h"
 #include "FileLatteClientFactory.h"
+#include "GLExtension.h"
 #include "GLMovieRenderer.h"
 #include "LinuxAudioConfig.h"
 #include "Logger.h"
@@ -199,6 +200,7 @@ void AppData::createColourConversionPrograms()
     if (!GLMovieRenderer::createYUVtoRGBFragmentProgram(_colourConversionFragmentProgram))
         _colourConversionFragmentProgram = 0;
     GLMovieRenderer::createYUVtoRGBShaderProgram(&_colourConversionShader);
+    _drawsInSoftware = GLExtension::isSoftwareRenderer();
 }
 
 QList<GLMovieShader*> AppData::postProcessingShaders() const

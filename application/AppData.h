@@ -73,6 +73,8 @@ public:
     void createColourConversionPrograms();
     unsigned int colourConversionFragmentProgram() const { return _colourConversionFragmentProgram; }
     GLMovieShader& colourConversionShader() { return _colourConversionShader; }
+    /// Whether OpenGL runs on the processor, where every sample counts.
+    bool drawsInSoftware() const { return _drawsInSoftware; }
 
     /// The effects that pictures pass through while post-processing is on, in order; owned here.
     QList<GLMovieShader*> postProcessingShaders() const;
@@ -118,6 +120,7 @@ private:
     ChannelManager* _channelManager = nullptr;
     GLMovieShader _colourConversionShader;
     unsigned int _colourConversionFragmentProgram = 0;
+    bool _drawsInSoftware = false;
     std::vector<std::unique_ptr<GLMovieShader>> _postProcessingShaders;
     bool _initialized = false;
 };

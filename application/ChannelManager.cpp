@@ -81,6 +81,7 @@ Channel* ChannelManager::addChannel(std::unique_ptr<Channel> channel)
     connect(added, &Channel::streamError, this, &ChannelManager::onChannelStreamError);
     connect(added, &Channel::streamStateChanged, this, &ChannelManager::onChannelStreamStateChanged);
     connect(added, &Channel::streamNeedsLoop, this, &ChannelManager::onChannelStreamNeedsLoop);
+    connect(added, &Channel::streamOpened, this, &ChannelManager::streamOpened);
     connect(added, &Channel::pictureUpdated, this, &ChannelManager::pictureUpdated);
     LOG_INFO("Added channel %d %s", static_cast<int>(_channels.size()), qPrintable(added->desc.title()));
     return added;

@@ -81,6 +81,7 @@ signals:
     void channelClosed(Channel* channel);
     void channelChanging(Channel* from, Channel* to);
     void channelChanged(Channel* from, Channel* to);
+    void streamOpened(Channel* channel, ChannelStream* stream);
     void channelsUpdated();
     void channelError(Channel* channel, QString text);
     void channelStateChanged(Channel* channel, QString text);

@@ -52,6 +52,7 @@ void ChannelStream::open(bool forceFile)
         return;
     _renderer = std::make_unique<GLMovieRenderer>();
     giveColourConversion();
+    _renderer->setSmoothChroma(!_appData.drawsInSoftware());
     givePostProcessing();
     _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
     _renderer->setLoop(_loop);
@@ -318,5 +319,8 @@ QRect ChannelStream::videoWindow() const
 
 QSize ChannelStream::movieSize() const
 {
-    return _renderer ? _renderer->movieSize() : QSize();
+    GLMovie const* const movie = _renderer ? _renderer->movie() : nullptr;
+    if (!movie || !movie->hasVideo())
+        return {};
+    return {qRound(movie->codecHeight() * movie->aspectRatio()), movie->codecHeight()};
 }

@@ -65,6 +65,7 @@ public:
 
     /// Where the picture was last drawn, in pixels of the surface.
     QRect videoWindow() const;
+    /// The size of the picture at its right aspect ratio, in pixels, known once the stream is open.
     QSize movieSize() const;
 
 signals:

@@ -44,7 +44,7 @@ Window::Window(AppData& appData)
     connectSignals();
     setWindowIcon(QIcon(":/Resources/Ombravision.png"));
     updateTitle();
-    resize(firstSize.width(), firstSize.height() + _menuBar->sizeHint().height());
+    resizeItself(firstSize + QSize(0, _menuBar->sizeHint().height()));
 }
 
 Window::~Window()
@@ -243,9 +243,38 @@ void Window::zoom(double factor)
     Channel const* const channel = _appData.channelManager()->activeChannel();
     if (!channel || channel->movieSize().isEmpty() || _appData.settings.showFullScreen())
         return;
-    QSize const video = channel->movieSize() * factor / devicePixelRatio();
-    QSize const frame = size() - _glWidget->size();
-    resize((video + frame).boundedTo(screen()->availableSize()));
+    QSize const frame = frameGeometry().size() - _glWidget->size();
+    QSize const room = screen()->availableSize() - frame;
+    QSize video = channel->movieSize() * factor / devicePixelRatio();
+    if (video.width() > room.width() || video.height() > room.height())
+        video.scale(room, Qt::KeepAspectRatio);
+    resizeItself(video + size() - _glWidget->size());
+}
+
+void Window::resizeItself(QSize const& size)
+{
+    _ownSize = size;
+    QSize const grown = frameGeometry().size() + size - this->size();
+    resize(size);
+    // A window that has grown stays on the screen.
+    QRect const room = screen()->availableGeometry();
+    QPoint const lastCorner = room.bottomRight() - QPoint(grown.width() - 1, grown.height() - 1);
+    QPoint const corner(qMax(room.left(), qMin(x(), lastCorner.x())), qMax(room.top(), qMin(y(), lastCorner.y())));
+    if (isVisible() && corner != pos())
+        move(corner);
+}
+
+void Window::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (event->spontaneous() && event->size() != _ownSize && !isFullScreen())
+        _sizedByHand = true;
+}
+
+void Window::onStreamOpened()
+{
+    if (!_sizedByHand && !isMaximized() && _appData.channelManager()->openChannels().size() == 1)
+        zoom(1.0);
 }
 
 void Window::updateTitle()

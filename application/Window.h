@@ -41,6 +41,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private slots:
     void onOpenVideoFile();
@@ -57,6 +58,8 @@ private slots:
     void onAbout();
     void onTrayActivated(QSystemTrayIcon::ActivationReason reason);
     void onSpeed(QAction* action);
+    /// A film that plays alone gets a window of its size, until the viewer has chosen one.
+    void onStreamOpened();
 
 private:
     void createChildControls();
@@ -69,6 +72,7 @@ private:
     void stepSpeed(int steps);
     QStringList chooseFiles(bool several);
     void showWindow();
+    void resizeItself(QSize const& size);
     void updateTitle();
 
     static Logger* log;
@@ -83,4 +87,6 @@ private:
     QStringList _pendingNames; ///< What to play once the surface stands.
     bool _surfaceReady = false;
     bool _closedByHand = false;
+    QSize _ownSize; ///< The size that the window has given itself last.
+    bool _sizedByHand = false;
 };

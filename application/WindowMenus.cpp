@@ -147,6 +147,7 @@ void Window::connectSignals()
     connect(&settings, &AppSettings::showMenuBarChanged, this,
             [this] { _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen()); });
     connect(&_appData, &AppData::channelChanged, this, &Window::updateTitle);
+    connect(_appData.channelManager(), &ChannelManager::streamOpened, this, &Window::onStreamOpened);
     connect(_glWidget, &GLWidget::contextMenuRequested, _contextMenu, [this](QPoint p) { _contextMenu->popup(p); });
     connect(_glWidget, &GLWidget::filesDropped, this, &Window::open);
     connect(_glWidget, &GLWidget::initialized, this, [this] {

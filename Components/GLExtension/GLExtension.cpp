@@ -6,6 +6,7 @@
 #include <QOpenGLContext>
 #include <QStringList>
 
+#include <algorithm>
 #include <qopengl.h>
 
 Logger* GLExtension::log = LoggerManager::logger();
@@ -38,6 +39,13 @@ QString GLExtension::renderer()
 QString GLExtension::vendor()
 {
     return contextText(GL_VENDOR);
+}
+
+bool GLExtension::isSoftwareRenderer()
+{
+    static QStringList const names = {"llvmpipe", "softpipe", "swrast", "Software Rasterizer"}; // Mesa's.
+    QString const name = renderer();
+    return std::any_of(names.cbegin(), names.cend(), [&name](QString const& part) { return name.contains(part); });
 }
 
 bool GLExtension::isExtensionSupported(QString const& name)

@@ -28,6 +28,9 @@ public:
     static QString renderer();
     static QString vendor();
 
+    /// Whether the current context draws on the processor instead of a graphics card.
+    static bool isSoftwareRenderer();
+
     /// Whether the current context offers the extension of this exact name.
     static bool isExtensionSupported(QString const& name);
 

@@ -19,6 +19,7 @@ public:
     /// The programs that turn YUV into RGB; 0 for none. The shader is preferred.
     void setColourConversionFragmentProgram(unsigned int program) { _fragmentProgram = program; }
     void setColourConversionShaderProgram(unsigned int program) { _shaderProgram = program; }
+    void setSmoothChroma(bool smooth) { _texture.setSmoothChroma(smooth); }
     bool hasColourConversion() const { return _fragmentProgram != 0 || _shaderProgram != 0; }
 
     GLMoviePostProcessor& postProcessor() { return _postProcessor; }

@@ -68,6 +68,10 @@ public:
     void setColourConversionFragmentProgram(unsigned int program);
     void setColourConversionShaderProgram(unsigned int program);
 
+    /// Whether chroma is smoothed where the picture is drawn pixel by pixel; where OpenGL runs in software, that
+    /// doubles the cost of a picture. Starts true.
+    void setSmoothChroma(bool smooth) { _painter.setSmoothChroma(smooth); }
+
     bool postProcessingEnabled() const;
     void setPostProcessingEnabled(bool enabled);
     /// Handles of GLMovieShader, run in the order in which they were added.

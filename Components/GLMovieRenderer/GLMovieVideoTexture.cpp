@@ -87,7 +87,7 @@ void GLMovieVideoTexture::bindVideoTexture(bool pixelExact)
         Plane& plane = _planes[static_cast<size_t>(index)];
         selectUnit(index, isYUV());
         glBindTexture(GL_TEXTURE_2D, plane.texture);
-        bool const exact = pixelExact && !plane.halved;
+        bool const exact = pixelExact && !(plane.halved && _smoothChroma);
         if (exact == plane.exact)
             continue;
         plane.exact = exact;

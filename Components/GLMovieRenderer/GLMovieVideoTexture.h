@@ -25,8 +25,11 @@ public:
     void updateVideoTexture(GLMovieTexture& texture);
 
     /// Binds every plane to its unit, 0 to 2. With `pixelExact`, pixels are taken as they are; otherwise they are
-    /// smoothed. The chroma of 4:2:0 always is.
+    /// smoothed. The chroma of 4:2:0 always is, unless setSmoothChroma() says otherwise.
     void bindVideoTexture(bool pixelExact);
+
+    /// Whether chroma is smoothed between its samples where the picture is drawn pixel by pixel. Starts true.
+    void setSmoothChroma(bool smooth) { _smoothChroma = smooth; }
 
     /// Has the next updateVideoTexture() upload in any case: the picture may be of another film.
     void forgetPicture() { _generation = 0; }
@@ -62,5 +65,6 @@ private:
     QSize _pictureSize;
     int _planeCount = 0;
     unsigned int _format = 0;
+    bool _smoothChroma = true;
     quint64 _generation = 0; ///< Of the picture uploaded last; 0 for none.
 };

@@ -78,24 +78,24 @@ class Ombravision(Player):
         super().__init__("ombravision", [])
         self._rectangles = {}
 
-    def _program(self, display, clip, width, height):
-        # The window is as wide as the picture and higher, so that the picture fills its width.
-        return Program(display, "-qwindowgeometry", f"{width}x{height + 160}+0+0", "--", clip, driver="null")
+    def _program(self, display, clip, debug=False):
+        # The window takes the picture's own size by itself.
+        return Program(display, "--", clip, driver="null", debug=debug)
 
     def rectangle(self, display, clip, width, height):
         if (width, height) not in self._rectangles:
-            with self._program(display, clip, width, height) as program:
+            with self._program(display, clip, debug=True) as program:
                 self._rectangles[width, height] = wait_for(
                     lambda: program.video_rectangle()[2:] == (width, height) and program.video_rectangle(), 10,
                     f"a picture of {width}x{height}")
         return self._rectangles[width, height]
 
     def launch(self, display, clip, width, height):
-        self._process = self._program(display, clip, width, height)
+        self._process = self._program(display, clip)
         self._process.start()
 
     def play_to_the_end(self, seconds):
-        self._process.wait_for_log(r"Movie finished\. Stopping", seconds + PATIENCE)
+        self._process.wait_for_log(r"Movie finished", seconds + PATIENCE)
         return process.cpu_seconds(self._process.pid), process.peak_kb(self._process.pid) / 1024
 
     def stop(self):
