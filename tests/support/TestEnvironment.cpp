@@ -17,9 +17,9 @@ TestEnvironment::TestEnvironment()
 }
 
 #ifdef __SANITIZE_THREAD__
-/// Read by the thread sanitizer at start; TSAN_OPTIONS still overrides it. Qt and the libraries below it are not built
-/// with the sanitizer, which therefore cannot see the locks inside them: what they allocate, copy and free on their own
-/// is left out. Everything that our code does itself is watched, QMutex included.
+/// Read by the thread sanitizer at start; TSAN_OPTIONS still overrides it. Qt and the libraries below it are not
+/// built with the sanitizer, which therefore cannot see the locks inside them: what they allocate, copy and free on
+/// their own is left out. Everything that our code does itself is watched, QMutex included.
 extern "C" char const* __tsan_default_options()
 {
     return "ignore_noninstrumented_modules=1";
