@@ -17,9 +17,13 @@
 #include "Uri.h"
 
 #include <QAction>
+#include <QCursor>
+#include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QNetworkAccessManager>
 #include <QNetworkProxy>
+#include <QPixmap>
 
 #include <ctime>
 #include <stdexcept>
@@ -54,6 +58,7 @@ void AppData::initialize(QWidget* mainWidget)
     settings.createActions();
     settings.loadGlobalSettings();
     setProxy();
+    createCursors();
     _networkAccessManager = new QNetworkAccessManager;
     loadCookieJar();
     _memoThread = new ThreadedMemoQueue;
@@ -94,9 +99,29 @@ void AppData::uninitialize()
     _memoThread->exit(0);
     _memoThread->wait();
     destroy(_memoThread);
+    destroy(_playCursor);
+    destroy(_openCursor);
+    destroy(_closeCursor);
     clearPostProcessingShaders();
     _initialized = false;
     LOG_INFO("Finished destroying application components");
+}
+
+void AppData::createCursors()
+{
+    auto const create = [](char const* name) {
+        QImage const image(QStringLiteral(":/Resources/%1.png").arg(name));
+        return new QCursor(QPixmap::fromImage(image), -1, -1);
+    };
+    _playCursor = create("PlayCursor");
+    _openCursor = create("OpenCursor");
+    _closeCursor = create("CloseCursor");
+}
+
+QString AppData::buildStyleSheet(bool skin)
+{
+    QFile file(skin ? ":/Resources/stylesheet_skin.txt" : ":/Resources/stylesheet_normal.txt");
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 void AppData::setProxy()

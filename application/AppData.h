@@ -21,6 +21,7 @@ class Channel;
 class ChannelManager;
 class FileLatteClientFactory;
 class Logger;
+class QCursor;
 class QNetworkAccessManager;
 class QWidget;
 class RandomGenerator;
@@ -64,6 +65,20 @@ public:
     QNetworkAccessManager* networkAccessManager() const { return _networkAccessManager; }
     QWidget* mainWidget() const { return _mainWidget; }
 
+    /// The pointers that say what a click on a channel does: replace what plays, add to it, close.
+    QCursor* playCursor() const { return _playCursor; }
+    QCursor* openCursor() const { return _openCursor; }
+    QCursor* closeCursor() const { return _closeCursor; }
+
+    /// The look of the window with its frame, or without it as a skin; empty when the resource is missing.
+    static QString buildStyleSheet(bool skin);
+
+    /// Tell everyone what the desktop has announced.
+    void emitSystemResumed() { emit systemResumed(); }
+    void emitSystemSuspended() { emit systemSuspended(); }
+    void emitSystemShutdown() { emit systemShutdown(); }
+    void emitDockIconClicked() { emit dockIconClicked(); }
+
     /// Makes the application's proxy as the settings say.
     void setProxy();
     void loadCookieJar();
@@ -92,6 +107,10 @@ signals:
     void channelsUpdated();
     void channelError(Channel* channel, QString text);
     void channelStateChanged(Channel* channel, QString text);
+    void dockIconClicked();
+    void systemShutdown();
+    void systemSuspended();
+    void systemResumed();
     void videoPostProcessingChanged();
 
 public slots:
@@ -101,6 +120,7 @@ public slots:
     void onUseHardwareColourConversionChanged();
 
 private:
+    void createCursors();
     void registerLatteSchemes();
     void chooseAudioDevice();
     void openAudioDevice();
@@ -110,6 +130,9 @@ private:
     static Logger* log;
 
     QWidget* _mainWidget = nullptr;
+    QCursor* _playCursor = nullptr;
+    QCursor* _openCursor = nullptr;
+    QCursor* _closeCursor = nullptr;
     QNetworkAccessManager* _networkAccessManager = nullptr;
     ThreadedMemoQueue* _memoThread = nullptr;
     TickCounter* _tickCounter = nullptr;

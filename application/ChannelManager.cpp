@@ -314,18 +314,30 @@ void ChannelManager::renderVideoOrtho(QRect const& area, GLMovieRenderer::DrawMo
     }
 }
 
+Channel* ChannelManager::channelAt(QPointF point) const
+{
+    for (int i = 0; i < _openChannels.size(); ++i)
+        if (cell(_lastArea, i).contains(point.toPoint()))
+            return _openChannels.at(i);
+    return nullptr;
+}
+
+QCursor ChannelManager::cursorAt(QPointF point) const
+{
+    Channel const* const channel = channelAt(point);
+    bool const clickPlays = channel && (channel->hasError() || channel != _activeChannel);
+    return clickPlays ? *_appData.playCursor() : QCursor(Qt::ArrowCursor);
+}
+
 void ChannelManager::videoMousePress(QPointF point)
 {
-    for (int i = 0; i < _openChannels.size(); ++i) {
-        if (!cell(_lastArea, i).contains(point.toPoint()))
-            continue;
-        Channel* const channel = _openChannels.at(i);
-        if (channel->hasError())
-            reconnectChannel(channel);
-        else
-            setActiveChannel(channel);
+    Channel* const channel = channelAt(point);
+    if (!channel)
         return;
-    }
+    if (channel->hasError())
+        reconnectChannel(channel);
+    else
+        setActiveChannel(channel);
 }
 
 void ChannelManager::onChannelStreamError(Channel* channel, ChannelStream*, QString text)

@@ -3,6 +3,7 @@
 #include "ChannelDescription.h"
 #include "GLMovieRenderer.h"
 
+#include <QCursor>
 #include <QHash>
 #include <QList>
 #include <QObject>
@@ -73,6 +74,9 @@ public:
     /// Draws the open channels side by side, in pixels of the surface, y downward. GL context current.
     void renderVideoOrtho(QRect const& area, GLMovieRenderer::DrawMode mode);
 
+    /// The pointer over a point of the surface, for what a click there does.
+    QCursor cursorAt(QPointF point) const;
+
     /// A click on the surface: reconnects a channel in error, or makes the clicked one active.
     void videoMousePress(QPointF point);
 
@@ -104,6 +108,7 @@ private:
     void openChannelMultiview(Channel* channel, int index);
     void openPending();
     void saveLastChannels();
+    Channel* channelAt(QPointF point) const;
     /// The part of the area that belongs to the open channel of that index.
     QRect cell(QRect const& area, int index) const;
 

@@ -228,9 +228,9 @@ void GLWidget::mousePressEvent(QMouseEvent* event)
         _appData.channelManager()->videoMousePress(event->position() * devicePixelRatio());
 }
 
-void GLWidget::mouseMoveEvent(QMouseEvent*)
+void GLWidget::mouseMoveEvent(QMouseEvent* event)
 {
-    unsetCursor();
+    setCursor(_appData.channelManager()->cursorAt(event->position() * devicePixelRatio()));
     if (_appData.settings.showFullScreen())
         _mouseHideTimer.start();
 }

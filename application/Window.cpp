@@ -42,6 +42,7 @@ Window::Window(AppData& appData)
     createTrayIcon();
     connectActions();
     connectSignals();
+    setStyleSheet(AppData::buildStyleSheet(false));
     setWindowIcon(QIcon(":/Resources/Ombravision.png"));
     updateTitle();
     resizeItself(firstSize + QSize(0, _menuBar->sizeHint().height()));
