@@ -210,7 +210,7 @@ void AppData::onWindowVisibilityChanged(bool visible)
     if (visible)
         _channelManager->openLastChannels();
     else
-        _channelManager->closeAllChannels();
+        _channelManager->closeForLater();
     settings.action("&Show Window")->setEnabled(!visible);
     for (char const* const text : {"Close Window", "Increase Volume", "Decrease Volume", "Seek Forwards",
                                    "Seek backwards", "Mute", "Full Screen", "Record"})
@@ -253,7 +253,7 @@ void AppData::openNames(QStringList const& names)
 {
     bool isFirst = true;
     for (QString const& name : names) {
-        if (QFileInfo::exists(name) || !name.contains("://"))
+        if (QFileInfo::exists(name) || !ChannelManager::isAddress(name))
             _channelManager->openFile(name, isFirst);
         else
             _channelManager->openUserStream(name, name, isFirst);

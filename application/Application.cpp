@@ -1,6 +1,7 @@
 #include "Application.h"
 
 #include "ArgumentList.h"
+#include "ChannelManager.h"
 #include "GLWidget.h"
 #include "LocalhostInfo.h"
 #include "Logger.h"
@@ -24,7 +25,7 @@ namespace
 /// A name as another process, in another directory, understands it.
 QString absoluteName(QString const& name)
 {
-    return QFileInfo::exists(name) || !name.contains("://") ? QFileInfo(name).absoluteFilePath() : name;
+    return QFileInfo::exists(name) || !ChannelManager::isAddress(name) ? QFileInfo(name).absoluteFilePath() : name;
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "Uri.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QUrl>
 
@@ -192,6 +193,18 @@ void ChannelManager::saveLastChannels()
     _lastChannelId = _activeChannel ? _activeChannel->desc.rootId() : QString();
 }
 
+void ChannelManager::closeForLater()
+{
+    QStringList pending = std::exchange(_waitingIds, {});
+    if (!_pendingChannelId.isEmpty())
+        pending.prepend(std::exchange(_pendingChannelId, {}));
+    closeAllChannels();
+    if (pending.isEmpty())
+        return;
+    _lastChannelId = pending.constFirst();
+    _lastChannelIds = pending;
+}
+
 void ChannelManager::openLastChannels()
 {
     for (QString const& id : QStringList(_lastChannelIds))
@@ -209,6 +222,12 @@ void ChannelManager::reconnectChannel(Channel* channel)
     openChannelMultiview(channel, position);
     if (wasActive)
         setActiveChannel(channel);
+}
+
+bool ChannelManager::isAddress(QString const& text)
+{
+    static QRegularExpression const shape(QStringLiteral("^[A-Za-z][A-Za-z0-9+.-]*://."));
+    return shape.match(text).hasMatch();
 }
 
 void ChannelManager::openUserStream(QString const& url, QString const& title, bool nonMultiview)

@@ -44,12 +44,16 @@ public:
     void closeChannel(Channel* channel);
     void closeAllChannels();
     void fadeAndCloseAllChannels(int ms);
-    /// Opens again what was open before the last closeAllChannels().
+    /// Closes what is open, and what was about to be, until openLastChannels().
+    void closeForLater();
+    /// Opens again what was open before the last closeAllChannels() or closeForLater().
     void openLastChannels();
     /// Closes a channel and opens it in the same place.
     void reconnectChannel(Channel* channel);
 
-    /// Opens an address as a channel of its own, beside or in place of the others.
+    /// Whether a text is an address, with a scheme and "://", rather than a file name.
+    static bool isAddress(QString const& text);
+    /// Opens an address, for which isAddress() holds, as a channel of its own, beside or in place of the others.
     void openUserStream(QString const& url, QString const& title, bool nonMultiview);
     /// The same for a file.
     void openFile(QString const& path, bool nonMultiview);

@@ -103,13 +103,16 @@ void ChannelStream::givePostProcessing()
         _renderer->addPostProcessingShaderProgram(shader->handle());
 }
 
-std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile) const
+std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
 {
     Uri const uri = _description.uri();
     if (!forceFile && _appData.latte.hasClientFactory(uri.scheme()))
         return std::make_unique<LatteDataSource>(&_appData.latte, _description, QString());
-    if (!forceFile && isMediaFileOnTheWeb(uri))
-        return std::make_unique<HttpFileDataSource>(uri.toString());
+    if (!forceFile && isMediaFileOnTheWeb(uri)) {
+        auto source = std::make_unique<HttpFileDataSource>(uri.toString());
+        connect(source.get(), &HttpFileDataSource::downloadProgressChanged, this, &ChannelStream::onDownloadProgress);
+        return source;
+    }
     // FFmpeg takes a plain path more surely than an address that would have to be decoded.
     bool const isLocal = uri.scheme() == UriScheme("file");
     return std::make_unique<FileDataSource>(isLocal ? QUrl(uri.toString()).toLocalFile() : uri.toString());
@@ -162,6 +165,13 @@ void ChannelStream::onError(GLMovieDataSource*, QString text)
 void ChannelStream::onStateChanged(GLMovieDataSource*, QString text)
 {
     emit stateChanged(this, text);
+}
+
+void ChannelStream::onDownloadProgress(qint64 received, qint64 total)
+{
+    if (!_opened && total > 0)
+        emit stateChanged(this, tr("Acquiring Channel...\nPlease wait") +
+                                    QStringLiteral(" (%1 %)").arg(100 * received / total));
 }
 
 void ChannelStream::onRecordChanged()

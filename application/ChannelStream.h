@@ -99,7 +99,8 @@ public slots:
 private:
     void giveColourConversion();
     void givePostProcessing();
-    std::unique_ptr<GLMovieDataSource> createSource(bool forceFile) const;
+    std::unique_ptr<GLMovieDataSource> createSource(bool forceFile);
+    void onDownloadProgress(qint64 received, qint64 total);
 
     static Logger* log;
 

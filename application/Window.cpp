@@ -230,7 +230,7 @@ void Window::onOpenVideoStream()
         QInputDialog::getText(this, tr("Open Video Stream"), tr("Address:"), QLineEdit::Normal, {}, &ok).trimmed();
     if (!ok || address.isEmpty())
         return;
-    if (!address.contains("://")) {
+    if (!ChannelManager::isAddress(address)) {
         QMessageBox::warning(this, tr("Open Video Stream"),
                              tr("\"%1\" is not an address: it should begin with a scheme such as http:// or rtsp://.")
                                  .arg(address.toHtmlEscaped()));

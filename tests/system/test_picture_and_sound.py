@@ -22,7 +22,9 @@ class PictureAndSound(unittest.TestCase):
 
     def check_pictures(self, program, clip):
         """Three screenshots show three frames, each as FFmpeg decodes it, and time goes on between them as it should."""
-        rectangle = program.fit_video_to(640, 360)
+        rectangle = program.own_size_rectangle(640, 360)
+        wait_for(lambda: self.display.screenshot(rectangle).number() is not None, 10, "the first picture")
+        time.sleep(1)  # It has faded in.
         previous = None
         for _ in range(3):
             shown = self.display.screenshot(rectangle)

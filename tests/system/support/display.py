@@ -63,9 +63,6 @@ class VirtualDisplay:
         return tuple(int(re.search(name + r":\s+(-?\d+)", text).group(1))
                      for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
-    def resize(self, window, width, height):
-        self.ask("xdotool", "windowsize", window, str(width), str(height))
-
     def minimise(self, window):
         self.ask("xdotool", "windowminimize", window)
 

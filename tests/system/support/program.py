@@ -140,9 +140,7 @@ class Program:
         line = self.wait_for_log(r"^Video rectangle ", seconds)[-1]
         return tuple(map(int, re.search(r"(-?\d+) (-?\d+) (\d+) (\d+)", line.text).groups()))
 
-    def fit_video_to(self, width, height):
-        """Gives the window such a size that a picture of that size is shown one to one. Returns its rectangle."""
-        self.video_rectangle()
-        self._display.resize(self.window, width, height + 160)
+    def own_size_rectangle(self, width, height):
+        """The rectangle of a picture of that size, for which the window gives itself the right size, one to one."""
         return wait_for(lambda: self.video_rectangle()[2:] == (width, height) and self.video_rectangle(), 10,
                         f"a picture of {width}x{height}")
