@@ -240,6 +240,8 @@ TEST(FileDataSource, ClosesAtOnceInAnyState)
     ASSERT_EQ(mkfifo(qPrintable(fifo), 0600), 0);
     LoopbackHttpServer silent(LoopbackHttpServer::Silent, {});
     LoopbackHttpServer stalled(LoopbackHttpServer::Stalled, Clips::bytes(Clips::h264AacIndexLast()));
+    auto const threads = [] { return QDir("/proc/self/task").entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(); };
+    qsizetype const threadsBefore = threads();
     for (QString const& path : {fifo, silent.url(), stalled.url(), Clips::h264Aac()}) {
         for (int i = 0; i < 8; ++i) {
             FileDataSource source(path);
@@ -254,8 +256,12 @@ TEST(FileDataSource, ClosesAtOnceInAnyState)
             EXPECT_TRUE(error.isEmpty());
         }
     }
-    QFile(fifo).open(QIODevice::ReadWrite); // Lets the threads that were left behind go.
+    // The threads that were left behind end as soon as the fifo lets them, and take their objects along.
+    QFile writer(fifo);
+    ASSERT_TRUE(writer.open(QIODevice::ReadWrite));
+    EXPECT_TRUE(waitUntil([&] { return threads() <= threadsBefore; }));
     QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 TEST(FileDataSource, InterruptEndsABlockedRead)
