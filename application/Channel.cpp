@@ -256,8 +256,8 @@ void Channel::drawOverlay(QRect const& area)
 {
     if (!_layout || _textArea->text().isEmpty())
         return;
-    _layout->setSize(QSizeF(area.size()));
-    _control->setGeometry(QRectF(QPointF(0, 0), QSizeF(area.size())));
+    _layout->setSize(QSizeF(area.right() + 1, area.bottom() + 1));
+    _control->setGeometry(QRectF(area)); // What it holds counts from its corner.
     QSizeF const size = _textArea->sizeForWidth(area.width() * overlayTextWidth);
     _textArea->setGeometry(
         QRectF(QPointF((area.width() - size.width()) / 2, (area.height() - size.height()) / 2), size));
