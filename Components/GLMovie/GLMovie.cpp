@@ -45,8 +45,11 @@ GLMovie::GLMovie(GLMovieDataSource* dataSource, bool useHardwareColourConversion
 {
     connect(_dataSource, &GLMovieDataSource::opened, this, &GLMovie::onDataSourceOpened);
     connect(_dataSource, &GLMovieDataSource::closed, this, &GLMovie::onDataSourceClosed);
-    // A film that has ended is not silent: its watchdog rests.
-    connect(this, &GLMovie::completed, _dataSource, &GLMovieDataSource::stop);
+    // A film that has ended is not silent: its watchdog rests. A loss keeps its words.
+    connect(this, &GLMovie::completed, _dataSource, [this, source = _dataSource] {
+        if (!_lost)
+            source->stop();
+    });
 }
 
 GLMovie::~GLMovie()
@@ -274,6 +277,7 @@ int GLMovie::play()
         return NoError;
     LOG_INFO("Playing %s", qPrintable(_url));
     _stopRequested = false;
+    _lost = false;
     _dataSource->setInterrupted(false);
     startWatchers();
     _dataSource->start();

@@ -301,6 +301,7 @@ private:
     // Flags and numbers that several threads read; each is independent of the others.
     std::atomic<bool> _stopRequested{false}; ///< Set by the owner, ends all threads.
     std::atomic<bool> _restarting{false};    ///< Set by the reader, ends the watchers for a while.
+    std::atomic<bool> _lost{false};          ///< Set by the reader: the source failed before its end.
     std::atomic<bool> _opened{false};
     std::atomic<bool> _closing{false};
     std::atomic<bool> _playing{false};

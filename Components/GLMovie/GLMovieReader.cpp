@@ -75,8 +75,10 @@ bool GLMovie::readOnePacket(AVPacket* packet)
         pauseFor(drainPause);
         return true;
     }
-    if (result < 0)
+    if (result < 0) {
+        _lost = result != AVERROR_EOF;
         return false;
+    }
     if (_videoStream && packet->stream_index == _videoStream->index)
         takeVideoPacket(packet);
     else if (_audioStream && packet->stream_index == _audioStream->index)
@@ -174,7 +176,7 @@ void GLMovie::drain()
 
 bool GLMovie::restart()
 {
-    bool const loop = _loop;
+    bool const loop = _loop && !_lost;
     if (!loop)
         LOG_INFO("Movie finished. Stopping");
     else

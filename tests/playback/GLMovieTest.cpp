@@ -1,10 +1,12 @@
 #include "GLMovie.h"
 
 #include "AudioDevice.h"
+#include "EventLoop.h"
 #include "GLMoviePacketQueue.h"
 #include "GLMovieTexture.h"
 #include "LogCapture.h"
 #include "ScriptedMovieSource.h"
+#include "SignalRecorder.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -14,7 +16,6 @@ extern "C" {
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -51,25 +52,16 @@ protected:
             _source.addAudio(AV_CODEC_ID_PCM_S16LE, 2);
     }
 
-    bool waitFor(QSignalSpy& spy, int count = 1)
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (spy.count() < count && timer.elapsed() < patience)
-            spy.wait(20);
-        return spy.count() >= count;
-    }
-
     AudioDevice _device;
     ScriptedMovieSource _source;
     GLMovie _movie{&_source, false};
-    QSignalSpy _opened{&_movie, &GLMovie::opened};
-    QSignalSpy _completed{&_movie, &GLMovie::completed};
-    QSignalSpy _looped{&_movie, &GLMovie::looped};
-    QSignalSpy _error{&_movie, &GLMovie::error};
-    QSignalSpy _pictures{&_movie, &GLMovie::pictureUpdated};
-    QSignalSpy _firstKeyFrames{&_movie, &GLMovie::firstKeyFrameReceived};
-    QSignalSpy _times{&_movie, &GLMovie::movieTimeUpdated};
+    SignalRecorder _opened{&_movie, &GLMovie::opened};
+    SignalRecorder _completed{&_movie, &GLMovie::completed};
+    SignalRecorder _looped{&_movie, &GLMovie::looped};
+    SignalRecorder _error{&_movie, &GLMovie::error};
+    SignalRecorder _pictures{&_movie, &GLMovie::pictureUpdated};
+    SignalRecorder _firstKeyFrames{&_movie, &GLMovie::firstKeyFrameReceived};
+    SignalRecorder _times{&_movie, &GLMovie::movieTimeUpdated};
 };
 
 } // namespace
@@ -109,13 +101,13 @@ TEST_F(GLMovieTest, PlaysEveryPictureAtItsTime)
     QElapsedTimer timer;
     timer.start();
     play(true, false, 0.4);
-    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_TRUE(_completed.wait());
     EXPECT_EQ(_opened.count(), 1);
     EXPECT_EQ(_pictures.count(), 10);
     EXPECT_EQ(_firstKeyFrames.count(), 1);
     EXPECT_GE(timer.elapsed(), 350);
     EXPECT_EQ(_times.count(), 10);
-    EXPECT_NEAR(_times.constLast().constFirst().toDouble(), 0.36, 0.001);
+    EXPECT_NEAR(_times.last().constFirst().toDouble(), 0.36, 0.001);
     EXPECT_EQ(_movie.packetStatistics().videoCount, 0) << "a movie that is over starts to count anew";
 }
 
@@ -124,7 +116,7 @@ TEST_F(GLMovieTest, WithSoundPicturesFollowIt)
     QElapsedTimer timer;
     timer.start();
     play(true, true, 0.6);
-    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_TRUE(_completed.wait());
     EXPECT_EQ(_pictures.count(), 15);
     EXPECT_GE(timer.elapsed(), 500);
     EXPECT_TRUE(_error.isEmpty());
@@ -136,7 +128,7 @@ TEST_F(GLMovieTest, LoopsFromTheBeginningAfterAPause)
     QElapsedTimer timer;
     timer.start();
     play(true, false, 0.12);
-    ASSERT_TRUE(waitFor(_looped, 2));
+    ASSERT_TRUE(_looped.wait(2));
     EXPECT_GE(timer.elapsed(), 2 * 500);
     EXPECT_GE(_pictures.count(), 6);
     _movie.stop(true);
@@ -149,10 +141,26 @@ TEST_F(GLMovieTest, ALoopThatCannotSeekCompletes)
     _movie.setLoop(true);
     _source.setSeekable(false);
     play(true, true, 0.1);
-    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_TRUE(_completed.wait());
     EXPECT_TRUE(capture.contains("Seeking video stream to beginning failed"));
     EXPECT_TRUE(capture.contains("Seeking audio stream to beginning failed"));
     EXPECT_TRUE(capture.contains("Seeking failed so movie cannot loop."));
+}
+
+TEST_F(GLMovieTest, ALossIsNoEndAndLeavesItsWordsStanding)
+{
+    SignalRecorder errors(&_source, &GLMovieDataSource::error);
+    _movie.setLoop(true);
+    addStreams(true, false);
+    _source.scriptClip(0.2, true, false);
+    _source.setLost(true);
+    _source.open();
+    ASSERT_TRUE(_completed.wait());
+    processPendingEvents();
+    EXPECT_EQ(_pictures.count(), 5) << "what had come is shown";
+    EXPECT_TRUE(_looped.isEmpty());
+    ASSERT_EQ(errors.count(), 1);
+    EXPECT_EQ(errors.last().at(1).toString(), "Stream unavailable");
 }
 
 TEST_F(GLMovieTest, StopReturnsSoonInEveryState)
@@ -164,7 +172,7 @@ TEST_F(GLMovieTest, StopReturnsSoonInEveryState)
     for (int round = 0; round < 20; ++round) {
         _source.open();
         if (round % 2 == 0)
-            waitFor(_pictures, _pictures.count() + round % 5 + 1);
+            _pictures.wait(_pictures.count() + round % 5 + 1);
         QElapsedTimer timer;
         timer.start();
         _movie.close(true);
@@ -179,9 +187,9 @@ TEST_F(GLMovieTest, TimeStampsThatLeapBackRestartTheClock)
     for (bool const audio : {false, true}) {
         ScriptedMovieSource source;
         GLMovie movie(&source, false);
-        QSignalSpy pictures(&movie, &GLMovie::pictureUpdated);
-        QSignalSpy keyFrames(&movie, &GLMovie::firstKeyFrameReceived);
-        QSignalSpy completed(&movie, &GLMovie::completed);
+        SignalRecorder pictures(&movie, &GLMovie::pictureUpdated);
+        SignalRecorder keyFrames(&movie, &GLMovie::firstKeyFrameReceived);
+        SignalRecorder completed(&movie, &GLMovie::completed);
         source.addVideo();
         if (audio)
             source.addAudio(AV_CODEC_ID_PCM_S16LE, 2);
@@ -193,7 +201,7 @@ TEST_F(GLMovieTest, TimeStampsThatLeapBackRestartTheClock)
                     source.append({true, begin + i * 0.02});
             }
         source.open();
-        ASSERT_TRUE(waitFor(completed)) << audio;
+        ASSERT_TRUE(completed.wait()) << audio;
         EXPECT_GE(keyFrames.count(), 2) << audio;
         EXPECT_GE(pictures.count(), audio ? 26 : 49) << audio;
     }
@@ -211,7 +219,7 @@ TEST_F(GLMovieTest, PicturesMuchTooLateAreDroppedUntilAKeyFrame)
     for (int i = 0; i < 5; ++i)
         _source.append({true, 10.2 + i * 0.04, true, i > 1});
     _source.open();
-    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_TRUE(_completed.wait());
     EXPECT_TRUE(capture.contains("Dropped video packet with pts"));
 }
 
@@ -228,14 +236,14 @@ TEST_F(GLMovieTest, RefusedSoundDoesNotStopThePicture)
         LogCapture capture;
         ScriptedMovieSource source;
         GLMovie movie(&source, false);
-        QSignalSpy pictures(&movie, &GLMovie::pictureUpdated);
-        QSignalSpy completed(&movie, &GLMovie::completed);
-        QSignalSpy error(&movie, &GLMovie::error);
+        SignalRecorder pictures(&movie, &GLMovie::pictureUpdated);
+        SignalRecorder completed(&movie, &GLMovie::completed);
+        SignalRecorder error(&movie, &GLMovie::error);
         source.addVideo();
         source.addAudio(c.codec, c.channels);
         source.scriptClip(0.2, true, true);
         source.open();
-        ASSERT_TRUE(waitFor(completed)) << c.text;
+        ASSERT_TRUE(completed.wait()) << c.text;
         EXPECT_EQ(pictures.count(), 5) << c.text;
         EXPECT_EQ(capture.count(c.text), 10);
         EXPECT_TRUE(error.isEmpty());
@@ -247,19 +255,19 @@ TEST_F(GLMovieTest, RefusedSoundAloneIsAnError)
     _source.addAudio(AV_CODEC_ID_PCM_U8, 1);
     _source.scriptClip(0.1, false, true);
     _source.open();
-    ASSERT_TRUE(waitFor(_error));
-    EXPECT_EQ(_error.constFirst().at(1).toInt(), GLMovie::UnsupportedAudioFormat);
+    ASSERT_TRUE(_error.wait());
+    EXPECT_EQ(_error.first().at(1).toInt(), GLMovie::UnsupportedAudioFormat);
 }
 
 TEST_F(GLMovieTest, FloatSoundIsConverted)
 {
-    QSignalSpy sound(&_movie, &GLMovie::audioDataReceived);
+    SignalRecorder sound(&_movie, &GLMovie::audioDataReceived);
     _source.addAudio(AV_CODEC_ID_PCM_F32LE, 2);
     _source.scriptClip(0.1, false, true);
     _source.open();
-    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_TRUE(_completed.wait());
     ASSERT_EQ(sound.count(), 5);
-    EXPECT_EQ(sound.constFirst().constFirst().toByteArray().size(), 960 * 2 * 2);
+    EXPECT_EQ(sound.first().constFirst().toByteArray().size(), 960 * 2 * 2);
 }
 
 TEST_F(GLMovieTest, WithoutASoundDeviceThePictureStillPlays)
@@ -267,7 +275,7 @@ TEST_F(GLMovieTest, WithoutASoundDeviceThePictureStillPlays)
     LogCapture capture;
     _device.closeDevice();
     play(true, true, 0.2);
-    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_TRUE(_completed.wait());
     EXPECT_EQ(_pictures.count(), 5);
     EXPECT_TRUE(capture.contains("No audio device present."));
     EXPECT_TRUE(capture.contains(
@@ -280,7 +288,7 @@ TEST_F(GLMovieTest, UnknownCodecsAreErrorsInWords)
     _source.videoStream()->codecpar->codec_id = AV_CODEC_ID_NONE;
     _source.open();
     ASSERT_EQ(_error.count(), 1);
-    EXPECT_EQ(GLMovie::errorText(_error.constFirst().at(1).toInt()), "Could not locate a video decoder. Cannot play");
+    EXPECT_EQ(GLMovie::errorText(_error.first().at(1).toInt()), "Could not locate a video decoder. Cannot play");
     EXPECT_FALSE(_movie.isOpened());
 }
 
@@ -292,8 +300,8 @@ TEST_F(GLMovieTest, AStarvedSourceIsStartedAgain)
         _source.append({false, i * 0.02});
     _source.setLive(true);
     _source.open();
-    QSignalSpy sound(&_movie, &GLMovie::audioDataReceived);
-    ASSERT_TRUE(waitFor(sound, 5));
+    SignalRecorder sound(&_movie, &GLMovie::audioDataReceived);
+    ASSERT_TRUE(sound.wait(5));
     EXPECT_GE(capture.count("Source was starved of audio data"), 1);
 }
 
@@ -302,10 +310,10 @@ TEST_F(GLMovieTest, SeeksWhilePlaying)
     addStreams(true, true);
     _source.scriptClip(30.0, true, true);
     _source.open();
-    ASSERT_TRUE(waitFor(_pictures, 3));
+    ASSERT_TRUE(_pictures.wait(3));
     ASSERT_TRUE(_movie.setMovieTime(29.6));
-    ASSERT_TRUE(waitFor(_completed));
-    EXPECT_NEAR(_times.constLast().constFirst().toDouble(), 29.98, 0.05);
+    ASSERT_TRUE(_completed.wait());
+    EXPECT_NEAR(_times.last().constFirst().toDouble(), 29.98, 0.05);
     EXPECT_TRUE(_error.isEmpty());
 }
 
@@ -314,14 +322,14 @@ TEST_F(GLMovieTest, PausedNothingMoves)
     addStreams(true, false);
     _source.scriptClip(1.0, true, false);
     _source.open();
-    ASSERT_TRUE(waitFor(_pictures, 2));
+    ASSERT_TRUE(_pictures.wait(2));
     _movie.setPaused(true);
     QTest::qWait(60);
     int const shown = _pictures.count();
     QTest::qWait(200);
     EXPECT_EQ(_pictures.count(), shown);
     _movie.setPaused(false);
-    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_TRUE(_completed.wait());
     EXPECT_EQ(_pictures.count(), 25);
 }
 
@@ -330,7 +338,7 @@ TEST_F(GLMovieTest, DumpsPackets)
     QTemporaryDir directory;
     _movie.setPacketDump(true, false, directory.path());
     play(true, true, 0.04);
-    ASSERT_TRUE(waitFor(_completed));
+    ASSERT_TRUE(_completed.wait());
     _movie.close(false);
     QStringList const files = QDir(directory.path()).entryList({"*_PacketDump.txt"});
     ASSERT_EQ(files.size(), 1);

@@ -77,6 +77,10 @@ int ScriptedMovieSource::readFrame(AVPacket* packet)
     if (_next >= _script.size()) {
         while (_live && !isInterrupted())
             av_usleep(500);
+        if (_lost) {
+            reportLoss();
+            return AVERROR(EIO);
+        }
         return _live ? AVERROR_EXIT : AVERROR_EOF;
     }
     Packet const& scripted = _script.at(_next++);

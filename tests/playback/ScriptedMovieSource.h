@@ -37,6 +37,8 @@ public:
 
     /// At the end of the script, readFrame() blocks until interrupted instead of telling the end.
     void setLive(bool live) { _live = live; }
+    /// The end of the script is a loss.
+    void setLost(bool lost) { _lost = lost; }
     void setSeekable(bool seekable) { _seekable = seekable; }
     int framesServed() const { return _next; }
 
@@ -55,5 +57,6 @@ private:
     QList<Packet> _script;
     std::atomic<int> _next{0};
     std::atomic<bool> _live{false};
+    std::atomic<bool> _lost{false};
     std::atomic<bool> _seekable{true};
 };
