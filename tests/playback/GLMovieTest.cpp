@@ -37,6 +37,9 @@ protected:
         EXPECT_TRUE(_device.openDevice("default"));
     }
 
+    /// Recorders come and go with the threads at rest.
+    ~GLMovieTest() override { _movie.close(false); }
+
     void play(bool video, bool audio, double seconds)
     {
         addStreams(video, audio);
@@ -61,6 +64,7 @@ protected:
     SignalRecorder _error{&_movie, &GLMovie::error};
     SignalRecorder _pictures{&_movie, &GLMovie::pictureUpdated};
     SignalRecorder _firstKeyFrames{&_movie, &GLMovie::firstKeyFrameReceived};
+    SignalRecorder _sound{&_movie, &GLMovie::audioDataReceived};
     SignalRecorder _times{&_movie, &GLMovie::movieTimeUpdated};
 };
 
@@ -261,13 +265,12 @@ TEST_F(GLMovieTest, RefusedSoundAloneIsAnError)
 
 TEST_F(GLMovieTest, FloatSoundIsConverted)
 {
-    SignalRecorder sound(&_movie, &GLMovie::audioDataReceived);
     _source.addAudio(AV_CODEC_ID_PCM_F32LE, 2);
     _source.scriptClip(0.1, false, true);
     _source.open();
     ASSERT_TRUE(_completed.wait());
-    ASSERT_EQ(sound.count(), 5);
-    EXPECT_EQ(sound.first().constFirst().toByteArray().size(), 960 * 2 * 2);
+    ASSERT_EQ(_sound.count(), 5);
+    EXPECT_EQ(_sound.first().constFirst().toByteArray().size(), 960 * 2 * 2);
 }
 
 TEST_F(GLMovieTest, WithoutASoundDeviceThePictureStillPlays)
@@ -300,8 +303,7 @@ TEST_F(GLMovieTest, AStarvedSourceIsStartedAgain)
         _source.append({false, i * 0.02});
     _source.setLive(true);
     _source.open();
-    SignalRecorder sound(&_movie, &GLMovie::audioDataReceived);
-    ASSERT_TRUE(sound.wait(5));
+    ASSERT_TRUE(_sound.wait(5));
     EXPECT_GE(capture.count("Source was starved of audio data"), 1);
 }
 
