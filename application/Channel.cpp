@@ -269,6 +269,15 @@ bool Channel::hitTest(QPointF point) const
     return std::any_of(_streams.cbegin(), _streams.cend(), [&](auto const& s) { return s->hitTest(point); });
 }
 
+QList<LatteClient const*> Channel::latteClients() const
+{
+    QList<LatteClient const*> clients;
+    for (auto const& stream : _streams)
+        if (LatteClient const* const client = stream->latteClient())
+            clients.append(client);
+    return clients;
+}
+
 QRect Channel::videoWindow() const
 {
     return _streams.empty() ? QRect() : _streams.front()->videoWindow();

@@ -15,6 +15,7 @@ class AppData;
 class GLControl;
 class GLControlLayout;
 class GLTextArea;
+class LatteClient;
 class Logger;
 
 /// The live counterpart of a ChannelDescription: opens all its streams together and shows them side by side, with its
@@ -70,6 +71,9 @@ public:
     /// Draws the channel's texts over the area.
     void drawOverlay(QRect const& area);
     bool hitTest(QPointF point) const;
+
+    /// What delivers the streams that are open, where that is a client.
+    QList<LatteClient const*> latteClients() const;
 
     /// Where the first stream's picture was last drawn, and its own size in pixels.
     QRect videoWindow() const;

@@ -19,15 +19,26 @@ Logger* ChannelStream::log = LoggerManager::logger();
 namespace
 {
 
-/// Whether an address names a whole file to download, rather than a stream.
-bool isMediaFileOnTheWeb(Uri const& uri)
+/// Whether an address on the web ends in one of these suffixes.
+bool isOnTheWeb(Uri const& uri, QStringList const& suffixes)
 {
     QString const scheme = uri.scheme().toString();
     if (scheme != "http" && scheme != "https")
         return false;
-    static QStringList const suffixes = {"mp4", "m4v", "m4a", "mov", "mkv", "webm", "avi", "wmv",
-                                         "wma", "asf", "mp3", "ogg", "ogv", "flac", "wav"};
     return suffixes.contains(QFileInfo(QUrl(uri.toString()).path()).suffix().toLower());
+}
+
+/// Whether an address names a whole file to download, rather than a stream.
+bool isMediaFileOnTheWeb(Uri const& uri)
+{
+    return isOnTheWeb(
+        uri, {"mp4", "m4v", "m4a", "mov", "mkv", "webm", "avi", "wmv", "wma", "mp3", "ogg", "ogv", "flac", "wav"});
+}
+
+/// Whether an address names segments (RFC 8216, MPEG-DASH) or a transport stream, which FFmpeg fetches by itself.
+bool isSegmentedOnTheWeb(Uri const& uri)
+{
+    return isOnTheWeb(uri, {"m3u8", "mpd", "ts"});
 }
 
 } // namespace
@@ -106,16 +117,35 @@ void ChannelStream::givePostProcessing()
 std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
 {
     Uri const uri = _description.uri();
-    if (!forceFile && _appData.latte.hasClientFactory(uri.scheme()))
-        return std::make_unique<LatteDataSource>(&_appData.latte, _description, QString());
     if (!forceFile && isMediaFileOnTheWeb(uri)) {
         auto source = std::make_unique<HttpFileDataSource>(uri.toString());
         connect(source.get(), &HttpFileDataSource::downloadProgressChanged, this, &ChannelStream::onDownloadProgress);
         return source;
     }
+    if (!forceFile && !isSegmentedOnTheWeb(uri) && _appData.latte.hasClientFactory(uri.scheme())) {
+        auto source = std::make_unique<LatteDataSource>(&_appData.latte, _description, QString());
+        // Queued: the source goes.
+        connect(source.get(), &LatteDataSource::plainFileFound, this, &ChannelStream::onPlainFileFound,
+                Qt::QueuedConnection);
+        return source;
+    }
     // FFmpeg takes a plain path more surely than an address that would have to be decoded.
     bool const isLocal = uri.scheme() == UriScheme("file");
     return std::make_unique<FileDataSource>(isLocal ? QUrl(uri.toString()).toLocalFile() : uri.toString());
+}
+
+void ChannelStream::onPlainFileFound()
+{
+    if (!_renderer)
+        return; // Closed meanwhile.
+    close();
+    open(true);
+}
+
+LatteClient const* ChannelStream::latteClient() const
+{
+    auto const* const source = qobject_cast<LatteDataSource const*>(_dataSource.get());
+    return source ? source->client() : nullptr;
 }
 
 void ChannelStream::close()

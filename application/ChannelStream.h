@@ -12,6 +12,7 @@
 class AppData;
 class Channel;
 class GLMovieDataSource;
+class LatteClient;
 class Logger;
 
 /// One stream of a channel: while it is open, a renderer and the data source it plays from.
@@ -43,6 +44,9 @@ public:
     bool hasVideo() const;
     bool hasAudio() const;
     double aspectRatio() const;
+
+    /// What delivers the stream's bytes while it is open; null when that is no client.
+    LatteClient const* latteClient() const;
 
     double speed() const { return _speed; }
     void setSpeed(double speed);
@@ -95,6 +99,8 @@ public slots:
     void onRecordChanged();
     void onEnableVideoPostProcessingChanged();
     void onVideoPostProcessingChanged();
+    /// Plays by FFmpeg's own access what is no stream.
+    void onPlainFileFound();
 
 private:
     void giveColourConversion();

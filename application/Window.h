@@ -8,6 +8,7 @@
 #include <memory>
 
 class AppData;
+class BufferWindow;
 class GLWidget;
 class HibernationManager;
 class Logger;
@@ -69,6 +70,7 @@ private:
     void connectSignals();
     QMenu* addMenu(QString const& title, QStringList const& actions);
     void createPostProcessingMenu(QMenu* menu);
+    void createBufferEntry(QMenu* menu);
     void stepSpeed(int steps);
     QStringList chooseFiles(bool several);
     void showWindow();
@@ -81,6 +83,7 @@ private:
     QMenuBar* _menuBar = nullptr;
     GLWidget* _glWidget = nullptr;
     QMenu* _contextMenu = nullptr;
+    BufferWindow* _bufferWindow = nullptr;
     QSystemTrayIcon* _trayIcon = nullptr;
     std::unique_ptr<HibernationManager> _hibernationManager;
     std::unique_ptr<ScreenSaverManager> _screenSaverManager;

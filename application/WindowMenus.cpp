@@ -1,6 +1,7 @@
 // The menus of the window and what their entries do.
 
 #include "AppData.h"
+#include "BufferWindow.h"
 #include "Channel.h"
 #include "ChannelManager.h"
 #include "GLWidget.h"
@@ -55,6 +56,7 @@ void Window::createMenus()
                 [this, percent] { zoom(percent / 100.0); });
     createPostProcessingMenu(view->addMenu(tr("Effects")));
     connect(view->addAction(tr("Take Screenshot")), &QAction::triggered, _glWidget, &GLWidget::onTakeScreenshot);
+    createBufferEntry(view);
 
     addMenu(tr("&Options"), {"Run at Startup", "", "&About Ombravision"});
 
@@ -83,6 +85,15 @@ void Window::createPostProcessingMenu(QMenu* menu)
         _glWidget->setEffects(chosen);
         _appData.settings.setEnableVideoPostProcessing(!chosen.isEmpty());
     });
+}
+
+void Window::createBufferEntry(QMenu* menu)
+{
+    _bufferWindow = new BufferWindow(_appData, this);
+    QAction* const action = menu->addAction(tr("Stream Buffer"));
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, _bufferWindow, &QWidget::setVisible);
+    connect(_bufferWindow, &BufferWindow::visibilityChanged, action, &QAction::setChecked);
 }
 
 void Window::createTrayIcon()

@@ -360,7 +360,11 @@ void LatteDataSource::onReset()
 
 void LatteDataSource::onLatteError(LatteClient* client, NetworkErrors::NetworkError code)
 {
-    if (client == _client && code != NetworkErrors::NoError)
+    if (client != _client || code == NetworkErrors::NoError)
+        return;
+    if (code == NetworkErrors::UnexpectedSuccess)
+        emit plainFileFound();
+    else
         raiseError(NetworkErrors::stringForError(code));
 }
 

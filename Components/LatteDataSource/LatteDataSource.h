@@ -38,6 +38,13 @@ public:
     /// Does nothing and returns 0: what is live cannot be sought.
     int seekFrame(AVStream* stream, long long timestamp, int flags) override;
 
+    /// What delivers the bytes; null unless open. Lives on a thread of its own.
+    LatteClient const* client() const { return _client; }
+
+signals:
+    /// The address turned out to be a plain audio or video file, which this source cannot play.
+    void plainFileFound();
+
 public slots:
     void onLatteBytesReady(LatteClient* client);
     void onLatteDescriptorChanged(LatteClient* client, qint64 offset);

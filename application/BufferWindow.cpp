@@ -1,0 +1,81 @@
+#include "BufferWindow.h"
+
+#include "AppData.h"
+#include "Channel.h"
+#include "ChannelManager.h"
+#include "LatteVisualiser.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <memory>
+
+BufferWindow::BufferWindow(AppData& appData, QWidget* parent)
+    : QWidget(parent, Qt::Tool), _appData(appData), _layout(new QVBoxLayout(this))
+{
+    setObjectName("bufferWindow");
+    setWindowTitle(tr("Stream Buffer"));
+    setMinimumSize(320, 120);
+    auto const follow = [this] {
+        if (isVisible())
+            rebuild();
+    };
+    connect(&_appData, &AppData::channelOpened, this, follow);
+    connect(&_appData, &AppData::channelClosed, this, follow);
+    connect(_appData.channelManager(), &ChannelManager::streamOpened, this, follow);
+}
+
+BufferWindow::~BufferWindow()
+{
+    clear();
+}
+
+void BufferWindow::showEvent(QShowEvent*)
+{
+    rebuild();
+    emit visibilityChanged(true);
+}
+
+void BufferWindow::hideEvent(QHideEvent*)
+{
+    clear();
+    emit visibilityChanged(false);
+}
+
+void BufferWindow::clear()
+{
+    for (LatteVisualiser* const visualiser : std::exchange(_visualisers, {}))
+        _appData.latteVisualiserRegistry.disposeLatteVisualiser(visualiser);
+    while (QLayoutItem* const taken = _layout->takeAt(0)) {
+        std::unique_ptr<QLayoutItem> const item(taken);
+        if (auto* const label = qobject_cast<QLabel*>(item->widget()))
+            label->deleteLater();
+    }
+}
+
+void BufferWindow::rebuild()
+{
+    clear();
+    auto const addLabel = [this](QString const& text) {
+        auto* const label = new QLabel(this);
+        label->setTextFormat(Qt::PlainText); // Titles come from outside.
+        label->setText(text);
+        _layout->addWidget(label);
+    };
+    for (Channel const* const channel : _appData.channelManager()->openChannels()) {
+        for (LatteClient const* const client : channel->latteClients()) {
+            LatteVisualiser* const visualiser = _appData.latteVisualiserRegistry.createLatteVisualiser(client);
+            if (!visualiser)
+                continue;
+            addLabel(channel->desc.title());
+            visualiser->setParent(this);
+            visualiser->setMinimumHeight(60);
+            _layout->addWidget(visualiser, 1);
+            visualiser->show();
+            visualiser->start();
+            _visualisers.append(visualiser);
+        }
+    }
+    if (_visualisers.isEmpty())
+        addLabel(tr("No open channel has a stream buffer."));
+}
