@@ -1,5 +1,5 @@
 # Every library that is not ours, found once and given an imported target.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network OpenGL OpenGLWidgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network OpenGL OpenGLWidgets Xml)
 find_package(OpenGL REQUIRED)
 find_package(CURL REQUIRED)
 find_package(X11 REQUIRED)
