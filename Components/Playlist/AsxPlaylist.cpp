@@ -199,8 +199,8 @@ void AsxPlaylist::addAddress(QDomElement const& element, PlaylistItem& item) con
     QString address = element.attribute("href").trimmed();
     if (address.isEmpty() || isFiltered(address))
         return;
-    if (!_base.isEmpty() && QUrl(address).isRelative())
-        address = QUrl(_base).resolved(QUrl(address)).toString(QUrl::FullyEncoded);
+    if (QUrl const base(_base), relative(address); base.isValid() && relative.isValid() && relative.isRelative())
+        address = base.resolved(relative).toString(QUrl::FullyEncoded);
     item.addUrl(address);
 }
 

@@ -27,6 +27,16 @@ QString Clips::wmv(int seconds)
     return make("film%1.wmv", seconds, picture + tone + "-c:v wmv2 -b:v 400k -g 25 -c:a wmav2 -b:a 64k -ac 2 -f asf");
 }
 
+QString Clips::asf(int videoStreams, int audioStreams)
+{
+    QString streams = picture + tone + "-c:v wmv2 -g 25 -c:a wmav2 -ac 2 -f asf";
+    for (int i = 0; i < videoStreams; ++i)
+        streams += QString(" -map 0 -b:v:%1 %2k").arg(i).arg(100 + 200 * i);
+    for (int i = 0; i < audioStreams; ++i)
+        streams += QString(" -map 1 -b:a:%1 %2k").arg(i).arg(48 + 32 * i);
+    return make(QString("streams%1-%2").arg(videoStreams).arg(audioStreams) + "-%1.asf", 2, streams);
+}
+
 QString Clips::audioOnly()
 {
     return make("tone%1.mp3", 2, tone + "-c:a libmp3lame");

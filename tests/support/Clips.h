@@ -9,9 +9,11 @@
 class Clips
 {
 public:
-    static QString h264Aac(int seconds = 2);   ///< MP4 with the index in front, H.264 and stereo AAC.
-    static QString h264AacIndexLast();         ///< Two seconds of the same, with the index at the end.
-    static QString wmv(int seconds = 2);       ///< ASF with WMV2 and stereo WMAV2, in packets of 3200 bytes.
+    static QString h264Aac(int seconds = 2); ///< MP4 with the index in front, H.264 and stereo AAC.
+    static QString h264AacIndexLast();       ///< Two seconds of the same, with the index at the end.
+    static QString wmv(int seconds = 2);     ///< ASF with WMV2 and stereo WMAV2, in packets of 3200 bytes.
+    /// Two seconds of ASF with so many streams of WMV2 and of WMAV2, the pictures first, each of another bit rate.
+    static QString asf(int videoStreams, int audioStreams);
     static QString audioOnly();                ///< Two seconds of MP3.
     static QString videoOnly(int seconds = 2); ///< MPEG transport stream with H.264.
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "AsfGuids.h"
+
+#include <QByteArray>
+#include <QList>
+
+/// Writes ASF by hand: the bytes of objects and headers, as the format publishes them.
+namespace AsfBytes
+{
+/// A little-endian number.
+QByteArray u8(quint8 value);
+QByteArray u16(quint16 value);
+QByteArray u32(quint32 value);
+QByteArray u64(quint64 value);
+QByteArray guid(QUuid const& value);
+QByteArray text(char const* ascii); ///< 16-bit units with a terminator.
+
+/// An object whose size is right.
+QByteArray object(QUuid const& guid, QByteArray const& body);
+
+QByteArray fileProperties(quint32 packetSize = 1300, quint32 flags = 2, quint64 fileSize = 123456);
+QByteArray audio(int streamNumber, QByteArray const& codecData = "codec");
+QByteArray video(int streamNumber, QByteArray const& codecData = "codec");
+QByteArray streamProperties(QUuid const& type, int streamNumber, QByteArray const& typeSpecific,
+                            QByteArray const& errorCorrection = {});
+struct Rate {
+    int streamNumber;
+    quint32 bitrate;
+};
+QByteArray bitrates(QList<Rate> const& rates);
+QByteArray mutex(QUuid const& objectGuid, QUuid const& type, QList<int> const& streamNumbers);
+QByteArray extendedStream(int streamNumber, QByteArray const& embedded = {}, QByteArray const& names = {});
+QByteArray metadata(QUuid const& objectGuid, QList<int> const& streamNumbers, int languageIndex = 0);
+QByteArray priorities(QList<int> const& mandatory, QList<int> const& optional = {});
+QByteArray languages(QList<QByteArray> const& names);
+QByteArray headerExtension(QList<QByteArray> const& objects);
+
+/// A Header object around the objects, and the Data object's own header.
+QByteArray header(QList<QByteArray> const& objects);
+
+/// One object of every kind that can be in a header, extensions of the header not included.
+QList<QByteArray> everyKind();
+} // namespace AsfBytes
