@@ -11,7 +11,8 @@
 /// One open connection to a stream: delivers its bytes and the header that a demultiplexer needs first.
 ///
 /// Lives on the thread of its LatteDataSource while it delivers: startBuffering() and stopBuffering() are called
-/// there, with an event loop in between. state(), bytesAvailable(), read() and descriptor() are called on any thread.
+/// there, with an event loop in between. state(), bytesAvailable(), bytesBuffered(), bufferByteLength(), read() and
+/// descriptor() are called on any thread.
 class LatteClient : public QObject
 {
     Q_OBJECT
@@ -51,6 +52,9 @@ public:
 
     /// The stream header in force at a byte offset of the stream; empty when there is none.
     virtual QByteArray descriptor(qint64 offset) const = 0;
+
+    /// How many bytes are buffered, those included that are held back for now.
+    virtual qint64 bytesBuffered() const { return bytesAvailable(); }
 
 signals:
     void readyRead(LatteClient* client);

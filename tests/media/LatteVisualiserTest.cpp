@@ -27,30 +27,75 @@ TEST(LatteVisualiserRegistry, MakesByScheme)
     EXPECT_FALSE(visualiser);
 }
 
-TEST(LatteVisualiser, ShowsTheFillWhileStartedAndAFrameOtherwise)
+namespace
 {
-    auto client = std::make_unique<FakeLatteClient>(Uri("mms://host/a"));
-    client->deliver(QByteArray(500, 'x')); // Of 1000.
+
+/// How high the surface is filled, in each column of the picture.
+QList<int> heights(QWidget& widget)
+{
+    QImage const image = widget.grab().toImage();
+    QColor const empty = widget.palette().color(QPalette::Base);
+    QList<int> result;
+    for (int x = 1; x < image.width() - 1; ++x) {
+        int height = 0;
+        for (int y = image.height() - 2; y > 0 && image.pixelColor(x, y) != empty; --y)
+            ++height;
+        result.append(height);
+    }
+    return result;
+}
+
+} // namespace
+
+TEST(BufferLatteVisualiser, ShowsTheLastMinuteWhileStartedAndAFrameOtherwise)
+{
+    auto client = std::make_unique<FakeLatteClient>(Uri("mms://host/a")); // Of 1000 bytes.
     BufferLatteVisualiser visualiser(client.get());
-    visualiser.resize(102, 12);
-    QColor const full = visualiser.palette().color(QPalette::Highlight);
-    auto const columns = [&] {
-        QImage const image = visualiser.grab().toImage();
-        int count = 0;
-        for (int x = 0; x < image.width(); ++x)
-            count += image.pixelColor(x, image.height() / 2) == full;
-        return count;
-    };
-    EXPECT_EQ(columns(), 0);
+    QFont large;
+    large.setPixelSize(200); // The figures do not fit, and are left out.
+    visualiser.setFont(large);
+    visualiser.resize(602, 102); // Ten columns a second.
+    QList<int> const nothing(600, 0);
+    EXPECT_EQ(heights(visualiser), nothing);
+
+    client->deliver(QByteArray(500, 'x'));
     visualiser.start();
-    EXPECT_EQ(columns(), 50);
-    visualiser.resize(0, 0);
-    visualiser.grab();
-    visualiser.resize(102, 12);
+    EXPECT_NEAR(heights(visualiser).last(), 50, 1);
+    EXPECT_EQ(heights(visualiser).at(585), 0); // Not yet a history.
+    client->deliver(QByteArray(700, 'x'));     // More than the size that is wanted is full.
+    for (int i = 0; i < 30; ++i)
+        visualiser.sample();
+    EXPECT_NEAR(heights(visualiser).last(), 100, 1);
+    EXPECT_NEAR(heights(visualiser).at(292), 50, 2);
+    client->clearBuffer();
+    for (int i = 0; i < 45; ++i)
+        visualiser.sample();
+    EXPECT_LE(heights(visualiser).last(), 1);
+    EXPECT_NEAR(heights(visualiser).first(), 100, 1); // What was before has gone out at the left.
+
     visualiser.stop();
-    EXPECT_EQ(columns(), 0);
+    EXPECT_EQ(heights(visualiser), nothing);
     visualiser.start();
+    EXPECT_EQ(heights(visualiser).first(), 0);
     client.reset();
-    EXPECT_EQ(columns(), 0);
-    EXPECT_EQ(visualiser.visualiseStopped(QSize(7, 5)).size(), QSize(7, 5));
+    visualiser.sample();
+    EXPECT_EQ(heights(visualiser), nothing);
+    for (QSize const size : {QSize(0, 0), QSize(1, 1), QSize(2, 2), QSize(7, 5)})
+        EXPECT_EQ(visualiser.visualise(size).size(), size);
+}
+
+TEST(BufferLatteVisualiser, ShowsTheLevelInPercentWhereThereIsRoom)
+{
+    FakeLatteClient client(Uri("mms://host/a"));
+    BufferLatteVisualiser visualiser(&client);
+    visualiser.resize(160, 48);
+    visualiser.start();
+    QImage const empty = visualiser.grab().toImage();
+    client.deliver(QByteArray(1, 'x')); // Too little for the line, or for the figure, to move.
+    visualiser.sample();
+    QRect const corner(1, 1, 80, 24);
+    EXPECT_EQ(visualiser.grab().toImage().copy(corner), empty.copy(corner));
+    client.deliver(QByteArray(99, 'x'));
+    visualiser.sample();
+    EXPECT_NE(visualiser.grab().toImage().copy(corner), empty.copy(corner));
 }
