@@ -1,0 +1,212 @@
+#include "Broadcast.h"
+
+#include "AsfFile.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "TickCounter.h"
+#include "Timer.h"
+#include "TimerFactory.h"
+
+#include <algorithm>
+
+Logger* Broadcast::log = LoggerManager::logger();
+
+namespace
+{
+constexpr int msShortestWait = 5; // Packets that are due closer together go out together.
+constexpr int msLongestWait = 1000;
+constexpr int msBeforeBurst = 10'000;   // So long before the burst the first key frame is looked for.
+constexpr qint64 maximumBacklog = 2000; // Packets: a process that slept for longer leaves the rest out.
+} // namespace
+
+Broadcast::Broadcast(QString const& name, std::vector<std::unique_ptr<AsfFile>> films, int msBurst,
+                     TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent)
+    : QObject(parent), _name(name), _films(std::move(films)), _msBurst(msBurst), _tickCounter(tickCounter),
+      _timerFactory(timerFactory), _timer(timerFactory.createTimer()), _msClockStart(tickCounter.msSinceEpoch()),
+      _msPositionThen(msBurst + msBeforeBurst), _timeline(*_films.front(), 0)
+{
+    _timer->setSingleShot(true);
+    connect(_timer, &Timer::timeout, this, &Broadcast::onTimeout);
+    makeHeader();
+}
+
+Broadcast::~Broadcast()
+{
+    _timerFactory.disposeTimer(_timer);
+}
+
+qint64 Broadcast::position() const
+{
+    return _msPositionThen + (_tickCounter.msSinceEpoch() - _msClockStart) * _ratePercent / 100;
+}
+
+void Broadcast::restartClock()
+{
+    _msPositionThen = position();
+    _msClockStart = _tickCounter.msSinceEpoch();
+}
+
+void Broadcast::makeHeader()
+{
+    QString const title = _headerEdition == 1 ? _name : QStringLiteral("%1, part %2").arg(_name).arg(_headerEdition);
+    _header = film().broadcastHeader(title);
+}
+
+void Broadcast::join(BroadcastListener* listener)
+{
+    if (_listening == 0)
+        _next = _timeline.firstAfter(position());
+    _listeners.push_back(listener);
+    ++_listening;
+    if (!_silent)
+        burst(listener);
+    schedule();
+}
+
+void Broadcast::burst(BroadcastListener* listener)
+{
+    size_t const place = _listeners.size() - 1;
+    qint64 const affordable = maximumBurst / film().header().packetSize();
+    qint64 const wanted = _timeline.keyPacketUpTo(_timeline.firstAfter(position() - _msBurst) - 1);
+    qint64 const begin = std::max({wanted, _next - affordable, qint64(0)});
+    ++_deliveries;
+    for (qint64 number = begin; number < _next && _listeners[place] == listener; ++number) {
+        if (std::shared_ptr<SharedPacket> const made = packet(number))
+            listener->packetArrived(*made);
+    }
+    endDelivery();
+}
+
+void Broadcast::leave(BroadcastListener* listener)
+{
+    auto const found = std::find(_listeners.begin(), _listeners.end(), listener);
+    if (found == _listeners.end())
+        return;
+    --_listening;
+    if (_deliveries > 0)
+        *found = nullptr;
+    else
+        _listeners.erase(found);
+    if (_listening == 0) {
+        _timer->stop();
+        _recent.clear();
+    }
+}
+
+void Broadcast::endDelivery()
+{
+    if (--_deliveries == 0)
+        std::erase(_listeners, nullptr);
+}
+
+template<typename Call>
+void Broadcast::forEachListener(Call call)
+{
+    ++_deliveries;
+    for (size_t i = 0, count = _listeners.size(); i < count; ++i) {
+        if (_listeners[i])
+            call(_listeners[i]);
+    }
+    endDelivery();
+}
+
+void Broadcast::onTimeout()
+{
+    qint64 const due = _timeline.firstAfter(position());
+    if (due - _next > maximumBacklog) {
+        LOG_WARNING("%s: %lld packets late, they are left out", qUtf8Printable(_name),
+                    static_cast<long long>(due - _next));
+        _next = _timeline.keyPacketUpTo(due);
+    }
+    // A listener may change the broadcast from within a delivery; the bound is looked at anew each time.
+    while (_next < _timeline.firstAfter(position()) && _listening > 0) {
+        std::shared_ptr<SharedPacket> const made = packet(_next++);
+        if (made && !_silent)
+            forEachListener([&](BroadcastListener* listener) { listener->packetArrived(*made); });
+    }
+    forgetOldPackets();
+    schedule();
+}
+
+void Broadcast::schedule()
+{
+    if (_listening == 0)
+        return;
+    qint64 const ms = (_timeline.msOf(_next) - position()) * 100 / _ratePercent + 1;
+    _timer->start(static_cast<int>(std::clamp<qint64>(ms, msShortestWait, msLongestWait)));
+}
+
+std::shared_ptr<SharedPacket> Broadcast::packet(qint64 number)
+{
+    auto const found = std::lower_bound(_recent.begin(), _recent.end(), number,
+                                        [](auto const& entry, qint64 wanted) { return entry.first < wanted; });
+    if (found != _recent.end() && found->first == number)
+        return found->second;
+    std::optional<AsfPacket> read = _films[_entry]->packet(_timeline.indexOf(number));
+    if (!read) {
+        LOG_WARNING("%s: cannot read a data packet, has the file changed?", qUtf8Printable(_name));
+        return nullptr;
+    }
+    auto const repetition = static_cast<quint32>(_timeline.repetitionOf(number));
+    QMap<int, quint32> objects = _objectsBefore;
+    for (auto count = film().objectCounts().cbegin(); count != film().objectCounts().cend(); ++count)
+        objects[count.key()] += repetition * count.value();
+    read->shift(static_cast<quint32>(_timeline.msStart()) + repetition * film().duration(), objects);
+    auto const made = std::make_shared<SharedPacket>(_firstLocation + static_cast<quint32>(number), *std::move(read));
+    _recent.emplace(found, number, made);
+    return made;
+}
+
+/// Keeps what the next who joins gets.
+void Broadcast::forgetOldPackets()
+{
+    qint64 const oldest = _timeline.keyPacketUpTo(_timeline.firstAfter(position() - _msBurst) - 1);
+    while (!_recent.empty() && _recent.front().first < oldest)
+        _recent.pop_front();
+}
+
+void Broadcast::setRate(int percent)
+{
+    restartClock();
+    _ratePercent = std::clamp(percent, 1, 1000);
+    schedule();
+}
+
+void Broadcast::setSilent(bool silent)
+{
+    _silent = silent;
+}
+
+void Broadcast::nextEntry()
+{
+    // The new film begins where the clock stands, and counts on from all that could have been sent.
+    for (auto count = film().objectCounts().cbegin(); count != film().objectCounts().cend(); ++count)
+        _objectsBefore[count.key()] += count.value() * static_cast<quint32>(_timeline.repetitionOf(_next) + 1);
+    qint64 const now = position();
+    _firstLocation += static_cast<quint32>(_timeline.firstAfter(now));
+    _entry = (_entry + 1) % _films.size();
+    _timeline = BroadcastTimeline(film(), now);
+    _next = 0;
+    _recent.clear();
+    ++_generation;
+    _headerEdition = 1;
+    makeHeader();
+    LOG_INFO("%s: entry %zu of its playlist, generation %u", qUtf8Printable(_name), _entry + 1, _generation);
+    forEachListener(
+        [](BroadcastListener* listener) { listener->headerChanged(BroadcastListener::Change::NextEntry); });
+    schedule();
+}
+
+void Broadcast::changeHeader()
+{
+    ++_headerEdition;
+    makeHeader();
+    LOG_INFO("%s: header %d", qUtf8Printable(_name), _headerEdition);
+    forEachListener([](BroadcastListener* listener) { listener->headerChanged(BroadcastListener::Change::Header); });
+}
+
+void Broadcast::end()
+{
+    LOG_INFO("%s: the end, for those who listen", qUtf8Printable(_name));
+    forEachListener([](BroadcastListener* listener) { listener->ended(); });
+}

@@ -1,0 +1,92 @@
+#include "LocalServices.h"
+
+#include "AsfFile.h"
+#include "ControlServer.h"
+#include "LocalServicesOptions.h"
+#include "MmsHttpServer.h"
+#include "MmsTcpServer.h"
+
+LocalServices::LocalServices(TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent)
+    : QObject(parent), _tickCounter(tickCounter), _timerFactory(timerFactory)
+{
+}
+
+LocalServices::~LocalServices() = default;
+
+bool LocalServices::start(LocalServicesOptions const& options, QString& error)
+{
+    if (!openStreams(options, error))
+        return false;
+    if (options.mmsHttpPort &&
+        !startService(QStringLiteral("mms-http"),
+                      std::make_unique<MmsHttpServer>(_catalogue, _faults, &_documents, _tickCounter, _timerFactory),
+                      options.address, *options.mmsHttpPort, error))
+        return false;
+    if (options.mmsTcpPort &&
+        !startService(QStringLiteral("mms-tcp"),
+                      std::make_unique<MmsTcpServer>(_catalogue, _faults, _tickCounter, _timerFactory),
+                      options.address, *options.mmsTcpPort, error))
+        return false;
+    if (options.controlPort && !startService(QStringLiteral("control"),
+                                             std::make_unique<ControlServer>(_commands, _tickCounter, _timerFactory),
+                                             QHostAddress(QHostAddress::LocalHost), *options.controlPort, error))
+        return false;
+    _documents.setPorts(portOf(QStringLiteral("mms-http")), portOf(QStringLiteral("mms-tcp")));
+    _documents.setDeadEntries(options.deadEntries);
+    for (QString const& command : options.commands) {
+        ControlCommands::Answer const answer = _commands.run(command);
+        if (!answer.error.isEmpty()) {
+            error = QStringLiteral("%1: %2").arg(command, answer.error);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool LocalServices::openStreams(LocalServicesOptions const& options, QString& error)
+{
+    for (LocalServicesOptions::Stream const& stream : options.streams) {
+        std::vector<std::unique_ptr<AsfFile>> films;
+        for (QString const& file : stream.files) {
+            films.push_back(AsfFile::open(file, error));
+            if (!films.back())
+                return false;
+        }
+        _catalogue.add(std::make_unique<Broadcast>(stream.name, std::move(films),
+                                                   static_cast<int>(options.burstSeconds * 1000), _tickCounter,
+                                                   _timerFactory));
+    }
+    return true;
+}
+
+bool LocalServices::startService(QString const& key, std::unique_ptr<Service> service, QHostAddress const& address,
+                                 quint16 port, QString& error)
+{
+    if (!service->listen(address, port)) {
+        error = QStringLiteral("%1: cannot listen on %2 port %3: %4")
+                    .arg(service->name(), address.toString())
+                    .arg(port)
+                    .arg(service->errorText());
+        return false;
+    }
+    _commands.addService(service.get());
+    _services.emplace_back(key, std::move(service));
+    return true;
+}
+
+QString LocalServices::portLines() const
+{
+    QString lines;
+    for (auto const& [key, service] : _services)
+        lines += QStringLiteral("%1 %2 %3\n").arg(key, service->address().toString()).arg(service->port());
+    return lines;
+}
+
+quint16 LocalServices::portOf(QString const& key) const
+{
+    for (auto const& [known, service] : _services) {
+        if (known == key)
+            return service->port();
+    }
+    return 0;
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "BroadcastCatalogue.h"
+#include "ControlCommands.h"
+#include "FaultPlan.h"
+#include "StreamDocuments.h"
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+struct LocalServicesOptions;
+class Service;
+class TickCounter;
+class TimerFactory;
+
+/// The services, put together. Lives on one thread.
+class LocalServices : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Both are borrowed.
+    LocalServices(TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent = nullptr);
+    ~LocalServices() override;
+
+    /// Opens the films and starts what the options ask for. False, and a text that tells why, when something of it
+    /// cannot be had.
+    bool start(LocalServicesOptions const& options, QString& error);
+
+    /// One line for each service that runs: "SERVICE ADDRESS PORT".
+    QString portLines() const;
+
+private:
+    bool openStreams(LocalServicesOptions const& options, QString& error);
+    bool startService(QString const& key, std::unique_ptr<Service> service, QHostAddress const& address, quint16 port,
+                      QString& error);
+    quint16 portOf(QString const& key) const;
+
+    TickCounter& _tickCounter;
+    TimerFactory& _timerFactory;
+    BroadcastCatalogue _catalogue;
+    FaultPlan _faults;
+    StreamDocuments _documents{_catalogue};
+    ControlCommands _commands{_catalogue, _faults};
+    std::vector<std::pair<QString, std::unique_ptr<Service>>> _services; ///< By key; they go before what they use.
+};

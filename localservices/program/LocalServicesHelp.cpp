@@ -1,0 +1,82 @@
+#include "ControlCommands.h"
+#include "LocalServicesOptions.h"
+
+namespace
+{
+char const* const text = R"(NAME
+    ombravision-localservices - the services around Ombravision, on one machine
+
+SYNOPSIS
+    ombravision-localservices --stream /NAME=FILE ... [OPTION ...]
+
+DESCRIPTION
+    Serves ASF files as live broadcasts, by MMS over HTTP and by MMS over TCP. A broadcast never ends: its film is
+    repeated for ever, with time stamps that go on growing, on one clock that all viewers share. Who comes late begins
+    at a key frame shortly before now, with a few seconds of the past at once, so that the picture comes up quickly.
+    Of several pictures of different bit rate in one file a viewer gets the one that fits.
+
+    Once the services are up, one line for each goes to standard output, "SERVICE ADDRESS PORT", where SERVICE is
+    mms-http, mms-tcp or control. What happens is logged on standard error. The program runs until it is ended by a
+    signal.
+
+    The port of MMS over HTTP also has documents: /NAME.asx and /NAME.wvx, playlists in ASX; /NAME.ref, a reference
+    playlist; and /, all addresses. The playlists begin with entries where nobody answers, as real ones do.
+
+OPTIONS
+    --stream /NAME=FILE      Broadcasts an ASF file under this name. Given again for a name, it adds a film to the
+                             playlist of that stream; "playlist next" on the control port moves on.
+    --listen ADDRESS         Where to listen: an address of this machine (127.0.0.1).
+    --mms-http-port PORT     The port of MMS over HTTP; 0 for a free one (0), "none" for no such service.
+    --mms-tcp-port PORT      The same for MMS over TCP.
+    --control-port PORT      The same for the control port, which is always on 127.0.0.1.
+    --ports-file FILE        Also writes the lines about the services to this file, at once and whole.
+    --burst SECONDS          How much of the past a viewer gets at once, 0 to 60 (5).
+    --dead-entries COUNT     How many dead entries the playlists begin with, 0 to 1000 (1).
+    --fault "STREAM WHAT"    Something goes wrong from the start on; see FAULTS. Can be given several times.
+    --rate PERCENT           How fast the streams run, 1% to 1000% (100%).
+    --silent                 The streams begin silent: they take viewers and send nothing after the header.
+    --debug[=CLASS,...]      Logs more; with classes, only theirs.
+    --version                Tells the version.
+    --help                   This text.
+
+FAULTS
+    STREAM WHAT [on STEP] [times COUNT]
+
+    STREAM is a name or "*" for any. WHAT is one of
+        STATUS [LOCATION]    an answer of HTTP with this status, 204 or 300 to 599, such as 453; a redirection, such
+                             as 302, needs the location
+        0xRESULT             this result in a report of MMS over TCP, such as 0xC00D0030
+        silent               the request is taken and never answered
+        reset                the answer to a stream selection tells the player to begin anew
+        cut BYTES            the connection ends after so many more bytes
+        cut header           ... in the middle of the stream's header
+        cut packet           ... in the middle of the tenth data packet
+    STEP is what the player does: describe, play, select, log or stop over HTTP; connect, measure, funnel, open, read,
+    switch or start over TCP; any, when it is left out. Over TCP the stream is known from "open" on; before, only
+    faults of "*" happen. With a COUNT it happens so often, otherwise for ever.
+
+CONTROL
+    The control port takes commands, one a line, by "nc 127.0.0.1 PORT" for example. The answer ends with a line "OK"
+    or "ERROR" and a text; "quit" ends the connection.
+
+)";
+
+char const* const end = R"(
+    STREAM is a name; without one it is about all streams.
+
+EXIT STATUS
+    1 for wrong options, 2 when a file cannot be broadcast or a port cannot be had.
+
+EXAMPLES
+    ombravision-localservices --stream /live=film.asf --mms-http-port 8080 --mms-tcp-port 1755
+    ombravision-localservices --stream /live=a.asf --stream /live=b.asf --fault "/live 453 on describe times 1"
+)";
+} // namespace
+
+QString LocalServicesOptions::helpText()
+{
+    QString help = QString::fromUtf8(text);
+    for (QString const& line : ControlCommands::help())
+        help += "        " + line + '\n';
+    return help + QString::fromUtf8(end);
+}

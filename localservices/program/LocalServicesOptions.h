@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QHostAddress>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// The switches of the program. A value.
+struct LocalServicesOptions {
+    /// A service's port; nothing when it is switched off, 0 for a free one.
+    using Port = std::optional<quint16>;
+
+    static constexpr int maximumBurst = 60; ///< Seconds.
+    static constexpr int maximumDeadEntries = 1000;
+
+    /// A name and the films of its playlist.
+    struct Stream {
+        QString name;
+        QStringList files;
+    };
+
+    QHostAddress address = QHostAddress(QHostAddress::LocalHost);
+    Port mmsHttpPort = 0;
+    Port mmsTcpPort = 0;
+    Port controlPort = 0;
+    QString portsFile;
+    QList<Stream> streams;
+    double burstSeconds = 5;
+    int deadEntries = 1;
+    QStringList commands; ///< Control commands to begin with.
+    bool debug = false;
+    QStringList debugClasses;
+    bool showHelp = false;
+    bool showVersion = false;
+
+    /// Reads the arguments, without the program's name. Nothing, and a text that tells why, when one is wrong.
+    static std::optional<LocalServicesOptions> parse(QStringList const& arguments, QString& error);
+
+    static QString helpText();
+};

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QHostAddress>
+#include <QObject>
+#include <QSet>
+#include <QTcpServer>
+
+#include <functional>
+#include <memory>
+
+class Logger;
+class QTcpSocket;
+class ServiceConnection;
+class TickCounter;
+class Timer;
+class TimerFactory;
+
+/// A service on a TCP port: takes clients, up to a number, and looks after them now and then. What it says to them is
+/// the subclasses' affair. Lives on one thread.
+class Service : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int maximumConnections = 10'000;
+    static constexpr int msBetweenChecks = 1000;
+
+    /// `name` is for the log. Clock and factory are borrowed.
+    Service(QString const& name, TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent = nullptr);
+    ~Service() override;
+
+    /// Begins to take clients, on a free port when it is 0. False when the port cannot be had; errorText() tells why.
+    bool listen(QHostAddress const& address, quint16 port);
+    QString errorText() const;
+
+    QString const& name() const { return _name; }
+    QHostAddress address() const { return _server.serverAddress(); }
+    quint16 port() const { return _server.serverPort(); }
+    int connectionCount() const { return static_cast<int>(_connections.size()); }
+
+    /// Calls for each client; the call may close it.
+    void forEachConnection(std::function<void(ServiceConnection&)> const& call);
+
+    /// Closes the connections that play the stream, or all when the path is empty. Returns how many.
+    int drop(QString const& path);
+
+protected:
+    /// A new client. Takes the socket over.
+    virtual ServiceConnection* createConnection(std::unique_ptr<QTcpSocket> socket) = 0;
+
+    TickCounter& tickCounter() const { return _tickCounter; }
+
+    /// Deletes all connections. For destructors of subclasses that their connections still need.
+    void closeAll();
+
+private:
+    void onNewConnection();
+    void onClosed(ServiceConnection* connection);
+    void onTimeout();
+
+    QString const _name;
+    TickCounter& _tickCounter;
+    TimerFactory& _timerFactory;
+    Timer* _timer;
+    QTcpServer _server;
+    QSet<ServiceConnection*> _connections; ///< Owned; those that are closed are deleted later.
+
+    static Logger* log;
+};
