@@ -207,8 +207,8 @@ TEST(TrieBiscottiSubscriptionEngine, AnswersAsALookAtEverySubscriptionDoes)
     QString const empty = engine.toString();
     Model model;
     for (int i = 0; i < 100000; ++i) {
-        // Waves, so that the engine is often empty and often holds a hundred and more.
-        auto const insertions = (i / 400) % 2 == 0 ? 5 : 1;
+        // Waves, so that the engine is often empty and often holds dozens.
+        auto const insertions = (i / 150) % 2 == 0 ? 5 : 1;
         auto const choice = random() % 10;
         if (choice < 4) {
             BiscottiTopic const topic = anyTopic(random);
