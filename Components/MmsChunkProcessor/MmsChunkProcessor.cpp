@@ -25,7 +25,7 @@ enum ChunkType : quint8 {
     TestChunk = 'T'
 };
 
-/// How many bytes of a chunk with a payload may still be missing.
+/// How many bytes of a chunk may still be missing.
 constexpr qsizetype maximumLateBytes = 2;
 
 /// Metadata without it is not complete.
@@ -146,7 +146,9 @@ bool MmsChunkProcessor::processReasonChunk(Chunk const& chunk)
 
 bool MmsChunkProcessor::processPayloadChunk(Chunk const& chunk)
 {
-    if (chunk.length > chunk.available + (_strict ? 0 : maximumLateBytes))
+    // What the others say is said at once, and has to be whole.
+    bool const mayBeLate = chunk.type == TestChunk || (chunk.type == DataChunk && !_strict);
+    if (chunk.length > chunk.available + (mayBeLate ? maximumLateBytes : 0))
         return false;
     QByteArray const stray = _input.mid(_consumed, _start - _consumed);
     qsizetype const present = std::min(chunk.length, chunk.available);
@@ -188,14 +190,8 @@ void MmsChunkProcessor::takeLateBytes(QByteArray& bytes)
     qsizetype const prefix = std::min(_latePrefix, late.size());
     late.remove(0, prefix);
     _latePrefix -= prefix;
-    if (late.isEmpty())
-        return;
     if (_lateType == DataChunk)
         _pendingPacket.append(late);
-    else if (_lateType == HeaderChunk && _headerBytesMissing > 0)
-        addHeader(late);
-    else if (_lateType == MetadataChunk && !_pendingMetadata.isEmpty())
-        addMetadata(late);
 }
 
 bool MmsChunkProcessor::processPacketPair(Chunk const& chunk)
@@ -232,11 +228,12 @@ bool MmsChunkProcessor::processStrictHeader(Chunk const& chunk)
     if (chunk.length > chunk.available || available < SimpleAsfObject::headerBytes)
         return false;
     auto const headerSize = qFromLittleEndian<quint64>(_input.constData() + begin + 16);
-    if (headerSize <= quint64(maximumHeaderBytes) &&
-        available < static_cast<qint64>(headerSize) + AsfDataObject::bytes)
+    bool const possible = headerSize <= static_cast<quint64>(maximumHeaderBytes);
+    qint64 const expected = possible ? static_cast<qint64>(headerSize) + AsfDataObject::bytes : 0;
+    if (available < expected)
         return false;
     _parser.reset();
-    QByteArray const rest = _input.mid(begin, std::min<qint64>(available, maximumHeaderBytes + AsfDataObject::bytes));
+    QByteArray const rest = _input.mid(begin, expected);
     qint64 const size = _parser.ParseHeader(rest);
     dropPending();
     _header = rest.left(size);
@@ -277,11 +274,6 @@ void MmsChunkProcessor::processHeader(QByteArray const& payload)
 {
     dropPending();
     ++_packetsProcessed;
-    addHeader(payload);
-}
-
-void MmsChunkProcessor::addHeader(QByteArray const& payload)
-{
     if (_headerBytesMissing > 0) {
         _header.append(payload);
         _headerBytesMissing -= payload.size();

@@ -77,7 +77,6 @@ private:
     void takeLateBytes(QByteArray& bytes);
 
     void processHeader(QByteArray const& payload);
-    void addHeader(QByteArray const& payload);
     void processPacket(QByteArray const& stray, QByteArray const& payload);
     void emitPacket(QByteArray packet);
     void addMetadata(QByteArray const& bytes);

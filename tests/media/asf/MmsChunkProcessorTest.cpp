@@ -59,9 +59,9 @@ QList<QByteArray> of(QByteArray const& bytes, qsizetype piece = 1 << 30)
 /// All kinds of chunks and much that looks like them.
 QByteArray wholeStream()
 {
-    return metadata("broadcast-id=1, ") + metadata(metadataText + QByteArray(1, '\0') + "$D") +
-           header(asfHeader.left(100)) + header(asfHeader.mid(100)) + data("one $D\x04") + data("$$$$$$") + data("") +
-           data("$H$$") + packetPair(1, 30) + packetPair(2, 31) + packetPair(3, 32) + chunk('T', "test") +
+    return metadata("broadcast-id=1, ") + metadata(metadataText) + header(asfHeader.left(100)) +
+           header(asfHeader.mid(100)) + data("one $D\x04") + data("$$$$$$") + data("") + data("$H$$") +
+           packetPair(1, 30) + packetPair(2, 31) + packetPair(3, 32) + chunk('T', "test") +
            chunk('C', AsfBytes::u32(5)) + data("three$") + data("four") + chunk('C', AsfBytes::u32(6) + "more") +
            data("\xA4last") + chunk('E', AsfBytes::u32(1) + "more");
 }
@@ -95,6 +95,8 @@ TEST(MmsChunkProcessor, AnyLengthOfAnyTypeEndsWhereItSays)
             continue;
         bool const known = QByteArray("CDEHMT").contains(static_cast<char>(type));
         for (int const length : lengths) {
+            if (!known && length > 16 && type % 16 != 1)
+                continue;
             QByteArray const strange = chunk(static_cast<char>(type), QByteArray(length, 'x'));
             QList<QByteArray> const said = of(data("before") + strange + data("one") + data("two") + end(9), 10000);
             ASSERT_GE(said.size(), 2) << type << ' ' << length;
@@ -161,9 +163,8 @@ TEST(MmsChunkProcessor, LastTwoBytesMayBeLate)
             QByteArray const part = header(asfHeader).chopped(late);
             EXPECT_THAT(recorder.feed(part).take(), IsEmpty());
             EXPECT_THAT(recorder.feed(asfHeader.right(late)).take(), ElementsAre("header " + asfHeader));
-            EXPECT_THAT(recorder.feed(metadata(metadataText).chopped(late)).take(),
-                        ElementsAre("metadata " + metadataText.chopped(late)));
-            EXPECT_THAT(recorder.feed("x1").take(), IsEmpty());
+            EXPECT_THAT(recorder.feed(metadata(metadataText).chopped(late)).take(), IsEmpty());
+            EXPECT_THAT(recorder.feed(metadataText.right(late)).take(), ElementsAre("metadata " + metadataText));
             EXPECT_THAT(recorder.feed(chunk('T', "test").chopped(late)).take(), ElementsAre("test 0"));
             EXPECT_THAT(recorder.feed(last.right(late) + end(4).chopped(1)).take(), IsEmpty());
             recorder.processor.reset(); // What was incomplete is forgotten.
