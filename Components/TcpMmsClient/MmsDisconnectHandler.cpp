@@ -1,0 +1,8 @@
+#include "MmsDisconnectHandler.h"
+
+#include "TcpMmsClient.h"
+
+void MmsDisconnectHandler::act()
+{
+    client().disconnectFromServer();
+}

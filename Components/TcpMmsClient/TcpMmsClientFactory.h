@@ -1,0 +1,34 @@
+#pragma once
+
+#include "MmsClientFactory.h"
+
+#include <QString>
+
+class DateTimeBuilder;
+class Logger;
+class MemoQueue;
+class TcpSocketFactory;
+class TimerFactory;
+
+/// Makes TcpMmsClients.
+class TcpMmsClientFactory : public MmsClientFactory
+{
+public:
+    /// What the clients are made of, see TcpMmsClient; borrowed.
+    TcpMmsClientFactory(QString const& guid, TcpSocketFactory* tcpSocketFactory, TimerFactory* timerFactory,
+                        DateTimeBuilder* dateTimeBuilder, MemoQueue* memoQueue);
+
+    MmsClient* createMmsClient(QObject* parent) override;
+
+    /// Disconnects the client as well. Warns of a client that is not a TcpMmsClient, and leaves that alone.
+    void disposeMmsClient(MmsClient* client) override;
+
+private:
+    static Logger* log;
+
+    QString const _guid;
+    TcpSocketFactory* const _tcpSocketFactory;
+    TimerFactory* const _timerFactory;
+    DateTimeBuilder* const _dateTimeBuilder;
+    MemoQueue* const _memoQueue;
+};

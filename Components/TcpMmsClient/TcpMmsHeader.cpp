@@ -1,0 +1,42 @@
+#include "TcpMmsHeader.h"
+
+#include <QDataStream>
+
+#include <stdexcept>
+
+namespace
+{
+void expect(bool holds, char const* text)
+{
+    if (!holds)
+        throw std::out_of_range(text);
+}
+} // namespace
+
+TcpMmsHeader::TcpMmsHeader(QDataStream& stream)
+{
+    stream >> _rep >> _version >> _versionMinor >> _padding >> _sessionId >> _messageLength >> _seal >> _chunkCount >>
+        _sequence >> _mbz >> _timeSent;
+}
+
+void TcpMmsHeader::getObjectData(QDataStream& stream) const
+{
+    stream << _rep << _version << _versionMinor << _padding << _sessionId << _messageLength << _seal << _chunkCount
+           << _sequence << _mbz << _timeSent;
+}
+
+void TcpMmsHeader::verify() const
+{
+    expect(_rep == rep, "Mms Tcp header _rep != 1");
+    expect(_version == 0, "Mms Tcp header _version != 0");
+    expect(_versionMinor == 0, "Mms Tcp header _versionMinor != 0");
+    expect(_sessionId == sessionId, "Mms Tcp header _sessionId != 0xB00BFACE");
+    expect(_seal == seal, "Mms Tcp header _seal != 0x20534D4D");
+    expect(_mbz == 0, "Mms Tcp header _mbz != 0");
+}
+
+void TcpMmsHeader::setChunkLength(quint32 chunkLength)
+{
+    _chunkCount = chunkLength + 2;
+    _messageLength = chunkLength * 8 + bytes - bytesOutsideMessageLength;
+}
