@@ -199,7 +199,9 @@ void AsxPlaylist::addAddress(QDomElement const& element, PlaylistItem& item) con
     QString address = element.attribute("href").trimmed();
     if (address.isEmpty() || isFiltered(address))
         return;
-    if (QUrl const base(_base), relative(address); base.isValid() && relative.isValid() && relative.isRelative())
+    QUrl const base(_base);
+    QUrl const relative(address);
+    if (base.isValid() && !base.isRelative() && relative.isValid() && relative.isRelative())
         address = base.resolved(relative).toString(QUrl::FullyEncoded);
     item.addUrl(address);
 }

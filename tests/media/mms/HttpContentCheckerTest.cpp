@@ -3,6 +3,7 @@
 #include "EventLoop.h"
 #include "FakeHttpClientFactory.h"
 #include "FakeTimerFactory.h"
+#include "HttpMmsTestSupport.h"
 #include "HttpTestServer.h"
 #include "LogCapture.h"
 #include "MmsPragmas.h"
@@ -13,11 +14,6 @@
 
 namespace
 {
-
-HttpResponseHeader response(int status, QString const& lines = {})
-{
-    return HttpResponseHeader("HTTP/1.1 " + QString::number(status) + " Status\r\n" + lines);
-}
 
 class HttpContentCheckerTest : public testing::Test
 {

@@ -45,6 +45,7 @@ TEST(AsxPlaylist, FindsTheAddressesOfItsEntries)
          "<ref href='y z'/><ref href='mms://a/1'/></entry></asx>",
          "http://i/x|http://h/d/y%20z mms://a/1"},
         {"<asx><base href='http\u008f://h/'/><entry><ref href='x'/></entry></asx>", "x"},
+        {"<asx><base href='h tp://h/'/><entry><ref href='x'/></entry></asx>", "x"},
         {"<asx><!-- <entry> don't --><entry><title>A > B</title><ref href='a:1>2'/></entry></asx>", "a:1>2"},
         {"<asx><entry><title><![CDATA[<X> & it's]]></title><ref href='a:1'/></entry></asx>", "a:1"},
         {"<asx><entry><ref/><ref href='  '/></entry></asx>", ""},

@@ -1,0 +1,269 @@
+#include "HttpMmsRequest.h"
+
+#include "FFwrapper.h"
+#include "HttpClientFactory.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "MmsChunkProcessor.h"
+#include "MmsPragmas.h"
+#include "TimedHttpClient.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <utility>
+
+Logger* HttpMmsRequest::log = LoggerManager::logger();
+
+namespace
+{
+
+/// E chunks of this reason end an entry of a playlist; all others end the stream.
+constexpr int endOfEntry = 1;
+
+} // namespace
+
+HttpMmsRequest::HttpMmsRequest(QUrl const& url, HttpClientFactory* httpClientFactory, QObject* parent)
+    : QObject(parent), _url(url), _httpClientFactory(httpClientFactory),
+      _processor(std::make_unique<MmsChunkProcessor>())
+{
+    connectProcessor();
+}
+
+HttpMmsRequest::~HttpMmsRequest()
+{
+    releaseClient();
+}
+
+void HttpMmsRequest::connectProcessor()
+{
+    MmsChunkProcessor* const processor = _processor.get();
+    connect(processor, &ChunkProcessor::onHeader, this, &HttpMmsRequest::onHeaderChunk);
+    connect(processor, &ChunkProcessor::onData, this, &HttpMmsRequest::onDataChunk);
+    connect(processor, &ChunkProcessor::onEndOfData, this, &HttpMmsRequest::onEndOfDataChunk);
+    connect(processor, &MmsChunkProcessor::onTestChunk, this, &HttpMmsRequest::onTestChunk);
+    connect(processor, &MmsChunkProcessor::onMetadataChunk, this, &HttpMmsRequest::onMetadataChunk);
+    connect(processor, &MmsChunkProcessor::onResetChunk, this, &HttpMmsRequest::onResetChunk);
+}
+
+void HttpMmsRequest::setPacketSize(int size)
+{
+    _processor->setPacketSize(std::clamp(size, 0, maximumPacketSize));
+    _processor->setPadding(true);
+}
+
+void HttpMmsRequest::sendRequest(HttpRequestHeader const& header, QByteArray const& body, int timeout)
+{
+    if (_client)
+        return;
+    _requestHeader = header;
+    _requestTimeout = timeout;
+    _client = _httpClientFactory->createHttpClient(nullptr);
+    connect(_client, &HttpClient::responseHeaderReceived, this, &HttpMmsRequest::responseHeaderReceived);
+    connect(_client, &HttpClient::readyRead, this, &HttpMmsRequest::readyRead);
+    connect(_client, &HttpClient::done, this, qOverload<HttpClient*, bool>(&HttpMmsRequest::done));
+    LOG_DEBUG("%s%s", qPrintable(header.toString()), body.constData());
+    if (_url.scheme() == "https")
+        _client->setHost(_url.host(), HttpClient::ConnectionModeHttps, _url.port(0));
+    else
+        _client->setHost(_url.host(), _url.port(80));
+    if (auto* const timedClient = qobject_cast<TimedHttpClient*>(_client))
+        timedClient->request(header, body, std::max(1, timeout / 1000 + (timeout % 1000 > 0 ? 1 : 0)));
+    else
+        _client->request(header, body);
+}
+
+void HttpMmsRequest::abortRequest()
+{
+    _isAborted = true;
+    abortClient();
+}
+
+void HttpMmsRequest::abortClient()
+{
+    if (_client)
+        _client->abort();
+}
+
+void HttpMmsRequest::abandon()
+{
+    blockSignals(true);
+    _processor->blockSignals(true);
+    releaseClient();
+    setParent(nullptr);
+    deleteLater();
+}
+
+void HttpMmsRequest::releaseClient()
+{
+    HttpClient* const client = std::exchange(_client, nullptr);
+    if (!client)
+        return;
+    client->disconnect(this);
+    client->abort();
+    client->close();
+    _httpClientFactory->disposeHttpClient(client);
+}
+
+void HttpMmsRequest::responseHeaderReceived(HttpClient*, HttpResponseHeader const& header)
+{
+    _responseHeader = header;
+    LOG_DEBUG("%s", qPrintable(header.toString()));
+    if (header.statusCode() / 100 != 2 || !header.hasKey("Pragma"))
+        return;
+    MmsPragmas const pragmas = MmsPragmas::of(header);
+    _isBroadcast = pragmas.isBroadcast;
+    _isPlaylist = pragmas.isPlaylist;
+    _isResetStreamReceived = pragmas.hasResetStream;
+    _isLiveStream = pragmas.isLive;
+    if (!pragmas.clientId.isEmpty())
+        _clientId = pragmas.clientId;
+    if (pragmas.timeout > 0)
+        _requestTimeout = pragmas.timeout;
+}
+
+void HttpMmsRequest::readyRead(HttpClient* client, HttpResponseHeader const&)
+{
+    process(client->readAll());
+}
+
+void HttpMmsRequest::process(QByteArray const& bytes)
+{
+    if (bytes.isEmpty() || _responseHeader.statusCode() / 100 != 2)
+        return; // The page of an error holds no chunks.
+    _pendingBytes += bytes.size();
+    _processor->processData(bytes);
+    if (_pendingBytes <= maximumPendingBytes)
+        return;
+    LOG_ERROR("%lld bytes of \"%s\" made no packet.", static_cast<long long>(_pendingBytes),
+              qPrintable(_url.toString()));
+    abortClient();
+}
+
+void HttpMmsRequest::onHeaderChunk(QByteArray const& header)
+{
+    _pendingBytes = 0;
+    FormatContextPointer const context(
+        FFwrapper::contextFromHeader(header.constData(), static_cast<int>(header.size())));
+    if (!context) {
+        LOG_ERROR("ContextFromHeader failed!");
+        abortClient();
+        return;
+    }
+    setPacketSize(FFwrapper::getAsfPacketSize(context.get()));
+    _streamBitrate = std::max(FFwrapper::getMaxBitrate(context.get()), 1);
+    _asfHeader = header;
+    emit headerReceived(header);
+}
+
+void HttpMmsRequest::onDataChunk(QByteArray const& packet)
+{
+    _pendingBytes = 0;
+    emit dataReceived(packet);
+}
+
+void HttpMmsRequest::onEndOfDataChunk(int reason)
+{
+    LOG_INFO("onEndOfData() reason %d", reason);
+    _pendingBytes = 0;
+    _endOfStreamReason = reason;
+    if (reason != endOfEntry) {
+        _isFatalEnd = true;
+        abortClient();
+    } else if (!_previousPlaylistGenId.isEmpty() &&
+               _previousPlaylistGenId.toULongLong() != _playlistGenId.toULongLong()) {
+        emit selectStream();
+    }
+}
+
+void HttpMmsRequest::onTestChunk(int) {}
+
+void HttpMmsRequest::onMetadataChunk(QString const& text)
+{
+    _pendingBytes = 0;
+    QHash<QString, QString> values;
+    for (QString const& piece : text.split(','))
+        values.insert(piece.section('=', 0, 0).trimmed(), piece.section('=', 1).trimmed().left(maximumIdLength));
+    _previousPlaylistGenId = _playlistGenId;
+    _playlistGenId = values.value("playlist-gen-id");
+    _broadcastId = values.value("broadcast-id");
+    LOG_INFO("onMetadataChunk() playlist-gen-id=%s;broadcast-id=%s", qPrintable(_playlistGenId),
+             qPrintable(_broadcastId));
+}
+
+void HttpMmsRequest::onResetChunk(int)
+{
+    LOG_INFO("onResetChunk()");
+}
+
+void HttpMmsRequest::done(HttpClient* client, bool error)
+{
+    HttpClient::Error const code = client->error();
+    auto const* const timedClient = qobject_cast<TimedHttpClient const*>(client);
+    _isTimedOut = timedClient && timedClient->timedOut();
+    process(client->readAll());
+    if (client != _client)
+        return; // The last bytes have ended the request.
+    // A stream that breaks off was there, whatever number its end has.
+    bool const isBrokenOff = _responseHeader.statusCode() / 100 == 2 && _responseHeader.statusCode() != 204 &&
+                             (code == HttpClient::UnexpectedClose || code == HttpClient::WrongContentLength);
+    MmsClient::MmsClientError result = MmsClient::EndOfStream;
+    if (!_isFatalEnd && isBrokenOff)
+        result = MmsClient::RemoteServerClosed;
+    else if (!_isFatalEnd)
+        result = error ? errorOf(code) : errorOfStatus();
+    releaseClient();
+    emit done(result);
+}
+
+MmsClient::MmsClientError HttpMmsRequest::errorOf(HttpClient::Error error)
+{
+    switch (error) {
+    case HttpClient::HostNotFound:
+        return MmsClient::CouldNotResolveServer;
+    case HttpClient::ConnectionRefused:
+        return MmsClient::CouldNotConnected;
+    case HttpClient::Aborted:
+        return _isAborted ? MmsClient::NoError : MmsClient::CouldNotConnected;
+    case HttpClient::AuthenticationRequiredError:
+        return MmsClient::AuthenticationRequiredError;
+    case HttpClient::ProxyAuthenticationRequiredError:
+        return MmsClient::ProxyAuthenticationRequiredError;
+    default:
+        return MmsClient::UnknownError;
+    }
+}
+
+MmsClient::MmsClientError HttpMmsRequest::errorOfStatus()
+{
+    int const status = _responseHeader.statusCode();
+    switch (status / 100) {
+    case 2:
+        return status == 204 ? MmsClient::NoContent : MmsClient::NoError;
+    case 3:
+        return status == 302 && _responseHeader.hasKey("Location") ? errorOfRedirection() : MmsClient::NoError;
+    case 4:
+    case 5: {
+        bool const isBandwidth =
+            status == 453 && _responseHeader.reasonPhrase().compare("Not Enough Bandwidth", Qt::CaseInsensitive) == 0;
+        return isBandwidth ? MmsClient::BandwidthNotAvailable : MmsClient::StreamNotAvailable;
+    }
+    default:
+        return MmsClient::NoError;
+    }
+}
+
+MmsClient::MmsClientError HttpMmsRequest::errorOfRedirection()
+{
+    QString const location = _responseHeader.value("Location").trimmed();
+    QUrl url(location);
+    if (!url.isValid() || url.host().isEmpty()) {
+        url = _url.resolved(url.isValid() ? url : QUrl());
+        url.setHost(_url.host());
+        url.setPort(_url.port());
+    }
+    if (location.endsWith('?'))
+        url.setQuery(_url.query(QUrl::FullyEncoded));
+    _redirectLocation = url.toString(QUrl::FullyEncoded);
+    return MmsClient::Redirected;
+}
