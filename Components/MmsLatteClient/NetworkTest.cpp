@@ -22,8 +22,9 @@ Logger* NetworkTest::log = LoggerManager::logger();
 
 /// What the object and its thread both know.
 struct NetworkTest::Shared {
-    std::mutex mutex;                ///< Guards the pointer; held while it is used.
-    NetworkTest* receiver = nullptr; ///< Null once nobody waits.
+    std::mutex mutex;                ///< Guards what follows; held while the pointer is used.
+    NetworkTest* receiver = nullptr; ///< Null once it is gone.
+    Answer answer;
 };
 
 namespace
@@ -49,6 +50,7 @@ QString failureToReach(addrinfo const& peer)
 
 NetworkTest::NetworkTest(TimerFactory* timerFactory, QObject* parent) : QObject(parent), _timerFactory(timerFactory)
 {
+    connect(this, &NetworkTest::answered, this, &NetworkTest::onAnswer, Qt::QueuedConnection);
 }
 
 NetworkTest::~NetworkTest()
@@ -95,9 +97,9 @@ std::optional<bool> NetworkTest::start(QString const& host)
     auto const run = [shared, host] {
         Answer const answer = test(host, false);
         std::lock_guard const lock(shared->mutex);
-        if (NetworkTest* const receiver = shared->receiver)
-            QMetaObject::invokeMethod(
-                receiver, [receiver, answer] { receiver->onAnswer(answer); }, Qt::QueuedConnection);
+        shared->answer = answer;
+        if (shared->receiver)
+            emit shared->receiver->answered(); // Queued: it only posts.
     };
     try {
         std::thread(run).detach();
@@ -122,8 +124,13 @@ void NetworkTest::cancel()
     }
 }
 
-void NetworkTest::onAnswer(Answer const& answer)
+void NetworkTest::onAnswer()
 {
+    Answer answer;
+    {
+        std::lock_guard const lock(_shared->mutex);
+        answer = _shared->answer;
+    }
     _shared.reset();
     if (!answer.isAvailable)
         LOG_WARNING("%s", qPrintable(answer.failure));

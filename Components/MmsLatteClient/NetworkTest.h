@@ -35,6 +35,8 @@ public:
 
 signals:
     void finished(bool isAvailable);
+    /// The thread has its answer. For this object only.
+    void answered();
 
 private:
     struct Answer {
@@ -44,7 +46,7 @@ private:
     struct Shared;
 
     static Answer test(QString const& host, bool isNumeric);
-    void onAnswer(Answer const& answer);
+    void onAnswer();
     void finish(bool isAvailable);
 
     static Logger* log;

@@ -1,0 +1,181 @@
+#include "MmsLatteClientPrivate.h"
+
+#include "HttpMmsClientFactory.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "MmsLatteClient.h"
+#include "NetworkTest.h"
+#include "SortedMemoQueue.h"
+#include "TcpMmsClientFactory.h"
+#include "Timer.h"
+#include "TimerFactory.h"
+
+#include <QUrl>
+
+#include <algorithm>
+#include <utility>
+
+Logger* MmsLatteClientPrivate::log = LoggerManager::logger();
+
+MmsLatteClientPrivate::MmsLatteClientPrivate(QString const& name, Factories const& factories, MmsLatteClient* client)
+    : QObject(client), _latteClient(client), _name(name), _factories(factories),
+      _tickCounter(factories.dateTimeBuilder), _networkTest(new NetworkTest(factories.timerFactory, this))
+{
+    connect(_networkTest, &NetworkTest::finished, this, &MmsLatteClientPrivate::onNetworkTested);
+    prepare();
+}
+
+MmsLatteClientPrivate::~MmsLatteClientPrivate()
+{
+    cancel();
+}
+
+void MmsLatteClientPrivate::setMmsClientFactories(std::unique_ptr<MmsClientFactory> http,
+                                                  std::unique_ptr<MmsClientFactory> tcp)
+{
+    _mmsClientFactories[false] = std::move(tcp);
+    _mmsClientFactories[true] = std::move(http);
+    _hasOwnFactories = false;
+}
+
+void MmsLatteClientPrivate::prepare()
+{
+    _buffer.interrupt();
+    _playlist.clear();
+    _currentUrl.clear();
+    _currentKey.clear();
+    _referrer.clear();
+    _firstConnect = true;
+    _networkWasAvailable = false;
+    _connectTimeout = firstConnectTimeout;
+    _reconnectAttempts = 0;
+    if (_queue)
+        return;
+    _queue = new SortedMemoQueue(&_tickCounter, _factories.timerFactory, this);
+    _queue->acquire(this);
+    _contentChecker = new HttpContentChecker(_factories.httpClientFactory, _factories.timerFactory, this);
+    connect(_contentChecker, &HttpContentChecker::finished, this, &MmsLatteClientPrivate::onContentCheckerFinished);
+    if (!_hasOwnFactories)
+        return;
+    _mmsClientFactories[false] = std::make_unique<TcpMmsClientFactory>(
+        _name, _factories.tcpSocketFactory, _factories.timerFactory, _factories.dateTimeBuilder, _queue);
+    _mmsClientFactories[true] = std::make_unique<HttpMmsClientFactory>(
+        _name, _factories.httpClientFactory, _factories.timerFactory, _factories.dateTimeBuilder, _queue);
+}
+
+void MmsLatteClientPrivate::constructMmsClient(bool http)
+{
+    destructMmsClient();
+    _clientFactory = _mmsClientFactories[http].get();
+    _client = _clientFactory->createMmsClient(this);
+    connect(_client, &MmsClient::connected, _latteClient, &MmsLatteClient::onMmsConnected);
+    connect(_client, &MmsClient::onHeader, _latteClient, &MmsLatteClient::onMmsHeader);
+    connect(_client, &MmsClient::onData, _latteClient, &MmsLatteClient::onMmsData);
+    connect(_client, &MmsClient::done, _latteClient, &MmsLatteClient::onMmsDone);
+}
+
+void MmsLatteClientPrivate::destructMmsClient()
+{
+    MmsClient* const client = std::exchange(_client, nullptr);
+    if (!client)
+        return;
+    client->disconnect(_latteClient);
+    if (client->state() != MmsClient::Unconnected && client->state() != MmsClient::Closed)
+        client->disconnectFromServer();
+    client->setParent(nullptr); // Goes before the queue, which it uses to the end.
+    _clientFactory->disposeMmsClient(client);
+}
+
+void MmsLatteClientPrivate::cancel()
+{
+    stopBitrateTimer();
+    disposeTimer(_statusTimer);
+    _networkTest->cancel();
+    _checking = false;
+    if (!_queue)
+        return;
+    _contentChecker->disconnect(this);
+    _contentChecker->cancel();
+    std::exchange(_contentChecker, nullptr)->deleteLater();
+    destructMmsClient();
+    _queue->clear(this);
+    _queue->clear(_latteClient);
+    _queue->release(this);
+    _queue->setParent(nullptr);
+    std::exchange(_queue, nullptr)->deleteLater();
+}
+
+void MmsLatteClientPrivate::disposeTimer(Timer*& timer)
+{
+    if (!timer)
+        return;
+    timer->stop();
+    _factories.timerFactory->disposeTimer(std::exchange(timer, nullptr));
+}
+
+void MmsLatteClientPrivate::startStatusTimer()
+{
+    if (_statusTimer)
+        return;
+    _statusTimer = _factories.timerFactory->createTimer();
+    connect(_statusTimer, &Timer::timeout, this, &MmsLatteClientPrivate::onCheckStatus);
+    _statusTimer->start(statusInterval);
+}
+
+void MmsLatteClientPrivate::startBitrateTimer()
+{
+    _bitrateWatch.restart(_normalBitrate);
+    _buffer.takeBytesThisSecond(); // What came faster than that to begin with does not count.
+    if (!_bitrateTimer) {
+        _bitrateTimer = _factories.timerFactory->createTimer();
+        connect(_bitrateTimer, &Timer::timeout, this, &MmsLatteClientPrivate::onCheckBitrate);
+    }
+    _bitrateTimer->start(bitrateInterval);
+}
+
+void MmsLatteClientPrivate::stopBitrateTimer()
+{
+    disposeTimer(_bitrateTimer);
+}
+
+void MmsLatteClientPrivate::onCheckStatus(Timer*)
+{
+    LOG_DEBUG("Current buffer size %d", static_cast<int>(_buffer.size()));
+    LOG_DEBUG("Current mms state %d", _client ? _client->state() : MmsClient::Unconnected);
+}
+
+void MmsLatteClientPrivate::onCheckBitrate(Timer*)
+{
+    switch (_bitrateWatch.addSecond(_buffer.takeBytesThisSecond(), _playlist.hasAlternative())) {
+    case BitrateWatch::Good:
+        return;
+    case BitrateWatch::LowAverage:
+        LOG_WARNING("Average bitrate is below half normal bitrate for %d seconds. Trying to switch to the next "
+                    "stream URL...",
+                    BitrateWatch::averagedSeconds);
+        break;
+    case BitrateWatch::LowSeconds:
+        LOG_WARNING("The bitrate is below half normal bitrate for %d seconds. Trying to switch to the next stream "
+                    "URL...",
+                    BitrateWatch::lowSeconds);
+        break;
+    }
+    stopBitrateTimer();
+    doCheckNextContent();
+}
+
+std::optional<bool> MmsLatteClientPrivate::isNetworkAvailable()
+{
+    QString const address = _currentUrl.isEmpty() ? _latteClient->uri().toString() : _currentUrl;
+    std::optional<bool> const answer = _networkTest->start(QUrl(address).host());
+    if (_networkWasAvailable)
+        return answer;
+    _networkWasAvailable = answer.value_or(false);
+    return false;
+}
+
+void MmsLatteClientPrivate::onNetworkTested(bool isAvailable)
+{
+    _networkWasAvailable = _networkWasAvailable || isAvailable;
+    _latteClient->networkTested(isAvailable);
+}

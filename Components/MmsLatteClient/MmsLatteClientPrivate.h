@@ -1,0 +1,138 @@
+#pragma once
+
+#include "BitrateWatch.h"
+#include "DateTimeTickCounter.h"
+#include "HttpContentChecker.h"
+#include "MmsClient.h"
+#include "MmsPlaylist.h"
+#include "MmsStreamBuffer.h"
+#include "NetworkErrors.h"
+
+#include <memory>
+#include <optional>
+
+class HttpClientFactory;
+class Memo;
+class MmsClientFactory;
+class MmsLatteClient;
+class NetworkTest;
+class SortedMemoQueue;
+class TcpSocketFactory;
+class Timer;
+class TimerFactory;
+
+/// The work behind a MmsLatteClient: finds out what an address is, builds the transport for it, and goes to the same
+/// address again or on to the next one. Moves with its client, and works on the client's thread.
+///
+/// One attempt is made at a time: whatever begins another one ends what is under way.
+class MmsLatteClientPrivate : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What can be created is created with these, which are borrowed.
+    struct Factories {
+        TimerFactory* timerFactory = nullptr;
+        TcpSocketFactory* tcpSocketFactory = nullptr;
+        HttpClientFactory* httpClientFactory = nullptr;
+        DateTimeBuilder* dateTimeBuilder = nullptr;
+    };
+
+    static constexpr int firstCheckTimeout = 1000;    ///< ms
+    static constexpr int firstConnectTimeout = 10000; ///< ms
+    static constexpr int maxConnectTimeout = 80000;   ///< ms, where the doubling ends.
+    static constexpr unsigned int retryDelay = 1000;  ///< ms
+    static constexpr int reconnectLimit = 3;          ///< After so many, another address has its turn.
+    static constexpr int statusInterval = 5000;       ///< ms
+    static constexpr int bitrateInterval = 1000;      ///< ms
+
+    /// The name is what the transports present themselves with. The client is the parent.
+    MmsLatteClientPrivate(QString const& name, Factories const& factories, MmsLatteClient* client);
+    ~MmsLatteClientPrivate() override;
+
+    /// Makes transports with these from now on instead of those for MMS over HTTP and TCP.
+    void setMmsClientFactories(std::unique_ptr<MmsClientFactory> http, std::unique_ptr<MmsClientFactory> tcp);
+
+    /// Everything as it was before the first attempt. Called before each start.
+    void prepare();
+
+    /// Builds a transport in the place of the present one.
+    void constructMmsClient(bool http);
+    void destructMmsClient();
+
+    /// Finds out what an address is, and goes on by that; one that is known to be a stream is connected to at once.
+    /// With an empty text the check is made under the client's own name.
+    void checkContent(QString const& url, QString const& referrer, QString const& text);
+
+    /// Makes another attempt at the address in use: at once, unless several have brought nothing.
+    void reconnectCurrentContent();
+    void doReconnectCurrentContent();
+    /// The same a while later.
+    void reconnectLater();
+
+    /// Makes an attempt at the next address, a while later. False when there is no other.
+    bool checkNextContent();
+    void doCheckNextContent();
+
+    /// The address delivers: what it is need not be found out again.
+    void updateContent(QString const& url);
+
+    void startBitrateTimer();
+    void stopBitrateTimer();
+
+    /// Ends everything that is under way, and takes the pending memos along.
+    void cancel();
+
+    /// Whether the network is there; nothing when networkTested() of the client will tell later. The first result is
+    /// only kept: the network counts as unavailable until it has been seen before.
+    std::optional<bool> isNetworkAvailable();
+
+public slots:
+    void onContentCheckerFinished(HttpContentChecker::CheckResponse const& response, bool failed);
+    void onCheckStatus(Timer* timer);
+    void onCheckBitrate(Timer* timer);
+    void onNetworkTested(bool isAvailable);
+
+private:
+    friend class MmsLatteClient;
+
+    void connectTo(bool http, QString const& url, QString const& referrer);
+    void attempt(MmsPlaylist::Address const& address);
+    void fallBackToTcp(HttpContentChecker::CheckResponse const& response);
+    void openPlaylist(HttpContentChecker::CheckResponse const& response);
+    void giveUp(QString const& url, NetworkErrors::NetworkError code);
+    void postMemo(unsigned int ms, Memo* memo);
+    void startStatusTimer();
+    void disposeTimer(Timer*& timer);
+
+    static Logger* log;
+
+    MmsLatteClient* const _latteClient;
+    QString const _name;
+    Factories const _factories;
+    DateTimeTickCounter _tickCounter;
+
+    SortedMemoQueue* _queue = nullptr;             ///< This client's own; null once cancelled.
+    HttpContentChecker* _contentChecker = nullptr; ///< Likewise.
+    NetworkTest* _networkTest;
+    std::unique_ptr<MmsClientFactory> _mmsClientFactories[2]; ///< For TCP and for HTTP.
+    bool _hasOwnFactories = true;
+    MmsClient* _client = nullptr;               ///< The transport.
+    MmsClientFactory* _clientFactory = nullptr; ///< That it came from.
+
+    MmsStreamBuffer _buffer;
+    MmsPlaylist _playlist;
+    QString _currentUrl;        ///< The address in use.
+    QString _currentKey;        ///< What it was redirected from, or the same.
+    QString _referrer;          ///< The address of the playlist that it stands in.
+    bool _checking = false;     ///< A content check is under way.
+    bool _firstConnect = true;  ///< No header has arrived yet.
+    bool _hasDelivered = false; ///< Data has come since the last reconnection.
+    bool _networkWasAvailable = false;
+    int _connectTimeout = firstConnectTimeout;
+    int _reconnectAttempts = 0; ///< After the server closed the connection.
+    int _normalBitrate = 1;     ///< Bits a second, from the header.
+    BitrateWatch _bitrateWatch;
+    Timer* _statusTimer = nullptr;
+    Timer* _bitrateTimer = nullptr;
+};

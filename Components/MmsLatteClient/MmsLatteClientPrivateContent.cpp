@@ -1,0 +1,182 @@
+// Which address is tried next, and how.
+
+#include "AsxPlaylist.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "MmsLatteClient.h"
+#include "MmsLatteClientPrivate.h"
+#include "MmsReconnectMemo.h"
+#include "MmsReconnectNextContentMemo.h"
+#include "RefPlaylist.h"
+#include "SortedMemoQueue.h"
+
+#include <QUrl>
+
+void MmsLatteClientPrivate::checkContent(QString const& url, QString const& referrer, QString const& text)
+{
+    startStatusTimer();
+    _playlist.enter(url, referrer);
+    _currentKey = url;
+    if (_playlist.isStream(url)) {
+        connectTo(_playlist.useHttp(url), url, referrer);
+        return;
+    }
+    _contentChecker->cancel();
+    _checking = true;
+    _contentChecker->check(url, referrer, text.isEmpty() ? _name : text, firstCheckTimeout);
+}
+
+void MmsLatteClientPrivate::connectTo(bool http, QString const& url, QString const& referrer)
+{
+    _contentChecker->cancel();
+    _checking = false;
+    constructMmsClient(http);
+    _currentUrl = url;
+    _referrer = referrer;
+    _client->connectToServer(QUrl(url), referrer, _connectTimeout);
+}
+
+void MmsLatteClientPrivate::attempt(MmsPlaylist::Address const& address)
+{
+    if (address.isToBeAsked) {
+        checkContent(address.url, address.referrer, "");
+        return;
+    }
+    _currentKey = address.url;
+    connectTo(address.useHttp, address.url, address.referrer);
+}
+
+/// Whatever an address is, it may still be served over TCP.
+void MmsLatteClientPrivate::fallBackToTcp(HttpContentChecker::CheckResponse const& response)
+{
+    connectTo(false, response.url, response.referrer);
+}
+
+void MmsLatteClientPrivate::onContentCheckerFinished(HttpContentChecker::CheckResponse const& response, bool failed)
+{
+    if (!_checking)
+        return;
+    _checking = false;
+    if (failed) {
+        if (auto const address = _playlist.nextOf(response.key))
+            attempt(*address);
+        else
+            fallBackToTcp(response);
+        return;
+    }
+    switch (response.contentType) {
+    case HttpContentChecker::MmsStream:
+        _playlist.enter(response.key, response.referrer);
+        _playlist.setStream(response.key, true);
+        _playlist.setStream(response.url, true);
+        connectTo(true, response.url, response.referrer);
+        break;
+    case HttpContentChecker::PlaylistDocument:
+        openPlaylist(response);
+        break;
+    case HttpContentChecker::PlainFile:
+        LOG_WARNING("Doesn't support Audio/Video file content at the moment");
+        giveUp(response.key, NetworkErrors::UnexpectedSuccess);
+        break;
+    default:
+        if (!checkNextContent())
+            fallBackToTcp(response);
+    }
+}
+
+void MmsLatteClientPrivate::openPlaylist(HttpContentChecker::CheckResponse const& response)
+{
+    QString const text = Playlist::decode(response.body);
+    std::unique_ptr<Playlist> playlist;
+    if (text.contains("asx", Qt::CaseInsensitive))
+        playlist = std::make_unique<AsxPlaylist>(text);
+    else if (text.contains("reference", Qt::CaseInsensitive))
+        playlist = std::make_unique<RefPlaylist>(text);
+    if (playlist)
+        playlist->parse();
+    if (!playlist)
+        LOG_ERROR("Unknown playlist %s", qPrintable(response.url));
+    else if (!_playlist.replace(response.key, playlist->items()))
+        LOG_ERROR("Found known playlist but could not parse it");
+    else {
+        attempt(*_playlist.next());
+        return;
+    }
+    giveUp(response.key, NetworkErrors::StreamUnavailable);
+}
+
+/// An address leads nowhere: the others have their turn. Without any this is the end.
+void MmsLatteClientPrivate::giveUp(QString const& url, NetworkErrors::NetworkError code)
+{
+    _playlist.remove(url);
+    if (_playlist.isEmpty())
+        _latteClient->finish(code);
+    else
+        postMemo(retryDelay, new MmsReconnectNextContentMemo(_latteClient, this));
+}
+
+/// The next attempt, in place of any other that was to come.
+void MmsLatteClientPrivate::postMemo(unsigned int ms, Memo* memo)
+{
+    _queue->clear(this);
+    _queue->handleSoon(ms, memo);
+}
+
+void MmsLatteClientPrivate::reconnectCurrentContent()
+{
+    bool const isFutile = !_hasDelivered && _reconnectAttempts >= reconnectLimit;
+    _hasDelivered = false;
+    postMemo(isFutile ? retryDelay : 0, new MmsReconnectMemo(_latteClient, this));
+}
+
+void MmsLatteClientPrivate::reconnectLater()
+{
+    if (_connectTimeout < maxConnectTimeout)
+        _connectTimeout *= 2;
+    _currentUrl = _currentKey; // What redirected here may now lead elsewhere.
+    postMemo(retryDelay, new MmsReconnectMemo(_latteClient, this));
+}
+
+void MmsLatteClientPrivate::doReconnectCurrentContent()
+{
+    MmsPlaylist::Address address{_currentUrl, _referrer};
+    if (address.url.isEmpty() && !_playlist.isEmpty())
+        address = *_playlist.current();
+    // A token in the address may have gone stale: whoever gave it gives a new one. The address itself keeps its case.
+    if (address.url.isEmpty() || address.url.toLower().contains("auth")) {
+        _playlist.clear();
+        checkContent(_latteClient->uri().toString(), "", "");
+    } else if (_playlist.contains(address.url)) {
+        checkContent(address.url, address.referrer, "");
+    } else if (_client) {
+        _client->connectToServer(QUrl(address.url), address.referrer, _connectTimeout);
+    } else {
+        connectTo(false, address.url, address.referrer);
+    }
+}
+
+bool MmsLatteClientPrivate::checkNextContent()
+{
+    if (_currentUrl.isEmpty() || !_playlist.hasAlternative())
+        return false;
+    postMemo(retryDelay, new MmsReconnectNextContentMemo(_latteClient, this));
+    return true;
+}
+
+void MmsLatteClientPrivate::doCheckNextContent()
+{
+    std::optional<MmsPlaylist::Address> const address = _playlist.next();
+    if (!address)
+        return;
+    _currentUrl = address->url;
+    _referrer = address->referrer;
+    attempt(*address);
+}
+
+void MmsLatteClientPrivate::updateContent(QString const& url)
+{
+    bool const http = _client->protocol() == MmsClient::MmsHttp;
+    _playlist.setStream(url, http);
+    if (_playlist.contains(_currentKey))
+        _playlist.setStream(_currentKey, http);
+}
