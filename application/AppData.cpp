@@ -10,6 +10,7 @@
 #include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "MmsLatteClientFactory.h"
 #include "SystemRandomGenerator.h"
 #include "SystemTickCounter.h"
 #include "ThreadedMemoQueue.h"
@@ -67,6 +68,8 @@ void AppData::initialize(QWidget* mainWidget)
     _tickCounter = new SystemTickCounter;
     _randomGenerator = new SystemRandomGenerator(static_cast<int>(std::time(nullptr)));
     _httpClientFactory = new TimedHttpClientFactory(&plainHttpClientFactory, &timerFactory);
+    _mmsLatteClientFactory = new MmsLatteClientFactory(settings.mmsClientGuid(), &timerFactory, &tcpSocketFactory,
+                                                       &plainHttpClientFactory, &dateTimeBuilder, _memoThread);
     _fileLatteClientFactory = new FileLatteClientFactory;
     registerLatteSchemes();
     _audioDevice = new AudioDevice;
@@ -94,6 +97,7 @@ void AppData::uninitialize()
     destroy(_channelManager);
     destroy(_randomGenerator);
     destroy(_httpClientFactory);
+    destroy(_mmsLatteClientFactory);
     destroy(_fileLatteClientFactory);
     destroy(_tickCounter);
     _memoThread->exit(0);
@@ -148,6 +152,10 @@ void AppData::saveCookieJar()
 void AppData::registerLatteSchemes()
 {
     latte.registerLatteClientFactory(UriScheme("file"), _fileLatteClientFactory);
+    latte.registerLatteClientFactory(UriScheme("mms"), _mmsLatteClientFactory);
+    latte.registerLatteClientFactory(UriScheme("http"), _mmsLatteClientFactory);
+    for (char const* const scheme : {"file", "mms", "http", "rtsp"})
+        latteVisualiserRegistry.registerLatteVisualiserFactory(UriScheme(scheme), &bufferVisualiserFactory);
 }
 
 void AppData::chooseAudioDevice()

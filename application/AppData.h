@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppSettings.h"
+#include "BufferLatteVisualiser.h"
 #include "GLMovieShader.h"
 #include "Latte.h"
 #include "LatteVisualiserRegistry.h"
@@ -21,6 +22,7 @@ class Channel;
 class ChannelManager;
 class FileLatteClientFactory;
 class Logger;
+class MmsLatteClientFactory;
 class QCursor;
 class QNetworkAccessManager;
 class QWidget;
@@ -55,6 +57,7 @@ public:
     QtTcpSocketFactory tcpSocketFactory;
     QtTimerFactory timerFactory;
     QtHttpClientFactory plainHttpClientFactory;
+    BufferLatteVisualiserFactory bufferVisualiserFactory;
 
     AudioDevice* audioDevice() const { return _audioDevice; }
     ChannelManager* channelManager() const { return _channelManager; }
@@ -138,6 +141,7 @@ private:
     TickCounter* _tickCounter = nullptr;
     RandomGenerator* _randomGenerator = nullptr;
     TimedHttpClientFactory* _httpClientFactory = nullptr;
+    MmsLatteClientFactory* _mmsLatteClientFactory = nullptr;
     FileLatteClientFactory* _fileLatteClientFactory = nullptr;
     AudioDevice* _audioDevice = nullptr;
     ChannelManager* _channelManager = nullptr;
