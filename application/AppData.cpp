@@ -10,6 +10,7 @@
 #include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "RtspLatteClientFactory.h"
 #include "SystemRandomGenerator.h"
 #include "SystemTickCounter.h"
 #include "ThreadedMemoQueue.h"
@@ -68,6 +69,7 @@ void AppData::initialize(QWidget* mainWidget)
     _randomGenerator = new SystemRandomGenerator(static_cast<int>(std::time(nullptr)));
     _httpClientFactory = new TimedHttpClientFactory(&plainHttpClientFactory, &timerFactory);
     _fileLatteClientFactory = new FileLatteClientFactory;
+    _rtspLatteClientFactory = new RtspLatteClientFactory(&rtspClientFactory, &timerFactory);
     registerLatteSchemes();
     _audioDevice = new AudioDevice;
     _channelManager = new ChannelManager(*this);
@@ -95,6 +97,7 @@ void AppData::uninitialize()
     destroy(_randomGenerator);
     destroy(_httpClientFactory);
     destroy(_fileLatteClientFactory);
+    destroy(_rtspLatteClientFactory);
     destroy(_tickCounter);
     _memoThread->exit(0);
     _memoThread->wait();
@@ -148,6 +151,7 @@ void AppData::saveCookieJar()
 void AppData::registerLatteSchemes()
 {
     latte.registerLatteClientFactory(UriScheme("file"), _fileLatteClientFactory);
+    latte.registerLatteClientFactory(UriScheme("rtsp"), _rtspLatteClientFactory);
 }
 
 void AppData::chooseAudioDevice()

@@ -4,6 +4,7 @@
 #include "GLMovieShader.h"
 #include "Latte.h"
 #include "LatteVisualiserRegistry.h"
+#include "NativeRtspClientFactory.h"
 #include "QtDateTimeBuilder.h"
 #include "QtHttpClientFactory.h"
 #include "QtTcpSocketFactory.h"
@@ -25,6 +26,7 @@ class QCursor;
 class QNetworkAccessManager;
 class QWidget;
 class RandomGenerator;
+class RtspLatteClientFactory;
 class ThreadedMemoQueue;
 class TickCounter;
 class TimedHttpClientFactory;
@@ -55,6 +57,7 @@ public:
     QtTcpSocketFactory tcpSocketFactory;
     QtTimerFactory timerFactory;
     QtHttpClientFactory plainHttpClientFactory;
+    NativeRtspClientFactory rtspClientFactory;
 
     AudioDevice* audioDevice() const { return _audioDevice; }
     ChannelManager* channelManager() const { return _channelManager; }
@@ -139,6 +142,7 @@ private:
     RandomGenerator* _randomGenerator = nullptr;
     TimedHttpClientFactory* _httpClientFactory = nullptr;
     FileLatteClientFactory* _fileLatteClientFactory = nullptr;
+    RtspLatteClientFactory* _rtspLatteClientFactory = nullptr;
     AudioDevice* _audioDevice = nullptr;
     ChannelManager* _channelManager = nullptr;
     GLMovieShader _colourConversionShader;
