@@ -11,6 +11,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "MmsLatteClientFactory.h"
+#include "RtspLatteClientFactory.h"
 #include "SystemRandomGenerator.h"
 #include "SystemTickCounter.h"
 #include "ThreadedMemoQueue.h"
@@ -71,6 +72,7 @@ void AppData::initialize(QWidget* mainWidget)
     _mmsLatteClientFactory = new MmsLatteClientFactory(settings.mmsClientGuid(), &timerFactory, &tcpSocketFactory,
                                                        &plainHttpClientFactory, &dateTimeBuilder, _memoThread);
     _fileLatteClientFactory = new FileLatteClientFactory;
+    _rtspLatteClientFactory = new RtspLatteClientFactory(&rtspClientFactory, &timerFactory);
     registerLatteSchemes();
     _audioDevice = new AudioDevice;
     _channelManager = new ChannelManager(*this);
@@ -99,6 +101,7 @@ void AppData::uninitialize()
     destroy(_httpClientFactory);
     destroy(_mmsLatteClientFactory);
     destroy(_fileLatteClientFactory);
+    destroy(_rtspLatteClientFactory);
     destroy(_tickCounter);
     _memoThread->exit(0);
     _memoThread->wait();
@@ -154,6 +157,7 @@ void AppData::registerLatteSchemes()
     latte.registerLatteClientFactory(UriScheme("file"), _fileLatteClientFactory);
     latte.registerLatteClientFactory(UriScheme("mms"), _mmsLatteClientFactory);
     latte.registerLatteClientFactory(UriScheme("http"), _mmsLatteClientFactory);
+    latte.registerLatteClientFactory(UriScheme("rtsp"), _rtspLatteClientFactory);
     for (char const* const scheme : {"file", "mms", "http", "rtsp"})
         latteVisualiserRegistry.registerLatteVisualiserFactory(UriScheme(scheme), &bufferVisualiserFactory);
 }

@@ -5,6 +5,7 @@
 #include "GLMovieShader.h"
 #include "Latte.h"
 #include "LatteVisualiserRegistry.h"
+#include "NativeRtspClientFactory.h"
 #include "QtDateTimeBuilder.h"
 #include "QtHttpClientFactory.h"
 #include "QtTcpSocketFactory.h"
@@ -27,6 +28,7 @@ class QCursor;
 class QNetworkAccessManager;
 class QWidget;
 class RandomGenerator;
+class RtspLatteClientFactory;
 class ThreadedMemoQueue;
 class TickCounter;
 class TimedHttpClientFactory;
@@ -58,6 +60,7 @@ public:
     QtTimerFactory timerFactory;
     QtHttpClientFactory plainHttpClientFactory;
     BufferLatteVisualiserFactory bufferVisualiserFactory;
+    NativeRtspClientFactory rtspClientFactory;
 
     AudioDevice* audioDevice() const { return _audioDevice; }
     ChannelManager* channelManager() const { return _channelManager; }
@@ -143,6 +146,7 @@ private:
     TimedHttpClientFactory* _httpClientFactory = nullptr;
     MmsLatteClientFactory* _mmsLatteClientFactory = nullptr;
     FileLatteClientFactory* _fileLatteClientFactory = nullptr;
+    RtspLatteClientFactory* _rtspLatteClientFactory = nullptr;
     AudioDevice* _audioDevice = nullptr;
     ChannelManager* _channelManager = nullptr;
     GLMovieShader _colourConversionShader;

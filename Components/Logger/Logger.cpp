@@ -5,10 +5,23 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+
+namespace
+{
+
+/// The message with the names and passwords of users gone from the addresses in it (RFC 3986, "userinfo").
+QString withoutCredentials(QString message)
+{
+    static QRegularExpression const userInformation(QStringLiteral("://[^/?#\\s]*@"));
+    return message.contains('@') ? message.replace(userInformation, QStringLiteral("://")) : message;
+}
+
+} // namespace
 
 Logger::Logger(QObject* parent)
     : QObject(parent), _levelNames{{Debug, QStringLiteral("debug")},
@@ -86,7 +99,8 @@ QString Logger::getQString(Level level, char const* file, int line, char const* 
     QString const time = QDateTime::currentDateTime().toUTC().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
     QString const location = QStringLiteral(" %1:%2 ").arg(QString::fromUtf8(file), QString::number(line));
     return QStringLiteral("[%1] %2%3%4")
-        .arg(_levelNames.value(level, _unknownLevelName), time, location, QString::fromUtf8(message.data()));
+        .arg(_levelNames.value(level, _unknownLevelName), time, location,
+             withoutCredentials(QString::fromUtf8(message.data())));
 }
 #pragma GCC diagnostic pop
 
