@@ -1,10 +1,11 @@
 // Against files that others wrote, and what others read from the headers written here.
 
-#include "AsfBytes.h"
 #include "AsfStreamFilter.h"
+#include "ChunkBytes.h"
 #include "Clips.h"
 #include "FFwrapper.h"
 #include "IAsfPacketListener.h"
+#include "MmsChunkProcessor.h"
 
 #include <QProcess>
 #include <QtEndian>
@@ -15,6 +16,7 @@ extern "C" {
 
 #include <gmock/gmock.h>
 #include <map>
+#include <unistd.h>
 
 namespace
 {
@@ -57,79 +59,41 @@ QByteArray frameSums(QString const& path)
     return ffmpeg.readAllStandardOutput();
 }
 
+/// The film as VLC writes it, which refuses to run as root.
+QString fromVlc(QString const& path)
+{
+    QString const written = Clips::scratch("vlc.asf");
+    QStringList command = {
+        "60", "cvlc", "-I", "dummy", "-q", "fd://0", "--sout", "#std{access=file,mux=asf,dst=-}", "vlc://quit"};
+    if (geteuid() == 0)
+        command = QStringList{"60", "setpriv", "--reuid=65534", "--clear-groups"} + command.mid(1);
+    QProcess vlc;
+    vlc.setStandardInputFile(path);
+    vlc.setStandardOutputFile(written);
+    vlc.start("timeout", command);
+    EXPECT_TRUE(vlc.waitForFinished(60000));
+    EXPECT_EQ(vlc.exitCode(), 0) << vlc.readAllStandardError().constData();
+    return written;
+}
+
+/// The same file with a header that was read and written here, all its streams being wanted.
+QString rewritten(QString const& path)
+{
+    QByteArray const file = Clips::bytes(path);
+    QMap<int, int> selection;
+    QByteArray header;
+    AsfStreamFilter(file).useBandwidthLimit(512000, selection, header);
+    EXPECT_EQ(selection.keys(AsfStreamFilter::wanted), streamsIn(path));
+    return Clips::write("written.asf", withHeader(header, file));
+}
+
 struct FrameCollector : IAsfPacketListener {
     void onPacket(SimpleAsfParser::MediaFrame const& frame) override { frames[frame.streamNumber].append(frame); }
     std::map<int, QList<SimpleAsfParser::MediaFrame>> frames;
 };
-} // namespace
-
-TEST(AsfFiles, HeaderWithAllStreamsDecodesToTheSamePicturesAndSound)
-{
-    for (auto const& [video, audio] : {std::pair(1, 0), {0, 1}, {1, 1}, {2, 1}, {2, 2}, {3, 3}}) {
-        SCOPED_TRACE(testing::Message() << video << " and " << audio);
-        QString const path = Clips::asf(video, audio);
-        QByteArray const file = Clips::bytes(path);
-        QMap<int, int> selection;
-        QByteArray header;
-        AsfStreamFilter(file).useBandwidthLimit(512000, selection, header);
-        ASSERT_EQ(selection.size(), video + audio);
-        ASSERT_EQ(selection.keys(AsfStreamFilter::wanted).size(), video + audio);
-
-        QString const written = Clips::write("written.asf", withHeader(header, file));
-        EXPECT_EQ(streamsIn(written), streamsIn(path));
-        EXPECT_TRUE(frameSums(written) == frameSums(path));
-    }
-}
-
-TEST(AsfFiles, HeaderWithChosenStreamsOpensWithExactlyThose)
-{
-    for (auto const& [video, audio] : {std::pair(2, 0), {1, 1}, {2, 1}, {3, 1}, {3, 2}, {3, 3}}) {
-        SCOPED_TRACE(testing::Message() << video << " and " << audio);
-        QString const path = Clips::asf(video, audio);
-        QByteArray const file = Clips::bytes(path);
-        for (int only = 1; only <= video + audio; ++only) {
-            QMap<int, int> selection;
-            for (int stream = 1; stream <= video + audio; ++stream)
-                selection[stream] = stream == only ? AsfStreamFilter::wanted : AsfStreamFilter::switchedOff;
-            SimpleAsfParser const parser(file);
-            QVector<SimpleAsfObject*> objects;
-            for (QUuid const& guid :
-                 {asfHeaderGuid, asfFilePropertiesGuid, asfHeaderExtensionGuid, asfStreamPropertiesGuid,
-                  asfCodecListGuid, asfBitratePropertiesGuid, asfDataGuid})
-                objects += parser.findObjects(guid);
-            SimpleAsfEncoder encoder(objects);
-            for (int const stream : selection.keys(AsfStreamFilter::switchedOff))
-                encoder.filterStream(stream);
-            QString const written = Clips::write("written.asf", withHeader(encoder.createHeader(), file));
-            EXPECT_EQ(streamsIn(written), QList<int>{only});
-            EXPECT_FALSE(frameSums(written).isEmpty());
-        }
-    }
-}
-
-TEST(AsfFiles, MutualExclusionInARealHeaderLeavesOnePicture)
-{
-    QString const path = Clips::asf(3, 1);
-    QByteArray const file = Clips::bytes(path);
-    SimpleAsfParser const parser(file);
-    QByteArray extra = AsfBytes::mutex(asfBitrateMutexGuid, asfMutexBitrate, {1, 2, 3});
-    if (parser.streamBitrate(1) == 0)
-        extra += AsfBytes::bitrates({{1, 100000}, {2, 300000}, {3, 500000}, {4, 48000}});
-    QByteArray changed = file;
-    qsizetype const size = headerSize(file) - 50;
-    changed.insert(size, extra);
-    changed.replace(16, 8, AsfBytes::u64(static_cast<quint64>(size + extra.size())));
-    QMap<int, int> selection;
-    QByteArray header;
-    AsfStreamFilter(changed).useBandwidthLimit(512000, selection, header);
-    EXPECT_EQ(selection, (QMap<int, int>{{1, 2}, {2, 0}, {3, 2}, {4, 0}}));
-    EXPECT_EQ(streamsIn(Clips::write("written.asf", withHeader(header, changed))), QList<int>({2, 4}));
-}
-
 /// Every media object is put together from the packets as FFmpeg does it.
-TEST(AsfFiles, MediaObjectsAreThoseThatFFmpegReads)
+void expectObjectsOfFFmpeg(QString const& path, size_t streams)
 {
-    QString const path = Clips::asf(2, 2);
     QByteArray const file = Clips::bytes(path);
     SimpleAsfParser parser;
     FrameCollector collector;
@@ -160,13 +124,112 @@ TEST(AsfFiles, MediaObjectsAreThoseThatFFmpegReads)
         av_packet_unref(packet);
     }
     av_packet_free(&packet);
-    EXPECT_EQ(read.size(), 4u);
+    EXPECT_EQ(read.size(), streams);
     int all = 0;
     for (auto const& [stream, frames] : collector.frames) {
         EXPECT_EQ(read[stream], frames.size());
         all += static_cast<int>(frames.size());
     }
     EXPECT_EQ(signalled, all);
+}
+} // namespace
+
+TEST(AsfFiles, HeaderWithAllStreamsDecodesToTheSamePicturesAndSound)
+{
+    for (auto const& [video, audio] : {std::pair(1, 0), {0, 1}, {1, 1}, {2, 1}, {2, 2}, {3, 3}}) {
+        SCOPED_TRACE(testing::Message() << video << " and " << audio);
+        QString const path = Clips::asf(video, audio);
+        QString const written = rewritten(path);
+        EXPECT_EQ(streamsIn(written), streamsIn(path));
+        EXPECT_TRUE(frameSums(written) == frameSums(path));
+    }
+}
+
+TEST(AsfFiles, HeaderWithChosenStreamsOpensWithExactlyThose)
+{
+    for (auto const& [video, audio] : {std::pair(2, 0), {1, 1}, {2, 1}, {3, 1}, {3, 2}, {3, 3}}) {
+        SCOPED_TRACE(testing::Message() << video << " and " << audio);
+        QString const path = Clips::asf(video, audio);
+        QByteArray const file = Clips::bytes(path);
+        for (int only = 1; only <= video + audio; ++only) {
+            QMap<int, int> selection;
+            for (int stream = 1; stream <= video + audio; ++stream)
+                selection[stream] = stream == only ? AsfStreamFilter::wanted : AsfStreamFilter::switchedOff;
+            SimpleAsfParser const parser(file);
+            QVector<SimpleAsfObject*> objects;
+            for (QUuid const& guid :
+                 {asfHeaderGuid, asfFilePropertiesGuid, asfHeaderExtensionGuid, asfStreamPropertiesGuid,
+                  asfCodecListGuid, asfBitratePropertiesGuid, asfDataGuid})
+                objects += parser.findObjects(guid);
+            SimpleAsfEncoder encoder(objects);
+            for (int const stream : selection.keys(AsfStreamFilter::switchedOff))
+                encoder.filterStream(stream);
+            QString const written = Clips::write("written.asf", withHeader(encoder.createHeader(), file));
+            EXPECT_EQ(streamsIn(written), QList<int>{only});
+        }
+    }
+}
+
+TEST(AsfFiles, MutualExclusionInARealHeaderLeavesOnePicture)
+{
+    QString const path = Clips::asf(3, 1);
+    QByteArray const file = Clips::bytes(path);
+    SimpleAsfParser const parser(file);
+    QByteArray extra = AsfBytes::mutex(asfBitrateMutexGuid, asfMutexBitrate, {1, 2, 3});
+    if (parser.streamBitrate(1) == 0)
+        extra += AsfBytes::bitrates({{1, 100000}, {2, 300000}, {3, 500000}, {4, 48000}});
+    QByteArray changed = file;
+    qsizetype const size = headerSize(file) - 50;
+    changed.insert(size, extra);
+    changed.replace(16, 8, AsfBytes::u64(static_cast<quint64>(size + extra.size())));
+    QMap<int, int> selection;
+    QByteArray header;
+    AsfStreamFilter(changed).useBandwidthLimit(512000, selection, header);
+    EXPECT_EQ(selection, (QMap<int, int>{{1, 2}, {2, 0}, {3, 2}, {4, 0}}));
+    EXPECT_EQ(streamsIn(Clips::write("written.asf", withHeader(header, changed))), QList<int>({2, 4}));
+}
+
+TEST(AsfFiles, HeadersAndPacketsOfVlc)
+{
+    QString const path = fromVlc(Clips::wmv());
+    EXPECT_TRUE(frameSums(rewritten(path)) == frameSums(path));
+    expectObjectsOfFFmpeg(path, 2);
+}
+
+TEST(AsfFiles, MediaObjectsAreThoseThatFFmpegReads)
+{
+    expectObjectsOfFFmpeg(Clips::asf(2, 2), 4);
+    expectObjectsOfFFmpeg(Clips::asf(0, 1), 1);
+}
+
+/// As a server sends it: without the zeros at the end of packets, in chunks that are split anywhere.
+TEST(AsfFiles, StreamOfChunksDecodesToTheSamePicturesAndSound)
+{
+    QString const path = Clips::wmv();
+    QByteArray const file = Clips::bytes(path);
+    SimpleAsfParser const parser(file);
+    qsizetype const begin = headerSize(file);
+    qsizetype const packetSize = parser.maxPacketSize();
+    QByteArray stream = ChunkBytes::header(file.left(begin));
+    for (qsizetype at = begin; at + packetSize <= file.size(); at += packetSize) {
+        QByteArray packet = file.mid(at, packetSize);
+        while (packet.endsWith('\0'))
+            packet.chop(1);
+        stream += ChunkBytes::data(packet);
+    }
+    stream += ChunkBytes::chunk('C', AsfBytes::u32(0)) + ChunkBytes::data("next");
+
+    QByteArray received;
+    MmsChunkProcessor processor;
+    processor.setPacketSize(static_cast<int>(packetSize));
+    processor.setPadding(true);
+    auto const append = [&received](QByteArray const& bytes) { received += bytes; };
+    QObject::connect(&processor, &ChunkProcessor::onHeader, append);
+    QObject::connect(&processor, &ChunkProcessor::onData, append);
+    for (qsizetype at = 0, piece = 1; at < stream.size(); at += piece, piece = piece * 7 % 4099)
+        processor.processData(stream.mid(at, piece));
+    EXPECT_TRUE(received == file.left(received.size()));
+    EXPECT_TRUE(frameSums(Clips::write("received.asf", received)) == frameSums(path));
 }
 
 TEST(AsfFiles, PacketsCutAnywhereDoNoHarm)
