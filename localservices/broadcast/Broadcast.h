@@ -71,6 +71,7 @@ private:
     void makeHeader();
     void restartClock();
     void burst(BroadcastListener* listener);
+    void deliverDue();
     void endDelivery();
     void schedule();
     std::shared_ptr<SharedPacket> packet(qint64 number);
