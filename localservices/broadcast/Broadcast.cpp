@@ -66,10 +66,16 @@ void Broadcast::join(BroadcastListener* listener)
 void Broadcast::burst(BroadcastListener* listener)
 {
     size_t const place = _listeners.size() - 1;
-    qint64 const affordable = maximumBurst / film().header().packetSize();
-    qint64 const wanted =
-        _timeline.keyPacketUpTo(_timeline.firstAfter(position() - _msBurst) - 1, listener->beginsWith());
-    qint64 const begin = std::max({wanted, _next - affordable, qint64(0)});
+    qint64 const affordable = _next - maximumBurst / film().header().packetSize();
+    qint64 begin = _timeline.keyPacketUpTo(_timeline.firstAfter(position() - _msBurst) - 1, listener->beginsWith());
+    if (begin < affordable) {
+        // Then the longest burst that still begins with a key frame.
+        begin = std::max<qint64>(affordable, 0);
+        for (qint64 key = _next; (key = _timeline.keyPacketUpTo(key - 1, listener->beginsWith())) > begin;) {
+            if (_timeline.keyPacketUpTo(key - 1, listener->beginsWith()) < affordable)
+                begin = key;
+        }
+    }
     ++_deliveries;
     for (qint64 number = begin; number < _next && _listeners[place] == listener; ++number) {
         if (std::shared_ptr<SharedPacket> const made = packet(number))
