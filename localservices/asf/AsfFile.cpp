@@ -89,7 +89,6 @@ void AsfFile::addToIndex(AsfPacket const& packet, QMap<int, Totals>& totals)
     quint32 const previous = _sendTimes.isEmpty() ? 0 : _sendTimes.last();
     quint32 const elapsed = packet.sendTime() < _firstSendTime ? 0 : packet.sendTime() - _firstSendTime;
     _sendTimes.append(std::clamp(elapsed, previous, std::max(previous, longestDuration)));
-    bool startsKeyFrame = false;
     for (AsfPacket::Payload const& payload : packet.payloads()) {
         Totals& total = totals[payload.stream];
         total.bytes += static_cast<quint64>(payload.dataSize);
@@ -99,20 +98,15 @@ void AsfFile::addToIndex(AsfPacket const& packet, QMap<int, Totals>& totals)
         total.firstTime = total.objects == 0 ? time : std::min(total.firstTime, time);
         total.lastTime = std::max(total.lastTime, time);
         ++total.objects;
-        startsKeyFrame |=
-            payload.isKeyFrame && _header.streams().value(payload.stream).kind == AsfHeader::Kind::Video;
+        QList<int>& keys = _keyPackets[payload.stream];
+        if (payload.isKeyFrame && (keys.isEmpty() || keys.last() != packetCount() - 1))
+            keys.append(packetCount() - 1);
     }
-    if (startsKeyFrame)
-        _keyPackets.append(static_cast<int>(_sendTimes.size()) - 1);
 }
 
 /// What can be told only when all packets have been seen.
 void AsfFile::complete(QMap<int, Totals> const& totals)
 {
-    if (_keyPackets.isEmpty()) {
-        for (int i = 0; i < packetCount(); ++i)
-            _keyPackets.append(i);
-    }
     _duration = _sendTimes.last() + 1;
     for (auto total = totals.cbegin(); total != totals.cend(); ++total) {
         _objectCounts.insert(total.key(), total->objects);
@@ -125,6 +119,8 @@ void AsfFile::complete(QMap<int, Totals> const& totals)
     for (auto stream = _header.streams().cbegin(); stream != _header.streams().cend(); ++stream) {
         if (stream->kind == AsfHeader::Kind::Video)
             pictures.append(stream.key());
+        else
+            _keyPackets.remove(stream.key()); // Sound begins anywhere.
     }
     for (auto total = totals.cbegin(); total != totals.cend(); ++total) {
         if (_header.streams().contains(total.key()) && _header.streams().value(total.key()).bitrate == 0)

@@ -35,8 +35,8 @@ public:
     /// When a packet is sent, in ms from the first one on; never falls from one packet to the next.
     QList<quint32> const& sendTimes() const { return _sendTimes; }
 
-    /// The packets in which a key frame starts, ascending; all packets when the file has no pictures.
-    QList<int> const& keyPackets() const { return _keyPackets; }
+    /// The packets in which a key frame starts, ascending, for each stream of pictures.
+    QMap<int, QList<int>> const& keyPackets() const { return _keyPackets; }
 
     /// How long the film lasts until it may begin anew, in ms.
     quint32 duration() const { return _duration; }
@@ -66,7 +66,7 @@ private:
     quint64 _packetsTold = 0;
     quint32 _firstSendTime = 0;
     QList<quint32> _sendTimes;
-    QList<int> _keyPackets;
+    QMap<int, QList<int>> _keyPackets;
     QMap<int, quint32> _objectCounts;
     quint32 _duration = 1;
 

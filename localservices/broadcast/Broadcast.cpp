@@ -66,9 +66,16 @@ void Broadcast::join(BroadcastListener* listener)
 void Broadcast::burst(BroadcastListener* listener)
 {
     size_t const place = _listeners.size() - 1;
-    qint64 const affordable = maximumBurst / film().header().packetSize();
-    qint64 const wanted = _timeline.keyPacketUpTo(_timeline.firstAfter(position() - _msBurst) - 1);
-    qint64 const begin = std::max({wanted, _next - affordable, qint64(0)});
+    qint64 const affordable = _next - maximumBurst / film().header().packetSize();
+    qint64 begin = _timeline.keyPacketUpTo(_timeline.firstAfter(position() - _msBurst) - 1, listener->beginsWith());
+    if (begin < affordable) {
+        // Then the longest burst that still begins with a key frame.
+        begin = std::max<qint64>(affordable, 0);
+        for (qint64 key = _next; (key = _timeline.keyPacketUpTo(key - 1, listener->beginsWith())) > begin;) {
+            if (_timeline.keyPacketUpTo(key - 1, listener->beginsWith()) < affordable)
+                begin = key;
+        }
+    }
     ++_deliveries;
     for (qint64 number = begin; number < _next && _listeners[place] == listener; ++number) {
         if (std::shared_ptr<SharedPacket> const made = packet(number))
@@ -116,16 +123,21 @@ void Broadcast::onTimeout()
     if (due - _next > maximumBacklog) {
         LOG_WARNING("%s: %lld packets late, they are left out", qUtf8Printable(_name),
                     static_cast<long long>(due - _next));
-        _next = _timeline.keyPacketUpTo(due);
+        _next = due;
     }
+    deliverDue();
+    forgetOldPackets();
+    schedule();
+}
+
+void Broadcast::deliverDue()
+{
     // A listener may change the broadcast from within a delivery; the bound is looked at anew each time.
     while (_next < _timeline.firstAfter(position()) && _listening > 0) {
         std::shared_ptr<SharedPacket> const made = packet(_next++);
         if (made && !_silent)
             forEachListener([&](BroadcastListener* listener) { listener->packetArrived(*made); });
     }
-    forgetOldPackets();
-    schedule();
 }
 
 void Broadcast::schedule()
@@ -160,7 +172,10 @@ std::shared_ptr<SharedPacket> Broadcast::packet(qint64 number)
 /// Keeps what the next who joins gets.
 void Broadcast::forgetOldPackets()
 {
-    qint64 const oldest = _timeline.keyPacketUpTo(_timeline.firstAfter(position() - _msBurst) - 1);
+    qint64 const newest = _timeline.firstAfter(position() - _msBurst) - 1;
+    qint64 oldest = newest;
+    for (int const stream : film().keyPackets().keys())
+        oldest = std::min(oldest, _timeline.keyPacketUpTo(newest, stream));
     while (!_recent.empty() && _recent.front().first < oldest)
         _recent.pop_front();
 }
@@ -179,13 +194,16 @@ void Broadcast::setSilent(bool silent)
 
 void Broadcast::nextEntry()
 {
-    // The new film begins where the clock stands, and counts on from all that could have been sent.
+    deliverDue();
+    // The new film begins when the next packet of the old one would come, and counts on from all that could have been
+    // sent.
     for (auto count = film().objectCounts().cbegin(); count != film().objectCounts().cend(); ++count)
         _objectsBefore[count.key()] += count.value() * static_cast<quint32>(_timeline.repetitionOf(_next) + 1);
-    qint64 const now = position();
-    _firstLocation += static_cast<quint32>(_timeline.firstAfter(now));
+    qint64 const first = _timeline.firstAfter(position());
+    qint64 const msStart = _timeline.msOf(first);
+    _firstLocation += static_cast<quint32>(first);
     _entry = (_entry + 1) % _films.size();
-    _timeline = BroadcastTimeline(film(), now);
+    _timeline = BroadcastTimeline(film(), msStart);
     _next = 0;
     _recent.clear();
     ++_generation;

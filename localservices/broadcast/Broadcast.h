@@ -27,7 +27,7 @@ class Broadcast : public QObject
     Q_OBJECT
 
 public:
-    static constexpr qint64 maximumBurst = 2 << 20; ///< Bytes that a new listener gets at once.
+    static constexpr qint64 maximumBurst = 3 << 20; ///< Bytes that a new listener gets at once.
 
     /// A broadcast of these films, at least one, all owned. A new listener gets `msBurst` of the past at once.
     /// The clock and the factory are borrowed.
@@ -71,6 +71,7 @@ private:
     void makeHeader();
     void restartClock();
     void burst(BroadcastListener* listener);
+    void deliverDue();
     void endDelivery();
     void schedule();
     std::shared_ptr<SharedPacket> packet(qint64 number);

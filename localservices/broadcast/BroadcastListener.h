@@ -10,6 +10,9 @@ public:
 
     virtual ~BroadcastListener() = default;
 
+    /// The stream with whose key frame it wants to begin; 0 for any packet.
+    virtual int beginsWith() const = 0;
+
     /// The next packet, in order.
     virtual void packetArrived(SharedPacket const& packet) = 0;
 

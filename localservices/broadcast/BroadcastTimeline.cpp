@@ -20,16 +20,18 @@ qint64 BroadcastTimeline::firstAfter(qint64 ms) const
     return repetition * times.size() + (std::upper_bound(times.cbegin(), times.cend(), inFilm) - times.cbegin());
 }
 
-qint64 BroadcastTimeline::keyPacketUpTo(qint64 packet) const
+qint64 BroadcastTimeline::keyPacketUpTo(qint64 packet, int stream) const
 {
     if (packet <= 0)
         return 0;
-    auto const& keys = _file->keyPackets();
+    auto const keys = _file->keyPackets().constFind(stream);
+    if (keys == _file->keyPackets().cend() || keys->isEmpty())
+        return packet;
     qint64 const repetition = repetitionOf(packet);
-    auto const next = std::upper_bound(keys.cbegin(), keys.cend(), indexOf(packet));
-    if (next != keys.cbegin())
+    auto const next = std::upper_bound(keys->cbegin(), keys->cend(), indexOf(packet));
+    if (next != keys->cbegin())
         return repetition * _file->packetCount() + *(next - 1);
-    return repetition == 0 ? 0 : (repetition - 1) * _file->packetCount() + keys.last();
+    return repetition == 0 ? 0 : (repetition - 1) * _file->packetCount() + keys->last();
 }
 
 int BroadcastTimeline::indexOf(qint64 packet) const

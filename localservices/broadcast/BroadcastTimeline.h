@@ -20,8 +20,9 @@ public:
     /// The first packet that is sent after this moment.
     qint64 firstAfter(qint64 ms) const;
 
-    /// The last packet, from the first on, in which a key frame starts and that is not after this one; otherwise 0.
-    qint64 keyPacketUpTo(qint64 packet) const;
+    /// The last packet in which a key frame of this stream starts and that is not after this one; the first of all
+    /// when there is none before. Any packet is one for a stream without key frames, as sound is.
+    qint64 keyPacketUpTo(qint64 packet, int stream) const;
 
     /// Which packet of the file it is, and in which repetition, from 0 on.
     int indexOf(qint64 packet) const;

@@ -2,6 +2,8 @@
 
 #include "MmsFraming.h"
 
+#include <algorithm>
+
 QByteArray SharedPacket::frame(Framing framing, StreamSelection const& selection) const
 {
     auto const key = std::pair(framing, selection);
@@ -12,6 +14,14 @@ QByteArray SharedPacket::frame(Framing framing, StreamSelection const& selection
     if (_frames.size() < maximumFrames)
         _frames.emplace(key, made);
     return made;
+}
+
+bool SharedPacket::startsKeyFrameOf(int stream) const
+{
+    return std::any_of(_packet.payloads().cbegin(), _packet.payloads().cend(),
+                       [&](AsfPacket::Payload const& payload) {
+                           return payload.stream == stream && payload.isKeyFrame && payload.startsObject;
+                       });
 }
 
 QByteArray SharedPacket::makeFrame(Framing framing, StreamSelection const& selection) const

@@ -27,6 +27,8 @@ public:
     quint32 locationId() const { return _locationId; }
     qsizetype size() const { return _packet.bytes().size(); }
 
+    bool startsKeyFrameOf(int stream) const;
+
     /// The packet as it goes to a client; empty when it holds nothing that the client wants.
     QByteArray frame(Framing framing, StreamSelection const& selection) const;
 

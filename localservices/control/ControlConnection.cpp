@@ -15,14 +15,14 @@ void ControlConnection::received(QByteArray const& bytes)
 {
     _buffer += bytes;
     qsizetype used = 0;
-    for (qsizetype end; isOpen() && (end = _buffer.indexOf('\n', used)) >= 0; used = end + 1) {
+    for (qsizetype end; !isFinishing() && (end = _buffer.indexOf('\n', used)) >= 0; used = end + 1) {
         if (end - used > maximumLine)
             break;
         handle(QString::fromUtf8(_buffer.sliced(used, end - used)).simplified());
     }
     _buffer.remove(0, used);
-    if (isOpen() && _buffer.size() > maximumLine)
-        drop(QStringLiteral("its command is longer than %1 bytes").arg(maximumLine));
+    if (!isFinishing() && _buffer.size() > maximumLine)
+        refuse(QStringLiteral("its command is longer than %1 bytes").arg(maximumLine));
 }
 
 void ControlConnection::handle(QString const& line)

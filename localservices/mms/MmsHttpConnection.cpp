@@ -77,7 +77,7 @@ void MmsHttpConnection::received(QByteArray const& bytes)
 {
     QByteArray rest = bytes;
     // What a client says while it plays, or after an answer that ends the connection, is of no interest.
-    while (isOpen() && !_broadcast && !_silent) {
+    while (!isFinishing() && !_broadcast && !_silent) {
         HttpRequestReader::Result const result = _reader.next(rest);
         rest.clear();
         if (result == HttpRequestReader::Result::Incomplete)
@@ -191,9 +191,8 @@ void MmsHttpConnection::play(MmsHttpRequest const& request, Broadcast& broadcast
     _path = broadcast.name();
     _clientId = request.clientId() ? request.clientId() : _server.newClientId();
     _knowsPlaylists = request.knowsPlaylists();
-    _linkBandwidth = request.linkBandwidth();
-    _switches = request.switches();
-    _selection = StreamSelection::choose(broadcast.film().header(), _switches, _linkBandwidth);
+    _streams.setMaximumBitrate(request.linkBandwidth());
+    _streams.choose(broadcast.film().header(), request.switches());
     _keepAlive = false;
     QByteArrayList const lines = {"HTTP/1.1 200 OK", serverLine(), playType,           streamPragma(_clientId),
                                   notCached,         supported,    "Connection: close"};
@@ -230,15 +229,13 @@ void MmsHttpConnection::stop(MmsHttpRequest const& request)
 
 void MmsHttpConnection::setSwitches(QList<StreamSelection::Switch> const& switches)
 {
-    if (!_broadcast)
-        return;
-    _switches = switches;
-    _selection = StreamSelection::choose(_broadcast->film().header(), _switches, _linkBandwidth);
+    if (_broadcast)
+        _streams.change(_broadcast->film().header(), switches);
 }
 
 void MmsHttpConnection::packetArrived(SharedPacket const& packet)
 {
-    QByteArray const frame = packet.frame({true, 0}, _selection);
+    QByteArray const frame = _streams.frame(packet, {true, 0});
     if (frame.isEmpty())
         return;
     if (_packetsUntilCut > 0 && --_packetsUntilCut == 0)
@@ -248,7 +245,7 @@ void MmsHttpConnection::packetArrived(SharedPacket const& packet)
 
 void MmsHttpConnection::headerChanged(Change change)
 {
-    _selection = StreamSelection::choose(_broadcast->film().header(), _switches, _linkBandwidth);
+    _streams.applyTo(_broadcast->film().header());
     QByteArray chunks;
     if (change == Change::NextEntry && _knowsPlaylists)
         chunks = playlistChunk(*_broadcast) + MmsFraming::notice('E', reasonNextEntry);

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "BroadcastListener.h"
+#include "ClientStreams.h"
 #include "HttpRequestReader.h"
 #include "MmsHttpRequest.h"
 #include "ServiceConnection.h"
-#include "StreamSelection.h"
 
 #include <QPointer>
 
@@ -36,6 +36,7 @@ protected:
     void over() override;
 
 private:
+    int beginsWith() const override { return _streams.picture(); }
     void packetArrived(SharedPacket const& packet) override;
     void headerChanged(Change change) override;
     void ended() override;
@@ -61,9 +62,7 @@ private:
     QPointer<Broadcast> _broadcast; ///< Null unless it plays.
     quint32 _clientId = 0;
     bool _knowsPlaylists = false;
-    qint64 _linkBandwidth = 0;
-    QList<StreamSelection::Switch> _switches;
-    StreamSelection _selection;
+    ClientStreams _streams;
     qsizetype _bytesOfHeaderUntilCut = -1; ///< Not negative when a fault cuts the stream's header off there.
     int _packetsUntilCut = -1;
 

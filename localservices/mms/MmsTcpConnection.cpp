@@ -68,14 +68,14 @@ void MmsTcpConnection::received(QByteArray const& bytes)
     if (_silent)
         return;
     _reader.add(bytes);
-    while (isOpen() && !_silent) {
+    while (isOpen() && !isFinishing() && !_silent) {
         std::optional<MmsTcpRequest> const request = _reader.next();
         if (!request)
             break;
         handle(*request);
     }
     if (!_reader.errorText().isEmpty())
-        drop(_reader.errorText());
+        refuse(_reader.errorText());
 }
 
 void MmsTcpConnection::check(qint64 msNow)
@@ -129,7 +129,7 @@ bool MmsTcpConnection::isIn(State lowest, char const* what)
 {
     if (_state >= lowest)
         return true;
-    drop(QStringLiteral("it %1 before its time").arg(QLatin1String(what)));
+    refuse(QStringLiteral("it %1 before its time").arg(QLatin1String(what)));
     return false;
 }
 
@@ -183,10 +183,10 @@ void MmsTcpConnection::connectFunnel(QByteArray const& body)
     if (!isIn(State::Connected, "makes its funnel") || !passes(Fault::Step::Funnel, result))
         return;
     ByteCursor cursor(body, 12);
-    _maximumBitrate = cursor.u32();
+    _streams.setMaximumBitrate(cursor.u32());
     cursor.skip(4);
     if (!cursor.isValid())
-        return drop(QStringLiteral("its funnel message is too short"));
+        return refuse(QStringLiteral("its funnel message is too short"));
     QString const transport = textFromUtf16(QByteArrayView(body).sliced(20));
     if (transport.contains(QLatin1String("\\UDP\\"), Qt::CaseInsensitive)) {
         LOG_INFO("%s wants UDP and is told that there is none", qUtf8Printable(peer()));
@@ -204,7 +204,7 @@ void MmsTcpConnection::openFile(QByteArray const& body)
     quint32 const incarnation = cursor.u32();
     cursor.skip(12);
     if (!cursor.isValid())
-        return drop(QStringLiteral("its open message is too short"));
+        return refuse(QStringLiteral("its open message is too short"));
     QString const asked = textFromUtf16(QByteArrayView(body).sliced(16));
     leave();
     _broadcast = _server.catalogue().find(asked);
@@ -216,9 +216,8 @@ void MmsTcpConnection::openFile(QByteArray const& body)
     if (result & 0x80000000)
         _broadcast = nullptr;
     _state = _broadcast ? State::Open : State::Funnel;
-    _switches.clear();
     if (_broadcast)
-        _selection = StreamSelection::choose(_broadcast->film().header(), {}, _maximumBitrate);
+        _streams.choose(_broadcast->film().header(), {});
     report(MmsTcpReport::OpenFile, MmsTcpReport::openFile(result, incarnation, _broadcast));
 }
 
@@ -267,10 +266,10 @@ void MmsTcpConnection::switchStreams(QByteArray const& body)
     }
     if (result == success && (count > maximumSwitches || !cursor.isValid()))
         result = badParameter;
-    if (!(result & 0x80000000)) {
-        _switches = switches;
-        _selection = StreamSelection::choose(_broadcast->film().header(), _switches, _maximumBitrate);
-    }
+    if (!(result & 0x80000000) && _state == State::Playing)
+        _streams.change(_broadcast->film().header(), switches);
+    else if (!(result & 0x80000000))
+        _streams.choose(_broadcast->film().header(), switches);
     report(MmsTcpReport::StreamSwitch, MmsTcpReport::plain(result, 0, 1));
 }
 
@@ -282,7 +281,7 @@ void MmsTcpConnection::startPlaying(QByteArray const& body)
     ByteCursor cursor(body, 28);
     quint32 const incarnation = cursor.u32();
     if (!cursor.isValid())
-        return drop(QStringLiteral("its start message is too short"));
+        return refuse(QStringLiteral("its start message is too short"));
     leave();
     _incarnation = static_cast<quint8>(incarnation);
     report(MmsTcpReport::StartedPlaying, MmsTcpReport::plain(result, incarnation, 4));
@@ -294,7 +293,7 @@ void MmsTcpConnection::startPlaying(QByteArray const& body)
 
 void MmsTcpConnection::packetArrived(SharedPacket const& packet)
 {
-    QByteArray const frame = packet.frame({false, _incarnation}, _selection);
+    QByteArray const frame = _streams.frame(packet, {false, _incarnation});
     if (frame.isEmpty())
         return;
     if (_packetsUntilCut > 0 && --_packetsUntilCut == 0)
@@ -309,7 +308,7 @@ void MmsTcpConnection::headerChanged(Change change)
     if (change == Change::NextEntry)
         report(MmsTcpReport::EndOfStream, MmsTcpReport::plain(moreFollows, _incarnation, 2));
     report(MmsTcpReport::StreamChange, MmsTcpReport::plain(success, 0, 6));
-    _selection = StreamSelection::choose(_broadcast->film().header(), _switches, _maximumBitrate);
+    _streams.applyTo(_broadcast->film().header());
     sendHeader();
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "BroadcastListener.h"
+#include "ClientStreams.h"
 #include "Fault.h"
 #include "MmsTcpReport.h"
 #include "MmsTcpRequestReader.h"
 #include "ServiceConnection.h"
-#include "StreamSelection.h"
 
 #include <QPointer>
 
@@ -44,6 +44,7 @@ protected:
 private:
     enum class State { New, Connected, Funnel, Open, Playing };
 
+    int beginsWith() const override { return _streams.picture(); }
     void packetArrived(SharedPacket const& packet) override;
     void headerChanged(Change change) override;
     void ended() override;
@@ -74,9 +75,7 @@ private:
     QPointer<Broadcast> _broadcast; ///< The open stream.
     quint8 _headerIncarnation = 2;
     quint8 _incarnation = 3;
-    qint64 _maximumBitrate = 0;
-    QList<StreamSelection::Switch> _switches;
-    StreamSelection _selection;
+    ClientStreams _streams;
     bool _cutHeader = false;
     int _packetsUntilCut = -1;
 

@@ -5,6 +5,8 @@
 
 #include <QHostAddress>
 
+#include <sys/socket.h>
+
 Logger* ServiceConnection::log = LoggerManager::logger();
 
 ServiceConnection::ServiceConnection(std::unique_ptr<QTcpSocket> socket, QObject* parent)
@@ -60,7 +62,23 @@ void ServiceConnection::finish()
     if (!_open || _finishing)
         return;
     _finishing = true;
-    _socket->disconnectFromHost(); // Gives what is queued its time; onDisconnected follows.
+    connect(_socket.get(), &QTcpSocket::bytesWritten, this, &ServiceConnection::endOutput);
+    endOutput();
+}
+
+/// The client sees the end and closes; onDisconnected follows.
+void ServiceConnection::endOutput()
+{
+    if (_socket->bytesToWrite() == 0)
+        ::shutdown(static_cast<int>(_socket->socketDescriptor()), SHUT_WR);
+}
+
+void ServiceConnection::refuse(QString const& why)
+{
+    if (!_open || _finishing)
+        return;
+    LOG_WARNING("%s: %s. The connection is closed", qUtf8Printable(_peer), qUtf8Printable(why));
+    finish();
 }
 
 void ServiceConnection::checkTime(qint64 msNow)

@@ -17,7 +17,7 @@ class ServiceConnection : public QObject
 
 public:
     static constexpr qint64 maximumQueued = 4 << 20;     ///< Bytes that wait to be read by the client.
-    static constexpr qint64 msToFinish = 30'000;         ///< For the client to take the rest.
+    static constexpr qint64 msToFinish = 10'000;         ///< For the client to take the rest.
     static constexpr qint64 socketReadBuffer = 64 << 10; ///< Bytes; what is beyond waits at the client.
 
     /// Takes the socket over.
@@ -31,6 +31,7 @@ public:
     QString const& peer() const { return _peer; }
 
     bool isOpen() const { return _open; }
+    bool isFinishing() const { return !_open || _finishing; }
     qint64 bytesQueued() const { return _socket->bytesToWrite(); }
 
     /// Called by the service now and then, to tell time-outs. The time is that of the service's tick counter.
@@ -39,7 +40,7 @@ public:
     /// Which stream it plays; empty when none.
     virtual QString path() const { return {}; }
 
-    /// Ends at once what the client has; `why` goes to the log.
+    /// Ends the connection at once, with whatever waits for the client; `why` goes to the log.
     void drop(QString const& why);
 
 signals:
@@ -58,8 +59,12 @@ protected:
     /// Sends, sharing the bytes. False when the connection is over, also by this.
     bool send(QByteArray const& bytes);
 
-    /// Ends the connection when all that was sent before has gone, and reads no more.
+    /// Ends the connection when all that was sent before has gone. What the client still sends goes nowhere: closing
+    /// over it would take the last answer away from the client.
     void finish();
+
+    /// The same for a client that has done something wrong; `why` goes to the log.
+    void refuse(QString const& why);
 
     /// Ends the connection hard when so many more bytes have been sent.
     void cutAfter(qint64 bytes) { _bytesUntilCut = bytes; }
@@ -70,6 +75,7 @@ private:
     void onReadyRead();
     void onDisconnected();
     void close();
+    void endOutput();
 
     std::unique_ptr<QTcpSocket> _socket;
     QString const _peer;

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "AsfBuilder.h"
+#include "AsfFile.h"
+#include "Broadcast.h"
+#include "BroadcastCatalogue.h"
+#include "Clips.h"
+#include "FakeTickCounter.h"
+#include "FakeTimerFactory.h"
+#include "FaultPlan.h"
+
+#include <gtest/gtest.h>
+
+/// A broadcast "/live" of a film of five seconds, and its clock.
+class BroadcastFixture : public testing::Test
+{
+protected:
+    static constexpr int msBurst = 2000;
+
+    Broadcast& addBroadcast(QString const& name, QList<QByteArray> const& films)
+    {
+        std::vector<std::unique_ptr<AsfFile>> files;
+        for (QByteArray const& film : films) {
+            QString error;
+            files.push_back(AsfFile::open(Clips::write(QString("film%1.asf").arg(++_films), film), error));
+            EXPECT_TRUE(files.back()) << qPrintable(error);
+        }
+        catalogue.add(std::make_unique<Broadcast>(name, std::move(files), msBurst, clock, timers));
+        return *catalogue.find(name);
+    }
+
+    Broadcast& live()
+    {
+        return catalogue.find("/live") ? *catalogue.find("/live") : addBroadcast("/live", {AsfBuilder().file()});
+    }
+
+    FakeTickCounter clock;
+    FakeTimerFactory timers{clock};
+    BroadcastCatalogue catalogue;
+    FaultPlan faults;
+
+private:
+    int _films = 0;
+};

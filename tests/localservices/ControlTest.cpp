@@ -1,0 +1,103 @@
+#include "BroadcastTestSupport.h"
+#include "ControlCommands.h"
+#include "ControlServer.h"
+#include "LocalServicesOptions.h"
+#include "LoopbackClient.h"
+
+using ControlTest = BroadcastFixture;
+
+TEST_F(ControlTest, CommandsChangeTheStreamsOrSayWhatIsWrong)
+{
+    live();
+    addBroadcast("/film", {AsfBuilder(10).file()});
+    ControlCommands commands(catalogue, faults);
+    QList<std::pair<QString, QString>> const wrong = {
+        {"jump", "no command"},
+        {"fault /nowhere 453", "no stream"},
+        {"fault /live", "no fault"},
+        {"fault /live 200", "no status"},
+        {"fault /live 302", "location"},
+        {"fault /live 453 here", "no location"},
+        {"fault /live cut off", "number of bytes"},
+        {"fault /live 453 on fire", "on fire"},
+        {"fault /live 453 times 0", "times 0"},
+        {"fault /live 0xZZ", "no result"},
+        {"rate 0%", "1% to 1000%"},
+        {"rate", "1% to 1000%"},
+        {"silence", "silence on"},
+        {"playlist", "playlist next"},
+        {"playlist next /nowhere", "no stream"},
+        {"drop /nowhere", "no stream"},
+    };
+    for (auto const& [line, text] : wrong)
+        EXPECT_TRUE(commands.run(line).error.contains(text)) << qPrintable(line + ": " + commands.run(line).error);
+    EXPECT_TRUE(faults.toText().isEmpty());
+
+    for (char const* const line :
+         {"fault /live 453 on describe times 3", "fault film cut header", "fault * silent", "rate 40% /live",
+          "silence on /film", "playlist next /film", "header", "list", "help", ""})
+        EXPECT_EQ(commands.run(line).error, QString()) << line;
+    EXPECT_EQ(commands.run("faults").lines,
+              (QStringList{"* silent", "/film cut header", "/live 453 on describe times 3"}));
+    EXPECT_EQ(live().rate(), 40);
+    EXPECT_TRUE(catalogue.find("/film")->isSilent());
+    EXPECT_EQ(catalogue.find("/film")->playlistGeneration(), 2U);
+    EXPECT_EQ(commands.run("clear").error, QString());
+    EXPECT_TRUE(faults.toText().isEmpty());
+    EXPECT_EQ(live().rate(), 100);
+    EXPECT_FALSE(catalogue.find("/film")->isSilent());
+}
+
+TEST_F(ControlTest, TheControlPortAnswersEachLine)
+{
+    live();
+    ControlCommands commands(catalogue, faults);
+    ControlServer server(commands, clock, timers);
+    commands.addService(&server);
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
+    LoopbackClient client(server.port());
+    client.say("rate 50%\r\njump\nlist\nquit\n");
+    ASSERT_TRUE(client.waitForEnd());
+    QList<QByteArray> const lines = client.heard().trimmed().split('\n');
+    ASSERT_EQ(lines.size(), 5) << client.heard().constData();
+    EXPECT_EQ(lines.at(0), "OK");
+    EXPECT_TRUE(lines.at(1).startsWith("ERROR \"jump\" is no command"));
+    EXPECT_TRUE(lines.at(3).startsWith("/live: ")) << lines.at(3).constData();
+    EXPECT_EQ(lines.at(4), "OK");
+    for (QByteArray const& bytes : {QByteArray(100'000, 'x'), QByteArray(QByteArray(5000, 'y') + "\n")}) {
+        LoopbackClient endless(server.port());
+        endless.say(bytes);
+        EXPECT_TRUE(endless.waitForEnd());
+    }
+}
+
+TEST(LocalServicesOptions, WrongSwitchesAreToldInWords)
+{
+    QList<std::pair<QStringList, QString>> const cases = {
+        {{"--wrong"}, "unknown option --wrong"},
+        {{"film.asf"}, "unknown option film.asf"},
+        {{"--stream"}, "needs a value"},
+        {{"--stream", "film.asf"}, "/live=film.asf"},
+        {{"--stream", "/live="}, "/live=film.asf"},
+        {{"--mms-http-port", "70000"}, "1 to 65535"},
+        {{"--mms-tcp-port=x"}, "1 to 65535"},
+        {{"--burst", "-1"}, "0 to 60"},
+        {{"--burst", "nan"}, "0 to 60"},
+        {{"--listen", "here"}, "an address"},
+    };
+    for (auto const& [arguments, text] : cases) {
+        QString error;
+        EXPECT_FALSE(LocalServicesOptions::parse(arguments, error));
+        EXPECT_TRUE(error.contains(text)) << qPrintable(error);
+    }
+    QString error;
+    auto const options =
+        LocalServicesOptions::parse({"--stream", "live=a=b.asf", "--stream=/live=c.asf", "--control-port=none",
+                                     "--fault", "/live 453", "--burst", "2.5"},
+                                    error);
+    ASSERT_TRUE(options) << qPrintable(error);
+    ASSERT_EQ(options->streams.size(), 1);
+    EXPECT_EQ(options->streams.first().files, (QStringList{"a=b.asf", "c.asf"}));
+    EXPECT_FALSE(options->controlPort);
+    EXPECT_EQ(options->commands, QStringList{"fault /live 453"});
+}

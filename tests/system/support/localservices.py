@@ -1,0 +1,53 @@
+"""The local services as a process of their own, on free ports."""
+
+import pathlib
+import socket
+import subprocess
+import tempfile
+
+from . import built, wait_for
+
+
+class LocalServices:
+    """The program with these arguments, from entering the context to leaving it."""
+
+    def __init__(self, *arguments):
+        self._arguments = [str(argument) for argument in arguments]
+
+    def __enter__(self):
+        self._directory = tempfile.TemporaryDirectory(prefix="ombravision-localservices-")
+        directory = pathlib.Path(self._directory.name)
+        ports, self._log = directory / "ports", directory / "log"
+        with open(self._log, "wb") as log:
+            self._process = subprocess.Popen(
+                [built("OMBRAVISION_LOCALSERVICES", "localservices/ombravision-localservices"), *self._arguments,
+                 "--ports-file", ports], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=log)
+        wait_for(lambda: ports.exists() or self._process.poll() is not None, 10, "the services")
+        if not ports.exists():
+            self._process.wait()
+            raise RuntimeError(self.log())
+        self.ports = {key: int(port) for key, _, port in map(str.split, ports.read_text().splitlines())}
+        return self
+
+    def __exit__(self, *_):
+        self._process.terminate()
+        self._process.wait(10)
+        self._directory.cleanup()
+
+    @property
+    def pid(self):
+        return self._process.pid
+
+    def log(self):
+        return self._log.read_text(errors="replace")
+
+    def address(self, scheme, name):
+        """Of a stream: mmsh for MMS over HTTP, mmst for MMS over TCP, http for a document."""
+        return f"{scheme}://127.0.0.1:{self.ports['mms-tcp' if scheme == 'mmst' else 'mms-http']}{name}"
+
+    def control(self, *lines):
+        """The lines of the answers to these commands."""
+        with socket.create_connection(("127.0.0.1", self.ports["control"]), 10) as connection:
+            connection.sendall("".join(line + "\n" for line in (*lines, "quit")).encode())
+            with connection.makefile("rb") as answer:
+                return answer.read().decode().splitlines()
