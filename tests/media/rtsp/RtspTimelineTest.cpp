@@ -40,6 +40,18 @@ TEST(RtspTimeline, StreamsKeepTheirDistance)
     EXPECT_EQ(timeline.next(0, picture, {-10 * 90000, none, 3600}).pts, leapt * 90000 / 8000);
 }
 
+TEST(RtspTimeline, ALeapTooLongToBeBelievedIsTakenOut)
+{
+    for (std::int64_t const leap : {4353 * 8000, -4353 * 8000}) {
+        RtspTimeline timeline(0);
+        timeline.next(0, picture, {0, none, 3600});
+        EXPECT_EQ(timeline.next(1, sound, {0, none, 160}).pts, 8000);
+        EXPECT_EQ(timeline.next(1, sound, {leap, none, 160}).pts, 8160); // As a server with two clocks may make it.
+        EXPECT_EQ(timeline.next(0, picture, {3600, none, 3600}).pts, 93600);
+        EXPECT_EQ(timeline.next(1, sound, {leap + 320, none, 160}).pts, 8480);
+    }
+}
+
 TEST(RtspTimeline, WhateverComesDecodingTimesGrow)
 {
     std::vector<std::int64_t> const stamps = {none,          0,    0, none, 5,   -1000000000000,
