@@ -1,0 +1,6 @@
+#include "CentralisedBiscottiHeartbeat.h"
+
+QString CentralisedBiscottiHeartbeat::toString() const
+{
+    return u"[HEARTBEAT] " + BiscottiMessage::toString();
+}

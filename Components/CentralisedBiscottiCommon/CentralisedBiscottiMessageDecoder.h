@@ -1,0 +1,90 @@
+#pragma once
+
+#include "AsnEnvelope.h"
+#include "BerStructureGuard.h"
+#include "BiscottiPost.h"
+#include "BiscottiSignatureId.h"
+#include "BiscottiSubscription.h"
+#include "BiscottiUnsubscription.h"
+#include "CentralisedBiscottiAck.h"
+#include "CentralisedBiscottiHeartbeat.h"
+#include "CentralisedBiscottiMessageCoding.h"
+#include "CentralisedBiscottiMessageId.h"
+
+#include <QByteArray>
+#include <QObject>
+
+class Keychain;
+class Logger;
+
+/// Reads the messages of the central server: a stream of BiscEnvelopes of the schema
+/// (Components/AsnCommon/BiscottiMessages.asn1), one after the other and split anywhere.
+///
+/// A message is at most centralisedBiscottiMaximumMessageBytes long and, in BER, nested at most
+/// BerStructureGuard::maximumNesting deep; one that declares more is refused before it has come. What is held never
+/// exceeds a small multiple of what has come. Signed messages are dropped.
+///
+/// Lives on the thread that uses it. Slots may call reset() and appendBytes(), but not delete the decoder.
+class CentralisedBiscottiMessageDecoder : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The longest tag or number in XER. The parser reads one from its beginning each time more of it comes.
+    static constexpr qsizetype maximumXerTokenBytes = 512;
+
+    /// The keychain is borrowed, for the day that messages are verified.
+    explicit CentralisedBiscottiMessageDecoder(Keychain* keychain, QObject* parent = nullptr);
+
+    /// Starts at Ber. Forgets what was received so far.
+    void setDecoding(CentralisedBiscottiMessageDecoding decoding);
+
+    /// Takes the next bytes of the stream; the signals are emitted from within.
+    void appendBytes(QByteArray const& bytes);
+
+    /// Forgets the bytes that are left and a message under way, before a new stream.
+    void reset();
+
+signals:
+    // The last argument of each is the message as it came.
+    void heartbeatAvailable(CentralisedBiscottiMessageId messageId, CentralisedBiscottiHeartbeat heartbeat,
+                            BiscottiSignatureId signatureId, bool verified, QByteArray rawBytes);
+    void ackAvailable(CentralisedBiscottiMessageId messageId, CentralisedBiscottiAck ack,
+                      BiscottiSignatureId signatureId, bool verified, QByteArray rawBytes);
+    void subscriptionAvailable(CentralisedBiscottiMessageId messageId, BiscottiSubscription subscription,
+                               BiscottiSignatureId signatureId, bool verified, QByteArray rawBytes);
+    void unsubscriptionAvailable(CentralisedBiscottiMessageId messageId, BiscottiUnsubscription unsubscription,
+                                 BiscottiSignatureId signatureId, bool verified, QByteArray rawBytes);
+    void postAvailable(CentralisedBiscottiMessageId messageId, BiscottiPost post, BiscottiSignatureId signatureId,
+                       bool verified, QByteArray rawBytes);
+
+    /// The bytes are no message, or one that breaks a constraint. Decoding stops until more bytes come, and then goes
+    /// on with those behind the ones that were understood; only reset() brings a stream back that is out of step.
+    void errorDecoding();
+
+private:
+    enum Outcome { Decoded, Partial, Failed };
+
+    void decodeBuffer();
+    bool hasMore();
+    Outcome decodeMessage();
+    asn_dec_rval_t decodeBer();
+    asn_dec_rval_t decodeXer();
+    bool isTooMuch() const;
+    bool meetsConstraints(AsnEnvelope const& envelope) const;
+    void handleFailure();
+    void handleEnvelope(BiscEnvelope const& envelope, QByteArray const& rawBytes);
+    void parseMsg(BiscBaseMsg const& base, BiscottiSignatureId const& signatureId, bool verified,
+                  QByteArray const& rawBytes);
+
+    static Logger* log;
+
+    [[maybe_unused]] Keychain* _keychain;
+    CentralisedBiscottiMessageDecoding _decoding = CentralisedBiscottiMessageDecoding::Ber;
+    QByteArray _buffer;    ///< Received and not yet understood.
+    AsnEnvelope _envelope; ///< The message under way.
+    QByteArray _rawBytes;  ///< Its bytes that were understood.
+    BerStructureGuard _berGuard;
+    qsizetype _guarded = 0; ///< Bytes at the front of the buffer that the guard has passed.
+    bool _isStuck = false;  ///< No bytes to come can make sense of those at the front of the buffer.
+};
