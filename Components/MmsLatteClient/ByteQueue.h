@@ -2,12 +2,17 @@
 
 #include <QByteArray>
 
-/// Bytes that go in at the back and come out at the front. Both cost the same however many are inside: what has been
-/// read stays until there is more of it than of the rest, and only then is the rest moved. No lock of its own.
+#include <deque>
+#include <memory>
+
+/// Bytes that go in at the back and come out at the front. Each is copied once on either way and never in between, so
+/// both cost the same however many are inside. Memory grows and shrinks with the content. No lock of its own.
 class ByteQueue
 {
 public:
-    qint64 size() const { return _bytes.size() - _front; }
+    static constexpr qint64 blockSize = 65536;
+
+    qint64 size() const { return _end - _front; }
 
     void append(QByteArray const& bytes);
 
@@ -17,10 +22,13 @@ public:
     /// Drops from the back what is beyond this size.
     void truncate(qint64 size);
 
-    /// Drops everything, and the memory with it.
     void clear();
 
 private:
-    QByteArray _bytes;
-    qsizetype _front = 0; ///< Where the first unread byte is.
+    using Block = std::unique_ptr<char[]>;
+
+    std::deque<Block> _blocks; ///< Of blockSize bytes each; the content is from _front to _end.
+    Block _spare;              ///< The block that was emptied last: as much comes again.
+    qint64 _front = 0;         ///< Within the first block.
+    qint64 _end = 0;           ///< Counted from the beginning of the first block.
 };
