@@ -1,12 +1,11 @@
 """Live television over RTSP, from servers that nobody here has written."""
 
-import time
 import unittest
 
 from support import clips, wait_for
 from support.display import VirtualDisplay
 from support.foreign_servers import TCP, GStreamerServer, VlcRtspServer
-from support.live import CLIP_SECONDS, SECONDS, check_picture, check_sound
+from support.live import CLIP_SECONDS, check_stream, number_on_screen
 from support.program import Program
 
 FREQUENCY = 440
@@ -18,17 +17,8 @@ class Rtsp(unittest.TestCase):
         cls.display = cls.enterClassContext(VirtualDisplay())
         cls.clip = clips.mp4(seconds=CLIP_SECONDS, frequency=FREQUENCY)
 
-    def number_on_screen(self, program):
-        return self.display.screenshot(program.own_size_rectangle(640, 360)).number()
-
     def check(self, server):
-        with Program(self.display, server.address) as program:
-            began = time.monotonic()
-            program.wait_for_log(r"^Playing rtsp://", 30)
-            print(f"plays {time.monotonic() - began:.1f} s after the window came", flush=True)
-            check_picture(self, program, self.clip, SECONDS)
-            program.quit()
-            check_sound(self, program, FREQUENCY, SECONDS)
+        check_stream(self, self.display, server.address, self.clip, FREQUENCY)
 
     def test_udp(self):
         with GStreamerServer(self.clip) as server:
@@ -45,13 +35,13 @@ class Rtsp(unittest.TestCase):
     def test_a_server_that_goes_and_comes_back(self):
         with GStreamerServer(self.clip) as server, Program(self.display, server.address) as program:
             program.wait_for_log(r"^Playing rtsp://", 30)
-            wait_for(lambda: self.number_on_screen(program) is not None, 10, "the first picture")
+            wait_for(lambda: number_on_screen(program) is not None, 10, "the first picture")
             server.stop()
             program.wait_for_log(r"Reconnecting\.\.\.", 30)
             server.start()
             program.wait_for_log(r"Progress changed: Playing\.\.\.", 30, count=2)
-            before = self.number_on_screen(program)
-            wait_for(lambda: self.number_on_screen(program) not in (before, None), 10, "pictures that move again")
+            before = number_on_screen(program)
+            wait_for(lambda: number_on_screen(program) not in (before, None), 10, "pictures that move again")
 
     def test_a_password(self):
         with GStreamerServer(self.clip, user="me", password="s3cret") as server:

@@ -6,6 +6,7 @@ import time
 from . import wait_for
 from .clips import RATE
 from .picture import BITS, frame_of
+from .program import Program
 from .sound import Sound
 
 MINIMUM_PSNR = 30
@@ -41,3 +42,19 @@ def check_sound(test, program, frequency, seconds):
     test.assertGreater(last - first, seconds)
     for start in (first + 0.5, (first + last) / 2, last - 1.5):
         test.assertAlmostEqual(sound.pitch(frequency, start), frequency, delta=frequency / 150)
+
+
+def check_stream(test, display, address, clip, frequency):
+    """Plays the address, watches and listens for a while, and ends the program."""
+    with Program(display, address) as program:
+        began = time.monotonic()
+        program.wait_for_log(r"^Playing \w+://", 30)
+        print(f"plays {time.monotonic() - began:.1f} s after the window came", flush=True)
+        check_picture(test, program, clip, SECONDS)
+        program.quit()
+        check_sound(test, program, frequency, SECONDS)
+
+
+def number_on_screen(program):
+    """The number of the frame that is shown, or None."""
+    return program.display.screenshot(program.own_size_rectangle(*SIZE)).number()
