@@ -67,6 +67,8 @@ public:
     void unsubscribeAll(BiscottiSubscriberId const& subscriberId) override;
     BiscottiPostId post(BiscottiPost* post, BiscottiSignatureId const& signatureId) override;
 
+    /// The id given to the constructor.
+    QString clientId() const { return _clientId; }
     QString serverHost() const;
     unsigned short serverPort() const;
 
@@ -117,6 +119,8 @@ signals:
     void errorDecoding();
 
 private:
+    void connectDecoder();
+
     static Logger* log;
 
     MemoQueue* _memoQueue;
