@@ -116,7 +116,7 @@ protected:
 TEST_F(CentralisedBiscottiThread, ServesFourThreadsWhoseSubscribersComeAndGo)
 {
     constexpr int threads = 4;
-    constexpr int rounds = 100;
+    constexpr int rounds = 40;
     AgreeablePeer peer;
     auto client = createClient(peer.port());
     int posted = 0;
@@ -177,7 +177,7 @@ TEST_F(CentralisedBiscottiThread, ReadsAllOfAFlood)
     BiscottiPost post;
     post.setBody(QByteArray(1000, 'x'));
     QByteArray const bytes = encoder.encodePost(CentralisedBiscottiMessageId("m"), post, BiscottiSignatureId());
-    constexpr int posts = 5000; // More than the socket reads ahead, many times over.
+    constexpr int posts = 2000; // More than the socket reads ahead, many times over.
     peer->write("~@ 1.0 1.0 \n" + bytes.repeated(posts));
     EXPECT_TRUE(processEventsUntil([&] { return arrived == posts; }));
 }
