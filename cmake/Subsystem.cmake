@@ -1,3 +1,16 @@
+# precompile(TARGET HEADER...): compiles these headers once for all sources of a target, which halves the time to build it.
+# Off in the fuzzers' preset, so that a source that does not include what it uses is still found out.
+option(OMBRAVISION_PRECOMPILE "Precompile the headers that nearly all sources use" ON)
+function(precompile target)
+  if(OMBRAVISION_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+set(common_headers
+  <QByteArray> <QHash> <QList> <QMutex> <QObject> <QString> <QStringList> <QTimer>
+  <algorithm> <array> <atomic> <functional> <memory> <mutex> <optional> <utility> <vector>)
+
 # add_subsystem(NAME COMPONENTS dir... LINK target...)
 #
 # Turns a list of component directories into one static library, ombravision_NAME. Its include path is its own
@@ -18,6 +31,7 @@ function(add_subsystem name)
   add_library(ombravision_${name} STATIC ${sources})
   target_include_directories(ombravision_${name} PUBLIC ${directories})
   target_link_libraries(ombravision_${name} PUBLIC ombravision_settings ${ARG_LINK})
+  precompile(ombravision_${name} ${common_headers})
 endfunction()
 
 # add_subsystem_tests(NAME LINK target... [GUI | WINDOW] [LABELS label...])
@@ -42,6 +56,10 @@ function(add_subsystem_tests name)
   list(PREPEND ARG_LABELS unit)
   add_executable(${name}_tests ${sources} ${main})
   target_link_libraries(${name}_tests PRIVATE ${ARG_LINK} ombravision_test_support GTest::gmock Qt6::Test)
+  list(LENGTH sources count)
+  if(count GREATER 6)
+    precompile(${name}_tests ${common_headers} <gmock/gmock.h>)
+  endif()
   include(GoogleTest)
   list(JOIN ARG_LABELS "-" label) # Discovered tests take one label; "unit-window" is found by both of its parts.
   gtest_discover_tests(${name}_tests

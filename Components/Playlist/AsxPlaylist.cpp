@@ -201,8 +201,10 @@ void AsxPlaylist::addAddress(QDomElement const& element, PlaylistItem& item) con
         return;
     QUrl const base(_base);
     QUrl const relative(address);
-    if (base.isValid() && !base.isRelative() && relative.isValid() && relative.isRelative())
-        address = base.resolved(relative).toString(QUrl::FullyEncoded);
+    if (base.isValid() && !base.host().isEmpty() && relative.isValid() && relative.isRelative()) {
+        QUrl const resolved = base.resolved(relative);
+        address = resolved.isValid() ? resolved.toString(QUrl::FullyEncoded) : address;
+    }
     item.addUrl(address);
 }
 
