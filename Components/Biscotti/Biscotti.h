@@ -35,7 +35,7 @@ public:
 
     virtual BiscottiState state() const = 0;
 
-    /// Starts to hand posts to the subscriber, which is borrowed until it is unsubscribed. Gives the subscription a
+    /// Starts to hand posts to the subscriber, which is borrowed until unsubscribeAll(). Gives the subscription a
     /// fresh id and returns it. The signature may be null.
     virtual BiscottiSubscriptionId subscribe(BiscottiSubscription* subscription, BiscottiSubscriber* subscriber,
                                              BiscottiSignatureId const& signatureId) = 0;
@@ -43,7 +43,8 @@ public:
     /// Ends one subscription.
     virtual void unsubscribe(BiscottiSubscriptionId const& id) = 0;
 
-    /// Ends all subscriptions of a subscriber.
+    /// Ends all subscriptions of a subscriber, which may then be destroyed: when this returns, it is not called any
+    /// more. Waits for a call that runs on another thread, so that no lock may be held here that such a call takes.
     virtual void unsubscribeAll(BiscottiSubscriberId const& subscriberId) = 0;
 
     /// Sends a post. Gives it a fresh id and returns that. The signature may be null.

@@ -56,6 +56,11 @@ qint64 QtTcpSocket::bytesAvailable() const
     return _socket->bytesAvailable();
 }
 
+void QtTcpSocket::setReadBufferSize(qint64 size)
+{
+    _socket->setReadBufferSize(size);
+}
+
 qint64 QtTcpSocket::write(QByteArray const& data)
 {
     return _socket->write(data);

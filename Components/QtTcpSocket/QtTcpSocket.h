@@ -22,6 +22,7 @@ public:
     QByteArray readLine(qint64 maxSize = 0) override;
     qint64 read(char* data, qint64 maxSize) override;
     qint64 bytesAvailable() const override;
+    void setReadBufferSize(qint64 size) override;
     qint64 write(QByteArray const& data) override;
     bool flush() override;
     void close() override;

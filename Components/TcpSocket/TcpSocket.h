@@ -38,6 +38,9 @@ public:
     virtual qint64 read(char* data, qint64 maxSize) = 0;
     virtual qint64 bytesAvailable() const = 0;
 
+    /// Limits what is read ahead: beyond that many bytes the other side has to wait. 0, as at first, sets no limit.
+    virtual void setReadBufferSize(qint64 size) = 0;
+
     /// Queues bytes to be sent. Returns their number, or -1 on error.
     virtual qint64 write(QByteArray const& data) = 0;
 

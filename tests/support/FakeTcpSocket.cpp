@@ -36,6 +36,7 @@ void FakeTcpSocket::connectToHost(QString const& host, unsigned short port)
     _host = host;
     _port = port;
     _received.clear();
+    _isStalled = false;
     _state = QAbstractSocket::ConnectingState;
 }
 
@@ -46,7 +47,19 @@ void FakeTcpSocket::connectToHost(QHostAddress const& address, unsigned short po
 
 void FakeTcpSocket::disconnectFromHost()
 {
-    if (std::exchange(_state, QAbstractSocket::UnconnectedState) == QAbstractSocket::ConnectedState)
+    if (_isStalled)
+        _state = QAbstractSocket::ClosingState;
+    else
+        abort();
+}
+
+void FakeTcpSocket::abort()
+{
+    _isStalled = false;
+
+    bool const wasConnected = isValid();
+    _state = QAbstractSocket::UnconnectedState;
+    if (wasConnected)
         emit disconnected(this);
 }
 
@@ -87,6 +100,9 @@ qint64 FakeTcpSocket::write(QByteArray const& data)
 {
     if (!isValid())
         return -1;
+    if (_isStalled)
+        return data.size();
     _written += data;
+    _hasUnflushed = !data.isEmpty() || _hasUnflushed;
     return data.size();
 }

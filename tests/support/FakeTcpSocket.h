@@ -2,6 +2,8 @@
 
 #include "TcpSocket.h"
 
+#include <utility>
+
 /// A TcpSocket whose other side is the test: it says when the connection stands, what comes and how it ends, and sees
 /// what was written.
 class FakeTcpSocket : public TcpSocket
@@ -26,7 +28,10 @@ public:
     /// What was written since the last time.
     QByteArray takeWritten();
 
-    void abort() override { disconnectFromHost(); }
+    /// From now on the other side reads nothing: what is written stays here, and a link that is closed waits for it.
+    void stall() { _isStalled = true; }
+
+    void abort() override;
     void connectToHost(QString const& host, unsigned short port) override;
     void connectToHost(QHostAddress const& address, unsigned short port) override;
     void disconnectFromHost() override;
@@ -35,12 +40,16 @@ public:
     QByteArray readLine(qint64 maxSize = 0) override;
     qint64 read(char* data, qint64 maxSize) override;
     qint64 bytesAvailable() const override { return _received.size(); }
+    void setReadBufferSize(qint64) override {}
     qint64 write(QByteArray const& data) override;
-    bool flush() override { return false; }
+    bool flush() override { return std::exchange(_hasUnflushed, false); }
     void close() override { disconnectFromHost(); }
     int socketDescriptor() const override { return -1; }
     bool canReadLine() const override { return _received.contains('\n'); }
-    bool isValid() const override { return _state == QAbstractSocket::ConnectedState; }
+    bool isValid() const override
+    {
+        return _state == QAbstractSocket::ConnectedState || _state == QAbstractSocket::ClosingState;
+    }
     QHostAddress localAddress() const override { return QHostAddress(QHostAddress::LocalHost); }
     QHostAddress peerAddress() const override { return QHostAddress(_host); }
     quint16 localPort() const override { return isValid() ? 49152 : 0; }
@@ -55,6 +64,8 @@ private:
     quint16 _port = 0;
     QByteArray _received;
     QByteArray _written;
+    bool _hasUnflushed = false;
+    bool _isStalled = false;
     QAbstractSocket::SocketState _state = QAbstractSocket::UnconnectedState;
     QAbstractSocket::SocketError _error = QAbstractSocket::UnknownSocketError;
     QString _errorText;

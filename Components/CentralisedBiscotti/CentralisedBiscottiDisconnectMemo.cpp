@@ -1,0 +1,6 @@
+#include "CentralisedBiscottiDisconnectMemo.h"
+
+void CentralisedBiscottiDisconnectMemo::handle()
+{
+    _session.link().disconnectFromHost();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "CentralisedBiscottiMemo.h"
+
+class Logger;
+
+/// Bytes have come: reads the server's greeting, then messages.
+class CentralisedBiscottiOnReadyReadMemo : public CentralisedBiscottiMemo
+{
+public:
+    using CentralisedBiscottiMemo::CentralisedBiscottiMemo;
+
+    void handle() override;
+
+private:
+    bool readGreeting();
+    void readMessages();
+
+    static Logger* log;
+};
