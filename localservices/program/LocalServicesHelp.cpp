@@ -20,8 +20,8 @@ DESCRIPTION
     Posts go to who is there; nothing is kept for later.
 
     Once the services are up, one line for each goes to standard output, "SERVICE ADDRESS PORT", where SERVICE is
-    mms-http, mms-tcp, biscotti or control. What happens is logged on standard error. The program runs until it is ended by a
-    signal: SIGINT or SIGTERM closes all connections first.
+    mms-http, mms-tcp, biscotti or control. What happens is logged on standard error. The program runs until it is
+    ended by a signal: SIGINT or SIGTERM closes all connections first.
 
     The port of MMS over HTTP also has documents: /NAME.asx and /NAME.wvx, playlists in ASX; /NAME.ref, a reference
     playlist; and /, all addresses. The playlists begin with entries where nobody answers, as real ones do.
@@ -94,7 +94,8 @@ char const* const end = R"(
     STREAM is a name; without one it is about all streams. "drop" without one closes all connections of every service.
 
 EXIT STATUS
-    0 when it was ended by SIGINT or SIGTERM, 1 for wrong options, 2 when a file cannot be broadcast or a port cannot be had.
+    0 when it was ended by SIGINT or SIGTERM, 1 for wrong options, 2 when a file cannot be broadcast or remembered in,
+    or a port cannot be had.
 
 EXAMPLES
     ombravision-localservices --stream /live=film.asf --mms-http-port 8080 --mms-tcp-port 1755

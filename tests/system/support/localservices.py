@@ -34,6 +34,10 @@ class LocalServices:
         self._process.wait(10)
         self._directory.cleanup()
 
+    def wait(self):
+        """The status with which it ended."""
+        return self._process.wait(10)
+
     @property
     def pid(self):
         return self._process.pid
