@@ -10,12 +10,21 @@
 
 #include <memory>
 
+namespace
+{
+
+// Pixels. Sixteen streams fit on a screen.
+constexpr int rowWidth = 300;
+constexpr int graphHeight = 36;
+
+} // namespace
+
 BufferWindow::BufferWindow(AppData& appData, QWidget* parent)
     : QWidget(parent, Qt::Tool), _appData(appData), _layout(new QVBoxLayout(this))
 {
     setObjectName("bufferWindow");
     setWindowTitle(tr("Stream Buffer"));
-    setMinimumSize(320, 120);
+    _layout->setSizeConstraint(QLayout::SetMinimumSize); // Grows with what is in it.
     auto const follow = [this] {
         if (isVisible())
             rebuild();
@@ -60,6 +69,8 @@ void BufferWindow::rebuild()
         auto* const label = new QLabel(this);
         label->setTextFormat(Qt::PlainText); // Titles come from outside.
         label->setText(text);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // No title makes the window wide.
+        label->setMinimumWidth(rowWidth);
         _layout->addWidget(label);
     };
     for (Channel const* const channel : _appData.channelManager()->openChannels()) {
@@ -69,7 +80,7 @@ void BufferWindow::rebuild()
                 continue;
             addLabel(channel->desc.title());
             visualiser->setParent(this);
-            visualiser->setMinimumHeight(60);
+            visualiser->setMinimumSize(rowWidth, graphHeight);
             _layout->addWidget(visualiser, 1);
             visualiser->show();
             visualiser->start();
@@ -78,4 +89,6 @@ void BufferWindow::rebuild()
     }
     if (_visualisers.isEmpty())
         addLabel(tr("No open channel has a stream buffer."));
+    _layout->activate();
+    resize(sizeHint().expandedTo({width(), 0})); // As wide as the viewer likes it, and as high as it needs.
 }

@@ -4,6 +4,7 @@
 #include "GLControl.h"
 #include "GLControlLayout.h"
 #include "GLTextArea.h"
+#include "LatteClient.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
@@ -305,8 +306,9 @@ void Channel::onStreamError(ChannelStream* stream, QString text)
 
 void Channel::onStreamStateChanged(ChannelStream* stream, QString text)
 {
+    bool const isBack = stream->isOpen() && text == QLatin1String(LatteClient::playingProgress);
     if (!_hasError)
-        setOverlayText(text);
+        setOverlayText(isBack ? QString() : text);
     emit streamStateChanged(this, stream, text);
 }
 

@@ -22,6 +22,9 @@ public:
     enum LatteClientState { Delivering = 0, Idle = 1, Finished = 2 };
     Q_ENUM(LatteClientState)
 
+    /// The progress of a client that delivers, at first and again after each loss of its link.
+    static constexpr char const* playingProgress = "Playing...";
+
     using QObject::QObject;
 
     /// Starts and stops delivering.

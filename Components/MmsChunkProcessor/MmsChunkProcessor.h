@@ -23,9 +23,9 @@ class MmsChunkProcessor : public ChunkProcessor
 
 public:
     /// Bytes of an ASF header object; a longer one is refused.
-    static constexpr qint64 maximumHeaderBytes = 4 * 1024 * 1024;
+    static constexpr qint64 maximumHeaderBytes = qint64{4} * 1024 * 1024;
     /// Bytes of metadata that are kept while the text is not complete.
-    static constexpr qint64 maximumMetadataBytes = 256 * 1024;
+    static constexpr qint64 maximumMetadataBytes = qint64{256} * 1024;
     /// Bytes without the beginning of a chunk that are kept: they may belong to a packet, which is not longer.
     static constexpr qint64 maximumStrayBytes = 0xFFFF;
     /// A packet pair is no longer than any other chunk.

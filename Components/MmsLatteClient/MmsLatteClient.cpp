@@ -176,7 +176,7 @@ void MmsLatteClient::onMmsData(QByteArray const& data)
         _private->startBitrateTimer();
         if (result.isNewStream)
             emit descriptorChanged(this, result.descriptorSize);
-        emit progressChanged(this, "Playing...");
+        emit progressChanged(this, playingProgress);
     }
     if (result.isReadable)
         emit readyRead(this);

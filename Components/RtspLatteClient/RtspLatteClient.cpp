@@ -144,7 +144,7 @@ void RtspLatteClient::startPlaying()
         emit descriptorChanged(this, descriptor(0).size());
     if (_withheld)
         _changeTimer->start(changeDelay);
-    emit progressChanged(this, QStringLiteral("Playing..."));
+    emit progressChanged(this, playingProgress);
 }
 
 void RtspLatteClient::watchForDrops(qint64 dropped)

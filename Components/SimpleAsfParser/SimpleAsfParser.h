@@ -40,7 +40,7 @@ public:
     /// Incomplete media objects of one stream; one more takes the place of the earliest.
     static constexpr int maximumIncompleteFrames = 16;
     /// Bytes of all incomplete media objects; more of them are given up together.
-    static constexpr qint64 maximumIncompleteBytes = 16 * 1024 * 1024;
+    static constexpr qint64 maximumIncompleteBytes = qint64{16} * 1024 * 1024;
 
     /// A header that is not empty is parsed at once.
     explicit SimpleAsfParser(QByteArray const& header = {}, QObject* parent = nullptr);

@@ -34,6 +34,9 @@ public:
     /// One line for each service that runs: "SERVICE ADDRESS PORT".
     QString portLines() const;
 
+    /// What the control port runs.
+    ControlCommands& commands() { return _commands; }
+
 private:
     bool openStreams(LocalServicesOptions const& options, QString& error);
     bool startService(QString const& key, std::unique_ptr<Service> service, QHostAddress const& address, quint16 port,

@@ -9,7 +9,6 @@ from .picture import number_filter
 
 RATE = 25
 H264 = ["-c:v", "libx264", "-preset", "veryfast", "-crf", "16", "-pix_fmt", "yuv420p", "-g", "50", "-threads", "2"]
-WMV = ["-c:v", "wmv2", "-b:v", "6M", "-g", "50"]
 
 _directory = os.environ.get("OMBRAVISION_TEST_CLIPS") or os.path.join(tempfile.gettempdir(), "ombravision-test-clips")
 
@@ -43,10 +42,10 @@ def mp4(seconds=8, width=640, height=360, frequency=440):
                 *_picture(width, height, seconds), *_tone(frequency, seconds), *H264, "-c:a", "aac")
 
 
-def asf(seconds=8, frequency=660):
+def asf(seconds=8, frequency=660, rate="6M"):
     """Numbered frames and a tone, WMV and WMA."""
-    return make(f"numbers-{seconds}s-{frequency}.asf",
-                *_picture(640, 360, seconds), *_tone(frequency, seconds), *WMV, "-c:a", "wmav2", "-b:a", "128k")
+    return make(f"numbers-{seconds}s-{frequency}-{rate}.asf", *_picture(640, 360, seconds), *_tone(frequency, seconds),
+                "-c:v", "wmv2", "-b:v", rate, "-g", "50", "-c:a", "wmav2", "-b:a", "128k")
 
 
 def picture_only(seconds=8):

@@ -7,26 +7,23 @@ import tempfile
 
 from . import built, wait_for
 
+SERVICES = "mms-http", "mms-tcp", "control"
+
 
 class LocalServices:
-    """The program with these arguments, from entering the context to leaving it."""
+    """The program with these arguments, from entering the context to leaving it.
+
+    Can be killed and started again, on the ports that it has got at first.
+    """
 
     def __init__(self, *arguments):
         self._arguments = [str(argument) for argument in arguments]
+        self.ports = {}
 
     def __enter__(self):
         self._directory = tempfile.TemporaryDirectory(prefix="ombravision-localservices-")
-        directory = pathlib.Path(self._directory.name)
-        ports, self._log = directory / "ports", directory / "log"
-        with open(self._log, "wb") as log:
-            self._process = subprocess.Popen(
-                [built("OMBRAVISION_LOCALSERVICES", "localservices/ombravision-localservices"), *self._arguments,
-                 "--ports-file", ports], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=log)
-        wait_for(lambda: ports.exists() or self._process.poll() is not None, 10, "the services")
-        if not ports.exists():
-            self._process.wait()
-            raise RuntimeError(self.log())
-        self.ports = {key: int(port) for key, _, port in map(str.split, ports.read_text().splitlines())}
+        self._log = pathlib.Path(self._directory.name) / "log"
+        self.start()
         return self
 
     def __exit__(self, *_):
@@ -37,6 +34,24 @@ class LocalServices:
     def wait(self):
         """The status with which it ended."""
         return self._process.wait(10)
+
+    def start(self):
+        ports = pathlib.Path(self._directory.name) / "ports"
+        ports.unlink(missing_ok=True)
+        fixed = [f"--{service}-port={port}" for service, port in self.ports.items() if service in SERVICES]
+        with open(self._log, "ab") as log:
+            self._process = subprocess.Popen(
+                [built("OMBRAVISION_LOCALSERVICES", "localservices/ombravision-localservices"), *self._arguments,
+                 *fixed, "--ports-file", ports], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=log)
+        wait_for(lambda: ports.exists() or self._process.poll() is not None, 10, "the services")
+        if not ports.exists():
+            self._process.wait()
+            raise RuntimeError(self.log())
+        self.ports = {key: int(port) for key, _, port in map(str.split, ports.read_text().splitlines())}
+
+    def kill(self):
+        self._process.kill()
+        self._process.wait()
 
     @property
     def pid(self):

@@ -33,7 +33,7 @@ class Program:
 
     def __init__(self, display: VirtualDisplay, *arguments, settings=None, debug=True, driver="wave"):
         self._binary = built("OMBRAVISION_PROGRAM", "application/ombravision")
-        self._display = display
+        self.display = display
         # A name right after a bare -debug would be its value; "-debug=" takes none.
         self._arguments = (["-debug="] if debug else []) + list(arguments)
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="ombravision-home-"))
@@ -57,7 +57,7 @@ class Program:
 
     @property
     def environment(self):
-        kept = {name: value for name, value in self._display.environment.items() if not name.startswith("XDG_")}
+        kept = {name: value for name, value in self.display.environment.items() if not name.startswith("XDG_")}
         return {**kept, "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.home / "runtime"), "LC_ALL": "C.UTF-8",
                 "ALSOFT_CONF": str(self.home / "alsoft.conf")}
 
@@ -115,8 +115,8 @@ class Program:
         if not self.is_running():
             raise AssertionError(f"the program ended with status {self._process.returncode} and said:\n"
                                  + (self.home / "stderr").read_text(errors="replace"))
-        for window in self._display.windows():
-            if str(self.pid) in self._display.ask("xprop", "-id", window, "_NET_WM_PID").split():
+        for window in self.display.windows():
+            if str(self.pid) in self.display.ask("xprop", "-id", window, "_NET_WM_PID").split():
                 return window
         return None
 

@@ -1,4 +1,4 @@
-"""RTSP servers that nobody here has written, on free ports of this machine."""
+"""Stream servers that nobody here has written, on free ports of this machine."""
 
 import os
 import pathlib
@@ -24,7 +24,7 @@ class _Server:
 
     def __init__(self, port=None):
         self.port = port or free_port()
-        self.directory = pathlib.Path(tempfile.mkdtemp(prefix="ombravision-rtsp-"))
+        self.directory = pathlib.Path(tempfile.mkdtemp(prefix="ombravision-server-"))
 
     @property
     def address(self):
@@ -79,8 +79,8 @@ class GStreamerServer(_Server):
         return ["/usr/bin/python3", __file__, str(self.port), self._launch, *self._options]
 
 
-class VlcServer(_Server):
-    """Plays a film again and again for all clients at once, with UDP only."""
+class _VlcServer(_Server):
+    """Plays a film again and again for all clients at once."""
 
     def __init__(self, clip, port=None):
         super().__init__(port)
@@ -89,15 +89,36 @@ class VlcServer(_Server):
         for path in (self.directory, self._clip):
             os.chmod(path, 0o755)
 
+    def _options(self):
+        raise NotImplementedError
+
     def _command(self):
         home = self.directory / "home"
         home.mkdir(exist_ok=True)
-        command = ["env", f"HOME={home}", "cvlc", "--no-loop", "--repeat", self._clip, "--sout-keep",
-                   "--sout", f"#rtp{{sdp=rtsp://127.0.0.1:{self.port}/live}}"]
+        command = ["env", f"HOME={home}", "cvlc", "--no-loop", "--repeat", self._clip, "--sout-keep", *self._options()]
         if os.getuid() == 0:  # It refuses to run as root.
             os.chown(home, NOBODY, NOBODY)
             command = ["setpriv", f"--reuid={NOBODY}", "--clear-groups", *command]
         return command
+
+
+class VlcRtspServer(_VlcServer):
+    """With UDP only."""
+
+    def _options(self):
+        return ["--sout", f"#rtp{{sdp=rtsp://127.0.0.1:{self.port}/live}}"]
+
+
+class VlcMmsServer(_VlcServer):
+    """MMS over HTTP. Its film has to be one in ASF."""
+
+    @property
+    def address(self):
+        return f"mms://127.0.0.1:{self.port}/live"
+
+    def _options(self):
+        return ["--http-host=127.0.0.1",
+                "--sout", f"#std{{access=mmsh,mux=asfh,dst=127.0.0.1:{self.port}/live}}"]
 
 
 def _serve(port, launch, transports, sharing, user, password):

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "Latte.h"
+#include "LatteDataSource.h"
+#include "LocalServices.h"
+#include "LocalServicesOptions.h"
+#include "MmsLatteClientFactory.h"
+#include "QtDateTimeBuilder.h"
+#include "QtHttpClientFactory.h"
+#include "QtTcpSocketFactory.h"
+#include "QtTimerFactory.h"
+#include "SystemTickCounter.h"
+
+#include <QStringList>
+#include <QThread>
+
+#include <atomic>
+#include <memory>
+
+/// The stream servers with a broadcast "/live", which can be killed and started again on the same ports.
+class StreamServers
+{
+public:
+    explicit StreamServers(QStringList const& films);
+
+    void start();
+    /// Nobody is told: the sockets close.
+    void kill() { _services.reset(); }
+    bool isRunning() const { return _services != nullptr; }
+
+    /// As on the control port, and as the switch --fault does it: also at each later start.
+    void setCommands(QStringList const& commands) { _options.commands = commands; }
+
+    /// Does what a line on the control port asks for; the words of what went wrong, or nothing.
+    QString run(QString const& command) { return _services->commands().run(command).error; }
+
+    QString overHttp() const { return address(*_options.mmsHttpPort); }
+    QString overTcp() const { return address(*_options.mmsTcpPort); }
+    /// A document of that ending, such as ".asx", about the broadcast.
+    QString document(QString const& ending) const;
+
+private:
+    static QString address(quint16 port) { return QStringLiteral("mms://127.0.0.1:%1/live").arg(port); }
+
+    SystemTickCounter _ticks;
+    QtTimerFactory _timers;
+    LocalServicesOptions _options;
+    std::unique_ptr<LocalServices> _services;
+};
+
+/// What turns an address into a source, as the program puts it together.
+class LiveNetwork
+{
+public:
+    LiveNetwork();
+
+    Latte* latte() { return &_latte; }
+
+private:
+    QtTimerFactory _timers;
+    QtTcpSocketFactory _sockets;
+    QtHttpClientFactory _http;
+    QtDateTimeBuilder _dates;
+    MmsLatteClientFactory _clients;
+    Latte _latte;
+};
+
+/// An open stream whose packets are read on a thread of their own and counted.
+class LiveStream
+{
+public:
+    LiveStream(LiveNetwork& network, QString const& address);
+    ~LiveStream();
+
+    /// How often it has opened: again for each change of the stream's header.
+    int openings() const { return _openings; }
+    int videoFrames() const { return _videoFrames; }
+    /// The largest step between the times of two pictures, and whether none went backwards.
+    double longestStep() const { return _longestStep; }
+    bool wentBackwards() const { return _wentBackwards; }
+    QStringList const& progress() const { return _progress; }
+    QStringList const& errors() const { return _errors; }
+
+    /// In milliseconds, how long it took.
+    qint64 close();
+
+private:
+    void read();
+    void stopReading();
+
+    std::unique_ptr<LatteDataSource> _source;
+    QStringList _progress;
+    QStringList _errors;
+    int _openings = 0;
+    std::atomic<bool> _ends{false};
+    std::atomic<int> _videoFrames{0};
+    std::atomic<double> _longestStep{0};
+    std::atomic<bool> _wentBackwards{false};
+    std::unique_ptr<QThread> _reader; ///< Once the source has opened.
+};

@@ -1,0 +1,151 @@
+#include "Clips.h"
+#include "LiveStream.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <functional>
+#include <gmock/gmock.h>
+
+namespace
+{
+
+constexpr int framesPerSecond = 25;
+
+/// What the kernel counts for this process.
+struct Footprint {
+    int threads = static_cast<int>(QDir("/proc/self/task").entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+    int descriptors = static_cast<int>(
+        QDir("/proc/self/fd").entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size());
+    qint64 residentPages = [] {
+        QFile file("/proc/self/statm");
+        return file.open(QFile::ReadOnly) ? file.readAll().split(' ').at(1).toLongLong() : 0;
+    }();
+};
+
+/// Turns the event loop until the condition holds; false when it does not within ten seconds.
+bool waitUntil(std::function<bool()> const& condition)
+{
+    return QTest::qWaitFor(condition, 10000);
+}
+
+/// How often a test goes round: so often, or as the environment says for a longer look.
+int rounds(int usual)
+{
+    int const asked = qEnvironmentVariableIntValue("OMBRAVISION_TEST_ROUNDS");
+    return asked > 0 ? asked : usual;
+}
+
+/// By HTTP and by TCP.
+class LiveTelevision : public testing::TestWithParam<bool>
+{
+protected:
+    QString address() const { return GetParam() ? servers.overTcp() : servers.overHttp(); }
+
+    bool waitForFrames(LiveStream const& stream, int count)
+    {
+        int const before = stream.videoFrames();
+        return waitUntil([&] { return stream.videoFrames() >= before + count; });
+    }
+
+    StreamServers servers{{Clips::wmv(12), Clips::wmv(4)}};
+    LiveNetwork network;
+};
+
+} // namespace
+
+TEST_P(LiveTelevision, GoesOnWhenTheServerHasComeBack)
+{
+    LiveStream stream(network, address());
+    ASSERT_TRUE(waitForFrames(stream, 1));
+    servers.kill();
+    ASSERT_TRUE(waitUntil([&] { return stream.progress().contains("Reconnecting..."); }));
+    // A second connection is refused before the server is back.
+    ASSERT_TRUE(waitUntil([&] { return !stream.errors().isEmpty(); }));
+    QElapsedTimer elapsed;
+    elapsed.start();
+    servers.start();
+    ASSERT_TRUE(waitUntil([&] { return stream.progress().count("Playing...") == 2; }));
+    ASSERT_TRUE(waitForFrames(stream, 1));
+    RecordProperty("msUntilPackets", static_cast<int>(elapsed.elapsed()));
+    EXPECT_LT(elapsed.elapsed(), 3000);
+}
+
+TEST_P(LiveTelevision, LossesLeaveNothingBehind)
+{
+    LiveStream stream(network, address());
+    ASSERT_TRUE(waitForFrames(stream, 1));
+    Footprint early;
+    int const losses = rounds(6);
+    for (int i = 0; i < losses; ++i) {
+        if (i == losses / 3)
+            early = Footprint();
+        servers.kill();
+        ASSERT_TRUE(waitUntil([&] { return stream.progress().count("Reconnecting...") == i + 1; })) << i;
+        servers.start();
+        ASSERT_TRUE(waitUntil([&] { return stream.progress().count("Playing...") == i + 2; })) << i;
+        ASSERT_TRUE(waitForFrames(stream, 1));
+    }
+    Footprint const late;
+    RecordProperty("residentKiB", static_cast<int>((late.residentPages - early.residentPages) * 4));
+    EXPECT_LE(late.threads, early.threads + 1); // One may be on its way.
+    EXPECT_LE(late.descriptors, early.descriptors + 2);
+    EXPECT_LT(late.residentPages - early.residentPages, 4096);
+}
+
+TEST_P(LiveTelevision, ClosesAtAnyMoment)
+{
+    QRandomGenerator random(20);
+    qint64 longest = 0;
+    for (int i = 0; i < rounds(20); ++i) {
+        // As it should be, dumb in one step or another, cut off, or gone.
+        QStringList const commands[] = {{},
+                                        {},
+                                        {"fault /live silent on describe"},
+                                        {"fault /live silent on play", "fault /live silent on open"},
+                                        {"fault * silent on connect"},
+                                        {"fault /live cut header"},
+                                        {"fault /live cut packet"},
+                                        {"fault /live 503"},
+                                        {"silence on"}};
+        servers.kill();
+        if (int const kind = random.bounded(10); kind < 9) {
+            servers.setCommands(commands[kind]);
+            servers.start();
+        }
+        LiveStream stream(network, address());
+        QTest::qWait(random.bounded(600));
+        qint64 const elapsed = stream.close();
+        longest = std::max(longest, elapsed);
+        EXPECT_LT(elapsed, 100) << stream.progress().join(", ").toStdString();
+    }
+    RecordProperty("msLongest", static_cast<int>(longest));
+}
+
+TEST_P(LiveTelevision, AnotherFilmOfThePlaylistIsOpenedUnderItsOwnHeader)
+{
+    LiveStream stream(network, address());
+    ASSERT_TRUE(waitForFrames(stream, framesPerSecond));
+    EXPECT_FALSE(stream.wentBackwards());
+    ASSERT_EQ(servers.run("playlist next"), QString());
+    ASSERT_TRUE(waitUntil([&] { return stream.openings() == 2; }));
+    ASSERT_TRUE(waitForFrames(stream, framesPerSecond));
+    // Over TCP the first film's end is told as one, until pictures come again.
+    EXPECT_EQ(stream.errors().isEmpty() ? QString() : stream.errors().last(), QString());
+}
+
+INSTANTIATE_TEST_SUITE_P(Transports, LiveTelevision, testing::Bool(),
+                         [](auto const& transport) { return transport.param ? "Tcp" : "Http"; });
+
+TEST(LivePlaylists, DeadEntriesAreLeftBehind)
+{
+    StreamServers const servers({Clips::wmv(12)});
+    LiveNetwork network;
+    for (char const* const ending : {".asx", ".wvx", ".ref"}) {
+        LiveStream stream(network, servers.document(ending));
+        ASSERT_TRUE(waitUntil([&] { return stream.videoFrames() > framesPerSecond; })) << ending;
+    }
+}
