@@ -1,6 +1,8 @@
 #include "AppData.h"
 
 #include "AudioDevice.h"
+#include "BiscottiClientId.h"
+#include "CentralisedBiscotti.h"
 #include "Channel.h"
 #include "ChannelManager.h"
 #include "CookieJar.h"
@@ -10,12 +12,16 @@
 #include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "MachineIdGenerator.h"
 #include "MmsLatteClientFactory.h"
+#include "PersistentKeychain.h"
+#include "RestfulKeychain.h"
 #include "RtspLatteClientFactory.h"
 #include "SystemRandomGenerator.h"
 #include "SystemTickCounter.h"
 #include "ThreadedMemoQueue.h"
 #include "TimedHttpClientFactory.h"
+#include "TrieBiscottiSubscriptionEngine.h"
 #include "Uri.h"
 
 #include <QAction>
@@ -74,9 +80,12 @@ void AppData::initialize(QWidget* mainWidget)
     _fileLatteClientFactory = new FileLatteClientFactory;
     _rtspLatteClientFactory = new RtspLatteClientFactory(&rtspClientFactory, &timerFactory);
     registerLatteSchemes();
+    _restfulKeychain = new RestfulKeychain(_httpClientFactory, settings.keychainUrl());
+    _persistentKeychain = new PersistentKeychain(_restfulKeychain);
     _audioDevice = new AudioDevice;
     _channelManager = new ChannelManager(*this);
     openAudioDevice();
+    createBiscotti();
     connectChannelManager();
     connectSettings();
     _initialized = true;
@@ -95,9 +104,14 @@ void AppData::uninitialize()
     _channelManager->closeAllChannels();
     settings.destroyActions();
     _audioDevice->closeDevice();
+    destroy(_biscotti);
+    destroy(_subscriptionEngine);
     destroy(_audioDevice);
     destroy(_channelManager);
     destroy(_randomGenerator);
+    // Before the factory, which they give back clients to whose answers have not come.
+    destroy(_restfulKeychain);
+    destroy(_persistentKeychain);
     destroy(_httpClientFactory);
     destroy(_mmsLatteClientFactory);
     destroy(_fileLatteClientFactory);
@@ -112,6 +126,17 @@ void AppData::uninitialize()
     clearPostProcessingShaders();
     _initialized = false;
     LOG_INFO("Finished destroying application components");
+}
+
+void AppData::createBiscotti()
+{
+    _subscriptionEngine = new TrieBiscottiSubscriptionEngine;
+    QString const clientId =
+        BiscottiClientId::create(MachineIdGenerator::machineId(), *_randomGenerator, *_tickCounter);
+    _biscotti =
+        new CentralisedBiscotti(_tickCounter, _persistentKeychain, _memoThread, &tcpSocketFactory,
+                                settings.biscottiHost(), settings.biscottiPort(), clientId, _subscriptionEngine,
+                                CentralisedBiscottiMessageEncoding::Der, CentralisedBiscottiMessageDecoding::Ber);
 }
 
 void AppData::createCursors()

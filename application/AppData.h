@@ -19,19 +19,23 @@
 #include <vector>
 
 class AudioDevice;
+class CentralisedBiscotti;
 class Channel;
 class ChannelManager;
 class FileLatteClientFactory;
 class Logger;
 class MmsLatteClientFactory;
+class PersistentKeychain;
 class QCursor;
 class QNetworkAccessManager;
 class QWidget;
 class RandomGenerator;
+class RestfulKeychain;
 class RtspLatteClientFactory;
 class ThreadedMemoQueue;
 class TickCounter;
 class TimedHttpClientFactory;
+class TrieBiscottiSubscriptionEngine;
 
 /// The hub: creates, wires, owns and destroys every long-lived component, in a fixed order.
 ///
@@ -64,6 +68,7 @@ public:
 
     AudioDevice* audioDevice() const { return _audioDevice; }
     ChannelManager* channelManager() const { return _channelManager; }
+    CentralisedBiscotti* biscotti() const { return _biscotti; }
     ThreadedMemoQueue* memoThread() const { return _memoThread; }
     TickCounter* tickCounter() const { return _tickCounter; }
     RandomGenerator* randomGenerator() const { return _randomGenerator; }
@@ -128,6 +133,7 @@ public slots:
 private:
     void createCursors();
     void registerLatteSchemes();
+    void createBiscotti();
     void chooseAudioDevice();
     void openAudioDevice();
     void connectChannelManager();
@@ -147,8 +153,12 @@ private:
     MmsLatteClientFactory* _mmsLatteClientFactory = nullptr;
     FileLatteClientFactory* _fileLatteClientFactory = nullptr;
     RtspLatteClientFactory* _rtspLatteClientFactory = nullptr;
+    RestfulKeychain* _restfulKeychain = nullptr;
+    PersistentKeychain* _persistentKeychain = nullptr;
     AudioDevice* _audioDevice = nullptr;
     ChannelManager* _channelManager = nullptr;
+    TrieBiscottiSubscriptionEngine* _subscriptionEngine = nullptr;
+    CentralisedBiscotti* _biscotti = nullptr;
     GLMovieShader _colourConversionShader;
     unsigned int _colourConversionFragmentProgram = 0;
     bool _drawsInSoftware = false;

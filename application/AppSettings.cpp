@@ -13,6 +13,8 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <limits>
+#include <stdexcept>
 
 Logger* AppSettings::log = LoggerManager::logger();
 
@@ -67,6 +69,8 @@ void AppSettings::loadGlobalSettings()
     _proxyPassword = settings.value("ProxyPassword", "").toString();
     settings.endGroup();
 
+    loadBiscotti(settings);
+
     settings.beginGroup("videoWindow");
     _runAtStartup = settings.value("runAtStartup", true).toBool();
     _mmsClientGuid = settings.value("mmsClientGuid").toString();
@@ -76,6 +80,29 @@ void AppSettings::loadGlobalSettings()
     }
     settings.endGroup();
     check("Run at Startup", _runAtStartup);
+}
+
+/// What the file has wrong is replaced: the program starts without a messaging server too.
+void AppSettings::loadBiscotti(QSettings const& settings)
+{
+    _biscottiHost = settings.value("biscotti/host", Deployment::biscottiHost).toString().trimmed();
+    bool isNumber = false;
+    int const port = settings.value("biscotti/port", Deployment::biscottiPort).toInt(&isNumber);
+    bool const isPort = isNumber && port > 0 && port <= std::numeric_limits<quint16>::max();
+    if (_biscottiHost.isEmpty() || !isPort) {
+        LOG_WARNING("The settings name no messaging server; taking %s:%d.", Deployment::biscottiHost,
+                    Deployment::biscottiPort);
+        _biscottiHost = Deployment::biscottiHost;
+    }
+    _biscottiPort = isPort ? static_cast<quint16>(port) : Deployment::biscottiPort;
+
+    QString const keychainUrl = settings.value("biscotti/keychainUrl", Deployment::keychainUrl).toString();
+    try {
+        _keychainUrl = Uri(keychainUrl);
+    } catch (std::invalid_argument const&) {
+        LOG_WARNING("The settings name no address of a keychain: %s", qUtf8Printable(keychainUrl));
+        _keychainUrl = Uri(Deployment::keychainUrl);
+    }
 }
 
 void AppSettings::saveGlobalSettings()

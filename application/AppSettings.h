@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Uri.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -11,6 +13,7 @@
 class Logger;
 class QAction;
 class QActionGroup;
+class QSettings;
 
 /// Every setting of the program, its fixed names, and the menu actions whose state mirrors a setting.
 ///
@@ -68,6 +71,12 @@ public:
 
     /// This installation's identifier towards stream servers, made on the first run.
     QString mmsClientGuid() const { return _mmsClientGuid; }
+
+    /// The messaging server, and the service that has the keys of those who send signed messages.
+    QString biscottiHost() const { return _biscottiHost; }
+    unsigned short biscottiPort() const { return _biscottiPort; }
+    Uri keychainUrl() const { return _keychainUrl; }
+
     bool runAtStartup() const { return _runAtStartup; }
     void setRunAtStartup(bool on);
 
@@ -131,6 +140,7 @@ private:
     };
     static ActionSpec const actionSpecs[];
 
+    void loadBiscotti(QSettings const& settings);
     void check(QString const& text, bool checked);
 
     static Logger* log;
@@ -156,6 +166,9 @@ private:
     QString _proxyUser;
     QString _proxyPassword;
     QString _mmsClientGuid;
+    QString _biscottiHost;
+    unsigned short _biscottiPort = 0;
+    Uri _keychainUrl;
     bool _runAtStartup = true;
 
     double _volume = 1.0;

@@ -8,7 +8,9 @@
 #include "TcpSocketFactory.h"
 #include "TickCounter.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 Logger* CentralisedBiscottiLink::log = LoggerManager::logger();
 

@@ -55,7 +55,7 @@ public:
     /// Posts a memo that sends the next operation.
     void postDoPending();
 
-    /// Queues a message as an operation behind all others, and returns it.
+    /// The message as an operation under a fresh message id, not queued yet.
     std::unique_ptr<CentralisedBiscottiPendingOp> createOp(std::unique_ptr<BiscottiMessage> message,
                                                            BiscottiSignatureId const& signatureId);
 

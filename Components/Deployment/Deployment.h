@@ -10,8 +10,9 @@ namespace Deployment
 inline constexpr char const* remoteSyslogAddress = "127.0.0.1"; ///< logger/remoteSyslogIP
 inline constexpr unsigned short remoteSyslogPort = 514;         ///< logger/remoteSyslogPort
 
-inline constexpr char const* biscottiHost = "127.0.0.1"; ///< application/biscottiHost
-inline constexpr unsigned short biscottiPort = 22473;     ///< application/biscottiPort
+inline constexpr char const* biscottiHost = "127.0.0.1";            ///< application/biscotti/host
+inline constexpr unsigned short biscottiPort = 22473;               ///< application/biscotti/port
+inline constexpr char const* keychainUrl = "http://127.0.0.1/keys"; ///< application/biscotti/keychainUrl
 
 inline constexpr char const* organisationDomain = "ombravision.invalid"; ///< Names the settings, reaches nothing.
 

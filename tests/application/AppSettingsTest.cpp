@@ -78,6 +78,36 @@ TEST_F(AppSettingsTest, ThePathToTheScreenCanBeForced)
     }
 }
 
+TEST_F(AppSettingsTest, AMessagingServerThatMakesNoSenseIsReplaced)
+{
+    struct Case {
+        char const* host;
+        char const* port;
+        char const* keychainUrl;
+        char const* expected;
+    };
+    Case const cases[] = {
+        {"chat.example", "1234", "https://keys.example/k", "chat.example:1234 https://keys.example/k"},
+        {"::1", "65535", "http://127.0.0.1/keys", "::1:65535 http://127.0.0.1/keys"},
+        {"", "1234", "no address", "127.0.0.1:1234 http://127.0.0.1/keys"},
+        {"chat.example", "0", "", "127.0.0.1:22473 http://127.0.0.1/keys"},
+        {"chat.example", "65536", ":", "127.0.0.1:22473 http://127.0.0.1/keys"},
+        {"chat.example", "-1", "http://k/", "127.0.0.1:22473 http://k/"},
+        {"chat.example", "many", "http://k/", "127.0.0.1:22473 http://k/"},
+    };
+    for (Case const& c : cases) {
+        settingsFile().setValue("application/biscotti/host", c.host);
+        settingsFile().setValue("application/biscotti/port", c.port);
+        settingsFile().setValue("application/biscotti/keychainUrl", c.keychainUrl);
+        _settings.loadGlobalSettings();
+        EXPECT_EQ(QString("%1:%2 %3")
+                      .arg(_settings.biscottiHost())
+                      .arg(_settings.biscottiPort())
+                      .arg(_settings.keychainUrl().toString()),
+                  c.expected);
+    }
+}
+
 TEST_F(AppSettingsTest, EveryActionHasItsOwnShortcut)
 {
     QStringList seen;

@@ -12,6 +12,9 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
 
 TEST(QtTcpSocket, TalksToAServer)
 {
@@ -32,6 +35,10 @@ TEST(QtTcpSocket, TalksToAServer)
     EXPECT_EQ(one->peerName(), "127.0.0.1");
     EXPECT_EQ(one->peerPort(), server.serverPort());
     EXPECT_GE(one->socketDescriptor(), 0);
+    int noDelay = 0;
+    socklen_t size = sizeof noDelay;
+    EXPECT_EQ(getsockopt(one->socketDescriptor(), IPPROTO_TCP, TCP_NODELAY, &noDelay, &size), 0);
+    EXPECT_EQ(noDelay, 1);
     EXPECT_EQ(other->socketDescriptor(), -1);
     QTcpSocket* const peer = server.nextPendingConnection();
     EXPECT_EQ(one->localPort(), peer->peerPort());

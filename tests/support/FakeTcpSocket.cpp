@@ -56,7 +56,6 @@ void FakeTcpSocket::disconnectFromHost()
 void FakeTcpSocket::abort()
 {
     _isStalled = false;
-
     bool const wasConnected = isValid();
     _state = QAbstractSocket::UnconnectedState;
     if (wasConnected)

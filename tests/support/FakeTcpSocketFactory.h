@@ -20,6 +20,8 @@ public:
 
     void disposeTcpSocket(TcpSocket* socket) override
     {
+        if (!socket)
+            return;
         EXPECT_TRUE(_sockets.removeOne(qobject_cast<FakeTcpSocket*>(socket))) << "not a socket of this factory";
         socket->blockSignals(true);
         socket->deleteLater();

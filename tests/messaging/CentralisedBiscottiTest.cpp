@@ -1,0 +1,325 @@
+// What the client sends, in which order, and what it makes of the answers.
+
+#include "BerBytes.h"
+#include "CentralisedBiscottiBench.h"
+
+#include <algorithm>
+
+TEST_F(CentralisedBiscottiTest, SendsOneOperationAtATimeAndTellsItsOutcome)
+{
+    RecordingSubscriber subscriber("s");
+    QString const first = subscribe("a", subscriber);
+    QString const second = subscribe("b", subscriber);
+    QString const third = post("c", "hello");
+    accept();
+    EXPECT_TRUE(sent().isEmpty());
+    EXPECT_EQ(client->state(), Biscotti::Disconnected);
+    receive("~@ 1.0 1.0 \n");
+    Message message = sentOne();
+    EXPECT_TRUE(message.rawBytes.contains("client,s")) << "subscribers are unique among all clients";
+    EXPECT_TRUE(message.text.contains("SubscriptionId:=" + first));
+    run();
+    EXPECT_TRUE(sent().isEmpty());
+    ack(message.id);
+    message = sentOne();
+    EXPECT_TRUE(message.text.contains("SubscriptionId:=" + second));
+    ack(message.id);
+    message = sentOne();
+    EXPECT_EQ(server.lastPost.body(), "hello");
+    ack(message.id);
+    EXPECT_EQ(takeTold(),
+              (QStringList{"connected", "subscribed " + first, "subscribed " + second, "posted " + third}));
+    client->unsubscribe(BiscottiSubscriptionId(first));
+    run();
+    message = sentOne();
+    EXPECT_TRUE(message.text.startsWith("[UNSUB] SubscriptionId:=" + first));
+    ack(message.id);
+    EXPECT_EQ(takeTold(), QStringList{"unsubscribed " + first});
+    EXPECT_EQ(engine.count(), 1);
+    EXPECT_TRUE(sent().isEmpty());
+}
+
+TEST_F(CentralisedBiscottiTest, ARefusalIsToldWithItsCodeAndText)
+{
+    connect();
+    RecordingSubscriber subscriber("s");
+    for (int const code : {0, 400, 403, 404, 413, 500, 503, 4011, 4012, 4091, 4092, 999}) {
+        CentralisedBiscottiAck ack;
+        ack.setAckCode(static_cast<CentralisedBiscottiAck::AckCode>(code));
+        QString const reason = QString(": %1 %2").arg(code).arg(ack.ackDescription());
+
+        QString const kept = subscribe("kept", subscriber);
+        run();
+        this->ack(sentOne().id);
+        QString const subscription = subscribe("a", subscriber);
+        run();
+        this->ack(sentOne().id, code);
+        EXPECT_FALSE(engine.contains(BiscottiSubscriptionId(subscription))) << "it would be replayed for ever";
+        client->unsubscribe(BiscottiSubscriptionId(kept));
+        run();
+        this->ack(sentOne().id, code);
+        EXPECT_TRUE(engine.contains(BiscottiSubscriptionId(kept)));
+        QString const post = this->post("a", "x");
+        run();
+        this->ack(sentOne().id, code);
+        EXPECT_EQ(takeTold().sliced(code == 0 ? 1 : 0),
+                  (QStringList{"subscribed " + kept, "errorSubscribing " + subscription + reason,
+                               "errorUnsubscribing " + kept + reason, "errorPosting " + post + reason}));
+        EXPECT_TRUE(sent().isEmpty()) << "nothing is tried again after a refusal";
+    }
+    client->unsubscribe(BiscottiSubscriptionId("unknown"));
+    run();
+    EXPECT_EQ(takeTold(), QStringList{"errorUnsubscribing unknown: 404 Subscription not found."});
+}
+
+TEST_F(CentralisedBiscottiTest, AnswersToNothingAreIgnored)
+{
+    connect();
+    ack("client,77");
+    EXPECT_TRUE(capture.contains("    No current operation. Unexpected ack."));
+    QString const first = post("a", "x");
+    run();
+    QString const id = sentOne().id;
+    ack("client,77", 500);
+    EXPECT_TRUE(capture.contains("    Ack was for message client,77, but current operation is message " + id));
+    EXPECT_EQ(takeTold(), QStringList{"connected"});
+    ack(id);
+    ack(id);
+    EXPECT_EQ(takeTold(), QStringList{"posted " + first});
+}
+
+TEST_F(CentralisedBiscottiTest, ANewLinkBeginsWithAllSubscriptionsThenThePostsInOrder)
+{
+    RecordingSubscriber one("one");
+    RecordingSubscriber other("other");
+    connect();
+    QStringList subscriptions;
+    for (int i = 0; i < 5; ++i)
+        subscriptions.append(subscribe(QString("topic%1").arg(i), one));
+    subscribe("gone", other);
+    run();
+    for (int i = 0; i < 6; ++i)
+        ack(sentOne().id);
+    QStringList const posts{post("p", "1"), post("p", "2")};
+    run();
+    QString const cutOff = sentOne().id;
+    client->unsubscribe(BiscottiSubscriptionId(subscriptions[0])); // Not acknowledged: as if never said.
+    client->unsubscribeAll(BiscottiSubscriberId("other"));         // Forgotten at once.
+    subscriptions.append(subscribe("late", one));                  // Queued, and replayed like those before it.
+    run();
+    takeTold();
+    loseLink();
+
+    QStringList expected;
+    for (auto ids = engine.iterator(); ids.hasNext();)
+        expected.prepend("subscribed " + ids.next().toString());
+    EXPECT_EQ(expected.size(), subscriptions.size());
+    expected.prepend("connected");
+    expected.prepend("lost");
+    expected += {"posted " + posts[0], "posted " + posts[1]};
+    waitForRetry();
+    connect();
+    QStringList ids;
+    while (ids.size() < 8) {
+        ids.append(sentOne().id);
+        ack(ids.last());
+    }
+    EXPECT_TRUE(sent().isEmpty());
+    EXPECT_EQ(takeTold(), expected);
+    EXPECT_EQ(ids[6], cutOff) << "the server recognises the post that it may have";
+    EXPECT_EQ(QSet<QString>(ids.begin(), ids.end()).size(), 8);
+}
+
+TEST_F(CentralisedBiscottiTest, AnAnswerThatCameWithTheEndOfTheLinkCounts)
+{
+    connect();
+    RecordingSubscriber subscriber("s");
+    subscribe("a", subscriber);
+    run();
+    ack(sentOne().id);
+    QString const id = post("a", "x");
+    run();
+    socket().receive(ackBytes(sentOne().id) + postBytes("a", "last words"));
+    socket().closeRemotely();
+    run();
+    EXPECT_EQ(takeTold().last(2), (QStringList{"posted " + id, "lost"}));
+    EXPECT_EQ(subscriber.heard, QStringList{"last words"});
+    waitForRetry();
+    connect();
+    ack(sentOne().id);
+    EXPECT_TRUE(sent().isEmpty());
+}
+
+TEST_F(CentralisedBiscottiTest, ALateAnswerToAFormerLinkLeavesTheCurrentOperationWaiting)
+{
+    connect();
+    RecordingSubscriber subscriber("s");
+    QString const id = subscribe("a", subscriber);
+    run();
+    QString const former = sentOne().id;
+    loseLink();
+    waitForRetry();
+    connect();
+    QString const current = sentOne().id;
+    EXPECT_NE(current, former);
+    takeTold();
+    ack(former);
+    EXPECT_TRUE(takeTold().isEmpty());
+    ack(current);
+    EXPECT_EQ(takeTold(), QStringList{"subscribed " + id});
+}
+
+TEST_F(CentralisedBiscottiTest, WhatCannotBeWrittenIsToldAndCostsOneLinkOnly)
+{
+    RecordingSubscriber subscriber("s");
+    BiscottiSubscription pointless;
+    struct Case {
+        char const* name;
+        std::function<QString()> act;
+        QString told;
+    };
+    QByteArray const tooLarge(centralisedBiscottiMaximumMessageBytes, 'x');
+    std::vector<Case> const cases{
+        {"signed post", [&] { return post("a", "x", "signature"); }, "errorPosting"},
+        {"oversized post", [&] { return post("a", tooLarge); }, "errorPosting"},
+        {"subscription to nothing",
+         [&] { return client->subscribe(&pointless, &subscriber, BiscottiSignatureId()).toString(); },
+         "errorSubscribing"},
+    };
+    for (Case const& c : cases) {
+        SCOPED_TRACE(c.name);
+        waitForRetry();
+        connect();
+        QString const bad = c.act();
+        QString const good = post("a", "good");
+        run();
+        EXPECT_EQ(client->state(), Biscotti::Disconnected);
+        EXPECT_TRUE(takeTold().contains(c.told + ' ' + bad + ": 600 Could not encode message."));
+        waitForRetry();
+        connect();
+        ack(sentOne().id);
+        EXPECT_EQ(takeTold(), (QStringList{"connected", "posted " + good}));
+        loseLink();
+    }
+    EXPECT_EQ(engine.count(), 0);
+}
+
+TEST_F(CentralisedBiscottiTest, ThrowsAwayWhatIsNoGreetingAndTriesAgain)
+{
+    struct Case {
+        QByteArray bytes;
+        char const* line;
+    };
+    QByteArray const good = "~@ 1.0 1.0 ";
+    QByteArray const longest = good + QByteArray(511 - good.size() - 1, 'n') + '\n';
+    std::vector<Case> const cases{
+        {QByteArray(511, '~'), "Could not read greeting from server."},
+        {QByteArray(100000, '~'), "Could not read greeting from server."},
+        {good + QByteArray(512 - good.size() - 1, 'n') + '\n', "Could not read greeting from server."},
+        {good + QByteArray(1 << 20, 'n') + '\n', "Could not read greeting from server."},
+        {"\n", "Invalid greeting returned by Biscotti server."},
+        {"~~ 1.0 1.0 \n", "Invalid greeting returned by Biscotti server."},
+        {" ~@ 1.0 1.0 \n", "Invalid greeting returned by Biscotti server."},
+        {"~@ 1 1 \n", "Invalid greeting returned by Biscotti server."},
+        {"~@ 99999999999.0 1.0 \n", "Invalid greeting returned by Biscotti server."},
+        {QByteArray("~@ 1.0\0 1.0 \n", 13), "Invalid greeting returned by Biscotti server."},
+        {"HTTP/1.1 400 Bad Request\r\n", "Invalid greeting returned by Biscotti server."},
+        {"~@ 2.0 1.0 \n", "Biscotti server (2.0 / 1.0) is incompatible with client (1.0 / 1.0)."},
+        {"~@ 1.0 2.7 \n", "Biscotti server (1.0 / 2.7) is incompatible with client (1.0 / 1.0)."},
+        {"~@ 0.0 0.0 \n", "Biscotti server (0.0 / 0.0) is incompatible with client (1.0 / 1.0)."},
+    };
+    RecordingSubscriber subscriber("s");
+    subscribe("a", subscriber);
+    for (Case const& c : cases) {
+        SCOPED_TRACE(c.bytes.first(std::min<qsizetype>(c.bytes.size(), 60)).toStdString());
+        int const before = capture.count(c.line);
+        accept();
+        socket().receive(c.bytes);
+        socket().receive(good + '\n' + postBytes("a", "from the refused"));
+        run();
+        EXPECT_EQ(capture.count(c.line), before + 1);
+        EXPECT_EQ(socket().state(), QAbstractSocket::UnconnectedState);
+        EXPECT_TRUE(sent().isEmpty());
+        waitForRetry();
+    }
+    EXPECT_TRUE(told.isEmpty());
+    EXPECT_TRUE(subscriber.heard.isEmpty());
+    accept();
+    for (char const byte : longest) {
+        EXPECT_EQ(client->state(), Biscotti::Disconnected);
+        receive(QByteArray(1, byte));
+    }
+    EXPECT_EQ(client->state(), Biscotti::Connected);
+    EXPECT_EQ(sent().size(), 1) << "whatever the refused links have done, one subscription is sent once";
+}
+
+TEST_F(CentralisedBiscottiTest, GarbageAfterTheGreetingCostsTheLinkAndNoPost)
+{
+    std::srand(22473);
+    client->setHeartbeatMs(5000);
+    for (int round = 0; round < 100; ++round) {
+        QByteArray garbage(1 + std::rand() % 600, Qt::Uninitialized);
+        std::generate(garbage.begin(), garbage.end(), [] { return static_cast<char>(std::rand()); });
+        SCOPED_TRACE(garbage.toHex().toStdString());
+        connect();
+        QString const id = post("a", "x");
+        run();
+        QString const messageId = sentOne().id;
+        receive(garbage);
+        receive(ackBytes(messageId + "?")); // Of another message, if it is understood at all.
+        advance(25000);
+        EXPECT_EQ(socket().state(), QAbstractSocket::ConnectingState) << "the answer has not come";
+        connect();
+        EXPECT_EQ(sentOne().id, messageId);
+        ack(messageId);
+        EXPECT_EQ(takeTold().last(), "posted " + id);
+        loseLink();
+        advance(5000);
+    }
+}
+
+TEST_F(CentralisedBiscottiTest, ADecodingErrorIsToldAndLeavesTheLinkToTheTimeOuts)
+{
+    connect();
+    int errors = 0;
+    QObject::connect(client.get(), &CentralisedBiscotti::errorDecoding, [&] { ++errors; });
+    using namespace BerBytes;
+    receive(value(0xA0, value(0x80, "who") + value(0x81, QByteArray(1, 0)) + value(0x82, "x") + value(0x83, "y")));
+    EXPECT_TRUE(capture.contains("Signed messages are not currently supported."));
+    EXPECT_EQ(errors, 0);
+    receive(timed(value(0x80, "\1") + value(0x81, "\15") + value(0x82, "\1") + value(0x83, "\1") + value(0x84, "\1") +
+                  value(0x85, "\1") + value(0x86, "\1"))); // Month 13.
+    EXPECT_EQ(errors, 1);
+    EXPECT_TRUE(capture.contains("Error decoding message from server."));
+    EXPECT_EQ(client->state(), Biscotti::Connected);
+}
+
+TEST_F(CentralisedBiscottiTest, TheEndSendsTheYoungPostsAndGivesTheSocketBack)
+{
+    connect();
+    RecordingSubscriber subscriber("s");
+    post("a", "in flight");
+    run();
+    sent();
+    post("a", "old");
+    run();
+    advance(9000);
+    ack(server.messages.value(0).id);
+    sent();
+    subscribe("a", subscriber);
+    post("a", "young");
+    post("a", "signed", "signature");
+    post("a", "last");
+    run();
+    clock.advance(45000 - 9000);
+    QPointer<FakeTcpSocket> const last = &socket();
+    client.reset();
+    ASSERT_TRUE(last);
+    server.messages.clear();
+    server.decoder.appendBytes(last->takeWritten());
+    EXPECT_EQ(server.messages.size(), 2);
+    EXPECT_EQ(server.lastPost.body(), "last");
+    EXPECT_TRUE(sockets.sockets().isEmpty());
+    EXPECT_TRUE(capture.contains("Not a post; ignoring."));
+    EXPECT_EQ(engine.count(), 1) << "the engine is its owner's";
+}
