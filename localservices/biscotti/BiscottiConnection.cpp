@@ -7,6 +7,7 @@
 #include "LoggerManager.h"
 
 #include <algorithm>
+#include <utility>
 
 Logger* BiscottiConnection::log = LoggerManager::logger();
 
@@ -40,6 +41,7 @@ BiscottiConnection::BiscottiConnection(std::unique_ptr<QTcpSocket> socket, Bisco
 
 void BiscottiConnection::over()
 {
+    hold(0);
     _server.leave(*this);
 }
 
@@ -96,10 +98,18 @@ void BiscottiConnection::readMessages()
         _msMessage = 0;
         handle(*request);
     }
-    if (!_reader.errorText().isEmpty())
+    if (!hold(_reader.bytesHeld()))
+        drop(QStringLiteral("all clients together send too much that does not come to an end"));
+    else if (!_reader.errorText().isEmpty())
         refuse(_reader.errorText());
     else if (_reader.bytesHeld() > 0 && _msMessage == 0)
         _msMessage = _msLastHeard;
+}
+
+bool BiscottiConnection::hold(qint64 bytes)
+{
+    qint64 const more = bytes - std::exchange(_bytesHeld, bytes);
+    return _server.hold(more) || more <= 0;
 }
 
 void BiscottiConnection::handle(BiscottiRequest const& request)

@@ -44,6 +44,7 @@ private:
     void readGreeting();
     void answerGreeting(CentralisedBiscottiGreeting const& greeting);
     void readMessages();
+    bool hold(qint64 bytes);
     void handle(BiscottiRequest const& request);
     void sendNow(QByteArray const& bytes);
 
@@ -57,6 +58,7 @@ private:
     qint64 _msLastHeard;
     qint64 _msLastSent;
     qint64 _msMessage = 0; ///< When the message under way began; 0 if there is none.
+    qint64 _bytesHeld = 0; ///< As the server has counted them.
     int _malformed = 0;
 
     static Logger* log;

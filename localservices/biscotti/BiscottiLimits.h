@@ -37,6 +37,9 @@ constexpr qsizetype othersRemembered = 16;
 constexpr qsizetype absentClients = 10'000;
 constexpr qint64 msAbsent = 10 * 60'000;
 
+/// What all clients together may have sent of messages that are not whole yet, in bytes.
+constexpr qint64 bytesHeld = 64 << 20;
+
 /// Messages that could be read, but made no sense, before their sender is dropped.
 constexpr int malformedMessages = 16;
 

@@ -71,6 +71,12 @@ void BiscottiServer::leave(BiscottiConnection& connection)
     }
 }
 
+bool BiscottiServer::hold(qint64 bytes)
+{
+    _bytesHeld += bytes;
+    return _bytesHeld <= BiscottiLimits::bytesHeld;
+}
+
 BiscottiBroker::Decision BiscottiServer::handle(BiscottiConnection& connection, BiscottiRequest const& request)
 {
     QSet<Client> recipients;

@@ -45,6 +45,9 @@ public:
     /// The connection is over.
     void leave(BiscottiConnection& connection);
 
+    /// A client has so many bytes more, or fewer, of a message that is not whole. False when it is too much.
+    bool hold(qint64 bytes);
+
     QByteArray acknowledgement(CentralisedBiscottiMessageId const& id, BiscottiBroker::AckCode code);
     QByteArray heartbeat();
 
@@ -66,6 +69,7 @@ private:
     Client _nextClient = 1;
     quint64 _nextMessage = 0;
     quint64 _postCount = 0;
+    qint64 _bytesHeld = 0;
 
     static Logger* log;
 };

@@ -216,6 +216,26 @@ TEST_F(BiscottiServerTest, WhatCannotBeReadEndsTheConnection)
     EXPECT_TRUE(processEventsUntil([&] { return server->connectionCount() == 0; }));
 }
 
+TEST_F(BiscottiServerTest, MessagesThatDoNotEndFillNoMemory)
+{
+    auto const good = peer("good");
+    QByteArray const half = good->post("1", {"a"}, QByteArray(1'000'000, 'b')).chopped(1);
+    qsizetype const enough = BiscottiLimits::bytesHeld / half.size();
+    std::vector<std::unique_ptr<BiscottiPeer>> peers;
+    for (int i = 0; i < enough + 10; ++i) {
+        peers.push_back(peer(QString::number(i)));
+        peers.back()->say(half);
+        ASSERT_TRUE(processEventsUntil(
+            [&] { return peers.back()->socket().bytesToWrite() == 0 || peers.back()->isClosed(); }));
+    }
+    ASSERT_TRUE(processEventsUntil([&] { return server->connectionCount() == enough + 1; }));
+    EXPECT_EQ(log.count("that does not come to an end"), 10);
+    EXPECT_EQ(good->ask(good->post("2", {"a"})), 200);
+    peers.clear();
+    ASSERT_TRUE(processEventsUntil([&] { return server->connectionCount() == 1; }));
+    EXPECT_EQ(good->ask(half + 'b'), 413);
+}
+
 TEST_F(BiscottiServerTest, AMessageInPiecesIsOneMessage)
 {
     auto const client = peer();

@@ -7,7 +7,7 @@ import tempfile
 
 from . import built, wait_for
 
-SERVICES = "mms-http", "mms-tcp", "control"
+SERVICES = "mms-http", "mms-tcp", "biscotti", "control"
 
 
 class LocalServices:
