@@ -4,7 +4,7 @@ std::shared_ptr<BiscottiSession> BiscottiSessions::enter(QString const& identity
 {
     std::shared_ptr<BiscottiSession>& session = _sessions[identity];
     if (session)
-        _absent.remove(session->msLeft, identity);
+        _absent.erase({session->msLeft, identity});
     else
         session = std::make_shared<BiscottiSession>(identity);
     return session;
@@ -13,19 +13,19 @@ std::shared_ptr<BiscottiSession> BiscottiSessions::enter(QString const& identity
 void BiscottiSessions::leave(std::shared_ptr<BiscottiSession> const& session, qint64 msNow)
 {
     session->msLeft = msNow;
-    _absent.insert(msNow, session->identity());
-    if (_absent.size() > BiscottiLimits::absentClients)
+    _absent.emplace(msNow, session->identity());
+    if (std::ssize(_absent) > BiscottiLimits::absentClients)
         forgetFirst();
 }
 
 void BiscottiSessions::forgetOld(qint64 msNow)
 {
-    while (!_absent.isEmpty() && msNow - _absent.firstKey() > BiscottiLimits::msAbsent)
+    while (!_absent.empty() && msNow - _absent.begin()->first > BiscottiLimits::msAbsent)
         forgetFirst();
 }
 
 void BiscottiSessions::forgetFirst()
 {
-    _sessions.remove(_absent.first());
+    _sessions.remove(_absent.begin()->second);
     _absent.erase(_absent.begin());
 }

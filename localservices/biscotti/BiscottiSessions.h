@@ -3,9 +3,10 @@
 #include "BiscottiSession.h"
 
 #include <QHash>
-#include <QMap>
 
 #include <memory>
+#include <set>
+#include <utility>
 
 /// The sessions of all clients that have an identity, with a link or without. Those without one are forgotten after
 /// BiscottiLimits::msAbsent, or earlier when there are too many.
@@ -27,5 +28,5 @@ private:
     void forgetFirst();
 
     QHash<QString, std::shared_ptr<BiscottiSession>> _sessions;
-    QMultiMap<qint64, QString> _absent; ///< Identities by the time of leaving.
+    std::set<std::pair<qint64, QString>> _absent; ///< Identities behind the time of leaving.
 };

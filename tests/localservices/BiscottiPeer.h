@@ -91,6 +91,7 @@ public:
         return processEventsUntil([&] { return posts.size() >= count; });
     }
 
+    bool isConnected() const { return _socket.state() == QAbstractSocket::ConnectedState; }
     bool isClosed() const { return _socket.state() == QAbstractSocket::UnconnectedState; }
     QTcpSocket& socket() { return _socket; }
     QByteArrayList bodies() const
