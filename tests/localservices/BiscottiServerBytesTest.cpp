@@ -66,7 +66,7 @@ TEST_F(BiscottiServerTest, WhoDoesNotGreetInTimeIsDroppedAndWhoIsSilentToo)
         good->say(good->heartbeat());
         processPendingEvents();
         timers.advance(BiscottiConnection::msBetweenHeartbeats);
-        EXPECT_TRUE(processEventsUntil([&] { return good->heartbeats > i; })) << i;
+        ASSERT_TRUE(processEventsUntil([&] { return good->heartbeats > i; })) << i;
     }
     EXPECT_TRUE(half->waitForEnd());
     timers.advance(BiscottiConnection::msOfSilence + 2000);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 using testing::ElementsAre;
 
@@ -180,6 +181,12 @@ TEST_F(BiscottiServerTest, AReaderThatDoesNotReadIsDroppedAndTheOthersAreServed)
 TEST_F(BiscottiServerTest, TwoThousandClientsAreServedAndLeftInPeace)
 {
     constexpr int count = 2000;
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_NOFILE, &limit);
+    if (limit.rlim_max < 2 * count + 100)
+        GTEST_SKIP() << "the system allows " << limit.rlim_max << " files, which is too few";
     std::vector<std::unique_ptr<BiscottiPeer>> peers;
     for (int i = 0; i < count; ++i) {
         peers.push_back(peer(QString("peer%1").arg(i)));
