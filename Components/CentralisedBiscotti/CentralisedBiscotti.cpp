@@ -84,7 +84,7 @@ BiscottiSubscriptionId CentralisedBiscotti::subscribe(BiscottiSubscription* subs
                                                       BiscottiSubscriber* subscriber,
                                                       BiscottiSignatureId const& signatureId)
 {
-    BiscottiSubscriptionId const id(nextId());
+    BiscottiSubscriptionId id(nextId());
     subscription->setSubscriptionId(id);
     // Asked for its id now: it may be gone when the memo runs.
     _session->post(new CentralisedBiscottiSubscribeMemo(*_session, *subscription, subscriber,
@@ -105,7 +105,7 @@ void CentralisedBiscotti::unsubscribeAll(BiscottiSubscriberId const& subscriberI
 
 BiscottiPostId CentralisedBiscotti::post(BiscottiPost* post, BiscottiSignatureId const& signatureId)
 {
-    BiscottiPostId const id(nextId());
+    BiscottiPostId id(nextId());
     post->setPostId(id);
     _session->post(new CentralisedBiscottiPostMemo(*_session, *post, signatureId));
     return id;
@@ -182,20 +182,20 @@ void CentralisedBiscotti::onReadyRead(TcpSocket*)
     _session->post(new CentralisedBiscottiOnReadyReadMemo(*_session));
 }
 
-void CentralisedBiscotti::handleHeartbeat(CentralisedBiscottiMessageId, CentralisedBiscottiHeartbeat,
-                                          BiscottiSignatureId, bool, QByteArray)
+void CentralisedBiscotti::handleHeartbeat(CentralisedBiscottiMessageId const&, CentralisedBiscottiHeartbeat const&,
+                                          BiscottiSignatureId const&, bool, QByteArray const&)
 {
     _session->post(new CentralisedBiscottiHandleHeartbeatMemo(*_session));
 }
 
-void CentralisedBiscotti::handleAck(CentralisedBiscottiMessageId messageId, CentralisedBiscottiAck ack,
-                                    BiscottiSignatureId signatureId, bool verified, QByteArray)
+void CentralisedBiscotti::handleAck(CentralisedBiscottiMessageId const& messageId, CentralisedBiscottiAck const& ack,
+                                    BiscottiSignatureId const& signatureId, bool verified, QByteArray const&)
 {
     _session->post(new CentralisedBiscottiHandleAckMemo(*_session, messageId, ack, signatureId, verified));
 }
 
-void CentralisedBiscotti::handlePost(CentralisedBiscottiMessageId messageId, BiscottiPost post,
-                                     BiscottiSignatureId signatureId, bool verified, QByteArray)
+void CentralisedBiscotti::handlePost(CentralisedBiscottiMessageId const& messageId, BiscottiPost const& post,
+                                     BiscottiSignatureId const& signatureId, bool verified, QByteArray const&)
 {
     _session->post(new CentralisedBiscottiHandlePostMemo(*_session, messageId, post, signatureId, verified));
 }

@@ -102,12 +102,12 @@ public slots:
     void onDisconnected(TcpSocket* socket);
     void onError(TcpSocket* socket, QAbstractSocket::SocketError error);
     void onReadyRead(TcpSocket* socket);
-    void handleHeartbeat(CentralisedBiscottiMessageId messageId, CentralisedBiscottiHeartbeat heartbeat,
-                         BiscottiSignatureId signatureId, bool verified, QByteArray rawBytes);
-    void handleAck(CentralisedBiscottiMessageId messageId, CentralisedBiscottiAck ack,
-                   BiscottiSignatureId signatureId, bool verified, QByteArray rawBytes);
-    void handlePost(CentralisedBiscottiMessageId messageId, BiscottiPost post, BiscottiSignatureId signatureId,
-                    bool verified, QByteArray rawBytes);
+    void handleHeartbeat(CentralisedBiscottiMessageId const& messageId, CentralisedBiscottiHeartbeat const& heartbeat,
+                         BiscottiSignatureId const& signatureId, bool verified, QByteArray const& rawBytes);
+    void handleAck(CentralisedBiscottiMessageId const& messageId, CentralisedBiscottiAck const& ack,
+                   BiscottiSignatureId const& signatureId, bool verified, QByteArray const& rawBytes);
+    void handlePost(CentralisedBiscottiMessageId const& messageId, BiscottiPost const& post,
+                    BiscottiSignatureId const& signatureId, bool verified, QByteArray const& rawBytes);
     void onErrorDecoding();
 
 signals:

@@ -22,7 +22,7 @@ public:
     enum class Greeting { Awaited, Refused, Accepted };
 
     /// What is read from the socket before it stops to take more from the network.
-    static constexpr qint64 maximumUnreadBytes = 256 * 1024;
+    static constexpr qint64 maximumUnreadBytes = qint64{256} * 1024;
 
     CentralisedBiscottiLink(TickCounter* ticker, TcpSocketFactory* socketFactory, QString const& host,
                             unsigned short port);

@@ -9,7 +9,6 @@ void CentralisedBiscottiOnConnectedMemo::handle()
 {
     // A link that ended before both sides had greeted leaves no change of state behind that would have done this.
     _session.link().reset();
-    _session.decoder().reset();
     if (_session.link().sendGreeting())
         return;
     LOG_WARNING("Greeting failed. Disconnecting.");
