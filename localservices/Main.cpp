@@ -4,6 +4,7 @@
 #include "LoggerManager.h"
 #include "QtTimerFactory.h"
 #include "SystemTickCounter.h"
+#include "TerminationSignals.h"
 
 #include <QCoreApplication>
 #include <QSaveFile>
@@ -65,9 +66,10 @@ int main(int argc, char** argv)
         return tell(LocalServicesOptions::helpText()), 0;
     if (options->showVersion)
         return tell(QStringLiteral("ombravision-localservices " OMBRAVISION_VERSION "\n")), 0;
-    if (options->streams.isEmpty())
-        return fail(wrongOptions,
-                    QStringLiteral("there is nothing to serve; give a --stream /NAME=FILE, see --help"));
+    if (options->streams.isEmpty() && !options->biscottiPort)
+        return fail(
+            wrongOptions,
+            QStringLiteral("there is nothing to serve; give a --stream /NAME=FILE or a --biscotti-port, see --help"));
 
     configureLog(*options);
     allowManyClients();
@@ -79,5 +81,6 @@ int main(int argc, char** argv)
     tell(services.portLines());
     if (!options->portsFile.isEmpty() && !writePorts(options->portsFile, services.portLines()))
         return fail(cannotServe, QStringLiteral("cannot write %1").arg(options->portsFile));
+    TerminationSignals const termination([] { QCoreApplication::quit(); });
     return QCoreApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "ControlCommands.h"
 
 #include "AsfFile.h"
+#include "BiscottiCommands.h"
 #include "Broadcast.h"
 #include "BroadcastCatalogue.h"
 #include "FaultPlan.h"
@@ -10,26 +11,28 @@
 
 QStringList ControlCommands::help()
 {
-    return {
-        QStringLiteral("help                     this list"),
-        QStringLiteral("list                     services and streams, with their clients"),
-        QStringLiteral("faults                   what is to go wrong"),
-        QStringLiteral("fault STREAM WHAT [on STEP] [times COUNT]"),
-        QStringLiteral(
-            "                         makes something go wrong for those who ask for a stream, \"*\" for any"),
-        QStringLiteral("clear [STREAM]           forgets the faults, silence and rates of a stream, or of all"),
-        QStringLiteral("drop [STREAM]            closes the connections that play a stream, or all"),
-        QStringLiteral("silence on|off [STREAM]  stops sending in mid-stream, and goes on"),
-        QStringLiteral("rate PERCENT [STREAM]    how fast a stream runs, 1% to 1000%"),
-        QStringLiteral("playlist next [STREAM]   goes on with the next film of its playlist"),
-        QStringLiteral("header [STREAM]          goes on under a changed header"),
-        QStringLiteral("end [STREAM]             ends the stream for those who play it"),
-    };
+    return QStringList{
+               QStringLiteral("help                     this list"),
+               QStringLiteral("list                     services and streams, with their clients"),
+               QStringLiteral("faults                   what is to go wrong"),
+               QStringLiteral("fault STREAM WHAT [on STEP] [times COUNT]"),
+               QStringLiteral(
+                   "                         makes something go wrong for those who ask for a stream, \"*\" for any"),
+               QStringLiteral(
+                   "clear [STREAM]           forgets the faults, silence and rates of a stream, or of all"),
+               QStringLiteral("drop [STREAM]            closes the connections that play a stream, or all"),
+               QStringLiteral("silence on|off [STREAM]  stops sending in mid-stream, and goes on"),
+               QStringLiteral("rate PERCENT [STREAM]    how fast a stream runs, 1% to 1000%"),
+               QStringLiteral("playlist next [STREAM]   goes on with the next film of its playlist"),
+               QStringLiteral("header [STREAM]          goes on under a changed header"),
+               QStringLiteral("end [STREAM]             ends the stream for those who play it"),
+           } +
+           BiscottiCommands::help();
 }
 
 ControlCommands::Answer ControlCommands::run(QString const& line)
 {
-    static constexpr std::array<std::pair<char const*, Handler>, 11> handlers = {{
+    static constexpr std::array<std::pair<char const*, Handler>, 12> handlers = {{
         {"help", &ControlCommands::showHelp},
         {"list", &ControlCommands::list},
         {"faults", &ControlCommands::listFaults},
@@ -41,6 +44,7 @@ ControlCommands::Answer ControlCommands::run(QString const& line)
         {"playlist", &ControlCommands::playlist},
         {"header", &ControlCommands::header},
         {"end", &ControlCommands::end},
+        {"biscotti", &ControlCommands::biscotti},
     }};
     QStringList words = line.split(' ', Qt::SkipEmptyParts);
     if (words.isEmpty())
@@ -171,6 +175,16 @@ ControlCommands::Answer ControlCommands::end(QStringList const& words)
     Answer answer;
     for (Broadcast* const broadcast : broadcasts(words.value(0), answer))
         broadcast->end();
+    return answer;
+}
+
+ControlCommands::Answer ControlCommands::biscotti(QStringList const& words)
+{
+    Answer answer;
+    if (_biscotti)
+        answer.error = _biscotti->run(words, answer.lines);
+    else
+        answer.error = QStringLiteral("Biscotti is not served");
     return answer;
 }
 

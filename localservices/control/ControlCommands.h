@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+class BiscottiCommands;
 class Broadcast;
 class BroadcastCatalogue;
 class FaultPlan;
@@ -24,6 +25,9 @@ public:
     /// A service whose clients are listed and dropped. Borrowed.
     void addService(Service* service) { _services.append(service); }
 
+    /// Takes the commands about Biscotti. Borrowed.
+    void setBiscotti(BiscottiCommands* biscotti) { _biscotti = biscotti; }
+
     /// Does what a line asks for. An empty line asks for nothing.
     Answer run(QString const& line);
 
@@ -43,6 +47,7 @@ private:
     Answer playlist(QStringList const& words);
     Answer header(QStringList const& words);
     Answer end(QStringList const& words);
+    Answer biscotti(QStringList const& words);
 
     /// The broadcast of a name, or all without one; empty, with an error, when there is none of that name.
     QList<Broadcast*> broadcasts(QString const& name, Answer& answer) const;
@@ -50,4 +55,5 @@ private:
     BroadcastCatalogue& _catalogue;
     FaultPlan& _faults;
     QList<Service*> _services;
+    BiscottiCommands* _biscotti = nullptr;
 };

@@ -1,10 +1,16 @@
 #include "LocalServices.h"
 
 #include "AsfFile.h"
+#include "BiscottiCommands.h"
+#include "BiscottiServer.h"
 #include "ControlServer.h"
 #include "LocalServicesOptions.h"
+#include "Logger.h"
+#include "LoggerManager.h"
 #include "MmsHttpServer.h"
 #include "MmsTcpServer.h"
+
+Logger* LocalServices::log = LoggerManager::logger();
 
 LocalServices::LocalServices(TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent)
     : QObject(parent), _tickCounter(tickCounter), _timerFactory(timerFactory)
@@ -17,15 +23,9 @@ bool LocalServices::start(LocalServicesOptions const& options, QString& error)
 {
     if (!openStreams(options, error))
         return false;
-    if (options.mmsHttpPort &&
-        !startService(QStringLiteral("mms-http"),
-                      std::make_unique<MmsHttpServer>(_catalogue, _faults, &_documents, _tickCounter, _timerFactory),
-                      options.address, *options.mmsHttpPort, error))
+    if (!options.streams.isEmpty() && !startStreamServers(options, error))
         return false;
-    if (options.mmsTcpPort &&
-        !startService(QStringLiteral("mms-tcp"),
-                      std::make_unique<MmsTcpServer>(_catalogue, _faults, _tickCounter, _timerFactory),
-                      options.address, *options.mmsTcpPort, error))
+    if (options.biscottiPort && !startBiscotti(options, error))
         return false;
     if (options.controlPort && !startService(QStringLiteral("control"),
                                              std::make_unique<ControlServer>(_commands, _tickCounter, _timerFactory),
@@ -40,6 +40,45 @@ bool LocalServices::start(LocalServicesOptions const& options, QString& error)
             return false;
         }
     }
+    return true;
+}
+
+bool LocalServices::startStreamServers(LocalServicesOptions const& options, QString& error)
+{
+    if (options.mmsHttpPort &&
+        !startService(QStringLiteral("mms-http"),
+                      std::make_unique<MmsHttpServer>(_catalogue, _faults, &_documents, _tickCounter, _timerFactory),
+                      options.address, *options.mmsHttpPort, error))
+        return false;
+    return !options.mmsTcpPort ||
+           startService(QStringLiteral("mms-tcp"),
+                        std::make_unique<MmsTcpServer>(_catalogue, _faults, _tickCounter, _timerFactory),
+                        options.address, *options.mmsTcpPort, error);
+}
+
+namespace
+{
+bool isFree(QHostAddress const& address, quint16 port)
+{
+    return QTcpServer().listen(address, port);
+}
+} // namespace
+
+bool LocalServices::startBiscotti(LocalServicesOptions const& options, QString& error)
+{
+    auto server = std::make_unique<BiscottiServer>(_tickCounter, _timerFactory);
+    if (!options.biscottiMemory.isEmpty() && !server->remember(options.biscottiMemory, error))
+        return false;
+    auto commands = std::make_unique<BiscottiCommands>(*server);
+    quint16 port = *options.biscottiPort;
+    if (port != 0 && !options.isBiscottiPortGiven && !isFree(options.address, port)) {
+        LOG_WARNING("Biscotti: port %u is taken; a free one is used, which players have to be told of", port);
+        port = 0;
+    }
+    if (!startService(QStringLiteral("biscotti"), std::move(server), options.address, port, error))
+        return false;
+    _biscotti = std::move(commands);
+    _commands.setBiscotti(_biscotti.get());
     return true;
 }
 

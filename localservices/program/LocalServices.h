@@ -11,6 +11,8 @@
 #include <vector>
 
 struct LocalServicesOptions;
+class BiscottiCommands;
+class Logger;
 class Service;
 class TickCounter;
 class TimerFactory;
@@ -39,6 +41,8 @@ private:
     bool openStreams(LocalServicesOptions const& options, QString& error);
     bool startService(QString const& key, std::unique_ptr<Service> service, QHostAddress const& address, quint16 port,
                       QString& error);
+    bool startStreamServers(LocalServicesOptions const& options, QString& error);
+    bool startBiscotti(LocalServicesOptions const& options, QString& error);
     quint16 portOf(QString const& key) const;
 
     TickCounter& _tickCounter;
@@ -47,5 +51,8 @@ private:
     FaultPlan _faults;
     StreamDocuments _documents{_catalogue};
     ControlCommands _commands{_catalogue, _faults};
+    std::unique_ptr<BiscottiCommands> _biscotti;                         ///< Null unless it is served.
     std::vector<std::pair<QString, std::unique_ptr<Service>>> _services; ///< By key; they go before what they use.
+
+    static Logger* log;
 };

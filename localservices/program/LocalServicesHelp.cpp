@@ -7,7 +7,7 @@ char const* const text = R"(NAME
     ombravision-localservices - the services around Ombravision, on one machine
 
 SYNOPSIS
-    ombravision-localservices --stream /NAME=FILE ... [OPTION ...]
+    ombravision-localservices [--stream /NAME=FILE ...] [OPTION ...]
 
 DESCRIPTION
     Serves ASF files as live broadcasts, by MMS over HTTP and by MMS over TCP. A broadcast never ends: its film is
@@ -15,9 +15,13 @@ DESCRIPTION
     at a key frame shortly before now, with a few seconds of the past at once, so that the picture comes up quickly.
     Of several pictures of different bit rate in one file a viewer gets the one that fits.
 
+    Serves Biscotti as well: clients subscribe to topics and post to them, and each post goes to all whom it concerns.
+    It waits for clients where the player looks for it; "ombravision-biscotti --help" tells how to talk to it by hand.
+    Posts go to who is there; nothing is kept for later.
+
     Once the services are up, one line for each goes to standard output, "SERVICE ADDRESS PORT", where SERVICE is
-    mms-http, mms-tcp or control. What happens is logged on standard error. The program runs until it is ended by a
-    signal.
+    mms-http, mms-tcp, biscotti or control. What happens is logged on standard error. The program runs until it is
+    ended by a signal: SIGINT or SIGTERM closes all connections first.
 
     The port of MMS over HTTP also has documents: /NAME.asx and /NAME.wvx, playlists in ASX; /NAME.ref, a reference
     playlist; and /, all addresses. The playlists begin with entries where nobody answers, as real ones do.
@@ -29,6 +33,11 @@ OPTIONS
     --mms-http-port PORT     The port of MMS over HTTP; 0 for a free one (0), "none" for no such service.
     --mms-tcp-port PORT      The same for MMS over TCP.
     --control-port PORT      The same for the control port, which is always on 127.0.0.1.
+    --biscotti-port PORT     The same for Biscotti (22473; if that is taken and was not asked for, a free one).
+    --biscotti-memory FILE   Also remembers the posts of the last ten minutes in this file, so that a post that a client
+                             sends again is not passed on twice even if the program was ended in between.
+    --biscotti WHAT          What is told to the messaging server to begin with, such as "refuse .admin"; see CONTROL.
+                             Can be given several times.
     --ports-file FILE        Also writes the lines about the services to this file, at once and whole.
     --burst SECONDS          How much of the past a viewer gets at once, 0 to 60 (5).
     --dead-entries COUNT     How many dead entries the playlists begin with, 0 to 1000 (1).
@@ -38,6 +47,26 @@ OPTIONS
     --debug[=CLASS,...]      Logs more; with classes, only theirs.
     --version                Tells the version.
     --help                   This text.
+
+BISCOTTI
+    The server takes up to 10,000 clients. A client loses its connection, with a line in the log, if it does not greet
+    within 10 s, sends what is no message, is silent for 120 s, or has 4 MiB waiting that it does not read. It is sent
+    a heartbeat every 29 s. Messages are acknowledged with
+        200   done; a post has been sent to all whom it concerns
+        400   malformed: against the schema, without an id or without a topic
+        403   refused: the topic (see "biscotti refuse"), or beyond what a client may have: 1,000 subscriptions, 100
+              topics of a post, 32 levels or 1,024 characters of a topic, 1,024 characters of a sender
+        404   the subscription to end is not there
+        413   the body of a post is larger than 64 KiB
+        500   internal error, only on command
+        503   too many subscriptions of all clients together, or on command
+        4011  the topic wants a signature (see "biscotti seal")
+        4012  the message is signed, which cannot be verified yet
+        4091  the subscription id is in use, or was used for another topic
+        4092  the message has come before, perhaps on an earlier connection
+    A client is recognised by what its message ids begin with, up to the last comma. When it connects anew, its old
+    connection is closed. A post with an audience goes to those of its recipients that have subscribed with a fact that
+    the audience matches.
 
 FAULTS
     STREAM WHAT [on STEP] [times COUNT]
@@ -62,13 +91,15 @@ CONTROL
 )";
 
 char const* const end = R"(
-    STREAM is a name; without one it is about all streams.
+    STREAM is a name; without one it is about all streams. "drop" without one closes all connections of every service.
 
 EXIT STATUS
-    1 for wrong options, 2 when a file cannot be broadcast or a port cannot be had.
+    0 when it was ended by SIGINT or SIGTERM, 1 for wrong options, 2 when a file cannot be broadcast or remembered in,
+    or a port cannot be had.
 
 EXAMPLES
     ombravision-localservices --stream /live=film.asf --mms-http-port 8080 --mms-tcp-port 1755
+    ombravision-localservices --biscotti-memory /var/lib/biscotti/posts --listen 0.0.0.0
     ombravision-localservices --stream /live=a.asf --stream /live=b.asf --fault "/live 453 on describe times 1"
 )";
 } // namespace

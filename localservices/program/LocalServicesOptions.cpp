@@ -61,10 +61,16 @@ QString addDebug(LocalServicesOptions& options, QString const& value)
     return {};
 }
 
-std::array<Switch, 14> const& switches()
+QString setBiscottiPort(LocalServicesOptions& options, QString const& value)
+{
+    options.isBiscottiPortGiven = true;
+    return setPort(options.biscottiPort, value);
+}
+
+std::array<Switch, 17> const& switches()
 {
     using Options = LocalServicesOptions;
-    static std::array<Switch, 14> const all = {{
+    static std::array<Switch, 17> const all = {{
         {"listen", true,
          [](Options& o, QString const& v) {
              return o.address.setAddress(v) ? QString() : QStringLiteral("an address such as 127.0.0.1 is needed");
@@ -72,6 +78,10 @@ std::array<Switch, 14> const& switches()
         {"mms-http-port", true, [](Options& o, QString const& v) { return setPort(o.mmsHttpPort, v); }},
         {"mms-tcp-port", true, [](Options& o, QString const& v) { return setPort(o.mmsTcpPort, v); }},
         {"control-port", true, [](Options& o, QString const& v) { return setPort(o.controlPort, v); }},
+        {"biscotti-port", true, setBiscottiPort},
+        {"biscotti-memory", true, [](Options& o, QString const& v) { return o.biscottiMemory = v, QString(); }},
+        {"biscotti", true,
+         [](Options& o, QString const& v) { return o.commands.append("biscotti " + v), QString(); }},
         {"ports-file", true, [](Options& o, QString const& v) { return o.portsFile = v, QString(); }},
         {"stream", true, addStream},
         {"burst", true,

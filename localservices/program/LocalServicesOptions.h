@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Deployment.h"
+
 #include <QHostAddress>
 #include <QList>
 #include <QString>
@@ -25,6 +27,9 @@ struct LocalServicesOptions {
     Port mmsHttpPort = 0;
     Port mmsTcpPort = 0;
     Port controlPort = 0;
+    Port biscottiPort = Deployment::biscottiPort; ///< Where the player looks for it.
+    bool isBiscottiPortGiven = false;             ///< Otherwise a free port will do as well.
+    QString biscottiMemory;                       ///< A file; empty for none.
     QString portsFile;
     QList<Stream> streams;
     double burstSeconds = 5;

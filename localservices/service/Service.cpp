@@ -78,21 +78,24 @@ int Service::drop(QString const& path)
 
 void Service::onNewConnection()
 {
-    while (QTcpSocket* const pending = _server.nextPendingConnection()) {
-        std::unique_ptr<QTcpSocket> socket(pending);
-        if (_connections.size() >= maximumConnections) {
-            LOG_WARNING("%s: %d clients are enough, another one is turned away", qUtf8Printable(_name),
-                        maximumConnections);
-            socket->setParent(nullptr);
-            socket->abort();
-            continue;
-        }
-        ServiceConnection* const connection = createConnection(std::move(socket));
-        _connections.insert(connection);
-        connect(connection, &ServiceConnection::closed, this, &Service::onClosed);
-        LOG_DEBUG("%s: %s has come", qUtf8Printable(_name), qUtf8Printable(connection->peer()));
-        connection->start();
+    while (QTcpSocket* const pending = _server.nextPendingConnection())
+        adopt(std::unique_ptr<QTcpSocket>(pending));
+}
+
+void Service::adopt(std::unique_ptr<QTcpSocket> socket)
+{
+    if (_connections.size() >= maximumConnections) {
+        LOG_WARNING("%s: %d clients are enough, another one is turned away", qUtf8Printable(_name),
+                    maximumConnections);
+        socket->setParent(nullptr);
+        socket->abort();
+        return;
     }
+    ServiceConnection* const connection = createConnection(std::move(socket));
+    _connections.insert(connection);
+    connect(connection, &ServiceConnection::closed, this, &Service::onClosed);
+    LOG_DEBUG("%s: %s has come", qUtf8Printable(_name), qUtf8Printable(connection->peer()));
+    connection->start();
 }
 
 void Service::onClosed(ServiceConnection* connection)
@@ -106,4 +109,5 @@ void Service::onTimeout()
 {
     qint64 const now = _tickCounter.msSinceEpoch();
     forEachConnection([now](ServiceConnection& connection) { connection.checkTime(now); });
+    lookAfter(now);
 }

@@ -38,6 +38,9 @@ public:
     quint16 port() const { return _server.serverPort(); }
     int connectionCount() const { return static_cast<int>(_connections.size()); }
 
+    /// Takes a client whose connection came about elsewhere, or turns it away if there are enough.
+    void adopt(std::unique_ptr<QTcpSocket> socket);
+
     /// Calls for each client; the call may close it.
     void forEachConnection(std::function<void(ServiceConnection&)> const& call);
 
@@ -47,6 +50,9 @@ public:
 protected:
     /// A new client. Takes the socket over.
     virtual ServiceConnection* createConnection(std::unique_ptr<QTcpSocket> socket) = 0;
+
+    /// Called now and then, for what is not about a single connection.
+    virtual void lookAfter(qint64) {}
 
     TickCounter& tickCounter() const { return _tickCounter; }
 

@@ -57,6 +57,12 @@ bool ServiceConnection::send(QByteArray const& bytes)
     return true;
 }
 
+void ServiceConnection::flush()
+{
+    if (_open)
+        _socket->flush();
+}
+
 void ServiceConnection::finish()
 {
     if (!_open || _finishing)

@@ -59,6 +59,9 @@ protected:
     /// Sends, sharing the bytes. False when the connection is over, also by this.
     bool send(QByteArray const& bytes);
 
+    /// Hands as much of what was sent to the system as that takes now, without a turn of the event loop.
+    void flush();
+
     /// Ends the connection when all that was sent before has gone. What the client still sends goes nowhere: closing
     /// over it would take the last answer away from the client.
     void finish();

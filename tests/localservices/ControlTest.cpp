@@ -28,6 +28,7 @@ TEST_F(ControlTest, CommandsChangeTheStreamsOrSayWhatIsWrong)
         {"playlist", "playlist next"},
         {"playlist next /nowhere", "no stream"},
         {"drop /nowhere", "no stream"},
+        {"biscotti list", "not served"},
     };
     for (auto const& [line, text] : wrong)
         EXPECT_TRUE(commands.run(line).error.contains(text)) << qPrintable(line + ": " + commands.run(line).error);
@@ -81,6 +82,7 @@ TEST(LocalServicesOptions, WrongSwitchesAreToldInWords)
         {{"--stream", "/live="}, "/live=film.asf"},
         {{"--mms-http-port", "70000"}, "1 to 65535"},
         {{"--mms-tcp-port=x"}, "1 to 65535"},
+        {{"--biscotti-port", "65536"}, "1 to 65535"},
         {{"--burst", "-1"}, "0 to 60"},
         {{"--burst", "nan"}, "0 to 60"},
         {{"--listen", "here"}, "an address"},
@@ -93,11 +95,11 @@ TEST(LocalServicesOptions, WrongSwitchesAreToldInWords)
     QString error;
     auto const options =
         LocalServicesOptions::parse({"--stream", "live=a=b.asf", "--stream=/live=c.asf", "--control-port=none",
-                                     "--fault", "/live 453", "--burst", "2.5"},
+                                     "--biscotti", "refuse .a", "--fault", "/live 453", "--burst", "2.5"},
                                     error);
     ASSERT_TRUE(options) << qPrintable(error);
     ASSERT_EQ(options->streams.size(), 1);
     EXPECT_EQ(options->streams.first().files, (QStringList{"a=b.asf", "c.asf"}));
     EXPECT_FALSE(options->controlPort);
-    EXPECT_EQ(options->commands, QStringList{"fault /live 453"});
+    EXPECT_EQ(options->commands, (QStringList{"biscotti refuse .a", "fault /live 453"}));
 }

@@ -7,7 +7,7 @@ import tempfile
 
 from . import built, wait_for
 
-SERVICES = "mms-http", "mms-tcp", "control"
+SERVICES = "mms-http", "mms-tcp", "biscotti", "control"
 
 
 class LocalServices:
@@ -30,6 +30,10 @@ class LocalServices:
         self._process.terminate()
         self._process.wait(10)
         self._directory.cleanup()
+
+    def wait(self):
+        """The status with which it ended."""
+        return self._process.wait(10)
 
     def start(self):
         ports = pathlib.Path(self._directory.name) / "ports"
