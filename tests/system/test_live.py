@@ -36,8 +36,10 @@ class Live(unittest.TestCase):
             check_stream(self, self.display, server.address, self.clip, FREQUENCY)
 
     def test_a_server_that_is_killed_and_comes_back(self):
-        with LocalServices("--stream", f"/live={self.clip}") as services, \
-                Program(self.display, self.mms(services, "mmsh")) as program:
+        with LocalServices("--stream", f"/live={self.clip}", "--biscotti-port", 0) as services, \
+                Program(self.display, self.mms(services, "mmsh"),
+                        settings={r"application/biscotti\port": services.ports["biscotti"]}) as program:
+            program.wait_for_log(r"Link to Biscotti established", 10)
             program.wait_for_log(PLAYING, 30)
             wait_for(lambda: number_on_screen(program) is not None, 10, "the first picture")
             services.kill()
