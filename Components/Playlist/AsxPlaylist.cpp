@@ -201,7 +201,8 @@ void AsxPlaylist::addAddress(QDomElement const& element, PlaylistItem& item) con
         return;
     QUrl const base(_base);
     QUrl const relative(address);
-    if (base.isValid() && !base.host().isEmpty() && relative.isValid() && relative.isRelative()) {
+    bool const isUsableBase = base.isValid() && !base.isRelative() && !base.host().isEmpty();
+    if (isUsableBase && relative.isValid() && relative.isRelative()) {
         QUrl const resolved = base.resolved(relative);
         address = resolved.isValid() ? resolved.toString(QUrl::FullyEncoded) : address;
     }

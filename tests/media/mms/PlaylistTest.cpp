@@ -46,6 +46,8 @@ TEST(AsxPlaylist, FindsTheAddressesOfItsEntries)
          "http://i/x|http://h/d/y%20z mms://a/1"},
         {"<asx><base href='http\u008f://h/'/><entry><ref href='x'/></entry></asx>", "x"},
         {"<asx><base href='h tp://h/'/><entry><ref href='x'/></entry></asx>", "x"},
+        {"<asx><base href='http://'/><entry><ref href='x'/><ref href='//y'/></entry></asx>", "x //y"},
+        {"<asx><base href='//h/'/><entry><ref href='x'/></entry></asx>", "x"},
         {"<asx><!-- <entry> don't --><entry><title>A > B</title><ref href='a:1>2'/></entry></asx>", "a:1>2"},
         {"<asx><entry><title><![CDATA[<X> & it's]]></title><ref href='a:1'/></entry></asx>", "a:1"},
         {"<asx><entry><ref/><ref href='  '/></entry></asx>", ""},
