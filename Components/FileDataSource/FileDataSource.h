@@ -21,6 +21,7 @@ public:
     void start() override;
     void stop() override;
     int readFrame(AVPacket* packet) override;
+    bool isSeekable() const override { return !_isLive && GLMovieDataSource::isSeekable(); }
 
 private:
     class FileDataSourceThread;

@@ -90,6 +90,14 @@ int GLMovieDataSource::seekFrame(AVStream* stream, long long timestamp, int flag
     return av_seek_frame(_formatContext.get(), stream->index, timestamp, flags);
 }
 
+bool GLMovieDataSource::isSeekable() const
+{
+    if (!_formatContext || (_formatContext->ctx_flags & AVFMTCTX_UNSEEKABLE))
+        return false;
+    // Formats without an I/O of their own, such as segments, can seek as far as they know their length.
+    return _formatContext->pb ? _formatContext->pb->seekable != 0 : duration() > 0.0;
+}
+
 double GLMovieDataSource::duration() const
 {
     if (!_formatContext || _formatContext->duration == AV_NOPTS_VALUE || _formatContext->duration <= 0)

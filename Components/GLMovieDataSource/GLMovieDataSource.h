@@ -56,6 +56,9 @@ public:
     /// negative on failure.
     virtual int seekFrame(AVStream* stream, long long timestamp, int flags);
 
+    /// Whether seekFrame() can do anything for what is open. A live stream cannot be sought. Waits for nothing.
+    virtual bool isSeekable() const;
+
     /// Seconds; 0 when it is not known.
     virtual double duration() const;
 

@@ -37,6 +37,7 @@ public:
     int readFrame(AVPacket* packet) override;
     /// Does nothing and returns 0: what is live cannot be sought.
     int seekFrame(AVStream* stream, long long timestamp, int flags) override;
+    bool isSeekable() const override { return false; }
 
     /// What delivers the bytes; null unless open. Lives on a thread of its own.
     LatteClient const* client() const { return _client; }
