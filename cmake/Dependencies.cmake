@@ -5,7 +5,7 @@ find_package(CURL REQUIRED)
 find_package(X11 REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET
-  libavformat>=59.27 libavcodec>=59.37 libavutil>=57.28 libswscale libswresample)
+  libavformat>=59.27 libavcodec>=59.37 libavfilter>=8.44 libavutil>=57.28 libswscale libswresample)
 pkg_check_modules(OPENAL REQUIRED IMPORTED_TARGET openal)
 if(OMBRAVISION_TESTS)
   find_package(GTest REQUIRED)

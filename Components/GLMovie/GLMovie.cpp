@@ -1,53 +1,33 @@
 #include "GLMovie.h"
 
-#include "GLARBFragmentProgram.h"
-#include "GLARBMultiTexture.h"
-#include "GLARBShaderObjects.h"
+#include "GLMovieAudioOutput.h"
 #include "GLMovieDataSource.h"
 #include "GLMoviePacketQueue.h"
 #include "GLMoviePacketQueueWatcher.h"
-#include "GLMovieTexture.h"
+#include "GLMovieVideoOutput.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
-extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
-#include <libavutil/time.h>
-#include <libswresample/swresample.h>
-#include <libswscale/swscale.h>
-}
+#include <utility>
 
 Logger* GLMovie::log = LoggerManager::logger();
 
-void GLMovie::CodecContextDeleter::operator()(AVCodecContext* context) const
+namespace
 {
-    avcodec_free_context(&context);
-}
-
-void GLMovie::FrameDeleter::operator()(AVFrame* frame) const
-{
-    av_frame_free(&frame);
-}
-
-void GLMovie::SwsDeleter::operator()(SwsContext* context) const
-{
-    sws_freeContext(context);
-}
-
-void GLMovie::SwrDeleter::operator()(SwrContext* context) const
-{
-    swr_free(&context);
-}
+constexpr int maximumAudioPackets = 32;
+constexpr int maximumVideoPackets = 100; // Without sound; with it, the sound paces the reader.
+} // namespace
 
 GLMovie::GLMovie(GLMovieDataSource* dataSource, bool useHardwareColourConversion, QObject* parent)
-    : QThread(parent), _dataSource(dataSource), _useHardwareColourConversion(useHardwareColourConversion)
+    : QThread(parent), _dataSource(dataSource),
+      _requests([dataSource](bool interrupted) { dataSource->setInterrupted(interrupted); })
 {
+    _options.useHardwareColourConversion = useHardwareColourConversion;
     connect(_dataSource, &GLMovieDataSource::opened, this, &GLMovie::onDataSourceOpened);
     connect(_dataSource, &GLMovieDataSource::closed, this, &GLMovie::onDataSourceClosed);
     // A film that has ended is not silent: its watchdog rests. A loss keeps its words.
     connect(this, &GLMovie::completed, _dataSource, [this, source = _dataSource] {
-        if (!_lost)
+        if (!_requests.isLost())
             source->stop();
     });
 }
@@ -82,207 +62,82 @@ int GLMovie::open()
     _url = _dataSource->uri();
     _videoStream = _dataSource->videoStream();
     _audioStream = _dataSource->audioStream();
-    _syncToAudio = true;
     if (!_videoStream && !_audioStream)
         return NoStreams;
+    _videoQueue = std::make_unique<GLMoviePacketQueue>(maximumVideoPackets);
+    _audioQueue = std::make_unique<GLMoviePacketQueue>(maximumAudioPackets);
+    if (int const code = openStreams(); code != NoError) {
+        freeResources();
+        return code;
+    }
+    if (!_audioStream)
+        LOG_INFO("No audio stream was opened so we will not sync with the audio");
+    if (!_options.renderAudio)
+        LOG_INFO("We are not rendering the audio will not sync with the audio");
 
+    _videoWatcher = std::make_unique<GLMovieVideoPacketQueueWatcher>(*this, *_videoQueue);
+    _audioWatcher = std::make_unique<GLMovieAudioPacketQueueWatcher>(*this, *_audioQueue);
+    _opened = true;
+    if (_options.dumpVideo || _options.dumpAudio)
+        _dump.openPacketDumpFile(_options.dumpDirectory);
+    LOG_INFO("Opened %s", qPrintable(_url));
+    return NoError;
+}
+
+int GLMovie::openStreams()
+{
     if (_videoStream) {
         int const code = openVideoStream();
-        if (code != NoError && !_audioStream) {
-            close(true);
-            freeResources();
+        if (code != NoError && !_audioStream)
             return code;
-        }
         if (code != NoError)
             _videoStream = nullptr;
     }
     if (_audioStream) {
         int const code = openAudioStream();
-        if (code != NoError && !_videoStream) {
-            close(true);
-            freeResources();
+        if (code != NoError && !_videoStream)
             return code;
-        }
         if (code != NoError) {
             LOG_INFO("Audio stream failed but video stream is ok so ignoring audio stream and playing video only");
             _audioStream = nullptr;
-            _audio.close();
         }
     }
-    if (!_audioStream) {
-        LOG_INFO("No audio stream was opened so we will not sync with the audio");
-        _syncToAudio = false;
-    }
-    if (!_renderAudio) {
-        LOG_INFO("We are not rendering the audio will not sync with the audio");
-        _syncToAudio = false;
-    }
-
-    _videoQueue = std::make_unique<GLMoviePacketQueue>();
-    _audioQueue = std::make_unique<GLMoviePacketQueue>();
-    _videoWatcher = std::make_unique<GLMovieVideoPacketQueueWatcher>(*this, *_videoQueue);
-    _audioWatcher = std::make_unique<GLMovieAudioPacketQueueWatcher>(*this, *_audioQueue);
-    _opened = true;
-    if (_dumpVideo || _dumpAudio)
-        _dump.openPacketDumpFile(_dumpDirectory);
-    LOG_INFO("Opened %s", qPrintable(_url));
     return NoError;
-}
-
-GLMovie::CodecContext GLMovie::openCodec(AVStream const* stream, int& averror)
-{
-    AVCodec const* const codec = avcodec_find_decoder(stream->codecpar->codec_id);
-    CodecContext context(codec ? avcodec_alloc_context3(codec) : nullptr);
-    averror = context ? avcodec_parameters_to_context(context.get(), stream->codecpar) : AVERROR_DECODER_NOT_FOUND;
-    if (averror < 0)
-        return {};
-    context->pkt_timebase = stream->time_base;
-    if (codec->type == AVMEDIA_TYPE_VIDEO)
-        context->thread_count = 0; // As many as there are cores.
-    averror = avcodec_open2(context.get(), codec, nullptr);
-    return averror < 0 ? CodecContext() : std::move(context);
 }
 
 int GLMovie::openVideoStream()
 {
-    AVCodecParameters const* const parameters = _videoStream->codecpar;
-    LOG_INFO("Searching for a decoder for videoCodec id = %d", static_cast<int>(parameters->codec_id));
-    if (!avcodec_find_decoder(parameters->codec_id)) {
-        LOG_ERROR("Could not locate a video decoder. Cannot play");
-        return NoVideoDecoder;
-    }
-    int averror = 0;
-    _videoCodec = openCodec(_videoStream, averror);
-    if (!_videoCodec) {
-        LOG_ERROR("Could not open video codec %s. Cannot play", avcodec_get_name(parameters->codec_id));
-        return VideoCodecFailed;
-    }
-    _frame.reset(av_frame_alloc());
-    _outputFrame.reset(av_frame_alloc());
-    if (!_frame || !_outputFrame) {
-        LOG_ERROR("Failed avcodec_alloc_frame. Cannot play");
-        return NoFrame;
-    }
-    chooseColourConversion();
-    LOG_INFO("Opened video codec %s.", _videoCodec->codec->name);
-    return NoError;
-}
-
-void GLMovie::chooseColourConversion()
-{
-    bool const programs =
-        GLARBFragmentProgram::instance()->isSupported() || GLARBShaderObjects::instance()->isSupported();
-    bool const multitexturing = GLARBMultiTexture::instance()->isSupported();
-    if (!programs)
-        LOG_INFO("This system does not support fragment programs.");
-    if (!multitexturing)
-        LOG_INFO("This system does not support multitexturing.");
-
-    if (!programs || !multitexturing || !_useHardwareColourConversion) {
-        LOG_INFO("Switching to software YUV to RGB conversion.");
-        _outputPixelFormat = AV_PIX_FMT_RGB24;
-        return;
-    }
-    LOG_INFO("Switching to hardware YUV to RGB conversion.");
-    bool const fullChroma = _videoCodec->pix_fmt == AV_PIX_FMT_YUV444P || _videoCodec->pix_fmt == AV_PIX_FMT_YUVJ444P;
-    _outputPixelFormat = fullChroma ? AV_PIX_FMT_YUV444P : AV_PIX_FMT_YUV420P;
+    GLMovieContext const context{*this, _clock, _requests, _audio, *_videoQueue, *_audioQueue};
+    GLMovieVideoOutput::Options const options{_options.useHardwareColourConversion, _options.deinterlace,
+                                              _options.emitKeyframes};
+    _videoOutput = std::make_unique<GLMovieVideoOutput>(context, _videoStream, options);
+    int const code = _videoOutput->openVideoStream();
+    if (code != NoError)
+        _videoOutput.reset();
+    return code;
 }
 
 int GLMovie::openAudioStream()
 {
-    AVCodecID const id = _audioStream->codecpar->codec_id;
-    LOG_INFO("Searching for a decoder for audioCodec id = %d", static_cast<int>(id));
-    if (!GLMovieAudioSource::isDevicePresent()) {
-        LOG_INFO("No audio device present.");
-        return NoAudioDevice;
-    }
-    if (!avcodec_find_decoder(id)) {
-        LOG_ERROR("%s", qPrintable(missingAudioDecoderText(id)));
-        return NoAudioDecoder;
-    }
-    int averror = 0;
-    _audioCodec = openCodec(_audioStream, averror);
-    _audioFrame.reset(av_frame_alloc());
-    if (!_audioCodec || !_audioFrame) {
-        LOG_ERROR("Could not open audio codec %s. Cannot play", avcodec_get_name(id));
-        return AudioCodecFailed;
-    }
-    switch (_audio.open()) {
-    case GLMovieAudioSource::OpenResult::NoBuffers:
-        LOG_ERROR("Failed alGenBuffers. Cannot play");
-        return NoAudioBuffers;
-    case GLMovieAudioSource::OpenResult::NoSource:
-        LOG_ERROR("Failed alGenSources. Cannot play");
-        return NoAudioSource;
-    case GLMovieAudioSource::OpenResult::Opened:
-        break;
-    }
-    _audio.setGain(_muted ? 0.0 : _volume);
-    _audio.setPitch(_speed);
-    logAudioFormat();
-    LOG_INFO("Opened audio codec %s.", _audioCodec->codec->name);
-    return NoError;
-}
-
-QString GLMovie::missingAudioDecoderText(int codecId)
-{
-    switch (codecId) {
-    case AV_CODEC_ID_VORBIS:
-        return QStringLiteral("Could not locate an audio decoder for Vorbis. Cannot play");
-    case AV_CODEC_ID_AC3:
-        return QStringLiteral("Could not locate an audio decoder for AC3. Cannot play");
-    case AV_CODEC_ID_AAC:
-        return QStringLiteral("Could not locate an audio decoder for AAC. Cannot play");
-    case AV_CODEC_ID_DTS:
-        return QStringLiteral("Could not locate an audio decoder for DTS. Cannot play");
-    default:
-        return QStringLiteral("Could not locate an audio decoder. Cannot play");
-    }
-}
-
-void GLMovie::logAudioFormat() const
-{
-    int const channels = _audioCodec->ch_layout.nb_channels;
-    QString text = QStringLiteral("Audio format: ");
-    if (channels == 1)
-        text += "Mono";
-    else if (channels == 2)
-        text += "Stereo";
-    else
-        text += QString::asprintf("%d Channel", channels);
-    switch (av_get_packed_sample_fmt(_audioCodec->sample_fmt)) {
-    case AV_SAMPLE_FMT_U8:
-        text += " unsigned 8 bit";
-        break;
-    case AV_SAMPLE_FMT_S16:
-        text += " signed 16 bit";
-        break;
-    case AV_SAMPLE_FMT_S32:
-        text += " signed 32 bit";
-        break;
-    case AV_SAMPLE_FMT_FLT:
-    case AV_SAMPLE_FMT_DBL:
-        text += " floating point";
-        break;
-    default:
-        text += " unknown format";
-    }
-    text += QString::asprintf(" %d hz", _audioCodec->sample_rate);
-    LOG_INFO("%s", qPrintable(text));
+    GLMovieContext const context{*this, _clock, _requests, _audio, *_videoQueue, *_audioQueue};
+    _audioOutput = std::make_unique<GLMovieAudioOutput>(context, _audioStream, _options.renderAudio);
+    int const code = _audioOutput->openAudioStream();
+    if (code != NoError)
+        _audioOutput.reset();
+    return code;
 }
 
 int GLMovie::play()
 {
-    if (_playing || !_opened)
+    if (!_opened || isRunning())
         return NoError;
     LOG_INFO("Playing %s", qPrintable(_url));
-    _stopRequested = false;
-    _lost = false;
-    _dataSource->setInterrupted(false);
+    _clock.reset(_videoStream != nullptr, _audioStream && _options.renderAudio);
+    _counter.reset();
+    _requests.begin();
+    _sourceLost = false;
     startWatchers();
     _dataSource->start();
-    resetStartTime();
-    _playing = true;
     start(QThread::InheritPriority);
     return NoError;
 }
@@ -292,32 +147,24 @@ void GLMovie::stop(bool notify)
     if (!_opened)
         return;
     LOG_INFO("Stopping %s", qPrintable(_url));
-    _stopRequested = true;
-    _dataSource->setInterrupted(true);
-    joinThreads();
+    _requests.requestStop();
+    _videoQueue->wake();
+    _audioQueue->wake();
+    wait();
+    _videoWatcher->wait();
+    _audioWatcher->wait();
+    _requests.endReader(false); // From here on, all that the threads did is seen here.
     _dataSource->setInterrupted(false);
     if (!_sourceGoesOn)
         _dataSource->stop();
-    _videoQueue->clear();
-    _audioQueue->clear();
+    clearQueues();
     _audio.stop();
-    _textureAllocated = false;
-    _texture.reset();
-    _seenKeyframe = false;
-    _playing = false;
+    flushOutputs({});
+    if (_videoOutput)
+        _videoOutput->releaseTexture();
     if (notify)
         emit stopped(this);
     LOG_INFO("Stopped %s", qPrintable(_url));
-}
-
-void GLMovie::joinThreads()
-{
-    wakeAll();
-    wait();
-    static_cast<void>(_readerEnded.load(std::memory_order_acquire));
-    wakeAll();
-    _videoWatcher->join();
-    _audioWatcher->join();
 }
 
 void GLMovie::close(bool notify)
@@ -336,30 +183,14 @@ void GLMovie::freeResources()
 {
     _videoWatcher.reset();
     _audioWatcher.reset();
+    _videoOutput.reset();
+    _audioOutput.reset();
     _videoQueue.reset();
     _audioQueue.reset();
-    _videoCodec.reset();
-    _audioCodec.reset();
-    _frame.reset();
-    _outputFrame.reset();
-    _audioFrame.reset();
-    _swsContext.reset();
-    _swrContext.reset();
     _audio.close();
     _dump.close();
     _videoStream = nullptr;
     _audioStream = nullptr;
-    _width = 0;
-    _height = 0;
-    _audioRefusalReported = false;
-    _waitingForFirstVideo = true;
-    _waitingForFirstAudio = true;
-    _dropUntilKeyframe = false;
-    _firstVideoPts = 0.0;
-    _firstAudioPts = 0.0;
-    _sharesSoundsZero = false;
-    _lastVideoPts = 0.0;
-    _lastAudioPts = 0.0;
 }
 
 QString GLMovie::errorText(int error)

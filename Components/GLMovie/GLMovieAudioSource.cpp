@@ -1,20 +1,50 @@
 #include "GLMovieAudioSource.h"
 
+#include "AudioDevice.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
 #include <AL/al.h>
 #include <AL/alc.h>
+#include <AL/alext.h>
 
 extern "C" {
 #include <libavutil/time.h>
 }
 
 #include <algorithm>
-#include <chrono>
-#include <thread>
+#include <shared_mutex>
+#include <utility>
 
 Logger* GLMovieAudioSource::log = LoggerManager::logger();
+
+namespace
+{
+constexpr qint64 shortestPause = 1000; // µs
+constexpr qint64 longestPause = 20000; // µs
+
+/// While one lives, the OpenAL context stays.
+using ContextLock = std::shared_lock<std::shared_mutex>;
+
+ContextLock lockContext()
+{
+    return ContextLock(AudioDevice::contextMutex());
+}
+
+/// Whether there is a current context whose device still is there. A device that is gone takes every buffer for
+/// heard.
+bool isContextAlive()
+{
+    ALCcontext* const current = alcGetCurrentContext();
+    if (!current)
+        return false;
+    ALCdevice* const device = alcGetContextsDevice(current);
+    ALCint connected = ALC_TRUE;
+    if (alcIsExtensionPresent(device, "ALC_EXT_disconnect"))
+        alcGetIntegerv(device, ALC_CONNECTED, 1, &connected);
+    return connected != ALC_FALSE;
+}
+} // namespace
 
 GLMovieAudioSource::~GLMovieAudioSource()
 {
@@ -23,11 +53,22 @@ GLMovieAudioSource::~GLMovieAudioSource()
 
 bool GLMovieAudioSource::isDevicePresent()
 {
-    return alcGetCurrentContext() != nullptr;
+    ContextLock const context = lockContext();
+    return isContextAlive();
 }
 
 GLMovieAudioSource::OpenResult GLMovieAudioSource::open()
 {
+    ContextLock const context = lockContext();
+    std::lock_guard const lock(_audioHashMutex);
+    OpenResult const result = create();
+    _isOpen = result == OpenResult::Opened;
+    return result;
+}
+
+GLMovieAudioSource::OpenResult GLMovieAudioSource::create()
+{
+    forgetBuffers();
     alGetError();
     alGenBuffers(ringSize, _buffers.data());
     if (!checkForALError("alGenBuffers"))
@@ -42,61 +83,91 @@ GLMovieAudioSource::OpenResult GLMovieAudioSource::open()
         LOG_ERROR("Failed setting no loop on audio sources.");
     // The film's own stereo, not a place in a room.
     alSourcei(_source, AL_SOURCE_RELATIVE, AL_TRUE);
-    checkForALError("alSourcei AL_SOURCE_RELATIVE");
-    _bufferIndex = 0;
-    _isOpen = true;
+    alSourcef(_source, AL_GAIN, static_cast<ALfloat>(_gain));
+    alSourcef(_source, AL_PITCH, static_cast<ALfloat>(_pitch));
+    checkForALError("alSource");
+    _generation = AudioDevice::generation();
     return OpenResult::Opened;
+}
+
+void GLMovieAudioSource::forgetBuffers()
+{
+    _bufferIndex = 0;
+    _audioBufferStart.clear();
+    _audioBufferDuration.clear();
+    _queued.clear();
 }
 
 void GLMovieAudioSource::close()
 {
-    if (!_isOpen)
-        return;
     stop();
-    _isOpen = false;
-    if (!isDevicePresent())
-        return; // The device went first and took both with it.
+    ContextLock const context = lockContext();
+    std::lock_guard const lock(_audioHashMutex);
+    if (std::exchange(_isOpen, false) && isUsable())
+        destroy();
+}
+
+void GLMovieAudioSource::destroy()
+{
     alDeleteSources(1, &_source);
     checkForALError("alDeleteSources");
     alDeleteBuffers(ringSize, _buffers.data());
     checkForALError("alDeleteBuffers");
 }
 
-void GLMovieAudioSource::waitForAudioQueue(std::function<bool()> const& stopped)
+bool GLMovieAudioSource::isUsable()
 {
-    if (!_isOpen)
-        return;
-    int const queued = queuedBuffers();
-    // A quarter of a buffer is soon enough to notice, with a whole ring still to be heard.
-    auto const pause =
-        std::chrono::microseconds(std::clamp(static_cast<int>(_lastBufferTime * 1000000.0 / 4.0), 1000, 20000));
+    return isContextAlive() && _generation == AudioDevice::generation();
+}
+
+bool GLMovieAudioSource::waitForAudioQueue(GLMovieSound::Format format, Pause const& pause)
+{
     while (true) {
-        if (int const processed = processedBuffers(); processed > 0) {
-            unqueueProcessed(processed);
-            return;
+        qint64 wait = 0;
+        {
+            ContextLock const context = lockContext();
+            std::lock_guard const lock(_audioHashMutex);
+            if (!_isOpen || !isContextAlive())
+                return false;
+            // What was queued on another device went with it.
+            if (_generation != AudioDevice::generation() && create() != OpenResult::Opened)
+                return false;
+            unqueueProcessed();
+            int const queued = queuedBuffers();
+            if (queued == 0 || (queued < ringSize && format == _format))
+                return true;
+            // A quarter of a buffer is soon enough to notice, with a whole ring still to be heard.
+            wait = std::clamp(static_cast<qint64>(_lastBufferTime * 1000000.0 / 4.0), shortestPause, longestPause);
         }
-        if (queued < ringSize || stopped())
-            return;
-        std::this_thread::sleep_for(pause);
+        if (!pause(wait))
+            return false;
     }
 }
 
-void GLMovieAudioSource::bufferAudioData(QByteArray const& samples, Format format, double startTime)
+bool GLMovieAudioSource::bufferAudioData(GLMovieSound const& sound, double startTime)
 {
-    if (!_isOpen || queuedBuffers() >= ringSize)
-        return;
-    unsigned int const buffer = _buffers.at(_bufferIndex);
-    ALenum const alFormat = format.channels == 1 ? AL_FORMAT_MONO16 : AL_FORMAT_STEREO16;
-    alBufferData(buffer, alFormat, samples.constData(), static_cast<ALsizei>(samples.size()), format.sampleRate);
-    if (!checkForALError("alBufferData"))
-        return;
-    double const bytesPerSecond = static_cast<double>(format.sampleRate) * format.channels * 2;
-    _lastBufferTime = static_cast<double>(samples.size()) / bytesPerSecond;
+    ContextLock const context = lockContext();
     std::lock_guard const lock(_audioHashMutex);
+    if (!_isOpen || !isUsable() || queuedBuffers() >= ringSize)
+        return false;
+    if (_queued.isEmpty() && sound.format != _format) {
+        alSourceStop(_source); // A queue that was heard to its end keeps its format until it is given up.
+        alSourcei(_source, AL_BUFFER, 0);
+    }
+    unsigned int const buffer = _buffers.at(_bufferIndex);
+    ALenum const format = sound.format.channels == 1 ? AL_FORMAT_MONO16 : AL_FORMAT_STEREO16;
+    alBufferData(buffer, format, sound.samples.constData(), static_cast<ALsizei>(sound.samples.size()),
+                 sound.format.sampleRate);
+    if (!checkForALError("alBufferData"))
+        return false;
     alSourceQueueBuffers(_source, 1, &buffer);
-    if (checkForALError("alSourceQueueBuffers"))
-        updateAudioBufferHashes(buffer, startTime, _lastBufferTime);
+    if (!checkForALError("alSourceQueueBuffers"))
+        return false;
+    _format = sound.format;
+    _lastBufferTime = sound.duration();
+    updateAudioBufferHashes(buffer, startTime, _lastBufferTime);
     _bufferIndex = (_bufferIndex + 1) % ringSize;
+    return true;
 }
 
 void GLMovieAudioSource::updateAudioBufferHashes(unsigned int buffer, double startTime, double duration)
@@ -108,18 +179,21 @@ void GLMovieAudioSource::updateAudioBufferHashes(unsigned int buffer, double sta
 
 bool GLMovieAudioSource::ensureAudioPlaying()
 {
-    if (!_isOpen || _paused || isPlaying() || queuedBuffers() == 0)
+    ContextLock const context = lockContext();
+    std::lock_guard const lock(_audioHashMutex);
+    if (!_isOpen || _paused || !isUsable() || isPlaying() || queuedBuffers() == 0)
         return false;
     alSourcePlay(_source);
     checkForALError("alSourcePlay");
     return true;
 }
 
-double GLMovieAudioSource::audioTime()
+std::optional<double> GLMovieAudioSource::audioTime()
 {
-    if (!_isOpen)
-        return 0.0;
+    ContextLock const context = lockContext();
     std::lock_guard const lock(_audioHashMutex);
+    if (!_isOpen || !isUsable() || !isPlaying())
+        return {};
     unsigned int buffer = 0;
     double const mixed = mixedTime(buffer);
     qint64 const now = av_gettime_relative();
@@ -127,7 +201,7 @@ double GLMovieAudioSource::audioTime()
         _lastMixedTime = mixed;
         _lastBufferChange = now;
     }
-    double const sinceChange = static_cast<double>(now - _lastBufferChange) / 1000000.0;
+    double const sinceChange = static_cast<double>(now - _lastBufferChange) / 1000000.0 * _pitch;
     return mixed + std::min(sinceChange, _audioBufferDuration.value(buffer));
 }
 
@@ -148,37 +222,37 @@ double GLMovieAudioSource::mixedTime(unsigned int& buffer) const
 double GLMovieAudioSource::simpleAudioTime() const
 {
     ALfloat seconds = 0.0F;
-    if (_isOpen)
-        alGetSourcef(_source, AL_SEC_OFFSET, &seconds);
+    alGetSourcef(_source, AL_SEC_OFFSET, &seconds);
     return static_cast<double>(seconds);
 }
 
 bool GLMovieAudioSource::isPlaying() const
 {
     ALint state = AL_STOPPED;
-    if (_isOpen)
-        alGetSourcei(_source, AL_SOURCE_STATE, &state);
+    alGetSourcei(_source, AL_SOURCE_STATE, &state);
     return state == AL_PLAYING;
 }
 
 bool GLMovieAudioSource::isDrained()
 {
-    if (!_isOpen)
+    ContextLock const context = lockContext();
+    std::lock_guard const lock(_audioHashMutex);
+    if (!_isOpen || !isUsable())
         return true;
-    if (int const processed = processedBuffers(); processed > 0)
-        unqueueProcessed(processed);
-    return queuedBuffers() == 0 || !isDevicePresent();
+    unqueueProcessed();
+    return queuedBuffers() == 0 || (!_paused && !isPlaying());
 }
 
 void GLMovieAudioSource::stop()
 {
-    if (!_isOpen || !isDevicePresent())
-        return;
+    ContextLock const context = lockContext();
     std::lock_guard const lock(_audioHashMutex);
-    alSourceStop(_source);
-    checkForALError("alSourceStop");
-    alSourcei(_source, AL_BUFFER, 0);
-    checkForALError("alSourcei AL_BUFFER");
+    if (_isOpen && isUsable()) {
+        alSourceStop(_source);
+        checkForALError("alSourceStop");
+        alSourcei(_source, AL_BUFFER, 0);
+        checkForALError("alSourcei AL_BUFFER");
+    }
     _audioBufferStart.clear();
     _audioBufferDuration.clear();
     _queued.clear();
@@ -186,19 +260,26 @@ void GLMovieAudioSource::stop()
 
 void GLMovieAudioSource::setPaused(bool paused)
 {
-    _paused = paused;
-    if (!_isOpen)
-        return;
-    if (paused && isPlaying())
-        alSourcePause(_source);
-    else if (!paused)
+    {
+        ContextLock const context = lockContext();
+        std::lock_guard const lock(_audioHashMutex);
+        _paused = paused;
+        if (!_isOpen || !isUsable())
+            return;
+        if (paused && isPlaying())
+            alSourcePause(_source);
+        checkForALError("alSourcePause");
+    }
+    if (!paused)
         ensureAudioPlaying();
-    checkForALError("setPaused");
 }
 
 void GLMovieAudioSource::setGain(double gain)
 {
-    if (!_isOpen)
+    ContextLock const context = lockContext();
+    std::lock_guard const lock(_audioHashMutex);
+    _gain = gain;
+    if (!_isOpen || !isUsable())
         return;
     alSourcef(_source, AL_GAIN, static_cast<ALfloat>(gain));
     checkForALError("alSourcef AL_GAIN");
@@ -206,18 +287,13 @@ void GLMovieAudioSource::setGain(double gain)
 
 void GLMovieAudioSource::setPitch(double pitch)
 {
-    if (!_isOpen)
+    ContextLock const context = lockContext();
+    std::lock_guard const lock(_audioHashMutex);
+    _pitch = pitch;
+    if (!_isOpen || !isUsable())
         return;
     alSourcef(_source, AL_PITCH, static_cast<ALfloat>(pitch));
     checkForALError("alSourcef AL_PITCH");
-}
-
-double GLMovieAudioSource::pitch() const
-{
-    ALfloat pitch = 1.0F;
-    if (_isOpen)
-        alGetSourcef(_source, AL_PITCH, &pitch);
-    return static_cast<double>(pitch);
 }
 
 int GLMovieAudioSource::queuedBuffers() const
@@ -227,17 +303,11 @@ int GLMovieAudioSource::queuedBuffers() const
     return queued;
 }
 
-int GLMovieAudioSource::processedBuffers() const
+void GLMovieAudioSource::unqueueProcessed()
 {
     ALint processed = 0;
     alGetSourcei(_source, AL_BUFFERS_PROCESSED, &processed);
-    return processed;
-}
-
-void GLMovieAudioSource::unqueueProcessed(int count)
-{
-    std::lock_guard const lock(_audioHashMutex);
-    for (int i = 0; i < count; ++i) {
+    for (ALint i = 0; i < processed; ++i) {
         ALuint buffer = 0;
         alSourceUnqueueBuffers(_source, 1, &buffer);
         if (!checkForALError("alSourceUnqueueBuffers"))

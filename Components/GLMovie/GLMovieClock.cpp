@@ -1,150 +1,338 @@
-// When a movie's pictures are due.
+#include "GLMovieClock.h"
 
-#include "GLMovie.h"
-#include "GLMovieDataSource.h"
-#include "GLMoviePacketQueue.h"
 #include "Logger.h"
+#include "LoggerManager.h"
 
 extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
 #include <libavutil/time.h>
 }
 
 #include <algorithm>
-#include <chrono>
+#include <cmath>
+#include <utility>
+
+Logger* GLMovieClock::log = LoggerManager::logger();
 
 namespace
 {
-
-constexpr double jumpSeconds = 10.0;   // A clock that leaps this far has been reset by the sender.
-constexpr double tooLateSeconds = 5.0; // A picture later than this is not worth decoding.
-constexpr qint64 shortestWait = 1000;  // µs
-constexpr qint64 longestWait = 10000;  // µs; sound may start, stop or jump meanwhile.
-
+constexpr double microseconds = 1000000.0;
+constexpr double longestStep = 0.2; // Seconds; a longer pause between pictures says nothing about the next.
 } // namespace
 
-double GLMovie::masterClockTime() const
+GLMovieClock::GLMovieClock() : GLMovieClock([] { return static_cast<qint64>(av_gettime_relative()); }) {}
+
+GLMovieClock::GLMovieClock(TimeSource now) : _now(std::move(now)) {}
+
+void GLMovieClock::reset(bool hasPicture, bool hasSound)
 {
-    qint64 const pauseBegan = _pauseBegan;
-    qint64 const now = pauseBegan ? pauseBegan : av_gettime_relative();
-    return static_cast<double>(now - _startTime) / 1000000.0;
+    std::lock_guard const lock(_mutex);
+    _video = Track();
+    _audio = Track();
+    _video.present = hasPicture;
+    _audio.present = hasSound;
+    _started = false;
+    _baseTime = 0.0;
+    _startTime = instant();
+    _sought.reset();
 }
 
-void GLMovie::resetStartTime()
+double GLMovieClock::seek(double movieTime, double streamStart)
 {
-    _startTime = av_gettime_relative();
-    _lastAudioClockTime = 0;
+    std::lock_guard const lock(_mutex);
+    double const zero = (_audio.first ? _audio.first : _video.first).value_or(streamStart);
+    for (Track* const track : {&_video, &_audio}) {
+        Track fresh;
+        fresh.present = track->present;
+        fresh.first = track->first;
+        fresh.movieTime = movieTime;
+        *track = fresh;
+    }
+    _started = false;
+    _sought = movieTime;
+    return zero + movieTime;
+}
+
+void GLMovieClock::leaveSound()
+{
+    std::lock_guard const lock(_mutex);
+    _audio.present = false;
+    _audio.pending.reset();
+}
+
+bool GLMovieClock::hasSound() const
+{
+    std::lock_guard const lock(_mutex);
+    return _audio.present;
+}
+
+void GLMovieClock::setRate(double rate)
+{
+    std::lock_guard const lock(_mutex);
+    double const time = masterClockTime();
+    _startTime = instant();
+    _baseTime = time;
+    _rate = rate;
+}
+
+double GLMovieClock::rate() const
+{
+    std::lock_guard const lock(_mutex);
+    return _rate;
+}
+
+void GLMovieClock::setPaused(bool paused)
+{
+    std::lock_guard const lock(_mutex);
+    if (paused == _pauseBegan.has_value())
+        return;
+    if (paused) {
+        _pauseBegan = _now();
+        return;
+    }
+    qint64 const stood = _now() - *_pauseBegan;
+    _startTime += stood;
+    _lastHeard += stood;
+    _lastShown += stood;
+    _pauseBegan.reset();
+}
+
+void GLMovieClock::setPresentationOffset(double seconds)
+{
+    std::lock_guard const lock(_mutex);
+    _presentationOffset = seconds;
+}
+
+double GLMovieClock::time(std::optional<double> heard)
+{
+    std::lock_guard const lock(_mutex);
+    hear(heard);
+    return masterClockTime();
+}
+
+bool GLMovieClock::syncToAudio() const
+{
+    std::lock_guard const lock(_mutex);
+    return goesBySound();
+}
+
+bool GLMovieClock::waitingForFirstVideo() const
+{
+    std::lock_guard const lock(_mutex);
+    return !_video.begun;
+}
+
+bool GLMovieClock::waitingForFirstAudio() const
+{
+    std::lock_guard const lock(_mutex);
+    return !_audio.begun;
+}
+
+double GLMovieClock::movieTime() const
+{
+    std::lock_guard const lock(_mutex);
+    if (_sought)
+        return *_sought;
+    return goesBySound() || !_video.present ? _audio.movieTime : _video.movieTime;
+}
+
+bool GLMovieClock::ignoreVideo()
+{
+    std::lock_guard const lock(_mutex);
+    return !std::exchange(_video.begun, true);
+}
+
+bool GLMovieClock::ignoreAudio()
+{
+    std::lock_guard const lock(_mutex);
+    _audio.present = false;
+    return !std::exchange(_audio.begun, true);
+}
+
+void GLMovieClock::beginVideo(double seconds)
+{
+    std::lock_guard const lock(_mutex);
+    _video.begun = true;
+    if (!_video.first)
+        _video.first = seconds;
+    if (!_started)
+        startAt(seconds + _video.shift);
+}
+
+GLMovieClock::Due GLMovieClock::videoDue(double seconds, std::optional<double> heard)
+{
+    std::lock_guard const lock(_mutex);
+    hear(heard);
+    Due due;
+    followVideoLeap(seconds, due);
+    due.at = seconds + _video.shift;
+    due.wait = due.at - masterClockTime() - _presentationOffset;
+    _video.pending = due.at;
+    return due;
+}
+
+void GLMovieClock::followVideoLeap(double seconds, Due& due)
+{
+    double const now = masterClockTime();
+    double const own = seconds + _video.shift;
+    double const sounds = seconds + _audio.shift;
+    bool const soundHasLed = _audio.begun && _audio.shift != _video.shift && std::abs(sounds - now) <= jumpSeconds;
+    if (_video.end && *_video.end - own > jumpSeconds) {
+        due.jumped = true;
+        _video.first = seconds;
+        moveTo(_video, seconds, soundHasLed ? sounds : *_video.end + _videoStep);
+        if (!goesBySound())
+            startAt(seconds + _video.shift);
+    } else if (std::abs(own - now) > jumpSeconds && soundHasLed) {
+        moveTo(_video, seconds, sounds);
+    } else if (own - now > jumpSeconds && !goesBySound() && !_audio.pending) {
+        // Nothing else plays: a leap ahead must not hold the picture for as long.
+        _video.first = seconds;
+        moveTo(_video, seconds, now);
+    }
+}
+
+void GLMovieClock::videoShown(double seconds)
+{
+    std::lock_guard const lock(_mutex);
+    double const at = seconds + _video.shift;
+    if (_video.end && at > *_video.end && at - *_video.end < longestStep)
+        _videoStep = at - *_video.end;
+    _video.end = at;
+    _video.pending.reset();
+    _lastShown = instant();
+    _video.movieTime = movieTimeOf(seconds);
+    if (!goesBySound())
+        _sought.reset();
+}
+
+std::optional<double> GLMovieClock::videoLateness(double seconds, std::optional<double> heard)
+{
+    std::lock_guard const lock(_mutex);
+    hear(heard);
+    double const own = seconds + _video.shift;
+    if (_video.end && *_video.end - own > jumpSeconds)
+        return {};
+    double const now = masterClockTime();
+    if (_audio.begun && _audio.shift != _video.shift)
+        return std::min(now - own, std::abs(now - (seconds + _audio.shift)));
+    return now - own;
+}
+
+double GLMovieClock::videoMovieTime(double seconds) const
+{
+    std::lock_guard const lock(_mutex);
+    return movieTimeOf(seconds);
+}
+
+void GLMovieClock::videoDropped(double seconds)
+{
+    std::lock_guard const lock(_mutex);
+    _video.end = seconds + _video.shift;
+    _video.movieTime = movieTimeOf(seconds);
+}
+
+GLMovieClock::Due GLMovieClock::soundDue(double seconds, std::optional<double> heard)
+{
+    std::lock_guard const lock(_mutex);
+    hear(heard);
+    Due due;
+    if (_audio.end)
+        followSoundLeap(seconds, due);
+    due.at = seconds + _audio.shift;
+    // Sound alone has nothing to wait for, and what follows what is queued is queued behind it.
+    double const now = masterClockTime();
+    double const queuedUntil = std::max(_audio.end.value_or(now), now);
+    bool const silence = _started && _video.present && due.at - queuedUntil > shortestSilence;
+    due.wait = silence ? due.at - now : 0.0;
+    _audio.pending = silence ? std::optional(due.at) : std::nullopt;
+    return due;
+}
+
+void GLMovieClock::followSoundLeap(double seconds, Due& due)
+{
+    double const own = seconds + _audio.shift;
+    double const pictures = seconds + _video.shift;
+    double const end = *_audio.end;
+    double const now = masterClockTime();
+    bool const pictureHasLed =
+        _video.begun && _audio.shift != _video.shift && std::abs(pictures - std::max(end, now)) <= jumpSeconds;
+    if (end - own > jumpSeconds) {
+        due.jumped = true;
+        _audio.first = seconds;
+        moveTo(_audio, seconds, pictureHasLed ? pictures : end);
+        LOG_DEBUG("Resetting start time to %lld", static_cast<long long>(_startTime));
+    } else if (own - now > jumpSeconds) {
+        // Pictures that go on mean that only the sound is missing; without any, both have leapt, or there are none.
+        bool const pictureGoesOn = static_cast<double>(instant() - _lastShown) / microseconds < longestSilence;
+        bool const pictureIsNear =
+            _video.begun && (_video.pending ? *_video.pending - now <= jumpSeconds : pictureGoesOn);
+        if (pictureHasLed)
+            moveTo(_audio, seconds, pictures);
+        else if (!pictureIsNear)
+            moveTo(_audio, seconds, std::max(end, now));
+    }
+}
+
+void GLMovieClock::soundQueued(double seconds, double at, double duration)
+{
+    std::lock_guard const lock(_mutex);
+    if (!_audio.first)
+        _audio.first = seconds;
+    if (!_started)
+        startAt(at);
+    if (!_audio.begun)
+        _lastHeard = instant(); // It is about to be.
+    _audio.begun = true;
+    _audio.end = at + duration;
+    _audio.pending.reset();
+    _audio.movieTime = seconds - *_audio.first;
+    _sought.reset();
+}
+
+void GLMovieClock::moveTo(Track& track, double seconds, double time)
+{
+    track.shift = time - seconds;
+}
+
+double GLMovieClock::movieTimeOf(double seconds) const
+{
+    // Picture and sound share the sound's zero, on the timeline, where their shifts may differ for a while.
+    if (_audio.present && _audio.begun && _audio.first)
+        return seconds + _video.shift - (*_audio.first + _audio.shift);
+    return seconds - _video.first.value_or(seconds);
+}
+
+bool GLMovieClock::goesBySound() const
+{
+    return _audio.present && _audio.begun &&
+           static_cast<double>(instant() - _lastHeard) / microseconds < longestSilence;
+}
+
+void GLMovieClock::hear(std::optional<double> heard)
+{
+    if (!heard || !_audio.present)
+        return;
+    _baseTime = *heard;
+    _startTime = instant();
+    _lastHeard = _startTime;
+}
+
+qint64 GLMovieClock::instant() const
+{
+    return _pauseBegan ? *_pauseBegan : _now();
+}
+
+double GLMovieClock::masterClockTime() const
+{
+    if (!_started)
+        return _baseTime;
+    return _baseTime + static_cast<double>(instant() - _startTime) / microseconds * _rate;
+}
+
+void GLMovieClock::startAt(double time)
+{
+    _started = true;
+    _baseTime = time;
+    _startTime = instant();
     LOG_DEBUG("Resetting start time to %lld", static_cast<long long>(_startTime));
-}
-
-double GLMovie::clockTime()
-{
-    if (!_syncToAudio || _waitingForFirstAudio)
-        return masterClockTime();
-    qint64 const now = _pauseBegan ? _pauseBegan.load() : av_gettime_relative();
-    if (_audio.isPlaying()) {
-        double const time = _audio.audioTime();
-        _lastAudioClock = time;
-        _lastAudioClockTime = now;
-        return time;
-    }
-    // Sound that has run dry does not hold the picture up: it goes on at its pace from where the sound was.
-    if (_lastAudioClockTime == 0)
-        return masterClockTime();
-    return _lastAudioClock + static_cast<double>(now - _lastAudioClockTime) / 1000000.0;
-}
-
-double GLMovie::computeVideoPacketPTS(qint64 timestamp)
-{
-    if (timestamp == AV_NOPTS_VALUE)
-        return 0.0;
-    double const seconds = static_cast<double>(timestamp) * av_q2d(_videoStream->time_base);
-    if (!_syncToAudio || _waitingForFirstAudio)
-        return seconds - _firstVideoPts;
-    if (!_sharesSoundsZero) {
-        _soundsZero = _firstAudioPts;
-        _sharesSoundsZero = true;
-    }
-    return seconds - _soundsZero;
-}
-
-double GLMovie::computeAudioPacketPTS(qint64 timestamp) const
-{
-    if (timestamp == AV_NOPTS_VALUE)
-        return _lastAudioPts;
-    return static_cast<double>(timestamp) * av_q2d(_audioStream->time_base) - _firstAudioPts;
-}
-
-bool GLMovie::checkIfPacketNeedsDropping(AVPacket const* packet)
-{
-    if (_waitingForFirstVideo || packet->size == 0)
-        return false;
-    qint64 const timestamp = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
-    if (timestamp == AV_NOPTS_VALUE)
-        return false;
-    double pts = computeVideoPacketPTS(timestamp);
-    double late = clockTime() - pts;
-    bool const clockWasReset = _lastVideoPts - pts > jumpSeconds;
-    if (late <= tooLateSeconds || clockWasReset)
-        return false;
-    if (_syncToAudio && _soundsZero != _firstAudioPts) {
-        // The sound has followed the sender's new clock after the picture did.
-        _sharesSoundsZero = false;
-        pts = computeVideoPacketPTS(timestamp);
-        late = clockTime() - pts;
-        if (late <= tooLateSeconds)
-            return false;
-    }
-    _lastVideoPts = pts;
-    _dropUntilKeyframe = _syncToAudio.load();
-    LOG_INFO("Dropped video packet with pts %lf seconds as it was %lf seconds later than the audio clock", pts, late);
-    return true;
-}
-
-double GLMovie::waitForPresentationTime(double pts)
-{
-    bool const jumpedBack = _lastVideoPts - pts > jumpSeconds;
-    // Sound that leaps takes the picture along; without it, a leap ahead would hold the picture for as long.
-    bool const jumpedAhead = !_syncToAudio && pts - _lastVideoPts > jumpSeconds;
-    if (jumpedBack || jumpedAhead) {
-        _firstVideoPts = _firstVideoPts + pts;
-        _seenKeyframe = _seenKeyframe && !jumpedBack;
-        _dropUntilKeyframe = false;
-        resetStartTime();
-        if (!_syncToAudio) {
-            pts = 0.0;
-        } else {
-            // Sound is queued ahead of what is heard, so its zero moves first; the picture's moves here.
-            pts += _soundsZero - _firstAudioPts;
-            _soundsZero = _firstAudioPts;
-        }
-        _lastVideoPts = pts;
-    }
-    while (!isStopRequested()) {
-        double const early = pts - (clockTime() + _frameDelay + _presentationOffset);
-        if (early <= 0.0 && !_paused)
-            break;
-        auto const wait = static_cast<qint64>(early * 1000000.0);
-        pauseFor(_paused ? longestWait : std::clamp(wait, shortestWait, longestWait));
-    }
-    return pts;
-}
-
-void GLMovie::pauseFor(qint64 microseconds)
-{
-    std::unique_lock lock(_wakeMutex);
-    if (!isStopRequested())
-        _wake.wait_for(lock, std::chrono::microseconds(microseconds));
-}
-
-void GLMovie::wakeAll()
-{
-    {
-        // Whoever has checked the flags is asleep by now, or has not checked them yet.
-        std::lock_guard const lock(_wakeMutex);
-    }
-    _wake.notify_all();
-    _videoQueue->wake();
-    _audioQueue->wake();
 }

@@ -20,24 +20,24 @@ bool GLMoviePacketQueue::enqueuePacket(AVPacket* packet)
         return false;
     }
     av_packet_move_ref(own, packet);
-    return append(own);
+    append(own);
+    return true;
 }
 
-bool GLMoviePacketQueue::enqueueEnd()
+void GLMoviePacketQueue::enqueueEnd()
 {
-    AVPacket* const end = av_packet_alloc();
-    return end && append(end);
+    append(nullptr);
 }
 
-bool GLMoviePacketQueue::append(AVPacket* packet)
+void GLMoviePacketQueue::append(AVPacket* packet)
 {
     {
         std::lock_guard const lock(_mutex);
         _packets.append(packet);
-        _bytes += packet->size;
+        _bytes += packet ? packet->size : 0;
+        _drained = false;
     }
     _changed.notify_one();
-    return true;
 }
 
 bool GLMoviePacketQueue::dequeuePacket(AVPacket** packet)
@@ -46,8 +46,20 @@ bool GLMoviePacketQueue::dequeuePacket(AVPacket** packet)
     if (_packets.isEmpty())
         return false;
     *packet = _packets.takeFirst();
-    _bytes -= (*packet)->size;
+    _bytes -= *packet ? (*packet)->size : 0;
     return true;
+}
+
+void GLMoviePacketQueue::endHandled()
+{
+    std::lock_guard const lock(_mutex);
+    _drained = _packets.isEmpty();
+}
+
+bool GLMoviePacketQueue::isDrained() const
+{
+    std::lock_guard const lock(_mutex);
+    return _drained;
 }
 
 void GLMoviePacketQueue::waitForPacket(int ms)

@@ -19,23 +19,18 @@ GLMoviePacketQueueWatcher::GLMoviePacketQueueWatcher(GLMovie& movie, GLMoviePack
 
 void GLMoviePacketQueueWatcher::run()
 {
-    while (!_movie.isStopRequested()) {
+    while (!_movie._requests.watchersMustEnd()) {
         AVPacket* packet = nullptr;
         if (!_queue.dequeuePacket(&packet)) {
             _queue.waitForPacket(emptyQueueWait);
             continue;
         }
         handlePacket(packet);
+        if (!packet)
+            _queue.endHandled();
         av_packet_free(&packet);
     }
-    _ended.store(true, std::memory_order_release);
     QThread::exit(0);
-}
-
-void GLMoviePacketQueueWatcher::join()
-{
-    wait();
-    static_cast<void>(_ended.load(std::memory_order_acquire));
 }
 
 void GLMovieVideoPacketQueueWatcher::handlePacket(AVPacket* packet)

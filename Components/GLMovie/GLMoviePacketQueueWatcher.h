@@ -2,8 +2,6 @@
 
 #include <QThread>
 
-#include <atomic>
-
 class GLMovie;
 class GLMoviePacketQueue;
 struct AVPacket;
@@ -17,21 +15,14 @@ class GLMoviePacketQueueWatcher : public QThread
 public:
     GLMoviePacketQueueWatcher(GLMovie& movie, GLMoviePacketQueue& queue);
 
-    /// Waits for the end of the thread, after which all that it did is visible here.
-    void join();
-
 protected:
-    /// Decodes one packet, on this thread. A packet without data is the end of the stream.
+    /// Decodes one packet, on this thread. Null is the end of the stream.
     virtual void handlePacket(AVPacket* packet) = 0;
 
     void run() override;
 
     GLMovie& _movie;
     GLMoviePacketQueue& _queue;
-
-private:
-    std::atomic<bool> _ended{
-        true}; ///< Orders what the thread did before a join, for tools that cannot see Qt's wait.
 };
 
 class GLMovieVideoPacketQueueWatcher : public GLMoviePacketQueueWatcher

@@ -1,15 +1,16 @@
 // The reader thread of a movie: from the data source to the two queues.
 
 #include "GLMovie.h"
+#include "GLMovieAudioOutput.h"
 #include "GLMovieDataSource.h"
 #include "GLMoviePacketQueue.h"
 #include "GLMoviePacketQueueWatcher.h"
+#include "GLMovieVideoOutput.h"
 #include "Logger.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
-#include <libavutil/time.h>
 }
 
 #include <cmath>
@@ -17,10 +18,9 @@ extern "C" {
 namespace
 {
 
-constexpr int maximumAudioPackets = 32;
-constexpr int maximumVideoPackets = 100; // Without sound; with it, the sound paces the reader.
 // A film whose sound is sparse must not bring all its pictures into memory.
 constexpr qint64 maximumVideoBytes = 128 * 1024 * 1024;
+constexpr int fewAudioPackets = 8;
 constexpr qint64 readerPause = 20000;      // µs
 constexpr qint64 drainPause = 1000;        // µs
 constexpr qint64 pauseBeforeLoop = 500000; // µs
@@ -33,38 +33,41 @@ void GLMovie::run()
     AVPacket* packet = av_packet_alloc();
     int pausedRounds = 0;
     while (packet) {
-        if (_stopRequested) {
+        if (_requests.isStopRequested()) {
             LOG_DEBUG("Stop was requested. Breaking out of main loop");
             break;
         }
-        if (_paused && ++pausedRounds % pausedRoundsPerSecond == 0)
-            emit _dataSource->resetErrorTimer(); // Paused is not silent.
-        if (readerMustWait()) {
-            pauseFor(readerPause);
+        if (std::optional<double> const target = _requests.takeSeek()) {
+            seekTo(*target);
             continue;
         }
-        if (readOnePacket(packet))
+        if (_requests.isPaused() && ++pausedRounds % pausedRoundsPerSecond == 0)
+            emit _dataSource->resetErrorTimer(); // Paused is not silent.
+        if (readerMustWait()) {
+            _requests.pauseReader(readerPause);
             continue;
-        if (_stopRequested)
+        }
+        if (readOnePacket(packet) || _requests.readerMustTurn())
             continue;
         drain();
-        if (_stopRequested)
-            continue;
-        if (!restart())
+        if (!_requests.readerMustTurn() && !restart())
             break;
     }
     av_packet_free(&packet);
-    _readerEnded.store(true, std::memory_order_release);
     QThread::exit(0);
 }
 
 bool GLMovie::readerMustWait() const
 {
-    if (_paused)
+    if (_requests.isPaused() || _videoQueue->bytes() > maximumVideoBytes)
         return true;
-    if (_videoQueue->bytes() > maximumVideoBytes)
+    bool const hasSound = _audioStream && !_options.ignoreAudio && (_clock.hasSound() || !_options.renderAudio);
+    if (hasSound && _audioQueue->isFull())
         return true;
-    return _audioStream ? _audioQueue->length() > maximumAudioPackets : _videoQueue->length() > maximumVideoPackets;
+    // Where both have enough there is nothing to look for. Sound that is given up, or has died, paces nothing; to tell
+    // so, or to find what a film has put late, pictures are read ahead some seconds.
+    bool const lacksSound = hasSound && _audioQueue->length() < fewAudioPackets && !_counter.isSoundMissing();
+    return _videoQueue->isFull() && !lacksSound;
 }
 
 bool GLMovie::readOnePacket(AVPacket* packet)
@@ -72,11 +75,11 @@ bool GLMovie::readOnePacket(AVPacket* packet)
     int const result = _dataSource->readFrame(packet);
     if (result == AVERROR(EAGAIN)) {
         LOG_DEBUG("Told to read the frame again");
-        pauseFor(drainPause);
+        _requests.pauseReader(drainPause);
         return true;
     }
     if (result < 0) {
-        _lost = result != AVERROR_EOF;
+        _sourceLost = result != AVERROR_EOF;
         return false;
     }
     if (_videoStream && packet->stream_index == _videoStream->index)
@@ -89,115 +92,67 @@ bool GLMovie::readOnePacket(AVPacket* packet)
 
 void GLMovie::takeVideoPacket(AVPacket* packet)
 {
-    int const lost = packetsLost(*packet, _videoStream, _videoLoss);
-    {
-        std::lock_guard const lock(_statisticsMutex);
-        ++_statistics.videoCount;
-        _statistics.videoBytes += packet->size;
-        _statistics.videoLost += lost;
-        if (lost > 0)
-            qDebug("Video Packet loss detected lost %d packets. Percent video packet loss %.2lf", lost,
-                   100.0 * static_cast<double>(_statistics.videoLost) /
-                       static_cast<double>(_statistics.videoCount + _statistics.videoLost));
-    }
-    if (_dumpVideo)
+    _counter.countVideo(*packet, _videoStream);
+    if (_options.dumpVideo)
         _dump.dumpPacket("Video Packet", *packet);
-    if (!_ignoreVideo) {
+    if (!_options.ignoreVideo)
         _videoQueue->enqueuePacket(packet);
-        return;
-    }
-    if (_waitingForFirstVideo.exchange(false))
+    else if (_clock.ignoreVideo())
         emit firstVideoPacketReceived();
 }
 
 void GLMovie::takeAudioPacket(AVPacket* packet)
 {
-    int const lost = packetsLost(*packet, _audioStream, _audioLoss);
-    {
-        std::lock_guard const lock(_statisticsMutex);
-        ++_statistics.audioCount;
-        _statistics.audioBytes += packet->size;
-        _statistics.audioLost += lost;
-        if (lost > 0)
-            qDebug("Audio Packet loss detected lost %d packets. Percent audio packet loss %.2lf", lost,
-                   100.0 * static_cast<double>(_statistics.audioLost) /
-                       static_cast<double>(_statistics.audioCount + _statistics.audioLost));
-    }
-    if (_dumpAudio)
+    _counter.countAudio(*packet, _audioStream);
+    if (_options.dumpAudio)
         _dump.dumpPacket("Audio Packet", *packet);
-    if (!_ignoreAudio) {
+    if (!_options.ignoreAudio)
         _audioQueue->enqueuePacket(packet);
-        return;
-    }
-    if (_waitingForFirstAudio.exchange(false))
+    else if (_clock.ignoreAudio())
         emit firstAudioPacketReceived();
-}
-
-int GLMovie::packetsLost(AVPacket const& packet, AVStream const* stream, LossDetector& detector) const
-{
-    if (packet.dts == AV_NOPTS_VALUE)
-        return 0;
-    qint64 const last = detector.lastTimestamp;
-    bool const hasLast = detector.hasLast;
-    detector.lastTimestamp = packet.dts;
-    detector.hasLast = true;
-
-    // The spacing of packets in the stream's time base: what the packet says, else the frame rate.
-    double spacing = static_cast<double>(packet.duration);
-    if (spacing <= 0.0 && stream->avg_frame_rate.num > 0)
-        spacing = av_q2d(av_inv_q(av_mul_q(stream->avg_frame_rate, stream->time_base)));
-    if (!hasLast || spacing <= 0.0)
-        return 0;
-    double const steps = static_cast<double>(packet.dts - last) / spacing;
-    // One step is the rule and clocks jitter; a jump beyond a minute is a new clock, not a loss.
-    bool const isGap = steps > 1.75 && steps * spacing * av_q2d(stream->time_base) < 60.0;
-    return isGap ? static_cast<int>(std::lround(steps)) - 1 : 0;
 }
 
 void GLMovie::drain()
 {
     LOG_INFO("No more frames to queue. Waiting for queued frames to run out");
-    if (!_videoStream || !_videoQueue->enqueueEnd())
-        _videoWatcherIdle = true;
-    if (!_audioStream || !_audioQueue->enqueueEnd())
-        _audioWatcherIdle = true;
-    while (!isStopRequested() && (_videoQueue->length() > 0 || !_videoWatcherIdle))
-        pauseFor(drainPause);
-    while (!isStopRequested() && (_audioQueue->length() > 0 || !_audioWatcherIdle))
-        pauseFor(drainPause);
-    while (!isStopRequested() && (_paused || (_audio.isPlaying() && !_audio.isDrained())))
-        pauseFor(drainPause);
-    if (isStopRequested())
+    auto const wait = [this](auto const& isOver) {
+        while (!_requests.readerMustTurn() && !isOver())
+            _requests.pauseReader(drainPause);
+    };
+    _videoQueue->enqueueEnd();
+    _audioQueue->enqueueEnd();
+    wait([this] { return _videoQueue->isDrained(); });
+    wait([this] { return _audioQueue->isDrained(); });
+    wait([this] { return !_requests.isPaused() && _audio.isDrained(); });
+    if (_requests.readerMustTurn())
         return;
     _audio.stop();
-    _videoQueue->clear();
-    _audioQueue->clear();
+    clearQueues();
 }
 
 bool GLMovie::restart()
 {
-    bool const loop = _loop && !_lost;
-    if (!loop)
-        LOG_INFO("Movie finished. Stopping");
-    else
+    bool const loop = _requests.loop() && !_sourceLost;
+    if (loop)
         LOG_INFO("Movie finished: Looping");
+    else
+        LOG_INFO("Movie finished. Stopping");
     bool const reset = resetMovie();
-    if (!loop || !reset || _stopRequested) {
-        if (loop && !reset)
+    if (!loop || !reset) {
+        if (loop)
             LOG_INFO("Seeking failed so movie cannot loop.");
-        _playing = false;
-        if (!_stopRequested)
+        _requests.endReader(_sourceLost);
+        if (!_requests.isStopRequested())
             emit completed(this);
         return false;
     }
-    pauseFor(pauseBeforeLoop);
-    if (_stopRequested)
-        return true; // The loop's head says so.
-    resetStartTime();
+    _requests.pauseReader(pauseBeforeLoop);
+    if (_requests.readerMustTurn())
+        return true;
     LOG_DEBUG("Starting video packet queue watcher");
     LOG_DEBUG("Starting audio packet queue watcher");
     startWatchers();
-    _playing = true;
+    _requests.setPlaying(true);
     emit looped(this);
     return true;
 }
@@ -205,60 +160,96 @@ bool GLMovie::restart()
 bool GLMovie::resetMovie()
 {
     stopWatchers();
+    double const start = _dataSource->startTime();
     bool sought = true;
-    if (_videoStream && !seekStream(_videoStream, 0.0)) {
+    if (_videoStream && !seekStream(_videoStream, start)) {
         LOG_WARNING("Seeking video stream to beginning failed");
         sought = false;
     }
-    if (_audioStream && !seekStream(_audioStream, 0.0)) {
+    if (_audioStream && !seekStream(_audioStream, start)) {
         LOG_WARNING("Seeking audio stream to beginning failed");
         sought = false;
     }
-    _firstVideoPts = 0.0;
-    _firstAudioPts = 0.0;
-    _sharesSoundsZero = false;
-    _lastVideoPts = 0.0;
-    _lastAudioPts = 0.0;
-    _playing = false;
-    _waitingForFirstVideo = true;
-    _waitingForFirstAudio = true;
-    _videoLoss = {};
-    _audioLoss = {};
-    {
-        std::lock_guard const lock(_statisticsMutex);
-        _statistics = {};
-    }
+    flushOutputs({});
+    _clock.reset(_videoStream != nullptr, _clock.hasSound());
+    _counter.reset();
+    _requests.setPlaying(false);
     return sought;
 }
 
-bool GLMovie::seekStream(AVStream* stream, double seconds)
+void GLMovie::seekTo(double seconds)
 {
-    double const target = seconds + _dataSource->startTime();
-    auto const timestamp = static_cast<long long>(std::llround(target / av_q2d(stream->time_base)));
-    return _dataSource->seekFrame(stream, timestamp, AVSEEK_FLAG_BACKWARD) >= 0;
+    stopWatchers();
+    clearQueues();
+    _audio.stop();
+    double const target = _clock.seek(seconds, _dataSource->startTime());
+    bool sought = false;
+    if (_videoStream) {
+        LOG_DEBUG("Seeking video stream to %s seconds", qPrintable(QString::number(seconds)));
+        sought = seekStream(_videoStream, target);
+        if (!sought)
+            LOG_WARNING("Seeking video stream failed");
+    }
+    // One seek moves every stream of a container; a second one would lose the key frame that the first one found.
+    if (_audioStream && !sought) {
+        LOG_DEBUG("Seeking audio stream to %s seconds", qPrintable(QString::number(seconds)));
+        sought = seekStream(_audioStream, target);
+        if (!sought)
+            LOG_WARNING("Seeking audio stream failed");
+    }
+    flushOutputs(sought ? std::optional(target) : std::nullopt);
+    _counter.forgetTimes();
+    startWatchers();
+    _requests.setPlaying(true);
+}
+
+bool GLMovie::seekStream(AVStream const* stream, double seconds)
+{
+    auto const timestamp = static_cast<long long>(std::llround(seconds / av_q2d(stream->time_base)));
+    return _dataSource->seekFrame(stream == _videoStream ? _videoStream : _audioStream, timestamp,
+                                  AVSEEK_FLAG_BACKWARD) >= 0;
 }
 
 void GLMovie::startWatchers()
 {
-    _videoWatcherIdle = false;
-    _audioWatcherIdle = false;
     _videoWatcher->start(QThread::InheritPriority);
     _audioWatcher->start(QThread::InheritPriority);
 }
 
 void GLMovie::stopWatchers()
 {
-    _restarting = true;
-    wakeAll();
+    _requests.setRestarting(true);
+    _videoQueue->wake();
+    _audioQueue->wake();
     LOG_DEBUG("Waiting for video packet queue...");
-    _videoWatcher->join();
+    _videoWatcher->wait();
     LOG_DEBUG("Waiting for audio packet queue...");
-    _audioWatcher->join();
-    // What the decoders still hold belongs to another place of the film.
-    if (_videoCodec)
-        avcodec_flush_buffers(_videoCodec.get());
-    if (_audioCodec)
-        avcodec_flush_buffers(_audioCodec.get());
-    _swrContext.reset();
-    _restarting = false;
+    _audioWatcher->wait();
+    _requests.setRestarting(false);
+}
+
+void GLMovie::flushOutputs(std::optional<double> from)
+{
+    if (_videoOutput)
+        _videoOutput->flush(from);
+    if (_audioOutput)
+        _audioOutput->flush(from);
+}
+
+void GLMovie::clearQueues()
+{
+    _videoQueue->clear();
+    _audioQueue->clear();
+}
+
+void GLMovie::handleVideoPacket(AVPacket* packet)
+{
+    if (_videoOutput)
+        _videoOutput->handleVideoPacket(packet);
+}
+
+void GLMovie::handleAudioPacket(AVPacket* packet)
+{
+    if (_audioOutput)
+        _audioOutput->handleAudioPacket(packet);
 }

@@ -84,7 +84,7 @@ int ScriptedMovieSource::readFrame(AVPacket* packet)
         return _live ? AVERROR_EXIT : AVERROR_EOF;
     }
     Packet const& scripted = _script.at(_next++);
-    QByteArray const bytes = payload(scripted);
+    QByteArray const bytes = scripted.isEmpty ? QByteArray() : payload(scripted);
     if (int const result = av_new_packet(packet, static_cast<int>(bytes.size())); result < 0)
         return result;
     std::memcpy(packet->data, bytes.constData(), static_cast<size_t>(bytes.size()));
@@ -100,8 +100,11 @@ int ScriptedMovieSource::seekFrame(AVStream*, long long timestamp, int)
     if (!_seekable)
         return -1;
     double const seconds = static_cast<double>(timestamp) / timeBase;
-    auto const target = std::find_if(_script.cbegin(), _script.cend(),
-                                     [seconds](Packet const& packet) { return packet.seconds >= seconds; });
-    _next = static_cast<int>(target - _script.cbegin());
+    // As a demultiplexer: the last key frame that is not behind the target.
+    int found = 0;
+    for (int i = 0; i < _script.size(); ++i)
+        if (_script.at(i).isKey && _script.at(i).isVideo == (_videoIndex >= 0) && _script.at(i).seconds <= seconds)
+            found = i;
+    _next = found;
     return 0;
 }

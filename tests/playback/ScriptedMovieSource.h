@@ -20,6 +20,7 @@ public:
         bool hasTimestamp = true;
         bool isKey = true;
         double soundSeconds = 0.02;
+        bool isEmpty = false;
     };
 
     static constexpr int side = 16;
@@ -48,6 +49,7 @@ public:
     void stop() override { GLMovieDataSource::stop(); }
     int readFrame(AVPacket* packet) override;
     int seekFrame(AVStream* stream, long long timestamp, int flags) override;
+    bool isSeekable() const override { return _seekable; }
 
 private:
     QByteArray payload(Packet const& packet) const;

@@ -36,6 +36,11 @@ public:
         return static_cast<int>(_state->emissions.size());
     }
     bool isEmpty() const { return count() == 0; }
+    void clear()
+    {
+        std::lock_guard const lock(_state->mutex);
+        _state->emissions.clear();
+    }
     QVariantList first() const { return at(0); }
     QVariantList last() const { return at(count() - 1); }
     QVariantList at(int index) const
