@@ -140,7 +140,9 @@ TEST_F(AudioDeviceWatchTest, ALostDeviceIsReplacedByTheDefaultAndTakenBackWhenIt
     EXPECT_EQ(_driver->asked(), QStringList{"Headset"});
 
     _driver->offer({}, true);
+    EXPECT_TRUE(AudioDevice::isPresent());
     _driver->pull();
+    EXPECT_FALSE(AudioDevice::isPresent());
     _driver->block(true);
     _timers.advance(AudioDeviceWatch::pollInterval); // The thread now waits for the sound system; this one does not.
     EXPECT_FALSE(_device.isOpen());
