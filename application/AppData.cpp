@@ -1,6 +1,7 @@
 #include "AppData.h"
 
 #include "AudioDevice.h"
+#include "AudioDeviceWatch.h"
 #include "BiscottiClientId.h"
 #include "CentralisedBiscotti.h"
 #include "Channel.h"
@@ -85,6 +86,7 @@ void AppData::initialize(QWidget* mainWidget)
     _audioDevice = new AudioDevice;
     _channelManager = new ChannelManager(*this);
     openAudioDevice();
+    _audioDeviceWatch = new AudioDeviceWatch(*_audioDevice, &timerFactory);
     createBiscotti();
     connectChannelManager();
     connectSettings();
@@ -103,6 +105,7 @@ void AppData::uninitialize()
     // Channels play on the device and are shown through the settings' actions: they close before either goes.
     _channelManager->closeAllChannels();
     settings.destroyActions();
+    destroy(_audioDeviceWatch);
     _audioDevice->closeDevice();
     destroy(_biscotti);
     destroy(_subscriptionEngine);

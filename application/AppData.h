@@ -19,6 +19,7 @@
 #include <vector>
 
 class AudioDevice;
+class AudioDeviceWatch;
 class CentralisedBiscotti;
 class Channel;
 class ChannelManager;
@@ -156,6 +157,7 @@ private:
     RestfulKeychain* _restfulKeychain = nullptr;
     PersistentKeychain* _persistentKeychain = nullptr;
     AudioDevice* _audioDevice = nullptr;
+    AudioDeviceWatch* _audioDeviceWatch = nullptr;
     ChannelManager* _channelManager = nullptr;
     TrieBiscottiSubscriptionEngine* _subscriptionEngine = nullptr;
     CentralisedBiscotti* _biscotti = nullptr;

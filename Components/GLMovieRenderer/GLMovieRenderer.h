@@ -88,7 +88,8 @@ public:
     double movieTime() const;
     bool setMovieTime(double seconds);
 
-    /// Fades in to a volume within so many milliseconds, from the first picture and the first sound on.
+    /// Fades in to a volume within so many milliseconds, from the first picture and the first sound on. What is not
+    /// to fade is there at once, unless an earlier call has it fade in still.
     void fadeIn(int milliseconds, double volume, bool fadeVideo, bool fadeAudio);
     /// Fades out; fadeOutCompleted() tells the end.
     void fadeOut(int milliseconds, bool fadeVideo, bool fadeAudio);

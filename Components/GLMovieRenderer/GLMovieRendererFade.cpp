@@ -3,10 +3,14 @@
 #include "GLMovieRenderer.h"
 
 #include <algorithm>
+#include <utility>
 
 void GLMovieRenderer::fadeIn(int milliseconds, double volume, bool fadeVideo, bool fadeAudio)
 {
-    _fadingOut = false;
+    if (std::exchange(_fadingOut, false)) {
+        _videoFade.stop();
+        _audioFade.stop();
+    }
     _volume = std::clamp(volume, 0.0, 1.0);
     fadeOneIn(_videoFade, _waitingVideoFade, fadeVideo, _hasPicture, milliseconds);
     fadeOneIn(_audioFade, _waitingAudioFade, fadeAudio, _hasSound, milliseconds);
@@ -16,13 +20,15 @@ void GLMovieRenderer::fadeIn(int milliseconds, double volume, bool fadeVideo, bo
 
 void GLMovieRenderer::fadeOneIn(GLAnimation& fade, int& waiting, bool wanted, bool begun, int milliseconds)
 {
-    waiting = notWaiting;
     if (!wanted) {
-        fade.setValue(1.0);
+        // One that runs, or waits for its beginning, goes on.
+        if (!fade.isRunning() && waiting == notWaiting)
+            fade.setValue(1.0);
     } else if (!begun) {
         fade.setValue(0.0);
         waiting = std::max(0, milliseconds);
     } else {
+        waiting = notWaiting;
         // From where an unfinished fade-out has come to; what is wholly there begins anew.
         fade.start(fade.value() < 1.0 ? fade.value() : 0.0, 1.0, milliseconds);
     }

@@ -2,88 +2,42 @@
 
 extern "C" {
 #include <libavutil/frame.h>
+#include <libavutil/opt.h>
 #include <libavutil/pixdesc.h>
 #include <libswscale/swscale.h>
 }
 
 #include <algorithm>
+#include <array>
 
 namespace
 {
 using Matrix = GLMovieColourSpace::Matrix;
 
-/// The parts of red and blue in luma.
-struct Weights {
-    double red;
+struct MatrixNumbers {
+    AVColorSpace name; ///< FFmpeg's, which swscale's numbers agree with.
+    double red;        ///< The part of red in luma.
     double blue;
 };
 
-Weights weightsOf(Matrix matrix)
+/// In the order of Matrix.
+constexpr std::array<MatrixNumbers, 5> matrices{{{AVCOL_SPC_SMPTE170M, 0.299, 0.114},
+                                                 {AVCOL_SPC_BT709, 0.2126, 0.0722},
+                                                 {AVCOL_SPC_FCC, 0.30, 0.11},
+                                                 {AVCOL_SPC_SMPTE240M, 0.212, 0.087},
+                                                 {AVCOL_SPC_BT2020_NCL, 0.2627, 0.0593}}};
+
+MatrixNumbers const& numbersOf(Matrix matrix)
 {
-    switch (matrix) {
-    case Matrix::BT709:
-        return {0.2126, 0.0722};
-    case Matrix::FCC:
-        return {0.30, 0.11};
-    case Matrix::SMPTE240M:
-        return {0.212, 0.087};
-    case Matrix::BT2020:
-        return {0.2627, 0.0593};
-    case Matrix::BT601:
-        break;
-    }
-    return {0.299, 0.114};
+    return matrices.at(static_cast<size_t>(matrix));
 }
 
-int swscaleNumber(Matrix matrix)
+Matrix matrixOf(AVColorSpace name)
 {
-    switch (matrix) {
-    case Matrix::BT709:
-        return SWS_CS_ITU709;
-    case Matrix::FCC:
-        return SWS_CS_FCC;
-    case Matrix::SMPTE240M:
-        return SWS_CS_SMPTE240M;
-    case Matrix::BT2020:
-        return SWS_CS_BT2020;
-    case Matrix::BT601:
-        break;
-    }
-    return SWS_CS_ITU601;
-}
-
-AVColorSpace ffmpegNumber(Matrix matrix)
-{
-    switch (matrix) {
-    case Matrix::BT709:
-        return AVCOL_SPC_BT709;
-    case Matrix::FCC:
-        return AVCOL_SPC_FCC;
-    case Matrix::SMPTE240M:
-        return AVCOL_SPC_SMPTE240M;
-    case Matrix::BT2020:
-        return AVCOL_SPC_BT2020_NCL;
-    case Matrix::BT601:
-        break;
-    }
-    return AVCOL_SPC_SMPTE170M;
-}
-
-Matrix matrixOf(AVColorSpace number)
-{
-    switch (number) {
-    case AVCOL_SPC_BT709:
-        return Matrix::BT709;
-    case AVCOL_SPC_FCC:
-        return Matrix::FCC;
-    case AVCOL_SPC_SMPTE240M:
-        return Matrix::SMPTE240M;
-    case AVCOL_SPC_BT2020_NCL:
-    case AVCOL_SPC_BT2020_CL:
-        return Matrix::BT2020;
-    default:
-        return Matrix::BT601;
-    }
+    // Of constant luminance nothing is known here; its matrix is the nearest there is.
+    auto const* const found =
+        std::ranges::find(matrices, name == AVCOL_SPC_BT2020_CL ? AVCOL_SPC_BT2020_NCL : name, &MatrixNumbers::name);
+    return found == matrices.end() ? Matrix::BT601 : static_cast<Matrix>(found - matrices.begin());
 }
 
 bool isRGB(AVPixFmtDescriptor const* description)
@@ -95,6 +49,34 @@ bool isRGB(AVPixFmtDescriptor const* description)
 bool isGrey(AVPixFmtDescriptor const* description)
 {
     return description->nb_components <= 2 && description->comp[0].depth >= 8;
+}
+/// What swscale says of a context.
+struct SwscaleColours {
+    int* source = nullptr;
+    int* target = nullptr;
+    int sourceRange = 0;
+    int targetRange = 0;
+    int brightness = 0;
+    int contrast = 0;
+    int saturation = 0;
+};
+
+/// Of a step of 1 in 255, in swscale's units. See cutsOff().
+constexpr int threeQuartersBrighter = 65536 / 256 * 3 / 4;
+
+/// Whether a conversion takes swscale's fast way to RGB, which cuts off where it should round: limited range comes
+/// out up to 3 too dark. Three quarters of a step more brightness bring that within 2, and leave black black. The
+/// exact way costs twenty times as much.
+bool cutsOff(SwsContext* context)
+{
+    AVPixelFormat source = AV_PIX_FMT_NONE;
+    AVPixelFormat target = AV_PIX_FMT_NONE;
+    int64_t flags = 0;
+    av_opt_get_pixel_fmt(context, "src_format", 0, &source);
+    av_opt_get_pixel_fmt(context, "dst_format", 0, &target);
+    av_opt_get_int(context, "sws_flags", 0, &flags);
+    return (source == AV_PIX_FMT_YUV420P || source == AV_PIX_FMT_YUV422P) &&
+           (flags & (SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT)) == 0 && isRGB(av_pix_fmt_desc_get(target));
 }
 } // namespace
 
@@ -114,7 +96,7 @@ GLMovieColourSpace::Coefficients GLMovieColourSpace::coefficients() const
 {
     if (*this == GLMovieColourSpace())
         return {1.164, 1.596, -0.391, -0.813, 2.018, 0.0625, 0.5};
-    Weights const weights = weightsOf(matrix);
+    MatrixNumbers const& weights = numbersOf(matrix);
     double const green = 1.0 - weights.red - weights.blue;
     double const chroma = fullRange ? 2.0 : 2.0 * 255.0 / 224.0;
     double const redV = chroma * (1.0 - weights.red);
@@ -149,24 +131,20 @@ AVPixelFormat GLMovieColourSpace::plainFormat(AVPixelFormat format)
 void GLMovieColourSpace::apply(SwsContext* context, GLMovieColourSpace const& source,
                                GLMovieColourSpace const& target)
 {
-    int const* const sourceTable = sws_getCoefficients(swscaleNumber(source.matrix));
-    int const* const targetTable = sws_getCoefficients(swscaleNumber(target.matrix));
-    int* oldSource = nullptr;
-    int* oldTarget = nullptr;
-    int oldSourceRange = 0;
-    int oldTargetRange = 0;
-    int brightness = 0;
-    int contrast = 0;
-    int saturation = 0;
-    if (sws_getColorspaceDetails(context, &oldSource, &oldSourceRange, &oldTarget, &oldTargetRange, &brightness,
-                                 &contrast, &saturation) < 0)
+    SwscaleColours old;
+    if (sws_getColorspaceDetails(context, &old.source, &old.sourceRange, &old.target, &old.targetRange,
+                                 &old.brightness, &old.contrast, &old.saturation) < 0)
         return;
+    int const* const sourceTable = sws_getCoefficients(numbersOf(source.matrix).name);
+    int const* const targetTable = sws_getCoefficients(numbersOf(target.matrix).name);
+    int const brightness = cutsOff(context) && !source.fullRange ? threeQuartersBrighter : 0;
     // Setting the same anew would compute all tables again.
-    if (std::equal(sourceTable, sourceTable + 4, oldSource) && std::equal(targetTable, targetTable + 4, oldTarget) &&
-        oldSourceRange == source.fullRange && oldTargetRange == target.fullRange)
+    if (std::equal(sourceTable, sourceTable + 4, old.source) &&
+        std::equal(targetTable, targetTable + 4, old.target) && old.sourceRange == source.fullRange &&
+        old.targetRange == target.fullRange && old.brightness == brightness)
         return;
     sws_setColorspaceDetails(context, sourceTable, source.fullRange, targetTable, target.fullRange, brightness,
-                             contrast, saturation);
+                             old.contrast, old.saturation);
 }
 
 void GLMovieColourSpace::apply(SwsContext* context, AVFrame const* source, AVFrame* target)
@@ -174,6 +152,6 @@ void GLMovieColourSpace::apply(SwsContext* context, AVFrame const* source, AVFra
     GLMovieColourSpace const colours = fromFrame(source);
     bool const toRGB = isRGB(av_pix_fmt_desc_get(static_cast<AVPixelFormat>(target->format)));
     apply(context, colours, toRGB ? GLMovieColourSpace() : colours);
-    target->colorspace = toRGB ? AVCOL_SPC_RGB : ffmpegNumber(colours.matrix);
+    target->colorspace = toRGB ? AVCOL_SPC_RGB : numbersOf(colours.matrix).name;
     target->color_range = toRGB || colours.fullRange ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
 }

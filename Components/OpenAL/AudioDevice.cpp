@@ -22,6 +22,7 @@ QString const defaultDeviceName = QStringLiteral("default");
 struct CurrentContext {
     std::shared_mutex mutex;
     std::atomic<unsigned int> generation{0}; ///< Written under the mutex, and so by one thread at a time.
+    AudioOutput const* output = nullptr;     ///< Guarded by the mutex.
 };
 
 CurrentContext& currentContext()
@@ -49,6 +50,12 @@ unsigned int AudioDevice::generation()
 std::shared_mutex& AudioDevice::contextMutex()
 {
     return currentContext().mutex;
+}
+
+bool AudioDevice::isPresent()
+{
+    AudioOutput const* const output = currentContext().output;
+    return output && output->isConnected();
 }
 
 bool AudioDevice::availableDevices(QStringList& devices, QString& defaultDevice)
@@ -113,6 +120,7 @@ bool AudioDevice::makeCurrent(AudioOutput const* output)
         return false;
     }
     ++current.generation;
+    current.output = output;
     return true;
 }
 

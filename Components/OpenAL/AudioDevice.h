@@ -37,6 +37,11 @@ public:
     /// Held shared by whoever calls OpenAL, and for a moment alone when the current context changes.
     static std::shared_mutex& contextMutex();
 
+    /// Whether there is a current context whose device still is there. Under contextMutex(), on any thread. A device
+    /// that has gone plays what it is given at once, until it is taken away: who finds a source stopped asks here
+    /// before starting it again.
+    static bool isPresent();
+
     /// Opens the named device in place of the one that is open, and falls back on the library's own choice when there
     /// is no such device. A name other than "default" is also written to the user's OpenAL configuration.
     /// Returns whether there is sound now. May wait for a sound server.

@@ -3,12 +3,16 @@
 #include <AL/alc.h>
 #include <AL/alext.h>
 #include <cstring>
+#include <mutex>
 
 QStringList AudioDriver::deviceNames()
 {
     bool const all = alcIsExtensionPresent(nullptr, "ALC_ENUMERATE_ALL_EXT");
     if (!all && !alcIsExtensionPresent(nullptr, "ALC_ENUMERATION_EXT"))
         return {};
+    // OpenAL makes the list anew at each call, in the same place.
+    static std::mutex mutex;
+    std::lock_guard const lock(mutex);
     // Texts that each end with a zero byte, and one more zero byte.
     char const* list = alcGetString(nullptr, all ? ALC_ALL_DEVICES_SPECIFIER : ALC_DEVICE_SPECIFIER);
     QStringList names;

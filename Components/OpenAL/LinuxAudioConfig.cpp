@@ -36,6 +36,11 @@ constexpr char const* alsaCustomisation =
     ";The should then be specified like this (define alsa-device \"front:default,0\")\n"
     "(define alsa-device \"default\")\n";
 
+QStringList genericDevices()
+{
+    return {QStringLiteral("alsa"), QStringLiteral("default"), QStringLiteral("Generic Software")};
+}
+
 /// A device name as the file can hold it.
 QString inOneLine(QString name)
 {
@@ -48,12 +53,17 @@ LinuxAudioConfig::LinuxAudioConfig(QObject* parent) : QObject(parent) {}
 
 QString LinuxAudioConfig::defaultDevice() const
 {
-    return QStringLiteral("alsa");
+    return genericDevices().constFirst();
+}
+
+bool LinuxAudioConfig::isGeneric(QString const& name)
+{
+    return genericDevices().contains(name);
 }
 
 QStringList LinuxAudioConfig::listDevices() const
 {
-    QStringList names{defaultDevice(), QStringLiteral("default"), QStringLiteral("Generic Software")};
+    QStringList names = genericDevices();
     QStringList found;
     QString libraryDefault;
     if (AudioDevice::availableDevices(found, libraryDefault))

@@ -20,6 +20,9 @@ public:
     /// The device when the user has chosen none.
     QString defaultDevice() const;
 
+    /// Whether a name stands for a way to reach sound that every installation knows, and not for one device.
+    static bool isGeneric(QString const& name);
+
     /// The devices to choose from: the default one, the ways to reach sound that every installation knows, and what
     /// the OpenAL library finds on this machine, each once.
     QStringList listDevices() const;

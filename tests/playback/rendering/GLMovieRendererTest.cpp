@@ -104,9 +104,18 @@ TEST_F(GLMovieRendererTest, APictureLargerThanItsPlaceIsCut)
 
 TEST_F(GLMovieRendererTest, AFadeBeginsWithTheFirstPicture)
 {
-    _renderer.fadeIn(0, 0.5, true, true);
+    constexpr int longFade = 3600000; // Of which a test sees the very beginning only.
+    _renderer.fadeIn(longFade, 0.5, true, true);
+    _renderer.fadeIn(longFade, 0.5, false, true); // As when the channel becomes the active one.
     EXPECT_FALSE(_renderer.isFading());
     showPictures();
+    EXPECT_TRUE(_renderer.isFading());
+    _renderer.fadeIn(longFade, 0.5, false, true);
+    EXPECT_TRUE(_renderer.isFading());
+    EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), Qt::blue));
+    _renderer.fadeOut(longFade, true, false);
+    _renderer.fadeIn(0, 0.5, false, true);
+    EXPECT_FALSE(_renderer.isFading()) << "A fade out ends with the next fade in";
     EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), scriptedColour));
     _renderer.setOpacity(0.5);
     EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), QColor(0, 66, 128)));
