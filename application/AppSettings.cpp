@@ -58,6 +58,7 @@ void AppSettings::loadGlobalSettings()
     settings.beginGroup("video");
     _useHardwareColourConversion = settings.value("useHardwareColourConversion", true).toBool();
     _enableAntialiasing = settings.value("enableAntialiasing", false).toBool();
+    _deinterlace = settings.value("deinterlace", true).toBool();
     _colourConversion = colourConversionFromText(settings.value("colourConversion").toString());
     settings.endGroup();
 

@@ -60,6 +60,8 @@ public:
     bool useHardwareColourConversion() const { return _useHardwareColourConversion; }
     void setUseHardwareColourConversion(bool on);
     ColourConversion colourConversion() const { return _colourConversion; }
+    /// Whether pictures made of two fields are made whole.
+    bool deinterlace() const { return _deinterlace; }
     bool enableAntialiasing() const { return _enableAntialiasing; }
     void setEnableAntialiasing(bool on);
 
@@ -159,6 +161,7 @@ private:
     QString _audioDevice;
     bool _useHardwareColourConversion = true;
     ColourConversion _colourConversion = ColourConversion::Automatic;
+    bool _deinterlace = true;
     bool _enableAntialiasing = false;
     int _proxyType = 2;
     QString _proxyHostName;

@@ -66,6 +66,7 @@ void ChannelStream::open(bool forceFile)
     _renderer->setSmoothChroma(!_appData.drawsInSoftware());
     givePostProcessing();
     _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
+    _renderer->setDeinterlacing(_appData.settings.deinterlace());
     _renderer->setLoop(_loop);
     _renderer->setMuted(_muted);
     _renderer->setVolume(_volume);

@@ -51,6 +51,7 @@ void GLMovieRenderer::open(GLMovieDataSource* source)
 
     _dataSource = source;
     _movie = std::make_unique<GLMovie>(source, _useHardwareColourConversion && _painter.hasColourConversion());
+    _movie->setDeinterlacing(_deinterlace);
     _movie->setLoop(_loop);
     _movie->setMuted(_muted);
     _movie->setSpeed(_speed);

@@ -65,6 +65,8 @@ public:
     double opacity() const { return _opacity; }
     /// Counts from the next open() on, and only with one of the two programs.
     void setUseHardwareColourConversion(bool use) { _useHardwareColourConversion = use; }
+    /// Whether pictures made of two fields are made whole, from the next open() on. Starts true.
+    void setDeinterlacing(bool deinterlace) { _deinterlace = deinterlace; }
     void setColourConversionFragmentProgram(unsigned int program);
     void setColourConversionShaderProgram(unsigned int program);
 
@@ -186,6 +188,7 @@ private:
     bool _fadingOut = false;
 
     bool _useHardwareColourConversion = false;
+    bool _deinterlace = true;
     bool _loop = false;
     bool _muted = false;
     double _volume = 1.0;

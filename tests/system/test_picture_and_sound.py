@@ -62,6 +62,29 @@ class PictureAndSound(unittest.TestCase):
             program.quit()
             self.check_tone(program, 880, 5)
 
+    def test_sound_whose_format_changes(self):
+        for container in ("aac", "ts"):
+            with self.subTest(container=container), Program(self.display, clips.changing_sound(container)) as program:
+                program.wait_for_log(FINISHED)
+                program.quit()
+                sound = Sound.of_wave(program.wave)
+                first, last = sound.span()
+                self.assertAlmostEqual(last - first, 2 * len(clips.CHANGES), delta=0.5)
+                for i, (frequency, _, _) in enumerate(clips.CHANGES):
+                    self.assertGreater(sound.strength(frequency, first + 2 * i + 0.5, 1), 1000, frequency)
+
+    def test_a_seek_lands_where_it_was_told(self):
+        with Program(self.display, clips.far_key_frames()) as program:
+            rectangle = program.own_size_rectangle(640, 360)
+            number = wait_for(lambda: self.display.screenshot(rectangle).number(), 10, "the first picture")
+            for key, seconds in (("Right", 10), ("Right", 10), ("Left", -10)):
+                self.display.ask("xdotool", "windowactivate", "--sync", program.window, "key", "--clearmodifiers", key)
+                wanted = number + seconds * RATE
+                number = wait_for(lambda: abs((self.display.screenshot(rectangle).number() or 0) - wanted) < 4 * RATE
+                                  and self.display.screenshot(rectangle).number(), 10, f"about frame {wanted}")
+            program.quit()
+            self.assertGreater(Sound.of_wave(program.wave).strength(440, 1, 0.5), 1000)
+
     def test_full_screen(self):
         clip = clips.mp4()
         with Program(self.display, "-fullscreen", clip) as program:

@@ -56,6 +56,25 @@ def sound_only(seconds=5, frequency=880):
     return make(f"sound-only-{seconds}s-{frequency}.m4a", *_tone(frequency, seconds), "-c:a", "aac")
 
 
+CHANGES = ((440, 2, 44100), (550, 1, 44100), (660, 6, 44100), (770, 2, 48000))  # Hertz, channels, rate; two seconds each.
+
+
+def changing_sound(container="aac"):
+    """Sound whose channels and rate change in mid-stream, as they do where one programme ends and the next begins."""
+    parts = [make(f"part-{frequency}.{container}", "-f", "lavfi", "-i", f"sine=frequency={frequency}:sample_rate={rate}:duration=2,"
+                  f"volume=8dB,pan={channels}c|" + "|".join(f"c{i}=c0" for i in range(channels)), "-ac", str(channels), "-c:a", "aac")
+             for frequency, channels, rate in CHANGES]
+    path = pathlib.Path(_directory) / f"changing.{container}"
+    path.write_bytes(b"".join(part.read_bytes() for part in parts))
+    return path
+
+
+def far_key_frames(seconds=40):
+    """Numbered frames and a tone, with a key frame at each half minute."""
+    return make(f"far-key-frames-{seconds}s.mp4", *_picture(640, 360, seconds), *_tone(440, seconds), *H264[:-4], "-g", "750",
+                "-sc_threshold", "0", "-c:a", "aac")
+
+
 def flash_and_beep(seconds=10):
     """Black and silent, but for the first fifth of each second from the second one on: white, with a beep."""
     on = "gte(t\\,1)*lt(mod(t\\,1)\\,0.2)"
