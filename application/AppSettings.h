@@ -27,6 +27,9 @@ public:
     /// Which way a picture takes to the screen; Automatic is the best that the driver offers.
     enum class ColourConversion { Automatic, Shader, FragmentProgram, Software };
 
+    /// What shows opaque pictures: OpenGL or MIT-SHM; Automatic is the latter where OpenGL runs on the processor.
+    enum class Presentation { Automatic, OpenGl, SharedMemory };
+
     explicit AppSettings(QObject* parent = nullptr);
     ~AppSettings() override;
 
@@ -60,6 +63,7 @@ public:
     bool useHardwareColourConversion() const { return _useHardwareColourConversion; }
     void setUseHardwareColourConversion(bool on);
     ColourConversion colourConversion() const { return _colourConversion; }
+    Presentation presentation() const { return _presentation; }
     bool enableAntialiasing() const { return _enableAntialiasing; }
     void setEnableAntialiasing(bool on);
 
@@ -159,6 +163,7 @@ private:
     QString _audioDevice;
     bool _useHardwareColourConversion = true;
     ColourConversion _colourConversion = ColourConversion::Automatic;
+    Presentation _presentation = Presentation::Automatic;
     bool _enableAntialiasing = false;
     int _proxyType = 2;
     QString _proxyHostName;
