@@ -24,11 +24,6 @@ namespace
 constexpr AVPixelFormat targetFormat = AV_PIX_FMT_BGRA;
 constexpr int maximumThreads = 4; ///< More bring nothing at the sizes of screens.
 
-int even(int length)
-{
-    return (length + 1) / 2 * 2;
-}
-
 /// A buffer that owns nothing: FFmpeg copies a frame that is in none.
 AVBufferRef* borrowed(uint8_t const* data)
 {
@@ -67,11 +62,11 @@ bool GLMovieScaler::prepare(Kind const& kind)
         char const* name;
         int64_t value;
     };
-    // "Fast bilinear" takes two pixels, whatever the ratio, as a texture's linear filter does.
+    // Not "fast bilinear": it moves the picture by up to half a pixel to the right.
     for (Option const& option :
          {Option{"srcw", kind.from.width()}, Option{"srch", kind.from.height()}, Option{"src_format", kind.format},
           Option{"dstw", kind.to.width()}, Option{"dsth", kind.to.height()}, Option{"dst_format", targetFormat},
-          Option{"sws_flags", SWS_FAST_BILINEAR}, Option{"threads", threads}})
+          Option{"sws_flags", SWS_BILINEAR}, Option{"threads", threads}})
         av_opt_set_int(_context.get(), option.name, option.value, 0);
     if (sws_init_context(_context.get(), nullptr, nullptr) < 0) {
         LOG_ERROR("Could not scale pictures from %d x %d to %d x %d", kind.from.width(), kind.from.height(),
@@ -99,32 +94,32 @@ bool GLMovieScaler::scale(GLMovieTexture const& texture, GLMovieCut const& cut, 
     picture->format = texture.pixelFormat();
     picture->width = cut.source.width();
     picture->height = cut.source.height();
-    if (cut.isOneToOne())
+    if (cut.isOneToOne() && picture->height > 1)
         return convertPixels(*picture, target, stride);
     return scaleFrame(*picture, cut.scaled, target, stride);
 }
 
 bool GLMovieScaler::convertPixels(AVFrame const& picture, unsigned char* target, int stride)
 {
-    // swscale's fast way wants an even height: an odd one's last row goes as two that are the same.
-    int const height = even(picture.height);
-    QSize const size(picture.width, height);
+    // swscale's fast way from YUV goes by two rows: the last of an odd height is followed by the one before it.
+    bool const isYUV = picture.data[1];
+    int const pairs = isYUV ? picture.height / 2 * 2 : picture.height;
+    bool const hasLast = pairs != picture.height;
+    QSize const size(picture.width, hasLast ? pairs + 2 : pairs);
     if (!prepare({static_cast<AVPixelFormat>(picture.format), size, size}))
         return false;
     uint8_t* const rows[] = {target, nullptr, nullptr, nullptr};
     int const strides[] = {stride, 0, 0, 0};
-    int const whole = picture.height / 2 * 2;
-    if (sws_scale(_context.get(), picture.data, picture.linesize, 0, whole, rows, strides) < 0)
+    if (sws_scale(_context.get(), picture.data, picture.linesize, 0, pairs, rows, strides) < 0)
         return false;
-    if (whole == height)
+    if (!hasLast)
         return true;
-    bool const isYUV = picture.data[1];
-    std::array<uint8_t const*, 4> last{};
-    for (size_t plane = 0; plane < 3 && picture.data[plane]; ++plane)
-        last[plane] = picture.data[plane] +
-                      static_cast<ptrdiff_t>(isYUV && plane > 0 ? whole / 2 : whole) * picture.linesize[plane];
-    int const sameRow[] = {0, picture.linesize[1], picture.linesize[2], 0};
-    return sws_scale(_context.get(), last.data(), sameRow, whole, 2, rows, strides) >= 0;
+    std::array<uint8_t const*, 4> const last = {
+        picture.data[0] + static_cast<ptrdiff_t>(pairs) * picture.linesize[0],
+        picture.data[1] + static_cast<ptrdiff_t>(pairs / 2) * picture.linesize[1],
+        picture.data[2] + static_cast<ptrdiff_t>(pairs / 2) * picture.linesize[2], nullptr};
+    int const upward[] = {-picture.linesize[0], picture.linesize[1], picture.linesize[2], 0};
+    return sws_scale(_context.get(), last.data(), upward, pairs, 2, rows, strides) >= 0;
 }
 
 bool GLMovieScaler::scaleFrame(AVFrame& picture, QSize const& size, unsigned char* target, int stride)

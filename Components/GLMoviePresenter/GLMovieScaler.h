@@ -15,7 +15,7 @@ struct GLMovieCut;
 struct SwsContext;
 
 /// Converts and scales pictures to blue, green, red, 255 in one pass, on the processor, to look as OpenGL draws them:
-/// at one to one pixel by pixel, else by linear filtering between two pixels. Not for several threads at once.
+/// at one to one pixel by pixel, else smoothed between pixels. Not for several threads at once.
 class GLMovieScaler
 {
 public:
