@@ -32,6 +32,15 @@ AppSettings::ColourConversion colourConversionFromText(QString const& text)
     return AppSettings::ColourConversion::Automatic;
 }
 
+AppSettings::Presentation presentationFromText(QString const& text)
+{
+    if (text == "opengl")
+        return AppSettings::Presentation::OpenGl;
+    if (text == "shm")
+        return AppSettings::Presentation::SharedMemory;
+    return AppSettings::Presentation::Automatic;
+}
+
 } // namespace
 
 AppSettings::AppSettings(QObject* parent)
@@ -60,6 +69,7 @@ void AppSettings::loadGlobalSettings()
     _enableAntialiasing = settings.value("enableAntialiasing", false).toBool();
     _deinterlace = settings.value("deinterlace", true).toBool();
     _colourConversion = colourConversionFromText(settings.value("colourConversion").toString());
+    _presentation = presentationFromText(settings.value("presentation").toString());
     settings.endGroup();
 
     settings.beginGroup("proxy");

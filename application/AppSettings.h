@@ -27,6 +27,9 @@ public:
     /// Which way a picture takes to the screen; Automatic is the best that the driver offers.
     enum class ColourConversion { Automatic, Shader, FragmentProgram, Software };
 
+    /// What shows opaque pictures: OpenGL or MIT-SHM; Automatic is the latter where OpenGL runs on the processor.
+    enum class Presentation { Automatic, OpenGl, SharedMemory };
+
     explicit AppSettings(QObject* parent = nullptr);
     ~AppSettings() override;
 
@@ -62,6 +65,7 @@ public:
     ColourConversion colourConversion() const { return _colourConversion; }
     /// Whether pictures made of two fields are made whole.
     bool deinterlace() const { return _deinterlace; }
+    Presentation presentation() const { return _presentation; }
     bool enableAntialiasing() const { return _enableAntialiasing; }
     void setEnableAntialiasing(bool on);
 
@@ -162,6 +166,7 @@ private:
     bool _useHardwareColourConversion = true;
     ColourConversion _colourConversion = ColourConversion::Automatic;
     bool _deinterlace = true;
+    Presentation _presentation = Presentation::Automatic;
     bool _enableAntialiasing = false;
     int _proxyType = 2;
     QString _proxyHostName;

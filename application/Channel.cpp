@@ -237,25 +237,47 @@ void Channel::updateVideoTexture()
         stream->updateVideoTexture();
 }
 
-void Channel::drawOrthoVideoArray(QRect const& area, GLMovieRenderer::DrawMode mode)
+QRect Channel::streamArea(QRect const& area, size_t index) const
 {
-    if (_streams.empty())
-        return;
+    int const i = static_cast<int>(index);
     int const count = static_cast<int>(_streams.size());
     int const columns = static_cast<int>(std::ceil(std::sqrt(count)));
     int const rows = (count + columns - 1) / columns;
-    for (int i = 0; i < count; ++i) {
-        int const left = area.x() + i % columns * area.width() / columns;
-        int const right = area.x() + (i % columns + 1) * area.width() / columns;
-        int const top = area.y() + i / columns * area.height() / rows;
-        int const bottom = area.y() + (i / columns + 1) * area.height() / rows;
-        _streams[static_cast<size_t>(i)]->drawVideoOrthoMode(QRect(left, top, right - left, bottom - top), mode);
-    }
+    int const left = area.x() + i % columns * area.width() / columns;
+    int const right = area.x() + (i % columns + 1) * area.width() / columns;
+    int const top = area.y() + i / columns * area.height() / rows;
+    int const bottom = area.y() + (i / columns + 1) * area.height() / rows;
+    return {left, top, right - left, bottom - top};
+}
+
+void Channel::drawOrthoVideoArray(QRect const& area, GLMovieRenderer::DrawMode mode)
+{
+    for (size_t i = 0; i < _streams.size(); ++i)
+        _streams[i]->drawVideoOrthoMode(streamArea(area, i), mode);
+}
+
+bool Channel::hasOverlay() const
+{
+    return _layout && !_textArea->text().isEmpty();
+}
+
+bool Channel::isPlain() const
+{
+    return !hasOverlay() &&
+           std::all_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->isPlain(); });
+}
+
+void Channel::appendPlainPictures(QRect const& area, GLMovieRenderer::DrawMode mode,
+                                  std::vector<GLMoviePicture>& pictures)
+{
+    for (size_t i = 0; i < _streams.size(); ++i)
+        if (auto const picture = _streams[i]->plainPicture(streamArea(area, i), mode))
+            pictures.push_back(*picture);
 }
 
 void Channel::drawOverlay(QRect const& area)
 {
-    if (!_layout || _textArea->text().isEmpty())
+    if (!hasOverlay())
         return;
     _layout->setSize(QSizeF(area.right() + 1, area.bottom() + 1));
     _control->setGeometry(QRectF(area)); // What it holds counts from its corner.

@@ -70,6 +70,12 @@ public:
     void drawOrthoVideoArray(QRect const& area, GLMovieRenderer::DrawMode mode);
     /// Draws the channel's texts over the area.
     void drawOverlay(QRect const& area);
+
+    /// Whether the two would draw no more than opaque pictures as they are, and those pictures, to be appended.
+    bool isPlain() const;
+    void appendPlainPictures(QRect const& area, GLMovieRenderer::DrawMode mode,
+                             std::vector<GLMoviePicture>& pictures);
+
     bool hitTest(QPointF point) const;
 
     /// What delivers the streams that are open, where that is a client.
@@ -106,6 +112,8 @@ private:
     void createStream(StreamDescription const& description);
     void connectStream(ChannelStream* stream);
     void openStream(ChannelStream& stream);
+    bool hasOverlay() const;
+    QRect streamArea(QRect const& area, size_t index) const;
     void createOverlay();
     void setOverlayText(QString const& text);
 

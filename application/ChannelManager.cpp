@@ -333,6 +333,20 @@ void ChannelManager::renderVideoOrtho(QRect const& area, GLMovieRenderer::DrawMo
     }
 }
 
+bool ChannelManager::isPlain() const
+{
+    return std::all_of(_openChannels.cbegin(), _openChannels.cend(), [](Channel const* c) { return c->isPlain(); });
+}
+
+std::vector<GLMoviePicture> ChannelManager::plainPictures(QRect const& area, GLMovieRenderer::DrawMode mode)
+{
+    _lastArea = area;
+    std::vector<GLMoviePicture> pictures;
+    for (int i = 0; i < _openChannels.size(); ++i)
+        _openChannels.at(i)->appendPlainPictures(cell(area, i), mode, pictures);
+    return pictures;
+}
+
 Channel* ChannelManager::channelAt(QPointF point) const
 {
     for (int i = 0; i < _openChannels.size(); ++i)

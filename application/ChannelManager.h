@@ -78,6 +78,11 @@ public:
     /// Draws the open channels side by side, in pixels of the surface, y downward. GL context current.
     void renderVideoOrtho(QRect const& area, GLMovieRenderer::DrawMode mode);
 
+    /// Whether renderVideoOrtho() would draw no more than opaque pictures as they are, on black.
+    bool isPlain() const;
+    /// Those pictures, to be shown without OpenGL in its place.
+    std::vector<GLMoviePicture> plainPictures(QRect const& area, GLMovieRenderer::DrawMode mode);
+
     /// The pointer over a point of the surface, for what a click there does.
     QCursor cursorAt(QPointF point) const;
 

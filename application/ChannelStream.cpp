@@ -353,6 +353,11 @@ void ChannelStream::drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawM
         _renderer->drawVideoOrthoMode(area.x(), area.y(), area.width(), area.height(), mode);
 }
 
+std::optional<GLMoviePicture> ChannelStream::plainPicture(QRect const& area, GLMovieRenderer::DrawMode mode)
+{
+    return _renderer ? _renderer->plainPicture(area, mode) : std::nullopt;
+}
+
 QRect ChannelStream::videoWindow() const
 {
     return _renderer ? _renderer->videoWindow() : QRect();

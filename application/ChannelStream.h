@@ -67,6 +67,10 @@ public:
     bool hitTest(QPointF point) const;
     void drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawMode mode);
 
+    /// Whether drawVideoOrthoMode() would draw no more than an opaque picture as it is, and that picture.
+    bool isPlain() const { return !_renderer || _renderer->isPlain(); }
+    std::optional<GLMoviePicture> plainPicture(QRect const& area, GLMovieRenderer::DrawMode mode);
+
     /// Where the picture was last drawn, in pixels of the surface.
     QRect videoWindow() const;
     /// The size of the picture at its right aspect ratio, in pixels, known once the stream is open.

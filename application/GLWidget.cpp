@@ -17,6 +17,7 @@
 #include <QMouseEvent>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
+#include <QScreen>
 #include <QWindow>
 
 #include <array>
@@ -30,23 +31,9 @@ namespace
 constexpr int mouseHideTime = 3000; // ms
 constexpr std::array<double, 8> zoomFactors = {0.25, 0.5, 0.75, 1.0, 1.25, 1.5, 1.75, 2.0};
 
-QSurfaceFormat surfaceFormat(bool antialiasing)
-{
-    QSurfaceFormat format;
-    format.setRenderableType(QSurfaceFormat::OpenGL);
-    format.setVersion(2, 1);
-    format.setProfile(QSurfaceFormat::CompatibilityProfile);
-    format.setDepthBufferSize(0);
-    format.setStencilBufferSize(0);
-    format.setSwapInterval(0); // Pictures are timed by their clock; waiting here would hold up every other stream.
-    if (antialiasing)
-        format.setSamples(4);
-    return format;
-}
-
 } // namespace
 
-GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appData(appData)
+GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appData(appData), _surface(*this)
 {
     setObjectName("glWidget");
     setAttribute(Qt::WA_NativeWindow);
@@ -58,91 +45,116 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
     setMouseTracking(true);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
-    _renderTimer.setSingleShot(true);
-    _renderTimer.setInterval(0);
-    connect(&_renderTimer, &QTimer::timeout, this, &GLWidget::onRenderTimer);
     _mouseHideTimer.setSingleShot(true);
     _mouseHideTimer.setInterval(mouseHideTime);
     connect(&_mouseHideTimer, &QTimer::timeout, this, &GLWidget::onMouseHideTimer);
-    connect(_appData.channelManager(), &ChannelManager::pictureUpdated, &_renderTimer, qOverload<>(&QTimer::start));
-    connect(&_appData.settings, &AppSettings::drawModeChanged, &_renderTimer, qOverload<>(&QTimer::start));
+    connect(_appData.channelManager(), &ChannelManager::pictureUpdated, &_pacer, &PaintPacer::request);
+    connect(&_appData.settings, &AppSettings::drawModeChanged, &_pacer, &PaintPacer::request);
+    connect(&_pacer, &PaintPacer::paint, this, &GLWidget::onRenderTimer);
+    connect(&_surface, &GLSurface::windowChanged, this, &GLWidget::onWindowChanged);
     connect(&_appData.settings, &AppSettings::showFullScreenChanged, this, &GLWidget::onShowFullScreenChanged);
 }
 
 GLWidget::~GLWidget()
 {
-    if (_context && _context->makeCurrent(windowHandle())) {
+    _presenter.reset();
+    if (_surface.makeCurrent()) {
         _appData.clearPostProcessingShaders();
         _appData.colourConversionShader().destroy();
-        _context->doneCurrent();
+        _surface.context()->doneCurrent();
     }
 }
 
 bool GLWidget::hasOpenGL()
 {
-    QOpenGLContext context;
-    context.setFormat(surfaceFormat(false));
-    return context.create();
-}
-
-void GLWidget::createContext()
-{
-    QSurfaceFormat const format = surfaceFormat(_appData.settings.enableAntialiasing());
-    winId();
-    windowHandle()->setSurfaceType(QSurface::OpenGLSurface);
-    windowHandle()->setFormat(format);
-    auto context = std::make_unique<QOpenGLContext>();
-    context->setFormat(windowHandle()->requestedFormat());
-    if (!context->create() || !context->makeCurrent(windowHandle())) {
-        LOG_ERROR("Could not create an OpenGL context");
-        _failed = true;
-        return;
-    }
-    _context = std::move(context);
+    return GLSurface::isAvailable();
 }
 
 void GLWidget::initializeGL()
 {
-    initGLExtensions(_context.get());
+    _isInitialized = true;
+    initGLExtensions(_surface.context());
     LOG_INFO("OpenGL %s %s %s", qPrintable(GLExtension::version()), qPrintable(GLExtension::renderer()),
              qPrintable(GLExtension::vendor()));
     _appData.createColourConversionPrograms();
+    choosePresentation();
     emit initialized();
+}
+
+void GLWidget::choosePresentation()
+{
+    using Presentation = AppSettings::Presentation;
+    Presentation const wanted = _appData.settings.presentation();
+    if (wanted == Presentation::OpenGl || (wanted == Presentation::Automatic && !_appData.drawsInSoftware()))
+        return;
+    _presenter = std::make_unique<GLMoviePresenter>();
+    connect(_presenter.get(), &GLMoviePresenter::ready, &_pacer, &PaintPacer::request);
+    onWindowChanged(windowHandle());
+}
+
+void GLWidget::onWindowChanged(QWindow* window)
+{
+    _pacer.setRefreshRate(window->screen()->refreshRate());
+    if (_presenter && !_presenter->setWindow(static_cast<xcb_window_t>(window->winId())))
+        LOG_INFO("Pictures are drawn with OpenGL");
 }
 
 void GLWidget::paintEvent(QPaintEvent*)
 {
+    if (_presenter)
+        _presenter->forget(); // What was on the window has been lost.
     render();
 }
 
 void GLWidget::onRenderTimer()
 {
-    if (isVisible())
+    if (_surface.isExposed())
         render();
 }
 
 void GLWidget::render()
 {
-    if (!_context && !_failed) {
-        createContext();
-        if (_context)
-            initializeGL();
-    }
-    if (!_context || !windowHandle()->isExposed() || !_context->makeCurrent(windowHandle()))
+    _pacer.painted();
+    if (!_surface.create(_appData.settings.enableAntialiasing()) || !_surface.isExposed() || !_surface.adoptWindow())
         return;
+    if (!_isInitialized)
+        initializeGL();
+    if (!presentPictures() && _surface.makeCurrent())
+        drawPictures();
+    logVideoRectangle();
+}
+
+bool GLWidget::presentPictures()
+{
+    if (!_presenter)
+        return false;
+    ChannelManager& channels = *_appData.channelManager();
+    if (channels.isPlain() &&
+        _presenter->present(surfaceRect().size(), channels.plainPictures(surfaceRect(), drawMode())) !=
+            GLMoviePresenter::Result::Impossible)
+        return true;
+    _presenter->forget(); // OpenGL draws over it.
+    return false;
+}
+
+void GLWidget::drawPictures()
+{
     QRect const surface = surfaceRect();
     createViewport(surface.width(), surface.height());
-    _context->functions()->glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
-    _context->functions()->glClear(GL_COLOR_BUFFER_BIT);
+    _surface.context()->functions()->glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
+    _surface.context()->functions()->glClear(GL_COLOR_BUFFER_BIT);
     renderVideoOrtho();
-    _context->swapBuffers(windowHandle());
-    logVideoRectangle();
+    _surface.swapBuffers();
+}
+
+GLMovieRenderer::DrawMode GLWidget::drawMode() const
+{
+    return static_cast<GLMovieRenderer::DrawMode>(_appData.settings.drawMode());
 }
 
 void GLWidget::renderVideoOrtho()
 {
-    auto const mode = static_cast<GLMovieRenderer::DrawMode>(_appData.settings.drawMode());
-    _appData.channelManager()->renderVideoOrtho(surfaceRect(), mode);
+    _appData.channelManager()->renderVideoOrtho(surfaceRect(), drawMode());
 }
 
 void GLWidget::createViewport(int width, int height)
@@ -175,15 +187,16 @@ void GLWidget::logVideoRectangle()
 
 QImage GLWidget::takeScreenshot()
 {
-    if (!_context || !_context->makeCurrent(windowHandle()))
+    if (!_surface.makeCurrent())
         return {};
     QRect const surface = surfaceRect();
     QImage image(surface.size(), QImage::Format_RGBX8888);
     createViewport(surface.width(), surface.height());
-    _context->functions()->glClear(GL_COLOR_BUFFER_BIT);
+    _surface.context()->functions()->glClear(GL_COLOR_BUFFER_BIT);
     renderVideoOrtho();
     // Rows of this format are four bytes a pixel, so they need no padding.
-    _context->functions()->glReadPixels(0, 0, image.width(), image.height(), GL_RGBA, GL_UNSIGNED_BYTE, image.bits());
+    _surface.context()->functions()->glReadPixels(0, 0, image.width(), image.height(), GL_RGBA, GL_UNSIGNED_BYTE,
+                                                  image.bits());
     return image.mirrored();
 }
 
@@ -201,7 +214,7 @@ void GLWidget::onTakeScreenshot()
 
 void GLWidget::setEffects(QStringList const& names)
 {
-    if (!_context || !_context->makeCurrent(windowHandle()))
+    if (!_surface.makeCurrent())
         return;
     _appData.clearPostProcessingShaders();
     _appData.addPostProcessingShaders(PostProcessingEffects::create(names));
@@ -219,7 +232,7 @@ double GLWidget::calculateZoom() const
 
 void GLWidget::resizeEvent(QResizeEvent*)
 {
-    _renderTimer.start();
+    _pacer.request();
 }
 
 void GLWidget::mousePressEvent(QMouseEvent* event)

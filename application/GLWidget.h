@@ -1,6 +1,9 @@
 #pragma once
 
+#include "GLMoviePresenter.h"
 #include "GLMovieRenderer.h"
+#include "GLSurface.h"
+#include "PaintPacer.h"
 
 #include <QImage>
 #include <QRect>
@@ -12,13 +15,13 @@
 
 class AppData;
 class Logger;
-class QOpenGLContext;
 
 /// The OpenGL surface in which video plays.
 ///
 /// A native window with a context of its own, drawn to without a detour: in software OpenGL, composing the picture
-/// through the widget's backing store would double the cost of every picture. Paints when a picture or a text has
-/// changed, never otherwise. Main thread only, which is the GL thread.
+/// through the widget's backing store would double the cost of every picture. Where OpenGL is in software, and
+/// nothing but opaque pictures is to be seen, they go to the window without it. Paints when a picture or a text has
+/// changed and can be seen, at most once for each frame of the screen. Main thread only, which is the GL thread.
 class GLWidget : public QWidget
 {
     Q_OBJECT
@@ -27,7 +30,7 @@ public:
     explicit GLWidget(AppData& appData, QWidget* parent = nullptr);
     ~GLWidget() override;
 
-    /// Whether the system has OpenGL at all.
+    /// Whether the system can draw with OpenGL at all.
     static bool hasOpenGL();
 
     /// What is painted now, in pixels of the surface. Null without a context.
@@ -52,6 +55,7 @@ signals:
     void filesDropped(QStringList names);
 
 public slots:
+    /// Paints, if anything of the surface can be seen.
     void onRenderTimer();
     void onMouseHideTimer();
     void onShowFullScreenChanged();
@@ -68,10 +72,14 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void createContext();
     void initializeGL();
+    void onWindowChanged(QWindow* window);
+    void choosePresentation();
     void render();
+    bool presentPictures();
+    void drawPictures();
     void renderVideoOrtho();
+    GLMovieRenderer::DrawMode drawMode() const;
     void createViewport(int width, int height);
     void logVideoRectangle();
     QRect surfaceRect() const;
@@ -79,9 +87,10 @@ private:
     static Logger* log;
 
     AppData& _appData;
-    std::unique_ptr<QOpenGLContext> _context; ///< Null until the first paint, or when none could be made.
-    bool _failed = false;
-    QTimer _renderTimer; ///< Single-shot: joins the updates of several streams into one paint.
+    GLSurface _surface;
+    PaintPacer _pacer;
+    std::unique_ptr<GLMoviePresenter> _presenter; ///< Null where OpenGL draws everything.
+    bool _isInitialized = false;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;
 };

@@ -7,6 +7,7 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET
   libavformat>=59.27 libavcodec>=59.37 libavfilter>=8.44 libavutil>=57.28 libswscale libswresample)
 pkg_check_modules(OPENAL REQUIRED IMPORTED_TARGET openal)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shm)
 if(OMBRAVISION_TESTS)
   find_package(GTest REQUIRED)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Test)

@@ -2,6 +2,7 @@
 
 #include "GLAnimation.h"
 #include "GLMoviePainter.h"
+#include "GLMoviePicture.h"
 
 #include <QObject>
 #include <QPointF>
@@ -12,6 +13,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 class GLMovie;
 class GLMovieDataSource;
@@ -106,6 +108,12 @@ public:
     void updateVideoTexture();
     /// Draws picture and texts into a rectangle.
     void drawVideoOrthoMode(int x, int y, int width, int height, GLMovieRenderer::DrawMode mode = TouchInside);
+    /// Whether drawVideoOrthoMode() would draw no more than an opaque picture as it is, or nothing: whether it can do
+    /// without OpenGL.
+    bool isPlain() const;
+    /// The picture that drawVideoOrthoMode() would draw into the area, where that isPlain(); none when it would draw
+    /// none. Counts as drawn there.
+    std::optional<GLMoviePicture> plainPicture(QRect const& area, GLMovieRenderer::DrawMode mode);
     /// Draws the picture in the plane z of the current space, y upward, from the lower left corner (x, y); with
     /// keepAspect, as large as fits.
     void drawVideoPerspectiveMode(double x, double y, double width, double height, bool keepAspect, double z = 0.0);
@@ -169,6 +177,7 @@ private:
     void applyVolume();
     void fadeOneIn(GLAnimation& fade, int& waiting, bool wanted, bool begun, int milliseconds);
     double visibleOpacity() const { return _opacity * _videoFade.value(); }
+    bool showsOverlay() const;
     void drawVideoOverlay(QRectF const& rectangle);
     void calculateVideoWindowCoordinates(QPolygonF const& corners);
 

@@ -4,12 +4,14 @@
 #include "GLMovieOverlay.h"
 #include "GLMovieQuad.h"
 #include "GLMovieRenderer.h"
+#include "GLMovieScaler.h"
 #include "GLMovieTexture.h"
 #include "Logger.h"
 
 #include <QImage>
 
 #include <algorithm>
+#include <mutex>
 #include <qopengl.h>
 
 namespace
@@ -23,6 +25,12 @@ GLMovieQuad quadFor(QRectF const& picture, QRectF const& target)
         QRectF((shown.left() - picture.left()) / picture.width(), (shown.top() - picture.top()) / picture.height(),
                shown.width() / picture.width(), shown.height() / picture.height());
     return quad;
+}
+
+bool hasPictureIn(GLMovieTexture& texture)
+{
+    std::lock_guard const lock(texture);
+    return texture.generation() > 0;
 }
 } // namespace
 
@@ -91,6 +99,28 @@ void GLMovieRenderer::drawVideoOrthoMode(int x, int y, int width, int height, GL
     drawVideoOverlay(shown);
 }
 
+bool GLMovieRenderer::isPlain() const
+{
+    if (!canDraw())
+        return true;
+    GLMovieTexture* const texture = _movie->texture();
+    return texture && GLMovieScaler::isFast(texture->pixelFormat()) && visibleOpacity() >= 1.0 && !showsOverlay() &&
+           !_painter.postProcessor().isActive();
+}
+
+std::optional<GLMoviePicture> GLMovieRenderer::plainPicture(QRect const& area, GLMovieRenderer::DrawMode mode)
+{
+    GLMovieTexture* const texture = canDraw() ? _movie->texture() : nullptr;
+    if (!texture || !hasPictureIn(*texture))
+        return {};
+    QRect const rectangle = computeVideoRectangle(area, movieSize(), aspectRatio(), mode).toRect();
+    QRect const visible = rectangle.intersected(area);
+    if (visible.isEmpty())
+        return {};
+    calculateVideoWindowCoordinates(QRectF(visible));
+    return GLMoviePicture{.texture = texture, .rectangle = rectangle, .visible = visible};
+}
+
 void GLMovieRenderer::drawVideoPerspectiveMode(double x, double y, double width, double height, bool keepAspect,
                                                double z)
 {
@@ -122,9 +152,14 @@ void GLMovieRenderer::drawVideoWithDrawPixels(int x, int y, int width, int heigh
                                        fittedWidth / size.width(), fittedHeight / size.height());
 }
 
+bool GLMovieRenderer::showsOverlay() const
+{
+    return _overlay && (!_hasPicture || !_videoMessage.isEmpty());
+}
+
 void GLMovieRenderer::drawVideoOverlay(QRectF const& rectangle)
 {
-    if (_overlay && (!_hasPicture || !_videoMessage.isEmpty()) && !rectangle.isEmpty())
+    if (showsOverlay() && !rectangle.isEmpty())
         _overlay->draw(rectangle, _opacity);
 }
 

@@ -6,9 +6,16 @@
 
 namespace
 {
+/// A width to scale to: an even one, which costs swscale a fraction of an odd one; what it is too wide is cut off.
+double scaledWidth(double width, QSize const& picture)
+{
+    double const rounded = std::round(width);
+    return rounded == picture.width() ? rounded : std::ceil(rounded / 2.0) * 2.0;
+}
+
 QRectF centred(QRectF const& target, double width, double height)
 {
-    double const w = std::round(width);
+    double const w = width;
     double const h = std::round(height);
     return QRectF(target.left() + std::floor((target.width() - w) / 2.0),
                   target.top() + std::floor((target.height() - h) / 2.0), w, h);
@@ -23,22 +30,23 @@ QRectF GLMovieRenderer::computeVideoRectangle(QRectF const& target, QSize const&
     double const height = picture.height();
     double const aspect = aspectRatio > 0.0 ? aspectRatio : picture.width() / height;
     double const width = height * aspect;
+    auto const fitted = [&](double w, double h) { return centred(target, scaledWidth(w, picture), h); };
     bool const isNarrower = aspect < target.width() / target.height();
     switch (mode) {
     case HalfSize:
-        return centred(target, width / 2.0, height / 2.0);
+        return fitted(width / 2.0, height / 2.0);
     case NormalSize:
-        return centred(target, width, height);
+        return fitted(width, height);
     case DoubleSize:
-        return centred(target, width * 2.0, height * 2.0);
+        return fitted(width * 2.0, height * 2.0);
     case Stretch:
-        return target;
+        return QRectF(target.topLeft(), QSizeF(scaledWidth(target.width(), picture), target.height()));
     case TouchInside:
-        return isNarrower ? centred(target, target.height() * aspect, target.height())
-                          : centred(target, target.width(), target.width() / aspect);
+        return isNarrower ? fitted(target.height() * aspect, target.height())
+                          : fitted(target.width(), target.width() / aspect);
     case TouchOutside:
-        return isNarrower ? centred(target, target.width(), target.width() / aspect)
-                          : centred(target, target.height() * aspect, target.height());
+        return isNarrower ? fitted(target.width(), target.width() / aspect)
+                          : fitted(target.height() * aspect, target.height());
     }
     return target;
 }

@@ -71,7 +71,7 @@ int GLMovieTexture::createYUV(AVCodecContext const* context)
         _planeHeight[i] = (_planeHeight[i] + 1) / 2;
         _textureWidth[i] = (_textureWidth[i] + 1) / 2;
         _textureHeight[i] = (_textureHeight[i] + 1) / 2;
-        _planes[i].resize(static_cast<size_t>(_textureWidth[i]) * static_cast<size_t>(_textureHeight[i]));
+        _planes[i].resize(static_cast<size_t>(_textureWidth[i]) * static_cast<size_t>(_textureHeight[i]) + padding);
     }
     return 0;
 }
@@ -96,7 +96,8 @@ void GLMovieTexture::allocatePlane(int index, int width, int height)
     _textureWidth[i] = exact ? width : GLTexture::nearestPowerOfTwo(width);
     _textureHeight[i] = exact ? height : GLTexture::nearestPowerOfTwo(height);
     _planes[i].assign(static_cast<size_t>(_textureWidth[i]) * static_cast<size_t>(_textureHeight[i]) *
-                          static_cast<size_t>(_bytesPerPixel),
+                              static_cast<size_t>(_bytesPerPixel) +
+                          padding,
                       0);
 }
 
@@ -226,7 +227,7 @@ void GLMovieTexture::copyPlane(int index, AVFrame const* frame)
     size_t const rowBytes = static_cast<size_t>(_planeWidth[i]) * static_cast<size_t>(_bytesPerPixel);
     bool const sameSize = _planeWidth[i] == _textureWidth[i] && _planeHeight[i] == _textureHeight[i];
     if (sameSize && frame->linesize[i] > 0 && static_cast<size_t>(frame->linesize[i]) == rowBytes) {
-        std::memcpy(_planes[i].data(), frame->data[i], _planes[i].size());
+        std::memcpy(_planes[i].data(), frame->data[i], rowBytes * static_cast<size_t>(_planeHeight[i]));
         return;
     }
     for (int y = 0; y < _planeHeight[i]; ++y)

@@ -31,6 +31,7 @@ class GLMovieTexture : public QObject
 
 public:
     static constexpr int maximumPlanes = 3;
+    static constexpr size_t padding = 64; ///< Bytes behind a plane that may be read along with its last ones.
 
     explicit GLMovieTexture(QObject* parent = nullptr);
 
@@ -56,7 +57,8 @@ public:
     unsigned int glFormat() const { return _glFormat; }
     int bytesPerPixel() const { return _bytesPerPixel; }
 
-    /// The plane's bytes, textureWidth() times textureHeight() pixels. Between lock() and unlock() only.
+    /// The plane's bytes, textureWidth() times textureHeight() pixels and `padding` bytes. Between lock() and
+    /// unlock() only.
     unsigned char const* plane(int index) const { return _planes[static_cast<size_t>(index)].data(); }
     int planeWidth(int index) const { return _planeWidth[static_cast<size_t>(index)]; }
     int planeHeight(int index) const { return _planeHeight[static_cast<size_t>(index)]; }

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+class Logger;
+class QOpenGLContext;
+class QWidget;
+class QWindow;
+
+/// An OpenGL context that draws on the native window of a widget, whichever that is: Qt makes the window anew when it
+/// gets other flags or another parent. The context, and with it textures and programs, stays. GUI thread only.
+class GLSurface : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The widget, which has to be a native one, outlives the surface.
+    explicit GLSurface(QWidget& widget);
+    ~GLSurface() override;
+
+    /// Whether the system can draw on a window with OpenGL: makes a context current on one that nobody sees.
+    static bool isAvailable();
+
+    /// Makes a context, if there is none. False, and an error in the log, when that fails: it is tried once.
+    bool create(bool antialiasing);
+    /// Takes the widget's window of now. False without a context or a window.
+    bool adoptWindow();
+    /// Makes the context current on the widget's window of now. False without a context or a window.
+    bool makeCurrent();
+    void swapBuffers();
+    QOpenGLContext* context() const { return _context.get(); }
+
+    /// Whether any of the window can be on the screen: a minimised one is not, even where the desktop keeps it
+    /// mapped.
+    bool isExposed() const;
+
+signals:
+    /// The widget has a new window, on which nothing has been drawn.
+    void windowChanged(QWindow* window);
+
+private:
+    static Logger* log;
+
+    QWidget& _widget;
+    std::unique_ptr<QOpenGLContext> _context;
+    QPointer<QWindow> _window; ///< The one that was drawn on last.
+    quintptr _windowId = 0;    ///< Its native window: Qt may change that too.
+    bool _hasFailed = false;
+};
