@@ -1,5 +1,6 @@
 #include "AppSettings.h"
 
+#include "BoundedNumber.h"
 #include "Deployment.h"
 #include "Logger.h"
 #include "LoggerManager.h"
@@ -10,6 +11,7 @@
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QDir>
+#include <QNetworkProxy>
 #include <QUuid>
 
 #include <algorithm>
@@ -20,6 +22,10 @@ Logger* AppSettings::log = LoggerManager::logger();
 
 namespace
 {
+
+constexpr BoundedNumber proxyTypeNumber = {"proxyType", QNetworkProxy::NoProxy, QNetworkProxy::DefaultProxy,
+                                           QNetworkProxy::FtpCachingProxy};
+constexpr BoundedNumber proxyPortNumber = {"ProxyPort", 0, 0, BoundedNumber::maximumPort};
 
 AppSettings::ColourConversion colourConversionFromText(QString const& text)
 {
@@ -45,7 +51,7 @@ AppSettings::Presentation presentationFromText(QString const& text)
 
 AppSettings::AppSettings(QObject* parent)
     : QObject(parent), _applicationName("Ombravision"), _organisationDomain(Deployment::organisationDomain),
-      _version("3.2.0"), _dataDirectory(QDir::homePath() + "/.Ombravision")
+      _dataDirectory(QDir::homePath() + "/.Ombravision")
 {
 }
 
@@ -73,9 +79,9 @@ void AppSettings::loadGlobalSettings()
     settings.endGroup();
 
     settings.beginGroup("proxy");
-    _proxyType = settings.value("proxyType", 2).toInt();
+    _proxyType = readNumber(settings, proxyTypeNumber);
     _proxyHostName = settings.value("ProxyHostName", "").toString();
-    _proxyPort = settings.value("ProxyPort", 0).toInt();
+    _proxyPort = readNumber(settings, proxyPortNumber);
     _proxyUser = settings.value("ProxyUser", "").toString();
     _proxyPassword = settings.value("ProxyPassword", "").toString();
     settings.endGroup();
@@ -91,6 +97,14 @@ void AppSettings::loadGlobalSettings()
     }
     settings.endGroup();
     check("Run at Startup", _runAtStartup);
+}
+
+int AppSettings::readNumber(QSettings const& settings, BoundedNumber const& number)
+{
+    auto const [value, complaint] = number.read(settings);
+    if (!complaint.isEmpty())
+        LOG_WARNING("%s", qUtf8Printable(complaint));
+    return static_cast<int>(value);
 }
 
 /// What the file has wrong is replaced: the program starts without a messaging server too.

@@ -14,6 +14,7 @@ class Logger;
 class QAction;
 class QActionGroup;
 class QSettings;
+struct BoundedNumber;
 
 /// Every setting of the program, its fixed names, and the menu actions whose state mirrors a setting.
 ///
@@ -29,6 +30,7 @@ public:
 
     /// What shows opaque pictures: OpenGL or MIT-SHM; Automatic is the latter where OpenGL runs on the processor.
     enum class Presentation { Automatic, OpenGl, SharedMemory };
+    static constexpr char const* programVersion = "3.2.0";
 
     explicit AppSettings(QObject* parent = nullptr);
     ~AppSettings() override;
@@ -36,7 +38,7 @@ public:
     QString applicationName() const { return _applicationName; }
     QString organisation() const { return _applicationName; }
     QString organisationDomain() const { return _organisationDomain; }
-    QString version() const { return _version; }
+    QString version() const { return programVersion; }
 
     /// Directories of this user; made when they are first needed.
     QString dataDirectory() const { return _dataDirectory; }
@@ -123,6 +125,8 @@ public:
 
     /// The factor of a speed action.
     static double speedOf(QAction const* action);
+    /// Shows which speed holds, and whether another can be chosen.
+    void showSpeed(double speed, bool canChange);
 
 signals:
     void audioDeviceChanged();
@@ -146,6 +150,7 @@ private:
     };
     static ActionSpec const actionSpecs[];
 
+    static int readNumber(QSettings const& settings, BoundedNumber const& number);
     void loadBiscotti(QSettings const& settings);
     void check(QString const& text, bool checked);
 
@@ -153,7 +158,6 @@ private:
 
     QString const _applicationName;
     QString const _organisationDomain;
-    QString const _version;
     QString const _dataDirectory;
 
     bool _debugMode = false;

@@ -107,6 +107,17 @@ double AppSettings::speedOf(QAction const* action)
     return action->data().toDouble();
 }
 
+void AppSettings::showSpeed(double speed, bool canChange)
+{
+    for (QAction* const action : speedActions()) {
+        action->setEnabled(canChange);
+        if (speedOf(action) == speed)
+            action->setChecked(true);
+    }
+    for (char const* const text : {"Reset Speed", "Increase Speed", "Decrease Speed"})
+        action(text)->setEnabled(canChange);
+}
+
 void AppSettings::check(QString const& text, bool checked)
 {
     if (QAction* const mirrored = action(text))

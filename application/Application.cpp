@@ -2,6 +2,7 @@
 
 #include "ArgumentList.h"
 #include "ChannelManager.h"
+#include "EventLoopWatchdog.h"
 #include "GLWidget.h"
 #include "LocalhostInfo.h"
 #include "Logger.h"
@@ -14,6 +15,7 @@
 #include <QSystemTrayIcon>
 #include <QUrl>
 
+#include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -51,29 +53,46 @@ Application::Application(QString const& appId, int& argc, char** argv) : SingleA
     log->setHostname(LocalhostInfo().name());
     LOG_INFO("\n\n***************** Starting Ombravision *****************\n");
     LOG_INFO("Version: %s", qPrintable(applicationVersion()));
+    tellUnknownSwitches(arguments);
     parseSwitches(arguments);
 }
 
 Application::~Application()
 {
+    _eventLoopWatchdog.reset();
     uninitialize();
     LOG_INFO("\n\n***************** Exit Ombravision *****************");
+}
+
+void Application::tellUnknownSwitches(ArgumentList const& arguments)
+{
+    for (QString const& name : arguments.unknownSwitches()) {
+        std::fprintf(stderr, "ombravision: there is no switch %s; see ombravision --help\n", qPrintable(name));
+        LOG_WARNING("There is no switch %s", qUtf8Printable(name));
+    }
+}
+
+void Application::parseDebugSwitch(ArgumentList const& arguments)
+{
+    if (!arguments.isGiven("-debug")) {
+        closeStandardStreams();
+        return;
+    }
+    log->setLevel(Logger::Debug);
+    QStringList const classes = arguments.debugClasses();
+    for (QString const& name : classes)
+        log->showClass(name);
+    if (classes.contains("EventLoop"))
+        _eventLoopWatchdog = std::make_unique<EventLoopWatchdog>();
+    _appData.settings.setDebugMode(true);
 }
 
 void Application::parseSwitches(ArgumentList const& arguments)
 {
     AppSettings& settings = _appData.settings;
-    auto const isGiven = [&arguments](char const* name) { return !arguments.getSwitchArg(name, QString()).isNull(); };
+    auto const isGiven = [&arguments](char const* name) { return arguments.isGiven(name); };
 
-    QString const classes = arguments.getSwitchArg("-debug", QString());
-    if (classes.isNull()) {
-        closeStandardStreams();
-    } else {
-        log->setLevel(Logger::Debug);
-        for (QString const& name : classes.split(',', Qt::SkipEmptyParts))
-            log->showClass(name);
-        settings.setDebugMode(true);
-    }
+    parseDebugSwitch(arguments);
     if (isGiven("-demo")) {
         settings.setDemoMode(true);
         LOG_INFO("Debug mode is enabled");
@@ -149,9 +168,7 @@ void Application::onMessageReceived(QString const& message)
 {
     if (!_window)
         return;
-    if (!_appData.settings.showFullScreen())
-        _window->showNormal();
-    _window->activateWindow();
+    _window->showWindow();
     QStringList lines = message.split('\n', Qt::SkipEmptyParts);
     if (lines.isEmpty() || lines.takeFirst() != wakeUpMessage)
         return;

@@ -10,6 +10,7 @@
 #include <memory>
 
 class ArgumentList;
+class EventLoopWatchdog;
 class Logger;
 class Window;
 
@@ -22,7 +23,8 @@ public:
     /// What a later instance sends when it has nothing to play. Its text opens no file: the window is raised.
     static constexpr char const* wakeUpMessage = "Wake up!";
 
-    /// Parses the switches. Without -debug, standard output and error are closed for good.
+    /// Parses the switches; says which of them it does not know. Without -debug, standard output and error are then
+    /// closed for good.
     Application(QString const& appId, int& argc, char** argv);
     ~Application() override;
 
@@ -46,6 +48,8 @@ public slots:
 
 private:
     void parseSwitches(ArgumentList const& arguments);
+    void parseDebugSwitch(ArgumentList const& arguments);
+    static void tellUnknownSwitches(ArgumentList const& arguments);
     bool fail(char const* logText, QString const& text);
     static void closeStandardStreams();
 
@@ -54,5 +58,6 @@ private:
     TerminationSignals _terminationSignals;
     AppData _appData;
     std::unique_ptr<Window> _window;
+    std::unique_ptr<EventLoopWatchdog> _eventLoopWatchdog; ///< Null unless its class is named to -debug.
     QStringList _names; ///< Files by absolute path, and addresses, from the command line.
 };

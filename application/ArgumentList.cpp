@@ -3,6 +3,9 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
+#include <QFileInfo>
+#include <QRegularExpression>
+
 #include <span>
 
 Logger* ArgumentList::log = LoggerManager::logger();
@@ -11,7 +14,9 @@ namespace
 {
 
 QString const endOfSwitches = QStringLiteral("--");
-QString const switchWithValue = QStringLiteral("-debug");
+QString const debugSwitch = QStringLiteral("-debug");
+QStringList const knownSwitches = {debugSwitch, "-demo",  "-idkfa", "-startup", "-fullscreen",
+                                   "-help",     "--help", "-h",     "-version", "--version"};
 
 QStringList argumentsOf(int argc, char** argv)
 {
@@ -21,20 +26,12 @@ QStringList argumentsOf(int argc, char** argv)
     return arguments;
 }
 
-QStringList positionalsOf(QStringList const& arguments)
+/// Whether what stands after -debug is meant as its value rather than as something to play.
+bool isClassList(QString const& argument)
 {
-    QStringList positionals;
-    bool switchesEnded = false;
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-        QString const& argument = arguments.at(i);
-        if (switchesEnded || !argument.startsWith('-'))
-            positionals.append(argument);
-        else if (argument == endOfSwitches)
-            switchesEnded = true;
-        else if (argument == switchWithValue && i + 1 < arguments.size() && !arguments.at(i + 1).startsWith('-'))
-            ++i;
-    }
-    return positionals;
+    static QRegularExpression const shape(QRegularExpression::anchoredPattern("[A-Za-z0-9_,]*"));
+    QFileInfo const file(argument);
+    return shape.match(argument).hasMatch() && (!file.exists() || file.isDir());
 }
 
 } // namespace
@@ -48,10 +45,30 @@ ArgumentList::ArgumentList(int argc, char** argv) : QStringList(argsToStringlist
         for (++token; token < end; ++token)
             _continuations.insert(token);
     }
-    _positionalArguments = positionalsOf(arguments);
+    readArguments(arguments);
 }
 
 ArgumentList::ArgumentList(QStringList const& tokens) : QStringList(tokens) {}
+
+void ArgumentList::readArguments(QStringList const& arguments)
+{
+    bool switchesEnded = false;
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        QString const& argument = arguments.at(i);
+        if (switchesEnded || !argument.startsWith('-')) {
+            _positionalArguments.append(argument);
+        } else if (argument == endOfSwitches) {
+            switchesEnded = true;
+        } else if (QString const name = argument.section('=', 0, 0); !knownSwitches.contains(name)) {
+            _unknownSwitches.append(name);
+        } else if (argument == debugSwitch && i + 1 < arguments.size() && !arguments.at(i + 1).startsWith('-')) {
+            if (isClassList(arguments.at(i + 1)))
+                ++i;
+            else
+                _debugStandsAlone = true;
+        }
+    }
+}
 
 QStringList ArgumentList::argsToStringlist(int argc, char** argv)
 {
@@ -78,4 +95,9 @@ QString ArgumentList::getSwitchArg(QString const& switchName, QString const& def
         return hasValue ? at(i + 1) : QStringLiteral("");
     }
     return defaultValue;
+}
+
+QStringList ArgumentList::debugClasses() const
+{
+    return _debugStandsAlone ? QStringList() : getSwitchArg(debugSwitch, QString()).split(',', Qt::SkipEmptyParts);
 }

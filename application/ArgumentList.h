@@ -11,7 +11,8 @@ class Logger;
 /// The list itself holds tokens: every argument, split on "=", so that "-debug=Foo" and "-debug Foo" are the same.
 /// What to play is read from the arguments as they were given, since an address may hold "=" itself:
 /// - an argument that begins with "-" is a switch;
-/// - the argument after a `-debug` without "=" is its value, unless it begins with "-";
+/// - the argument after a `-debug` without "=" is its value if it reads as a list of classes, unless a file has that
+///   name;
 /// - all others are file names or addresses;
 /// - "--" ends the switches: everything after it is a file name or an address.
 class ArgumentList : public QStringList
@@ -31,12 +32,25 @@ public:
     /// A token that is a later part of its argument, or stands after "--", is no switch.
     QString getSwitchArg(QString const& switchName, QString const& defaultValue) const;
 
+    /// Whether a switch stands in the list, with or without a value.
+    bool isGiven(QString const& switchName) const { return !getSwitchArg(switchName, QString()).isNull(); }
+
     /// The file names and addresses, in order, as they were given.
     QStringList positionalArguments() const { return _positionalArguments; }
 
+    /// The classes that -debug names, in order; none when it stands alone before something to play.
+    QStringList debugClasses() const;
+
+    /// The switches that the program does not know, in order, without their values.
+    QStringList unknownSwitches() const { return _unknownSwitches; }
+
 private:
+    void readArguments(QStringList const& arguments);
+
     QSet<qsizetype> _continuations; ///< Indexes of the tokens that continue an argument.
     QStringList _positionalArguments;
+    QStringList _unknownSwitches;
+    bool _debugStandsAlone = false; ///< Before something to play, which is no value of it.
 
     static Logger* log;
 };

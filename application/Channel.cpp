@@ -166,6 +166,11 @@ bool Channel::hasAudio() const
     return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->hasAudio(); });
 }
 
+bool Channel::isSeekable() const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->isSeekable(); });
+}
+
 void Channel::setMuted(bool muted)
 {
     for (auto const& stream : _streams)

@@ -48,6 +48,8 @@ public:
     bool hasError() const { return _hasError; }
     bool hasVideo() const;
     bool hasAudio() const;
+    /// Whether some stream can seek, and so play at another speed than its own; known once it is open.
+    bool isSeekable() const;
 
     /// Seconds since the epoch; 0 while closed.
     qint64 openTime() const { return _openTime; }

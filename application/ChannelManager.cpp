@@ -129,6 +129,7 @@ void ChannelManager::openChannelMultiview(Channel* channel, int index)
                          channel);
     channel->setVolume(0.0);
     channel->setOpacity(0.0);
+    channel->setSpeed(_speed);
     channel->open();
     channel->setMuted(!isFirst || _muted);
     channel->fadeIn(fadeTime, _volume, true, true);
@@ -287,8 +288,17 @@ void ChannelManager::setMuted(bool muted)
 
 void ChannelManager::setSpeed(double speed)
 {
+    _speed = speed;
     for (Channel* const channel : std::as_const(_openChannels))
         channel->setSpeed(speed);
+    emit speedChanged();
+}
+
+bool ChannelManager::canChangeSpeed() const
+{
+    return _openChannels.isEmpty() || std::ranges::any_of(_openChannels, [](Channel const* channel) {
+               return channel->isSeekable() || channel->isBuffering();
+           });
 }
 
 void ChannelManager::seekForwards(double seconds)

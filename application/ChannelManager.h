@@ -68,7 +68,12 @@ public:
     double volume() const { return _volume; }
     void setMuted(bool muted);
     bool muted() const { return _muted; }
+    /// The speed of whatever plays and will play, 1.0 at first. What cannot seek, such as a live stream, plays at 1.0
+    /// whatever is chosen, since it would run dry or fall behind.
     void setSpeed(double speed);
+    double speed() const { return _speed; }
+    /// Whether some of what plays, or is about to, can go at the chosen speed; true when nothing is open.
+    bool canChangeSpeed() const;
     void seekForwards(double seconds);
     void seekBackwards(double seconds);
 
@@ -100,6 +105,7 @@ signals:
     void channelStateChanged(Channel* channel, QString text);
     void channelAdded(ChannelDescription description);
     void channelRemoved(ChannelDescription description);
+    void speedChanged();
     /// Something waits to be painted.
     void pictureUpdated();
 
@@ -134,5 +140,6 @@ private:
     QString _lastChannelId;
     QRect _lastArea;
     double _volume = 1.0;
+    double _speed = 1.0;
     bool _muted = false;
 };

@@ -70,7 +70,6 @@ void ChannelStream::open(bool forceFile)
     _renderer->setLoop(_loop);
     _renderer->setMuted(_muted);
     _renderer->setVolume(_volume);
-    _renderer->setSpeed(_speed);
     _renderer->setOpacity(_opacity);
     _renderer->setVideoName(_channel->desc.title());
 
@@ -166,6 +165,7 @@ void ChannelStream::close()
 void ChannelStream::onOpened(GLMovieRenderer*)
 {
     _opened = true;
+    applySpeed();
     onRecordChanged();
     emit opened(this);
 }
@@ -282,6 +282,11 @@ bool ChannelStream::hasAudio() const
     return _renderer && _renderer->movie() && _renderer->movie()->hasAudio();
 }
 
+bool ChannelStream::isSeekable() const
+{
+    return isOpen() && _dataSource->isSeekable();
+}
+
 double ChannelStream::aspectRatio() const
 {
     return _renderer ? _renderer->aspectRatio() : 0.0;
@@ -290,8 +295,13 @@ double ChannelStream::aspectRatio() const
 void ChannelStream::setSpeed(double speed)
 {
     _speed = speed;
+    applySpeed();
+}
+
+void ChannelStream::applySpeed()
+{
     if (_renderer)
-        _renderer->setSpeed(speed);
+        _renderer->setSpeed(isSeekable() ? _speed : 1.0);
 }
 
 void ChannelStream::setVolume(double volume)

@@ -43,11 +43,14 @@ public:
     bool isFading() const;
     bool hasVideo() const;
     bool hasAudio() const;
+    /// Whether it is open and not live.
+    bool isSeekable() const;
     double aspectRatio() const;
 
     /// What delivers the stream's bytes while it is open; null when that is no client.
     LatteClient const* latteClient() const;
 
+    /// The speed to play at while the stream can seek; one that cannot, such as live television, plays at 1.0.
     double speed() const { return _speed; }
     void setSpeed(double speed);
     double volume() const { return _volume; }
@@ -107,6 +110,7 @@ public slots:
     void onPlainFileFound();
 
 private:
+    void applySpeed();
     void giveColourConversion();
     void givePostProcessing();
     std::unique_ptr<GLMovieDataSource> createSource(bool forceFile);

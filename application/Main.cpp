@@ -1,6 +1,9 @@
 #include "Application.h"
+#include "ArgumentList.h"
+#include "CommandLineHelp.h"
 #include "Window.h"
 
+#include <cstdio>
 #include <memory>
 
 namespace
@@ -10,6 +13,11 @@ constexpr int answerTime = 5000; // ms for a first instance to take the message.
 
 int main(int argc, char** argv)
 {
+    // Before anything else is touched: who asks may have no display.
+    if (QString const answer = CommandLineHelp::answer(ArgumentList(argc, argv)); !answer.isEmpty()) {
+        std::fputs(qPrintable(answer), stdout);
+        return std::fflush(stdout) == 0 ? 0 : 1;
+    }
     auto application = std::make_unique<Application>("Ombravision", argc, argv);
     if (application->isRunning() && application->sendMessage(application->messageForFirstInstance(), answerTime))
         return 0;

@@ -7,7 +7,9 @@
 #include "HibernationManager.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "Notice.h"
 #include "ScreenSaverManager.h"
+#include "WindowManagerState.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -32,7 +34,8 @@ constexpr QSize firstSize(854, 480); // Of the video surface.
 } // namespace
 
 Window::Window(AppData& appData)
-    : _appData(appData), _hibernationManager(std::make_unique<HibernationManager>()),
+    : _appData(appData), _windowManagerState(std::make_unique<WindowManagerState>(*this)),
+      _hibernationManager(std::make_unique<HibernationManager>()),
       _screenSaverManager(std::make_unique<ScreenSaverManager>())
 {
     setObjectName("window");
@@ -66,6 +69,7 @@ void Window::createChildControls()
     layout->setSpacing(0);
     layout->setMenuBar(_menuBar);
     layout->addWidget(_glWidget);
+    _notice = new Notice(this, _glWidget);
 }
 
 void Window::open(QStringList const& names)
@@ -99,6 +103,14 @@ void Window::showEvent(QShowEvent* event)
     emit windowVisibilityChanged(true);
 }
 
+void Window::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // The window manager, too, can fill the screen with a window, or end it.
+    if (event->type() == QEvent::WindowStateChange && isVisible())
+        _appData.settings.setShowFullScreen(isFullScreen());
+}
+
 void Window::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->isAutoRepeat())
@@ -111,7 +123,8 @@ void Window::keyReleaseEvent(QKeyEvent* event)
 
 void Window::showWindow()
 {
-    showNormal();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
     raise();
     activateWindow();
 }
@@ -120,10 +133,8 @@ void Window::onShowFullScreenChanged()
 {
     bool const full = _appData.settings.showFullScreen();
     _menuBar->setVisible(!full && _appData.settings.showMenuBar());
-    if (full)
-        showFullScreen();
-    else if (isVisible())
-        showNormal();
+    // Leaves the other states as they are: a window that was maximised is so again afterwards.
+    setWindowState(windowState().setFlag(Qt::WindowFullScreen, full));
     // A film must not be interrupted by the screen saver.
     _hibernationManager->setEnabled(!full);
     _screenSaverManager->setEnabled(!full);
@@ -131,8 +142,7 @@ void Window::onShowFullScreenChanged()
 
 void Window::onAlwaysOnTopChanged()
 {
-    setWindowFlag(Qt::WindowStaysOnTopHint, _appData.settings.alwaysOnTop());
-    show();
+    _windowManagerState->setAbove(_appData.settings.alwaysOnTop());
 }
 
 void Window::onMute(bool checked)
@@ -155,20 +165,12 @@ void Window::onVolumeChanged()
     updateTitle();
 }
 
-void Window::onSpeed(QAction* action)
+void Window::onScreenshotCompleted(QString const& path)
 {
-    _appData.channelManager()->setSpeed(AppSettings::speedOf(action));
-}
-
-void Window::stepSpeed(int steps)
-{
-    QList<QAction*> const speeds = _appData.settings.speedActions();
-    for (qsizetype i = 0; i < speeds.size(); ++i) {
-        if (!speeds.at(i)->isChecked())
-            continue;
-        speeds.at(qBound<qsizetype>(0, i + steps, speeds.size() - 1))->trigger();
-        return;
-    }
+    if (path.isEmpty())
+        _notice->tell(tr("The screenshot could not be saved in %1").arg(_appData.settings.screenshotDirectory()));
+    else
+        _notice->tell(tr("Screenshot saved as %1").arg(path));
 }
 
 void Window::onQuit()

@@ -12,10 +12,12 @@ class BufferWindow;
 class GLWidget;
 class HibernationManager;
 class Logger;
+class Notice;
 class QAction;
 class QMenu;
 class QMenuBar;
 class ScreenSaverManager;
+class WindowManagerState;
 
 /// The one top-level window: a menu bar over the video surface, and the system tray icon.
 ///
@@ -32,6 +34,9 @@ public:
     /// Plays files and addresses as soon as the video surface can.
     void open(QStringList const& names);
 
+    /// Brings the window to the front, out of the tray or its icon if need be, as large as it was.
+    void showWindow();
+
     /// Resizes the window so that the video shows at the factor, as far as the screen allows.
     void zoom(double factor);
 
@@ -41,6 +46,7 @@ signals:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -55,6 +61,7 @@ private slots:
     void onIncreaseVolume();
     void onDecreaseVolume();
     void onVolumeChanged();
+    void onScreenshotCompleted(QString const& path);
     void onQuit();
     void onAbout();
     void onTrayActivated(QSystemTrayIcon::ActivationReason reason);
@@ -72,8 +79,8 @@ private:
     void createPostProcessingMenu(QMenu* menu);
     void createBufferEntry(QMenu* menu);
     void stepSpeed(int steps);
+    void updateSpeedMenu();
     QStringList chooseFiles(bool several);
-    void showWindow();
     void resizeItself(QSize const& size);
     void updateTitle();
 
@@ -82,9 +89,11 @@ private:
     AppData& _appData;
     QMenuBar* _menuBar = nullptr;
     GLWidget* _glWidget = nullptr;
+    Notice* _notice = nullptr;
     QMenu* _contextMenu = nullptr;
     BufferWindow* _bufferWindow = nullptr;
     QSystemTrayIcon* _trayIcon = nullptr;
+    std::unique_ptr<WindowManagerState> _windowManagerState;
     std::unique_ptr<HibernationManager> _hibernationManager;
     std::unique_ptr<ScreenSaverManager> _screenSaverManager;
     QStringList _pendingNames; ///< What to play once the surface stands.

@@ -7,6 +7,7 @@
 #include "GLWidget.h"
 #include "PostProcessingEffects.h"
 #include "Window.h"
+#include "WindowManagerState.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -55,7 +56,9 @@ void Window::createMenus()
         connect(zoomMenu->addAction(tr("%1 %").arg(percent)), &QAction::triggered, this,
                 [this, percent] { zoom(percent / 100.0); });
     createPostProcessingMenu(view->addMenu(tr("Effects")));
-    connect(view->addAction(tr("Take Screenshot")), &QAction::triggered, _glWidget, &GLWidget::onTakeScreenshot);
+    QAction* const screenshot = view->addAction(tr("Take Screenshot"));
+    screenshot->setShortcut(QKeySequence("Ctrl+Shift+S"));
+    connect(screenshot, &QAction::triggered, _glWidget, &GLWidget::onTakeScreenshot);
     createBufferEntry(view);
 
     addMenu(tr("&Options"), {"Run at Startup", "", "&About Ombravision"});
@@ -154,15 +157,45 @@ void Window::connectSignals()
     connect(&settings, &AppSettings::showFullScreenChanged, this, &Window::onShowFullScreenChanged);
     connect(&settings, &AppSettings::alwaysOnTopChanged, this, &Window::onAlwaysOnTopChanged);
     connect(&settings, &AppSettings::volumeChanged, this, &Window::onVolumeChanged);
+    connect(_windowManagerState.get(), &WindowManagerState::aboveChanged, &settings, &AppSettings::setAlwaysOnTop);
     connect(&settings, &AppSettings::muteChanged, this, &Window::updateTitle);
     connect(&settings, &AppSettings::showMenuBarChanged, this,
             [this] { _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen()); });
     connect(&_appData, &AppData::channelChanged, this, &Window::updateTitle);
-    connect(_appData.channelManager(), &ChannelManager::streamOpened, this, &Window::onStreamOpened);
+    ChannelManager const* const channels = _appData.channelManager();
+    connect(channels, &ChannelManager::streamOpened, this, &Window::onStreamOpened);
+    connect(channels, &ChannelManager::streamOpened, this, &Window::updateSpeedMenu);
+    connect(channels, &ChannelManager::channelOpened, this, &Window::updateSpeedMenu);
+    connect(channels, &ChannelManager::channelClosed, this, &Window::updateSpeedMenu);
+    connect(channels, &ChannelManager::speedChanged, this, &Window::updateSpeedMenu);
     connect(_glWidget, &GLWidget::contextMenuRequested, _contextMenu, [this](QPoint p) { _contextMenu->popup(p); });
     connect(_glWidget, &GLWidget::filesDropped, this, &Window::open);
+    connect(_glWidget, &GLWidget::screenshotCompleted, this, &Window::onScreenshotCompleted);
     connect(_glWidget, &GLWidget::initialized, this, [this] {
         _surfaceReady = true;
         open(std::exchange(_pendingNames, {}));
     });
+}
+
+void Window::onSpeed(QAction* action)
+{
+    _appData.channelManager()->setSpeed(AppSettings::speedOf(action));
+}
+
+void Window::stepSpeed(int steps)
+{
+    QList<QAction*> const speeds = _appData.settings.speedActions();
+    for (qsizetype i = 0; i < speeds.size(); ++i) {
+        if (!speeds.at(i)->isChecked())
+            continue;
+        speeds.at(qBound<qsizetype>(0, i + steps, speeds.size() - 1))->trigger();
+        return;
+    }
+}
+
+void Window::updateSpeedMenu()
+{
+    ChannelManager const& channels = *_appData.channelManager();
+    bool const canChange = channels.canChangeSpeed();
+    _appData.settings.showSpeed(canChange ? channels.speed() : 1.0, canChange);
 }

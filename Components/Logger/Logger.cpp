@@ -14,6 +14,13 @@
 namespace
 {
 
+/// The component that a source file is in, by the name of its directory; empty when it is in none.
+QString componentOf(QString const& file)
+{
+    static QString const components = QStringLiteral("Components/");
+    return file.startsWith(components) ? file.section('/', 1, 1) : QString();
+}
+
 /// The message with the names and passwords of users gone from the addresses in it (RFC 3986, "userinfo").
 QString withoutCredentials(QString message)
 {
@@ -86,7 +93,10 @@ bool Logger::isShown(Logger::Level level, char const* file) const
     if (level != Debug)
         return true;
     QMutexLocker locker(&_mutex);
-    return _shownClasses.isEmpty() || _shownClasses.contains(QFileInfo(QString::fromUtf8(file)).baseName());
+    if (_shownClasses.isEmpty())
+        return true;
+    QString const name = QString::fromUtf8(file);
+    return _shownClasses.contains(QFileInfo(name).baseName()) || _shownClasses.contains(componentOf(name));
 }
 
 // The formats come from the call sites, where the compiler has checked them.
@@ -130,10 +140,14 @@ void Logger::qtLogMethod(Level level, char const* file, int line, char const* fo
 
 void Logger::rollingLogMethod(Level level, char const* file, int line, char const* format, va_list args)
 {
-    std::call_once(_outputsCreated, [this] {
+    QStringList complaints;
+    std::call_once(_outputsCreated, [this, &complaints] {
         _rollingFileLogger = std::make_unique<RollingFileLogger>();
         _syslog = std::make_unique<Syslog>();
+        complaints = _rollingFileLogger->complaints() + _syslog->complaints();
     });
+    for (QString const& complaint : std::as_const(complaints))
+        logMessage(Warning, __FILE__, __LINE__, "%s", qUtf8Printable(complaint));
     QString const text = getQString(level, file, line, format, args);
     _rollingFileLogger->log(text.toUtf8().constData());
     if (level > Warning) {

@@ -50,7 +50,7 @@ public:
     void setHostname(QString const& hostname);
 
     /// Adds a class to the filter: once it holds one, debug messages of all other classes are dropped.
-    /// A class is known by the base name of its source file.
+    /// A class is known by the base name of its source file, and one that gives its component the name by any there.
     void showClass(QString const& className);
 
     /// Writes one message, printf-style. A message at level Fatal ends with abort(), written or not.

@@ -6,12 +6,20 @@
 #include <QSettings>
 #include <QUdpSocket>
 
-Syslog::Syslog(QObject* parent)
-    : Syslog(qPrintable(QSettings().value("logger/remoteSyslogIP", Deployment::remoteSyslogAddress).toString()),
-             static_cast<unsigned short>(
-                 QSettings().value("logger/remoteSyslogPort", Deployment::remoteSyslogPort).toUInt()),
-             parent)
+namespace
 {
+constexpr BoundedNumber portNumber = {"logger/remoteSyslogPort", Deployment::remoteSyslogPort, 1,
+                                      BoundedNumber::maximumPort};
+}
+
+Syslog::Syslog(QObject* parent) : Syslog(portNumber.read(QSettings()), parent) {}
+
+Syslog::Syslog(BoundedNumber::Reading const& port, QObject* parent)
+    : Syslog(qPrintable(QSettings().value("logger/remoteSyslogIP", Deployment::remoteSyslogAddress).toString()),
+             static_cast<unsigned short>(port.value), parent)
+{
+    if (!port.complaint.isEmpty())
+        _complaints.append(port.complaint);
 }
 
 Syslog::Syslog(char const* address, unsigned short port, QObject* parent)

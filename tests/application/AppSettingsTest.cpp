@@ -1,5 +1,6 @@
 #include "AppSettings.h"
 
+#include "LogCapture.h"
 #include "SettingsFile.h"
 
 #include <QAction>
@@ -104,6 +105,28 @@ TEST_F(AppSettingsTest, AMessagingServerThatMakesNoSenseIsReplaced)
                       .arg(_settings.biscottiHost())
                       .arg(_settings.biscottiPort())
                       .arg(_settings.keychainUrl().toString()),
+                  c.expected);
+    }
+}
+
+TEST_F(AppSettingsTest, NumbersOutOfBoundsAreBroughtInsideWithALineEach)
+{
+    struct Case {
+        char const* type;
+        char const* port;
+        char const* expected;
+    };
+    for (Case const& c : {Case{"1", "65535", "1 65535, 0 lines"}, Case{"-7", "65536", "0 65535, 2 lines"},
+                          Case{"99999999999999999999", "-1", "5 0, 2 lines"}, Case{"1.5", "nan", "1 0, 2 lines"},
+                          Case{"", "inf", "2 65535, 2 lines"}}) {
+        settingsFile().setValue("application/proxy/proxyType", c.type);
+        settingsFile().setValue("application/proxy/ProxyPort", c.port);
+        LogCapture capture;
+        _settings.loadGlobalSettings();
+        EXPECT_EQ(QString("%1 %2, %3 lines")
+                      .arg(_settings.proxyType())
+                      .arg(_settings.proxyPort())
+                      .arg(capture.count("The setting application/proxy/")),
                   c.expected);
     }
 }

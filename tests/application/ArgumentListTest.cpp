@@ -2,6 +2,10 @@
 
 #include "LogCapture.h"
 
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -71,6 +75,8 @@ TEST(ArgumentList, WhatToPlayIsTakenAsGiven)
         {{"-debug=", "a.mp4"}, {"a.mp4"}},
         {{"-debug", "-fullscreen", "a.mp4"}, {"a.mp4"}},
         {{"-debug", "--", "a.mp4"}, {"a.mp4"}},
+        {{"-debug", "missing.mp4"}, {"missing.mp4"}},
+        {{"-debug", "rtsp://host/a"}, {"rtsp://host/a"}},
         {{"a.mp4", "--", "-demo", "--", "-x=y.mp4"}, {"a.mp4", "-demo", "--", "-x=y.mp4"}},
         {{""}, {""}},
         {{"Gr\xc3\xbc\xc3\x9f"
@@ -81,6 +87,37 @@ TEST(ArgumentList, WhatToPlayIsTakenAsGiven)
         ArgumentList const list = listOf(testCase.arguments);
         EXPECT_EQ(list.positionalArguments(), testCase.expected) << qPrintable(list.join('|'));
     }
+}
+
+TEST(ArgumentList, WhatIsAFileIsNoListOfClasses)
+{
+    QTemporaryDir const directory;
+    QString const before = QDir::currentPath();
+    QDir::setCurrent(directory.path());
+    QFile("Film").open(QIODevice::WriteOnly);
+    QDir().mkdir("Window");
+    struct {
+        std::vector<std::string> arguments;
+        QStringList expectedClasses;
+        QStringList expectedNames;
+    } const cases[] = {
+        {{"-debug", "Film"}, {}, {"Film"}},
+        {{"-debug", "Window"}, {"Window"}, {}},
+        {{"-debug", "One,,Two", "Film"}, {"One", "Two"}, {"Film"}},
+        {{"-debug=Film", "Film"}, {"Film"}, {"Film"}},
+    };
+    for (auto const& testCase : cases) {
+        ArgumentList const list = listOf(testCase.arguments);
+        EXPECT_EQ(list.debugClasses(), testCase.expectedClasses) << qPrintable(list.join('|'));
+        EXPECT_EQ(list.positionalArguments(), testCase.expectedNames) << qPrintable(list.join('|'));
+    }
+    QDir::setCurrent(before);
+}
+
+TEST(ArgumentList, UnknownSwitchesAreFound)
+{
+    EXPECT_EQ(listOf({"-demo", "-nonsense=1", "--debug", "--help", "--", "-x"}).unknownSwitches(),
+              (QStringList{"-nonsense", "--debug"}));
 }
 
 TEST(ArgumentList, TokensAreAllArgumentsSplit)

@@ -86,7 +86,10 @@ TEST(Logger, ClassFilterDropsOnlyDebugMessages)
     logger.logMessage(Logger::Debug, "a/Hidden.cpp", 1, "two");
     logger.logMessage(Logger::Debug, "a/shown.cpp", 1, "three");
     logger.logMessage(Logger::Warning, "a/Hidden.cpp", 1, "four");
-    EXPECT_EQ(capture.lines().size(), 2);
+    logger.logMessage(Logger::Debug, "Components/Shown/ShownReader.cpp", 1, "five");
+    logger.logMessage(Logger::Debug, "Components/ShownElsewhere/ShownElsewhere.cpp", 1, "six");
+    EXPECT_EQ(capture.lines().size(), 3);
+    EXPECT_TRUE(capture.contains("five"));
     EXPECT_TRUE(capture.contains("one"));
     EXPECT_TRUE(capture.contains("four"));
 }
@@ -151,6 +154,23 @@ TEST_F(RollingFileLoggerTest, KeepsTheGivenNumberOfOldFiles)
     EXPECT_EQ(contentsOf(path() + ".3"), QByteArray(98, 'g') + "\n");
     logger.log("fresh");
     EXPECT_EQ(contentsOf(path()), "fresh\n");
+}
+
+TEST_F(RollingFileLoggerTest, NumbersOutOfBoundsAreBroughtInsideAndSaid)
+{
+    configure(0, 1'000'000'000);
+    QSettings().setValue("logger/remoteSyslogPort", "nonsense");
+    QDir().mkpath(QFileInfo(path()).path());
+    for (char const* const number : {".7", ".1000", ".1001"})
+        QFile(path() + number).open(QIODevice::WriteOnly);
+    Logger logger;
+    logger.logMessage(Logger::Info, "a.cpp", 1, "%s", QByteArray(100, 'a').constData());
+    EXPECT_EQ(files().filter(QRegularExpression("log\\.")), // Each line is more than the least size.
+              (QStringList{"test.log.1", "test.log.1001", "test.log.11", "test.log.2", "test.log.3", "test.log.4"}));
+    QByteArray const all = contentsOf(path() + ".4") + contentsOf(path() + ".3") + contentsOf(path() + ".2");
+    EXPECT_TRUE(all.contains("logger/numberOfOldFiles is \"1000000000\""));
+    EXPECT_TRUE(all.contains("logger/maximumFileSize is \"0\""));
+    EXPECT_TRUE(all.contains("logger/remoteSyslogPort is \"nonsense\""));
 }
 
 TEST_F(RollingFileLoggerTest, WithNoOldFilesARollStartsAnew)
