@@ -103,7 +103,6 @@ void AudioDeviceWatch::onLost()
     LOG_WARNING("The sound device has gone");
     // From now on there is none: sources on a device that has gone swallow all they are given at once.
     _gone = _device.replaceOutput(nullptr, false);
-    emit deviceChanged();
     if (_retryDelay == 0)
         open(false);
     else
@@ -164,11 +163,13 @@ void AudioDeviceWatch::onWorked()
 
 void AudioDeviceWatch::adopt(std::unique_ptr<AudioOutput> output, bool isFallback)
 {
+    AudioOutput const* const adopted = output.get();
     _gone = _device.replaceOutput(std::move(output), isFallback);
+    if (_gone.get() == adopted)
+        return; // It cannot be used.
     _polls = 0;
     if (isFallback)
         LOG_INFO("Sound goes on without %s", qPrintable(_device.wantedDevice()));
     else
         LOG_INFO("Sound is back");
-    emit deviceChanged();
 }

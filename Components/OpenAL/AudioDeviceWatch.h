@@ -33,8 +33,6 @@ public:
     ~AudioDeviceWatch() override;
 
 signals:
-    /// Another device is in use, or none.
-    void deviceChanged();
     /// The thread has done its work. For this object only.
     void worked();
 
