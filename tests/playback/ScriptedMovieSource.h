@@ -49,9 +49,14 @@ public:
     int readFrame(AVPacket* packet) override;
     int seekFrame(AVStream* stream, long long timestamp, int flags) override;
 
+protected:
+    void onOpeningEnded(bool) override {}
+
 private:
+    void setFormatContext(FormatContextPointer context);
     QByteArray payload(Packet const& packet) const;
 
+    FormatContextPointer _formatContext;
     int _videoIndex = -1;
     int _audioIndex = -1;
     QList<Packet> _script;
