@@ -34,8 +34,7 @@ private:
 
     std::vector<Stream> _streams;
     bool _hasVideo = false;
-    std::optional<std::int64_t>
-        _origin; ///< Where the recording's time 0 is in the film, in µs; null while a key frame is waited for.
-    std::int64_t _begin = 0; ///< Of the part since then, in the recording, in µs.
-    std::int64_t _end = 0;   ///< Of what is recorded, in µs.
+    std::optional<std::int64_t> _origin; ///< Of the recording, in the film, in µs; null while a key frame is awaited.
+    std::int64_t _begin = 0;             ///< Of the part since then, in the recording, in µs.
+    std::int64_t _end = 0;               ///< Of what is recorded, in µs.
 };

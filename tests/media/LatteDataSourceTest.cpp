@@ -113,6 +113,7 @@ TEST_F(LatteDataSourceTest, OpensNoSoonerThanFiveSecondsAfterOpen)
     EXPECT_TRUE(waitUntil([this] { return _opened->size() == 1; }));
     EXPECT_TRUE(_source->videoStream());
     EXPECT_TRUE(_source->audioStream());
+    EXPECT_FALSE(_source->isSeekable());
 }
 
 TEST_F(LatteDataSourceTest, OtherSchemesWaitForEnoughBytes)
