@@ -8,6 +8,7 @@
 #include "ChannelManager.h"
 #include "CookieJar.h"
 #include "FileLatteClientFactory.h"
+#include "FileName.h"
 #include "GLExtension.h"
 #include "GLMovieRenderer.h"
 #include "LinuxAudioConfig.h"
@@ -161,10 +162,14 @@ QString AppData::buildStyleSheet(bool skin)
 
 void AppData::setProxy()
 {
+    QNetworkProxy::setApplicationProxy(proxy());
+}
+
+QNetworkProxy AppData::proxy() const
+{
     auto const type = static_cast<QNetworkProxy::ProxyType>(settings.proxyType());
-    QNetworkProxy::setApplicationProxy(QNetworkProxy(type, settings.proxyHostName(),
-                                                     static_cast<quint16>(settings.proxyPort()), settings.proxyUser(),
-                                                     settings.proxyPassword()));
+    return {type, settings.proxyHostName(), static_cast<quint16>(settings.proxyPort()), settings.proxyUser(),
+            settings.proxyPassword()};
 }
 
 void AppData::loadCookieJar()
@@ -293,10 +298,10 @@ void AppData::openNames(QStringList const& names)
 {
     bool isFirst = true;
     for (QString const& name : names) {
-        if (QFileInfo::exists(name) || !ChannelManager::isAddress(name))
+        if (FileName::isAddress(name) || QFileInfo::exists(name) || !ChannelManager::isAddress(name))
             _channelManager->openFile(name, isFirst);
         else
-            _channelManager->openUserStream(name, name, isFirst);
+            _channelManager->openUserStream(name, Uri::withoutUserInfo(name), isFirst);
         isFirst = false;
     }
 }

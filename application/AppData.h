@@ -12,6 +12,7 @@
 #include "QtTimerFactory.h"
 
 #include <QList>
+#include <QNetworkProxy>
 #include <QObject>
 #include <QString>
 
@@ -93,6 +94,8 @@ public:
 
     /// Makes the application's proxy as the settings say.
     void setProxy();
+    /// The proxy of the settings.
+    QNetworkProxy proxy() const;
     void loadCookieJar();
     void saveCookieJar();
 

@@ -1,5 +1,6 @@
 #include "ArgumentList.h"
 
+#include "FileName.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
@@ -22,7 +23,7 @@ QStringList argumentsOf(int argc, char** argv)
 {
     QStringList arguments;
     for (char const* argument : std::span(argv, static_cast<size_t>(argc)))
-        arguments.append(QString::fromLocal8Bit(argument));
+        arguments.append(FileName::fromArgument(argument));
     return arguments;
 }
 

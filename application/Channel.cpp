@@ -19,7 +19,8 @@ Logger* Channel::log = LoggerManager::logger();
 namespace
 {
 constexpr double overlayTextWidth = 0.8; // Of the picture's.
-}
+constexpr int noticeTime = 5000;         // ms
+} // namespace
 
 Channel::Channel(AppData& appData, ChannelDescription const& description) : desc(description), _appData(appData)
 {
@@ -43,6 +44,7 @@ void Channel::connectStream(ChannelStream* stream)
     connect(stream, &ChannelStream::opened, this, &Channel::onStreamOpened);
     connect(stream, &ChannelStream::error, this, &Channel::onStreamError);
     connect(stream, &ChannelStream::stateChanged, this, &Channel::onStreamStateChanged);
+    connect(stream, &ChannelStream::notice, this, &Channel::onStreamNotice);
     connect(stream, &ChannelStream::pictureUpdated, this, &Channel::pictureUpdated);
     connect(stream, &ChannelStream::timeUpdated, this,
             [this](ChannelStream* s, double seconds) { emit streamTimeUpdated(this, s, seconds); });
@@ -337,6 +339,17 @@ void Channel::onStreamStateChanged(ChannelStream* stream, QString text)
     if (!_hasError)
         setOverlayText(isBack ? QString() : text);
     emit streamStateChanged(this, stream, text);
+}
+
+void Channel::onStreamNotice(ChannelStream*, QString text)
+{
+    if (_hasError)
+        return; // What the viewer has to act on stays.
+    setOverlayText(text);
+    QTimer::singleShot(noticeTime, this, [this, text] {
+        if (_textArea && _textArea->text() == text)
+            setOverlayText({});
+    });
 }
 
 void Channel::setOverlayText(QString const& text)

@@ -108,6 +108,7 @@ public slots:
     void onStreamOpened(ChannelStream* stream);
     void onStreamError(ChannelStream* stream, QString text);
     void onStreamStateChanged(ChannelStream* stream, QString text);
+    void onStreamNotice(ChannelStream* stream, QString text);
     void onCloseTimer();
 
 private:

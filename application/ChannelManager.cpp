@@ -2,6 +2,7 @@
 
 #include "AppData.h"
 #include "Channel.h"
+#include "FileName.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "Uri.h"
@@ -9,7 +10,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTimer>
-#include <QUrl>
 
 #include <algorithm>
 #include <cmath>
@@ -241,11 +241,11 @@ void ChannelManager::openUserStream(QString const& url, QString const& title, bo
 
 void ChannelManager::openFile(QString const& path, bool nonMultiview)
 {
-    QString const absolute = QFileInfo(path).absoluteFilePath();
+    QString const name = FileName::fromAddress(path);
+    QString const absolute = FileName::isAddress(name) ? name : QFileInfo(name).absoluteFilePath();
     QString const rootId = "file_" + channelIdFromFileName(absolute);
-    Uri const uri(QUrl::fromLocalFile(absolute).toString(QUrl::FullyEncoded));
-    ChannelDescription const description =
-        channelOf(rootId, QFileInfo(path).fileName(), ChannelDescription::FileChannel, uri);
+    ChannelDescription const description = channelOf(
+        rootId, FileName::title(absolute), ChannelDescription::FileChannel, Uri(FileName::toAddress(absolute)));
     openChannel(addUserChannel(description), nonMultiview);
 }
 

@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "FileDataSource.h"
+#include "FileName.h"
 #include "GLMovie.h"
 #include "GLMovieShader.h"
 #include "HttpFileDataSource.h"
@@ -10,7 +11,6 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -39,6 +39,18 @@ bool isMediaFileOnTheWeb(Uri const& uri)
 bool isSegmentedOnTheWeb(Uri const& uri)
 {
     return isOnTheWeb(uri, {"m3u8", "mpd", "ts"});
+}
+
+/// A title as the beginning of a file's name.
+QString recordingName(QString title)
+{
+    constexpr qsizetype maximumBytes = 200; // The system takes 255, time and suffix included.
+    for (QChar& character : title)
+        if (character == '/' || character.category() == QChar::Other_Control)
+            character = '_';
+    while (title.toUtf8().size() > maximumBytes)
+        title.chop(1);
+    return title.startsWith('.') ? '_' + title : title;
 }
 
 } // namespace
@@ -81,6 +93,7 @@ void ChannelStream::open(bool forceFile)
     connect(_renderer.get(), &GLMovieRenderer::fadeOutCompleted, this, [this] { emit fadeOutComplete(this); });
 
     _dataSource = createSource(forceFile);
+    connect(_dataSource.get(), &GLMovieDataSource::recordingFailed, this, &ChannelStream::onRecordingFailed);
     // The renderer passes on what the source says, and says what the movie cannot play.
     connect(_renderer.get(), &GLMovieRenderer::error, this,
             [this](GLMovieRenderer*, QString const& text) { onError(_dataSource.get(), text); });
@@ -129,9 +142,9 @@ std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
                 Qt::QueuedConnection);
         return source;
     }
-    // FFmpeg takes a plain path more surely than an address that would have to be decoded.
-    bool const isLocal = uri.scheme() == UriScheme("file");
-    return std::make_unique<FileDataSource>(isLocal ? QUrl(uri.toString()).toLocalFile() : uri.toString());
+    auto source = std::make_unique<FileDataSource>(FileName::fromAddress(uri.toString()));
+    source->setProxy(_appData.proxy());
+    return source;
 }
 
 void ChannelStream::onPlainFileFound()
@@ -215,12 +228,14 @@ void ChannelStream::onRecordChanged()
     }
     if (_dataSource->isRecording())
         return;
-    QString const directory = _appData.settings.recordingDirectory();
-    QDir().mkpath(directory);
-    QString name = _channel->desc.title();
-    name.replace('/', '_');
-    if (!_dataSource->startRecording(directory + "/" + name))
-        emit stateChanged(this, tr("Could not record to %1").arg(directory));
+    _dataSource->startRecording(_appData.settings.recordingDirectory() + "/" + recordingName(_channel->desc.title()),
+                                _appData.settings.debugMode());
+}
+
+void ChannelStream::onRecordingFailed(GLMovieDataSource*, QString reason)
+{
+    _appData.settings.setRecord(false);
+    emit notice(this, tr("Recording stopped: %1").arg(reason));
 }
 
 void ChannelStream::onEnableVideoPostProcessingChanged()
@@ -336,13 +351,13 @@ void ChannelStream::setOpacity(double opacity)
 
 void ChannelStream::seekForwards(double seconds)
 {
-    if (_renderer)
+    if (_renderer && _dataSource->isSeekable())
         _renderer->setMovieTime(_renderer->movieTime() + seconds);
 }
 
 void ChannelStream::seekBackwards(double seconds)
 {
-    if (_renderer)
+    if (_renderer && _dataSource->isSeekable())
         _renderer->setMovieTime(qMax(0.0, _renderer->movieTime() - seconds));
 }
 

@@ -89,6 +89,8 @@ signals:
     void closing(ChannelStream* stream);
     void closed(ChannelStream* stream);
     void stateChanged(ChannelStream* stream, QString text);
+    /// A text for the viewer that is to stand for a few seconds; the picture goes on.
+    void notice(ChannelStream* stream, QString text);
     void fadeInComplete(ChannelStream* stream);
     void fadeOutComplete(ChannelStream* stream);
     void mutedChanged(ChannelStream* stream, bool muted);
@@ -104,6 +106,8 @@ public slots:
     void onError(GLMovieDataSource* source, QString text);
     void onStateChanged(GLMovieDataSource* source, QString text);
     void onRecordChanged();
+    /// Recording has ended by itself: the action says so, too.
+    void onRecordingFailed(GLMovieDataSource* source, QString reason);
     void onEnableVideoPostProcessingChanged();
     void onVideoPostProcessingChanged();
     /// Plays by FFmpeg's own access what is no stream.

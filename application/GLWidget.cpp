@@ -282,7 +282,8 @@ void GLWidget::dropEvent(QDropEvent* event)
 {
     QStringList names;
     for (QUrl const& url : event->mimeData()->urls())
-        names.append(url.isLocalFile() ? url.toLocalFile() : url.toString());
+        // A local name need not have characters; its address always has.
+        names.append(url.isLocalFile() ? QString::fromLatin1(url.toEncoded()) : url.toString());
     emit filesDropped(names);
     event->acceptProposedAction();
 }

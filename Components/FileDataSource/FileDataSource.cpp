@@ -1,31 +1,17 @@
 #include "FileDataSource.h"
 
-#include "FileDataSourceThread.h"
+#include "FileOpening.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
 extern "C" {
-#include <libavformat/avformat.h>
+#include <libavutil/error.h>
 }
 
 Logger* FileDataSource::log = LoggerManager::logger();
 
-namespace
-{
-
-constexpr int closeTimeout = 90; // ms
-
-QString const fileAddress = QStringLiteral("file://");
-
-bool isNetworkAddress(QString const& path)
-{
-    return path.contains("://") && !path.startsWith(fileAddress, Qt::CaseInsensitive);
-}
-
-} // namespace
-
 FileDataSource::FileDataSource(QString const& path, QObject* parent)
-    : GLMovieDataSource(path, parent), _isNetwork(isNetworkAddress(path))
+    : GLMovieDataSource(path, parent), _isNetwork(FileOpening::isNetwork(path))
 {
 }
 
@@ -37,28 +23,17 @@ FileDataSource::~FileDataSource()
 
 void FileDataSource::open()
 {
-    if (_thread)
+    if (hasDemuxer())
         return;
     setInterrupted(false);
-    QString const path = uri().startsWith(fileAddress, Qt::CaseInsensitive) ? uri().mid(fileAddress.size()) : uri();
-    _thread = std::make_unique<FileDataSourceThread>(path, _isNetwork, _interruption);
-    connect(_thread.get(), &QThread::finished, this, &FileDataSource::onOpenFinished);
     start();
-    _thread->start();
+    startDemuxer(FileOpening(uri(), _proxy));
 }
 
-void FileDataSource::onOpenFinished()
+void FileDataSource::onOpeningEnded(bool success)
 {
-    if (!_thread || !_thread->isFinished() || _formatContext)
-        return; // From an opening that close() has ended.
-    FormatContextPointer context = _thread->takeContext();
-    if (!context) {
-        _thread.reset();
-        if (!isInterrupted())
-            onErrorTimer();
-        return;
-    }
-    setFormatContext(std::move(context));
+    if (!success)
+        return onErrorTimer();
     _isLive = _isNetwork && duration() <= 0.0;
     emit opened(this);
 }
@@ -66,20 +41,7 @@ void FileDataSource::onOpenFinished()
 void FileDataSource::close()
 {
     stop();
-    if (!_thread)
-        return;
-    _thread->abandon();
-    disconnect(_thread.get(), nullptr, this, nullptr);
-    bool const ended = _thread->wait(closeTimeout);
-    setFormatContext(nullptr);
-    if (!ended) {
-        LOG_WARNING("Opening %s goes on without effect", qPrintable(uri()));
-        FileDataSourceThread* const thread = _thread.release();
-        connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-        if (thread->isFinished())
-            thread->deleteLater();
-    }
-    _thread.reset();
+    dropDemuxer();
 }
 
 void FileDataSource::start()
@@ -97,8 +59,7 @@ int FileDataSource::readFrame(AVPacket* packet)
     int const result = GLMovieDataSource::readFrame(packet);
     if (result >= 0 || result == AVERROR(EAGAIN) || result == AVERROR_EXIT || !_isNetwork)
         return result;
-    bool const cutOff = _formatContext && _formatContext->pb && _formatContext->pb->error < 0;
-    if (result == AVERROR_EOF && !_isLive && !cutOff)
+    if (result == AVERROR_EOF && !_isLive)
         return result;
     LOG_ERROR("Lost %s: %s", qPrintable(uri()), qPrintable(FFwrapper::errorText(result)));
     reportLoss();

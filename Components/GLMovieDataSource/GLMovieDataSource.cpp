@@ -3,16 +3,11 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "NetworkErrors.h"
+#include "PacketRecorder.h"
 
 extern "C" {
 #include <libavformat/avformat.h>
 }
-
-#include <QDataStream>
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <chrono>
@@ -20,7 +15,7 @@ extern "C" {
 Logger* GLMovieDataSource::log = LoggerManager::logger();
 
 GLMovieDataSource::GLMovieDataSource(QString const& uri, QObject* parent)
-    : QObject(parent), _interruption(std::make_shared<std::atomic<bool>>(false)), _uri(uri), _errorTimer(this)
+    : QObject(parent), _uri(uri), _errorTimer(this)
 {
     _errorTimer.setObjectName("errorTimer");
     _errorTimer.setSingleShot(true);
@@ -30,7 +25,7 @@ GLMovieDataSource::GLMovieDataSource(QString const& uri, QObject* parent)
 
 GLMovieDataSource::~GLMovieDataSource()
 {
-    stopRecording();
+    dropDemuxer();
 }
 
 void GLMovieDataSource::start()
@@ -62,17 +57,15 @@ void GLMovieDataSource::stop()
 
 int GLMovieDataSource::readFrame(AVPacket* packet)
 {
-    {
-        std::lock_guard const lock(_contextMutex);
-        if (isInterrupted())
-            return AVERROR_EXIT;
-        if (!isReadable())
-            return AVERROR(EINVAL);
-        if (int const result = av_read_frame(_formatContext.get(), packet); result < 0)
-            return isInterrupted() ? AVERROR_EXIT : result;
-    }
+    if (isInterrupted())
+        return AVERROR_EXIT;
+    auto const source = demuxer();
+    if (!source)
+        return AVERROR(EINVAL);
+    if (int const result = source->read(packet); result < 0)
+        return result;
     countFrame(*packet);
-    recordBytes(*packet);
+    record(*packet);
     emit resetErrorTimer();
     return 0;
 }
@@ -84,25 +77,18 @@ void GLMovieDataSource::freeFrame(AVPacket* packet)
 
 int GLMovieDataSource::seekFrame(AVStream* stream, long long timestamp, int flags)
 {
-    std::lock_guard const lock(_contextMutex);
-    if (!stream || !isReadable())
-        return AVERROR(EINVAL);
-    return av_seek_frame(_formatContext.get(), stream->index, timestamp, flags);
+    auto const source = demuxer();
+    return source ? source->seek(stream, timestamp, flags) : AVERROR(EINVAL);
 }
 
 bool GLMovieDataSource::isSeekable() const
 {
-    if (!_formatContext || (_formatContext->ctx_flags & AVFMTCTX_UNSEEKABLE))
-        return false;
-    // Formats without an I/O of their own, such as segments, can seek as far as they know their length.
-    return _formatContext->pb ? _formatContext->pb->seekable != 0 : duration() > 0.0;
+    return _streams.seekable;
 }
 
 double GLMovieDataSource::duration() const
 {
-    if (!_formatContext || _formatContext->duration == AV_NOPTS_VALUE || _formatContext->duration <= 0)
-        return 0.0;
-    return static_cast<double>(_formatContext->duration) / AV_TIME_BASE;
+    return _streams.duration;
 }
 
 quint64 GLMovieDataSource::bytesRead() const
@@ -111,43 +97,51 @@ quint64 GLMovieDataSource::bytesRead() const
     return _byteCount;
 }
 
-AVStream* GLMovieDataSource::videoStream() const
+void GLMovieDataSource::setInterrupted(bool interrupted)
 {
-    return _videoStreamIndex < 0 ? nullptr : _formatContext->streams[_videoStreamIndex];
+    std::lock_guard const lock(_demuxerMutex);
+    _interrupted = interrupted;
+    if (_demuxer)
+        _demuxer->setInterrupted(interrupted);
 }
 
-AVStream* GLMovieDataSource::audioStream() const
+std::shared_ptr<Demuxer> GLMovieDataSource::demuxer() const
 {
-    return _audioStreamIndex < 0 ? nullptr : _formatContext->streams[_audioStreamIndex];
+    std::lock_guard const lock(_demuxerMutex);
+    return _demuxer;
 }
 
-double GLMovieDataSource::startTime() const
+void GLMovieDataSource::startDemuxer(Demuxer::Opening opening, int deadline)
 {
-    if (!_formatContext || _formatContext->start_time == AV_NOPTS_VALUE)
-        return 0.0;
-    return static_cast<double>(_formatContext->start_time) / AV_TIME_BASE;
+    dropDemuxer();
+    auto const opened = [this, number = _demuxerNumber] {
+        if (number == _demuxerNumber)
+            onDemuxed();
+    };
+    std::lock_guard const lock(_demuxerMutex);
+    _demuxer = Demuxer::start(std::move(opening), deadline, this, opened);
+    _demuxer->setInterrupted(_interrupted);
 }
 
-int GLMovieDataSource::url_interrupt_cb(void* opaque)
+void GLMovieDataSource::onDemuxed()
 {
-    auto const* const source = static_cast<GLMovieDataSource const*>(opaque);
-    return source && source->isInterrupted() ? 1 : 0;
+    bool const success = demuxer()->isOpen();
+    if (success)
+        setStreams(demuxer()->info());
+    else
+        dropDemuxer();
+    onOpeningEnded(success);
 }
 
-int GLMovieDataSource::firstStream(AVFormatContext const* context, int mediaType)
+void GLMovieDataSource::dropDemuxer()
 {
-    for (unsigned int i = 0; context && i < context->nb_streams; ++i)
-        if (context->streams[i]->codecpar->codec_type == mediaType)
-            return static_cast<int>(i);
-    return -1;
-}
-
-void GLMovieDataSource::setFormatContext(FormatContextPointer context)
-{
-    std::lock_guard const lock(_contextMutex);
-    _formatContext = std::move(context);
-    _videoStreamIndex = firstStream(_formatContext.get(), AVMEDIA_TYPE_VIDEO);
-    _audioStreamIndex = firstStream(_formatContext.get(), AVMEDIA_TYPE_AUDIO);
+    stopRecording();
+    ++_demuxerNumber;
+    setStreams({});
+    std::lock_guard const lock(_demuxerMutex);
+    if (_demuxer)
+        _demuxer->abandon();
+    _demuxer.reset();
 }
 
 void GLMovieDataSource::raiseError(QString const& text)
@@ -167,7 +161,7 @@ void GLMovieDataSource::reportLoss()
             std::lock_guard const lock(_mutex);
             inError = _inError;
         }
-        if (_formatContext && !inError)
+        if (!_streams.isEmpty() && !inError)
             onErrorTimer();
     };
     QMetaObject::invokeMethod(this, raise, Qt::QueuedConnection);
@@ -214,53 +208,38 @@ void GLMovieDataSource::countFrame(AVPacket const& packet)
     _frameTime = now;
 }
 
-bool GLMovieDataSource::startRecording(QString const& directoryAndName)
+void GLMovieDataSource::startRecording(QString const& directoryAndName, bool dump)
 {
     stopRecording();
-    QString const path = directoryAndName + QDateTime::currentDateTime().toString("yyMMddhhmmss") + ".dump";
-    auto file = std::make_unique<QFile>(path);
-    if (!QDir().mkpath(QFileInfo(path).path()) || !file->open(QIODevice::WriteOnly)) {
-        LOG_ERROR("Could not record to file %s: %s", qPrintable(path), qPrintable(file->errorString()));
-        return false;
-    }
-    LOG_INFO("Recording to file %s", qPrintable(path));
+    if (_streams.isEmpty())
+        return;
     std::lock_guard const lock(_recordMutex);
-    _recordFile = std::move(file);
-    _recordStream = std::make_unique<QDataStream>(_recordFile.get());
-    _recordedBytes = 0;
-    _recording = true;
-    return true;
+    auto const failed = [this, number = ++_recordingNumber](QString const& reason) {
+        if (number != _recordingNumber)
+            return; // From the recording before.
+        stopRecording();
+        emit recordingFailed(this, reason);
+    };
+    _recorder = PacketRecorder::start(directoryAndName, _streams, dump, this, failed);
 }
 
 void GLMovieDataSource::stopRecording()
 {
     std::lock_guard const lock(_recordMutex);
-    _recording = false;
-    _recordStream.reset();
-    _recordFile.reset();
+    if (_recorder)
+        _recorder->finish();
+    _recorder.reset();
 }
 
 bool GLMovieDataSource::isRecording() const
 {
     std::lock_guard const lock(_recordMutex);
-    return _recording;
+    return _recorder != nullptr;
 }
 
-void GLMovieDataSource::recordBytes(AVPacket const& packet)
+void GLMovieDataSource::record(AVPacket const& packet)
 {
     std::lock_guard const lock(_recordMutex);
-    if (!_recording)
-        return;
-    bool const written =
-        _recordStream->writeRawData(reinterpret_cast<char const*>(packet.data), packet.size) == packet.size &&
-        _recordFile->flush(); // At once, so that the dump is usable after a crash.
-    if (written) {
-        _recordedBytes += packet.size;
-        return;
-    }
-    LOG_ERROR("Recording stopped after %lld bytes: %s", static_cast<long long>(_recordedBytes),
-              qPrintable(_recordFile->errorString()));
-    _recording = false;
-    _recordStream.reset();
-    _recordFile.reset();
+    if (_recorder)
+        _recorder->write(packet);
 }

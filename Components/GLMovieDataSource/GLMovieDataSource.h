@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FFwrapper.h"
+#include "Demuxer.h"
 
 #include <QObject>
 #include <QString>
@@ -11,18 +11,16 @@
 #include <mutex>
 
 class Logger;
-class QDataStream;
-class QFile;
-struct AVPacket;
-struct AVStream;
+class PacketRecorder;
 
 /// Where a GLMovie reads demuxed packets from, wherever the bytes come from.
 ///
-/// Carries what all sources share: the read watchdog that turns a silent stream into an error, the byte count, the
-/// raw recording and the interruption of blocked reads.
+/// Carries what all sources share: the demuxer, the read watchdog that turns a silent stream into an error, the byte
+/// count and the recording.
 ///
 /// Lives on the thread that made it, with its watchdog, and emits its signals there; readFrame() is called on the
-/// movie's reader thread and setInterrupted() from any thread.
+/// movie's reader thread, seekFrame() on any thread but the owner's, and setInterrupted() on any. Nothing else waits:
+/// not for a network, nor for a disk, nor for a thread that does.
 class GLMovieDataSource : public QObject
 {
     Q_OBJECT
@@ -37,7 +35,8 @@ public:
     /// Begins to open, and clears an interruption; opened() or error() tells the end of it.
     virtual void open() = 0;
 
-    /// Ends what open() began, in any state, and frees the format context. No read may be running.
+    /// Ends what open() began, in any state and at once: FFmpeg, if it is held up, ends by itself later. The streams
+    /// are gone then, and no read may be running, which setInterrupted() ends.
     virtual void close() = 0;
 
     /// Starts the watchdog and the counters. Implementations call this body.
@@ -52,8 +51,8 @@ public:
     virtual int readFrame(AVPacket* packet);
     virtual void freeFrame(AVPacket* packet);
 
-    /// Seeks a stream to a time stamp in its own time base; waits for a running read to end. Returns FFmpeg's result,
-    /// negative on failure.
+    /// Seeks a stream to a time stamp in its own time base, blocking; FFmpeg's running read gives way. Returns
+    /// FFmpeg's result, negative on failure, AVERROR_EXIT when interrupted.
     virtual int seekFrame(AVStream* stream, long long timestamp, int flags);
 
     /// Whether seekFrame() can do anything for what is open. A live stream cannot be sought. Waits for nothing.
@@ -68,19 +67,22 @@ public:
     QString uri() const { return _uri; }
 
     /// The chosen streams, owned by the format context; null when absent or not opened.
-    AVStream* videoStream() const;
-    AVStream* audioStream() const;
+    AVStream* videoStream() const { return _streams.video; }
+    AVStream* audioStream() const { return _streams.audio; }
 
     /// The time stamp of the film's beginning in seconds, 0 when it is not known.
-    double startTime() const;
+    double startTime() const { return _streams.startTime; }
 
-    /// While set, every blocked FFmpeg call of this source returns at once with an error. Any thread.
-    void setInterrupted(bool interrupted) { _interruption->store(interrupted); }
-    bool isInterrupted() const { return _interruption->load(); }
+    /// While set, readFrame() and seekFrame() return at once with AVERROR_EXIT, whatever FFmpeg is held up by. What
+    /// it reads meanwhile is kept for later. Any thread.
+    void setInterrupted(bool interrupted);
+    bool isInterrupted() const { return _interrupted; }
 
-    /// Writes each packet's raw bytes, from now on, to a file "<directory>/<name><yyMMddhhmmss>.dump", making the
-    /// directory when needed. Returns false when the file cannot be made.
-    bool startRecording(QString const& directoryAndName);
+    /// Records from the next key frame on to "<directory>/<name><yyMMddhhmmss>.mkv", making the directory when needed
+    /// and adding a number to a name that is taken; with `dump`, also each packet's raw bytes, from now on, to the
+    /// same name with ".dump". Does nothing unless open. A failure, now or later, is told by recordingFailed(). A
+    /// stream that opens anew must be told again.
+    void startRecording(QString const& directoryAndName, bool dump = false);
     void stopRecording();
     bool isRecording() const;
 
@@ -90,6 +92,8 @@ signals:
     /// A text for the viewer; the empty text says that the last error has passed.
     void error(GLMovieDataSource* source, QString text);
     void stateChanged(GLMovieDataSource* source, QString text);
+    /// Recording has ended by itself, with a reason for the viewer.
+    void recordingFailed(GLMovieDataSource* source, QString reason);
     /// Crosses from the reader thread to the watchdog's.
     void resetErrorTimer();
 
@@ -98,17 +102,19 @@ protected slots:
     void onErrorTimer();
 
 protected:
-    /// FFmpeg's interrupt callback; opaque is the data source.
-    static int url_interrupt_cb(void* opaque);
+    /// Lets a demuxer open, in place of the one before and within so many milliseconds, -1 for as long as it takes;
+    /// onOpeningEnded() tells the end of it.
+    void startDemuxer(Demuxer::Opening opening, int deadline = firstFrameTimeout);
 
-    /// The first stream of a kind, an AVMediaType, or -1.
-    static int firstStream(AVFormatContext const* context, int mediaType);
+    /// Forgets the streams, and leaves the demuxer, if any, to end by itself. Ends the recording.
+    void dropDemuxer();
+    bool hasDemuxer() const { return demuxer() != nullptr; }
 
-    /// Takes over an opened context and finds its streams, with no read running; null closes the present one.
-    void setFormatContext(FormatContextPointer context);
+    /// The demuxer has opened, and its streams are known, or it has failed and is gone. On the owner's thread.
+    virtual void onOpeningEnded(bool success) = 0;
 
-    /// Whether readFrame() may touch the format context now. Called with contextMutex() locked, on any thread.
-    virtual bool isReadable() const { return _formatContext != nullptr; }
+    /// What is played from; on the owner's thread, with no read running.
+    void setStreams(StreamInfo const& streams) { _streams = streams; }
 
     /// Emits error() with a text for the viewer, which stands until the next frame or stop().
     void raiseError(QString const& text);
@@ -119,22 +125,20 @@ protected:
     /// Milliseconds of a clock that never goes back.
     virtual qint64 currentMilliseconds() const;
 
-    /// Locked around every use of the format context that another thread's could meet.
-    std::mutex& contextMutex() { return _contextMutex; }
-
-    FormatContextPointer _formatContext; ///< Changed on the owner's thread only, under contextMutex().
-    std::shared_ptr<std::atomic<bool>> const _interruption; ///< Shared with opening threads that may outlive this.
-
 private:
-    void recordBytes(AVPacket const& packet);
+    std::shared_ptr<Demuxer> demuxer() const;
+    void onDemuxed();
+    void record(AVPacket const& packet);
     void countFrame(AVPacket const& packet);
 
     static Logger* log;
 
     QString const _uri;
-    std::mutex _contextMutex;
-    int _videoStreamIndex = -1;
-    int _audioStreamIndex = -1;
+    std::atomic<bool> _interrupted{false};
+    StreamInfo _streams;              ///< Changed on the owner's thread only, while nobody reads.
+    unsigned int _demuxerNumber = 0;  ///< Tells the demuxer of now from those before. On the owner's thread.
+    mutable std::mutex _demuxerMutex; ///< Guards the pointer.
+    std::shared_ptr<Demuxer> _demuxer;
 
     QTimer _errorTimer;
     mutable std::mutex _mutex; ///< Guards the watchdog's state and the counters below.
@@ -147,9 +151,7 @@ private:
     double _averageFrameTime = 0.0; ///< ms
     quint64 _byteCount = 0;
 
-    mutable std::mutex _recordMutex; ///< Guards the recording, started on the owner's thread and fed by the reader.
-    std::unique_ptr<QFile> _recordFile;
-    std::unique_ptr<QDataStream> _recordStream;
-    qint64 _recordedBytes = 0;
-    bool _recording = false;
+    unsigned int _recordingNumber = 0; ///< Tells the recording of now from those before. On the owner's thread.
+    mutable std::mutex _recordMutex;   ///< Guards the pointer, set on the owner's thread and fed from by the reader.
+    std::shared_ptr<PacketRecorder> _recorder;
 };

@@ -1,44 +1,26 @@
 #include "HttpFileDataSource.h"
 
+#include "DownloadBuffer.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "StreamOpener.h"
+#include "Uri.h"
 
 extern "C" {
 #include <libavformat/avformat.h>
 }
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QMutex>
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
-#include <QThread>
 #include <QUrl>
-#include <QWaitCondition>
-
-#include <algorithm>
-#include <cstring>
 
 Logger* HttpFileDataSource::log = LoggerManager::logger();
 
-/// Runs one attempt to open.
-class HttpFileDataSource::HttpFileDataSourceThread : public QThread
+HttpFileDataSource::HttpFileDataSource(QString const& url, QObject* parent)
+    : GLMovieDataSource(url, parent), _buffer(std::make_shared<DownloadBuffer>())
 {
-public:
-    explicit HttpFileDataSourceThread(HttpFileDataSource& source) : _source(source) {}
-
-    OpenResult result() const { return _result; }
-
-protected:
-    void run() override { _result = _source.tryOpen(); }
-
-private:
-    HttpFileDataSource& _source;
-    std::atomic<OpenResult> _result{OpenFailed};
-};
-
-HttpFileDataSource::HttpFileDataSource(QString const& url, QObject* parent) : GLMovieDataSource(url, parent) {}
+}
 
 HttpFileDataSource::~HttpFileDataSource()
 {
@@ -59,22 +41,11 @@ void HttpFileDataSource::close()
 {
     setInterrupted(true);
     stopBuffering();
-    if (_thread) {
-        disconnect(_thread.get(), nullptr, this, nullptr);
-        _thread->wait();
-        _thread.reset();
-    }
-    setFormatContext(nullptr);
+    dropDemuxer();
     stop();
     _opened = false;
     _triedBytes = 0;
-    std::lock_guard const lock(_bufferMutex);
-    _openedContext.reset();
-    _buffer.clear();
-    _position = 0;
-    _contentLength = -1;
-    _finished = false;
-    _failed = false;
+    _buffer = std::make_shared<DownloadBuffer>(); // The demuxer may still look at the old one.
 }
 
 void HttpFileDataSource::start()
@@ -92,33 +63,20 @@ int HttpFileDataSource::readFrame(AVPacket* packet)
     int const result = GLMovieDataSource::readFrame(packet);
     if (result >= 0 || result == AVERROR(EAGAIN) || result == AVERROR_EXIT)
         return result;
-    {
-        std::lock_guard const lock(_bufferMutex);
-        if (!_failed)
-            return result;
-    }
+    if (_buffer->state() != DownloadBuffer::Failed)
+        return result;
     reportLoss();
     return result == AVERROR_EOF ? AVERROR(EIO) : result;
 }
 
-int HttpFileDataSource::seekFrame(AVStream* stream, long long timestamp, int flags)
-{
-    _seeking = true;
-    int const result = GLMovieDataSource::seekFrame(stream, timestamp, flags);
-    _seeking = false;
-    return result;
-}
-
 quint64 HttpFileDataSource::bytesRead() const
 {
-    std::lock_guard const lock(_bufferMutex);
-    return static_cast<quint64>(_buffer.size());
+    return static_cast<quint64>(_buffer->size());
 }
 
 qint64 HttpFileDataSource::position() const
 {
-    std::lock_guard const lock(_bufferMutex);
-    return _position;
+    return _buffer->position();
 }
 
 void HttpFileDataSource::startBuffering()
@@ -128,10 +86,7 @@ void HttpFileDataSource::startBuffering()
         LOG_ERROR("Network Error %s", "not an address of the web");
         return fail();
     }
-    {
-        std::lock_guard const lock(_bufferMutex);
-        _running = true;
-    }
+    _buffer->setState(DownloadBuffer::Running);
     _manager = std::make_unique<QNetworkAccessManager>();
     _manager->setTransferTimeout(_transferTimeout);
     QNetworkRequest request(url);
@@ -148,10 +103,8 @@ void HttpFileDataSource::startBuffering()
 
 void HttpFileDataSource::stopBuffering()
 {
-    {
-        std::lock_guard const lock(_bufferMutex);
-        _running = false;
-    }
+    if (_buffer->state() == DownloadBuffer::Running)
+        _buffer->setState(DownloadBuffer::Idle);
     if (!_reply)
         return;
     disconnect(_reply.get(), nullptr, this, nullptr);
@@ -167,36 +120,22 @@ void HttpFileDataSource::onReadyRead()
         return; // The words of an error page are no film.
     QByteArray const bytes = _reply->readAll();
     LOG_DEBUG("Http bytes received %d", static_cast<int>(bytes.size()));
-    qsizetype size = 0;
-    {
-        std::lock_guard const lock(_bufferMutex);
-        _contentLength = _reply->header(QNetworkRequest::ContentLengthHeader).isValid()
-                             ? _reply->header(QNetworkRequest::ContentLengthHeader).toLongLong()
-                             : -1;
-        _buffer.append(bytes);
-        size = _buffer.size();
-    }
+    QVariant const length = _reply->header(QNetworkRequest::ContentLengthHeader);
+    qsizetype const size = _buffer->append(bytes, length.isValid() ? length.toLongLong() : -1);
     if (size > maximumBytes) {
         LOG_ERROR("Network Error %s", "more than can be kept in memory");
-        {
-            std::lock_guard const lock(_bufferMutex);
-            _failed = true;
-        }
+        _buffer->setState(DownloadBuffer::Failed);
         return stopBuffering();
     }
     if (size >= 2 * _triedBytes)
-        startThread();
+        attempt();
 }
 
 void HttpFileDataSource::onError(QNetworkReply::NetworkError)
 {
     LOG_ERROR("Network Error %s", qPrintable(_reply->errorString()));
-    {
-        std::lock_guard const lock(_bufferMutex);
-        _running = false;
-        _failed = true;
-    }
-    if (!_opened && !_thread)
+    _buffer->setState(DownloadBuffer::Failed);
+    if (!_opened && !hasDemuxer())
         fail();
 }
 
@@ -218,59 +157,39 @@ void HttpFileDataSource::onFinished()
 {
     if (_reply->error() != QNetworkReply::NoError)
         return;
-    {
-        std::lock_guard const lock(_bufferMutex);
-        _running = false;
-        _finished = true;
-    }
+    _buffer->setState(DownloadBuffer::Finished);
     LOG_INFO("Download completed for %s", qPrintable(uri()));
     emit downloadComplete();
-    startThread();
+    attempt();
 }
 
-void HttpFileDataSource::startThread()
+void HttpFileDataSource::attempt()
 {
-    if (_opened || _thread || isInterrupted())
+    if (_opened || hasDemuxer() || isInterrupted())
         return;
-    {
-        std::lock_guard const lock(_bufferMutex);
-        _triedBytes = _buffer.size();
-    }
-    _thread = std::make_unique<HttpFileDataSourceThread>(*this);
-    connect(_thread.get(), &QThread::finished, this, &HttpFileDataSource::onThreadFinished);
-    _thread->start();
+    _triedBytes = _buffer->size();
+    _needsMore = std::make_shared<std::atomic<bool>>(false);
+    auto const opening = [name = uri(), buffer = _buffer, needsMore = _needsMore](Demuxer const& demuxer) {
+        return tryOpen(name, *buffer, *needsMore, demuxer);
+    };
+    startDemuxer(opening, -1); // The index may come last: the end of the download is what the opening waits for.
 }
 
-void HttpFileDataSource::onThreadFinished()
+void HttpFileDataSource::onOpeningEnded(bool success)
 {
-    if (!_thread || !_thread->isFinished())
-        return; // From an attempt that close() has ended.
-    _thread->wait();
-    OpenResult const result = _thread->result();
-    _thread.reset();
     if (isInterrupted())
         return;
-    if (result == OpenSucceeded) {
-        FormatContextPointer context;
-        {
-            std::lock_guard const lock(_bufferMutex);
-            context = std::move(_openedContext);
-        }
-        setFormatContext(std::move(context));
+    if (success) {
         _opened = true;
         emit opened(this);
         return;
     }
-    bool mayGrow = false;
-    bool hasGrown = false;
-    {
-        std::lock_guard const lock(_bufferMutex);
-        mayGrow = _running;
-        hasGrown = _buffer.size() >= 2 * _triedBytes || (_finished && _buffer.size() > _triedBytes);
-    }
-    if (result == OpenNeedsMore && hasGrown)
-        return startThread();
-    if (result == OpenNeedsMore && mayGrow)
+    DownloadBuffer::State const state = _buffer->state();
+    qsizetype const size = _buffer->size();
+    bool const hasGrown = size >= 2 * _triedBytes || (state == DownloadBuffer::Finished && size > _triedBytes);
+    if (*_needsMore && hasGrown)
+        return attempt();
+    if (*_needsMore && state == DownloadBuffer::Running)
         return;
     stopBuffering();
     fail();
@@ -278,108 +197,25 @@ void HttpFileDataSource::onThreadFinished()
 
 void HttpFileDataSource::fail()
 {
-    raiseError(tr("Failed to open %1").arg(uri()));
+    raiseError(tr("Failed to open %1").arg(Uri::withoutUserInfo(uri())));
 }
 
-HttpFileDataSource::OpenResult HttpFileDataSource::tryOpen()
+FormatContextPointer HttpFileDataSource::tryOpen(QString const& name, DownloadBuffer& buffer,
+                                                 std::atomic<bool>& needsMore, Demuxer const& demuxer)
 {
-    QByteArray beginning;
-    bool mayGrow = false;
-    {
-        std::lock_guard const lock(_bufferMutex);
-        beginning = _buffer.left(maximumProbeBytes);
-        mayGrow = _running && beginning.size() < maximumProbeBytes;
-        _position = 0;
-    }
+    bool const isRunning = buffer.state() == DownloadBuffer::Running;
+    QByteArray const beginning = buffer.rewind(maximumProbeBytes);
+    bool const mayGrow = isRunning && beginning.size() < maximumProbeBytes;
     int score = 0;
     AVInputFormat const* const format = FFwrapper::probeFormat(beginning, &score);
     if (!format || (mayGrow && score <= AVPROBE_SCORE_RETRY)) {
-        LOG_DEBUG("Failed to determine file format for %s", qPrintable(uri()));
-        return mayGrow ? OpenNeedsMore : OpenFailed;
+        LOG_DEBUG("Failed to determine file format for %s", qPrintable(name));
+        needsMore = mayGrow;
+        return nullptr;
     }
-    AVFormatContext* opening = avformat_alloc_context();
-    opening->interrupt_callback = {&url_interrupt_cb, this};
-    opening->protocol_whitelist = av_strdup("crypto,data"); // The file is all there is: it leads nowhere else.
-    FFwrapper::setFFHandler(opening, &readCallback, &seekCallback, this);
-    if (int const result = FFwrapper::openContext(opening, "", format); result < 0) {
-        LOG_ERROR("Could not open %s: %s", qPrintable(uri()), qPrintable(FFwrapper::errorText(result)));
-        return OpenFailed;
-    }
-    FormatContextPointer context(opening);
-    if (int const result = avformat_find_stream_info(opening, nullptr); result < 0) {
-        LOG_ERROR("av_find_stream_info failed with error code %d for %s", result, qPrintable(uri()));
-        return OpenFailed;
-    }
-    int const video = firstStream(opening, AVMEDIA_TYPE_VIDEO);
-    int const audio = firstStream(opening, AVMEDIA_TYPE_AUDIO);
-    if (video < 0 && audio < 0) {
-        LOG_ERROR("No video or audio streams found. Cannot play %s", qPrintable(uri()));
-        return OpenFailed;
-    }
-    LOG_DEBUG("Video stream index = %d Audio stream index = %d for %s", video, audio, qPrintable(uri()));
-    std::lock_guard const lock(_bufferMutex);
-    _openedContext = std::move(context);
-    return OpenSucceeded;
-}
-
-bool HttpFileDataSource::isWaitingForBytes() const
-{
-    std::lock_guard const lock(_bufferMutex);
-    return _running && _position >= _buffer.size();
-}
-
-int HttpFileDataSource::readCallback(void* userData, unsigned char* buffer, int size)
-{
-    auto* const source = static_cast<HttpFileDataSource*>(userData);
-    QMutex mutex;
-    QWaitCondition wait;
-    while (source->isWaitingForBytes() && !source->isInterrupted() && !source->_seeking) {
-        QEventLoop().processEvents();
-        QMutexLocker const lock(&mutex);
-        wait.wait(&mutex, 1);
-    }
-    if (source->isInterrupted())
-        return AVERROR_EXIT;
-    int const count = source->readBytes(buffer, size);
-    if (count > 0)
-        return count;
-    std::lock_guard const lock(source->_bufferMutex);
-    if (source->_finished)
-        return AVERROR_EOF;
-    LOG_WARNING("This should not happen before we finish the download");
-    return AVERROR(EIO);
-}
-
-int HttpFileDataSource::readBytes(unsigned char* buffer, int size)
-{
-    std::lock_guard const lock(_bufferMutex);
-    qint64 const left = _buffer.size() - _position;
-    if (left < 0)
-        LOG_DEBUG("FFmpeg tried to read beyond the end of the available data.");
-    if (left <= 0)
-        return 0;
-    int const count = static_cast<int>(std::min<qint64>(size, left));
-    std::memcpy(buffer, _buffer.constData() + _position, static_cast<size_t>(count));
-    LOG_DEBUG("FFmpeg read %d bytes from offset %ld", count, static_cast<long>(_position));
-    _position += count;
-    return count;
-}
-
-std::int64_t HttpFileDataSource::seekCallback(void* userData, std::int64_t offset, int origin)
-{
-    auto* const source = static_cast<HttpFileDataSource*>(userData);
-    std::lock_guard const lock(source->_bufferMutex);
-    if (origin & AVSEEK_SIZE)
-        return source->_finished            ? source->_buffer.size()
-               : source->_contentLength > 0 ? source->_contentLength
-                                            : AVERROR(ENOSYS);
-    origin &= ~AVSEEK_FORCE;
-    if (origin != SEEK_SET && origin != SEEK_CUR)
-        return AVERROR(EINVAL);
-    std::int64_t const base = origin == SEEK_CUR ? source->_position : 0;
-    std::int64_t target = 0;
-    if (__builtin_add_overflow(base, offset, &target) || target < 0)
-        return AVERROR(EINVAL);
-    source->_position = target;
-    return target;
+    AVFormatContext* const prepared = avformat_alloc_context();
+    prepared->protocol_whitelist = av_strdup("crypto,data"); // The file is all there is: it leads nowhere else.
+    buffer.setInterrupt(demuxer.interruptCallback());
+    FFwrapper::setFFHandler(prepared, &DownloadBuffer::read, &DownloadBuffer::seek, &buffer);
+    return StreamOpener::open(prepared, {StreamOpener::Download, name, {}, format}, demuxer);
 }

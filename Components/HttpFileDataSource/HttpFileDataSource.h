@@ -7,6 +7,7 @@
 #include <QNetworkReply>
 #include <QSslError>
 
+class DownloadBuffer;
 class QNetworkAccessManager;
 
 /// Downloads a whole file over HTTP and plays it meanwhile. The download stays in memory.
@@ -23,14 +24,11 @@ public:
     ~HttpFileDataSource() override;
 
     void open() override;
-    /// Returns at once in any state.
     void close() override;
     void start() override;
     void stop() override;
 
     int readFrame(AVPacket* packet) override;
-    /// Seeks within what has been downloaded; beyond that it fails.
-    int seekFrame(AVStream* stream, long long timestamp, int flags) override;
 
     /// Bytes downloaded.
     quint64 bytesRead() const override;
@@ -54,35 +52,24 @@ private slots:
     void onDownloadProgress(qint64 received, qint64 total);
     void onFinished();
 
-private:
-    class HttpFileDataSourceThread;
-    enum OpenResult { OpenSucceeded, OpenNeedsMore, OpenFailed };
+protected:
+    void onOpeningEnded(bool success) override;
 
-    void startThread();
-    void onThreadFinished();
-    OpenResult tryOpen();
-    bool isWaitingForBytes() const;
-    int readBytes(unsigned char* buffer, int size);
+    DownloadBuffer& buffer() { return *_buffer; }
+
+private:
+    void attempt();
     void fail();
-    static int readCallback(void* userData, unsigned char* buffer, int size);
-    static std::int64_t seekCallback(void* userData, std::int64_t offset, int origin);
+    static FormatContextPointer tryOpen(QString const& name, DownloadBuffer& buffer, std::atomic<bool>& needsMore,
+                                        Demuxer const& demuxer);
 
     static Logger* log;
 
     std::unique_ptr<QNetworkAccessManager> _manager;
     std::unique_ptr<QNetworkReply> _reply;
-    std::unique_ptr<HttpFileDataSourceThread> _thread; ///< While an attempt to open runs.
     int _transferTimeout = defaultTransferTimeout;
     bool _opened = false;
-    qsizetype _triedBytes = 0;         ///< How many bytes the last attempt to open had.
-    std::atomic<bool> _seeking{false}; ///< On the owner's thread, where nothing may wait for the network.
-
-    mutable std::mutex _bufferMutex; ///< Guards what follows.
-    QByteArray _buffer;
-    qint64 _position = 0;
-    qint64 _contentLength = -1;
-    bool _running = false;               ///< The download goes on.
-    bool _finished = false;              ///< Every byte has come.
-    bool _failed = false;                ///< The download has ended early.
-    FormatContextPointer _openedContext; ///< From the opening thread to the owner's.
+    qsizetype _triedBytes = 0;                     ///< How many bytes the last attempt to open had.
+    std::shared_ptr<DownloadBuffer> _buffer;       ///< With the demuxer.
+    std::shared_ptr<std::atomic<bool>> _needsMore; ///< The last attempt to open had too few bytes to tell.
 };

@@ -3,51 +3,26 @@
 #include "Latte.h"
 #include "LatteClient.h"
 #include "LatteDataSourceThread.h"
+#include "LatteInput.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "StreamOpener.h"
 
 extern "C" {
 #include <libavformat/avformat.h>
 }
 
-#include <QEventLoop>
-#include <QMutex>
-#include <QWaitCondition>
-
 #include <algorithm>
-#include <cstring>
+#include <chrono>
 #include <exception>
+#include <thread>
 
 Logger* LatteDataSource::log = LoggerManager::logger();
 
 namespace
 {
-
-constexpr int pollInterval = 1;    // ms, in a read that waits for the client
-constexpr int resetPoll = 20;      // ms, in a read that waits for a reset
-constexpr int analyzeDuration = 2; // seconds of the stream that FFmpeg may look at before it plays
-
-void sleepFor(int milliseconds)
-{
-    QMutex mutex;
-    QWaitCondition condition;
-    QMutexLocker const lock(&mutex);
-    condition.wait(&mutex, static_cast<unsigned long>(milliseconds));
-}
-
-/// Whether a decoder can be made for every stream without looking at more of it.
-bool isComplete(AVFormatContext const* context)
-{
-    for (unsigned int i = 0; i < context->nb_streams; ++i) {
-        AVCodecParameters const* const p = context->streams[i]->codecpar;
-        if (p->codec_type == AVMEDIA_TYPE_VIDEO && (p->width <= 0 || p->format < 0))
-            return false;
-        if (p->codec_type == AVMEDIA_TYPE_AUDIO && (p->sample_rate <= 0 || p->ch_layout.nb_channels <= 0))
-            return false;
-    }
-    return true;
-}
-
+constexpr std::chrono::milliseconds resetPoll(20); // In a read that waits for a reset.
+constexpr int analyzeDuration = 2;                 // seconds of the stream that FFmpeg may look at before it plays
 } // namespace
 
 LatteDataSource::LatteDataSource(Latte* latte, StreamDescription const& streamDescription, QString const& name,
@@ -125,15 +100,20 @@ void LatteDataSource::close()
     if (_client->thread() != QThread::currentThread())
         _client->moveToThread(QThread::currentThread());
     disconnect(_client, nullptr, this, nullptr);
-    setFormatContext(nullptr); // Waits for a read that still runs.
+    dropDemuxer();
+    leaveInput();
     _latte->close(_client);
     _client = nullptr;
     _opened = false;
-    _firstReadDone = false;
     _resetPending = false;
     _dataBuffer.clear();
-    _dataPosition = 0;
-    _descriptorBuffer.clear();
+}
+
+void LatteDataSource::leaveInput()
+{
+    if (_input)
+        _input->leave();
+    _input.reset();
 }
 
 int LatteDataSource::readFrame(AVPacket* packet)
@@ -147,7 +127,7 @@ int LatteDataSource::readFrame(AVPacket* packet)
         reportLoss();
         return result == AVERROR_EOF ? AVERROR(EIO) : result;
     }
-    sleepFor(resetPoll); // Between two streams there is nothing to read, but this is not the end.
+    std::this_thread::sleep_for(resetPoll); // Between two streams there is nothing to read, but this is not the end.
     return AVERROR(EAGAIN);
 }
 
@@ -158,7 +138,7 @@ int LatteDataSource::seekFrame(AVStream*, long long, int)
 
 void LatteDataSource::onLatteBytesReady(LatteClient* client)
 {
-    if (client != _client || _opened)
+    if (client != _client || _opened || hasDemuxer())
         return;
     if (!takeBytes(client))
         return;
@@ -192,17 +172,14 @@ bool LatteDataSource::isExhausted() const
 
 void LatteDataSource::tryOpen()
 {
-    if (!_client || _opened)
+    if (!_client || _opened || hasDemuxer())
         return;
     QByteArray header = _client->descriptor(0);
     if (header.isEmpty())
         header = _streamDescription.descriptor();
-    _descriptorBuffer = header;
     if (contextFromHeader(header) == 0) {
         _opened = true;
         emit opened(this);
-    } else if (!_retryTimer.isActive() && isExhausted()) {
-        onErrorTimer(); // No more data will come to try again with.
     }
 }
 
@@ -213,126 +190,57 @@ int LatteDataSource::contextFromHeader(QByteArray const& header)
         _retryTimer.start(static_cast<int>(openDelay - elapsed));
         return 1;
     }
-    _firstReadDone = false;
-    _dataPosition = 0;
-    _prevReadCallbackReturn = 0;
     if (!FFwrapper::probeFormat(header)) {
         LOG_ERROR("No format recognises the header of %s", qPrintable(uri()));
-        setFormatContext(nullptr);
         return 0;
     }
-    if (openFormat(header) == 0)
-        return 0;
+    leaveInput();
+    _input = std::make_shared<LatteInput>(*_client, header, _dataBuffer);
+    QString const address = _streamDescription.uri().toString();
+    startDemuxer([address, header, input = _input](Demuxer const& demuxer) {
+        return openFormat(address, header, input, demuxer);
+    });
+    return 1;
+}
+
+void LatteDataSource::onOpeningEnded(bool success)
+{
+    if (success) {
+        _input->startReading();
+        _dataBuffer.clear();
+        _opened = true;
+        emit opened(this);
+        return;
+    }
+    leaveInput();
     _openTime = currentMilliseconds();
-    _firstReadDone = false;
-    setFormatContext(nullptr);
-    return -1;
+    if (isExhausted())
+        onErrorTimer(); // No more data will come to try again with.
+    else if (_client->bytesAvailable() > 0)
+        onLatteBytesReady(_client); // What has come meanwhile.
 }
 
-int LatteDataSource::openFormat(QByteArray const& header)
+FormatContextPointer LatteDataSource::openFormat(QString const& address, QByteArray const& header,
+                                                 std::shared_ptr<LatteInput> const& input, Demuxer const& demuxer)
 {
-    QByteArray const address = _streamDescription.uri().toString().toUtf8();
-    LOG_DEBUG("Opening %s", address.constData());
-    setFormatContext(nullptr);
-    AVFormatContext* opening = avformat_alloc_context();
-    opening->interrupt_callback = {&url_interrupt_cb, this};
-    opening->protocol_whitelist = av_strdup("crypto,data"); // The client's bytes are all there is.
-    opening->max_analyze_duration = analyzeDuration * AV_TIME_BASE;
-    FFwrapper::setFFHandler(opening, &latteReadCallback, nullptr, this);
-    int result = FFwrapper::openContext(opening, "", FFwrapper::probeFormat(header));
-    FormatContextPointer context(opening);
-    if (context) {
-        LOG_DEBUG("av_find_stream_info begin for %s", address.constData());
-        result = avformat_find_stream_info(context.get(), nullptr);
-        LOG_DEBUG("av_find_stream_info end for %s", address.constData());
-    }
-    bool const ranDry = _firstReadDone && _prevReadCallbackReturn <= 0;
-    if (result < 0)
-        LOG_ERROR("av_find_stream_info failed. Cannot play %s", address.constData());
-    if (result < 0 || (ranDry && !isComplete(context.get()))) {
-        if (ranDry)
-            LOG_ERROR("prevReadCallbackReturn %d", _prevReadCallbackReturn);
-        return -1;
-    }
-    int const video = firstStream(context.get(), AVMEDIA_TYPE_VIDEO);
-    int const audio = firstStream(context.get(), AVMEDIA_TYPE_AUDIO);
-    LOG_INFO("Video stream index = %d Audio stream index = %d for %s", video, audio, address.constData());
-    if (video < 0 && audio < 0) {
-        LOG_ERROR("No video or audio streams found. Cannot play %s", address.constData());
-        return -1;
-    }
-    context->pb->eof_reached = 0; // What ran dry while probing goes on when reading.
-    context->pb->error = 0;
-    setFormatContext(std::move(context));
-    return 0;
-}
-
-int LatteDataSource::latteReadCallback(void* opaque, unsigned char* buffer, int size)
-{
-    auto* const source = static_cast<LatteDataSource*>(opaque);
-    if (!source)
-        return AVERROR_EOF;
-    source->_firstReadDone = true;
-    int const count = source->_opened ? source->bytesForReading(buffer, size) : source->bytesForProbing(buffer, size);
-    return count == 0 ? AVERROR_EOF : count;
-}
-
-int LatteDataSource::bytesForProbing(unsigned char* buffer, int size)
-{
-    int count = static_cast<int>(std::min<qsizetype>(size, _descriptorBuffer.size()));
-    if (count > 0) {
-        std::memcpy(buffer, _descriptorBuffer.constData(), static_cast<size_t>(count));
-        _descriptorBuffer.remove(0, count);
-    } else {
-        // The data stays where it is, so that another attempt can begin with it again.
-        count = bytesFromBuffer(buffer, size);
-    }
-    return _prevReadCallbackReturn = count;
-}
-
-int LatteDataSource::bytesForReading(unsigned char* buffer, int size)
-{
-    for (;;) {
-        if (int const count = bytesFromBuffer(buffer, size); count > 0)
-            return count;
-        if (isInterrupted())
-            return AVERROR_EXIT;
-        if (_resetPending)
-            return AVERROR_EOF; // What the client holds now belongs to the next header.
-        bool const ended = _client->state() != LatteClient::Delivering;
-        if (_client->bytesAvailable() > 0) {
-            if (qint64 const count = _client->read(reinterpret_cast<char*>(buffer), size); count != 0)
-                return count < 0 ? AVERROR(EIO) : static_cast<int>(count);
-            // A client may hand out whole packets only, and the next one be longer than `size`.
-            if (takeBytes(_client) && !_dataBuffer.isEmpty())
-                continue;
-        }
-        if (ended)
-            return AVERROR_EOF;
-        QEventLoop().processEvents();
-        sleepFor(pollInterval);
-    }
-}
-
-int LatteDataSource::bytesFromBuffer(unsigned char* buffer, int size)
-{
-    int const count = static_cast<int>(std::min<qsizetype>(size, _dataBuffer.size() - _dataPosition));
-    if (count == 0)
-        return 0;
-    std::memcpy(buffer, _dataBuffer.constData() + _dataPosition, static_cast<size_t>(count));
-    _dataPosition += count;
-    if (_opened && _dataPosition == _dataBuffer.size()) {
-        _dataBuffer = QByteArray();
-        _dataPosition = 0;
-    }
-    return count;
+    LOG_DEBUG("Opening %s", qPrintable(address));
+    AVFormatContext* const prepared = avformat_alloc_context();
+    prepared->protocol_whitelist = av_strdup("crypto,data"); // The client's bytes are all there is.
+    prepared->max_analyze_duration = analyzeDuration * AV_TIME_BASE;
+    input->setInterrupt(demuxer.interruptCallback());
+    FFwrapper::setFFHandler(prepared, &LatteInput::latteReadCallback, nullptr, input.get());
+    auto const accepts = [&input](AVFormatContext* context) { return input->accepts(context); };
+    return StreamOpener::open(prepared, {StreamOpener::Live, address, {}, FFwrapper::probeFormat(header), accepts},
+                              demuxer);
 }
 
 void LatteDataSource::onLatteDescriptorChanged(LatteClient* client, qint64)
 {
-    if (client != _client || !_firstReadDone || _resetPending)
+    bool const isRead = _input && _input->isRead();
+    if (client != _client || !isRead || _resetPending)
         return;
     _resetPending = true;
+    _input->expectNewHeader();
     _resetTimer.start(resetDelay);
 }
 
@@ -346,14 +254,11 @@ void LatteDataSource::onReset()
     if (!_client)
         return; // A listener has closed this source.
     GLMovieDataSource::stop();
-    {
-        std::lock_guard const lock(contextMutex()); // A late read ends first: none waits while a reset is pending.
-        _firstReadDone = false;
-        _opened = false;
-        _resetPending = false;
-    }
+    dropDemuxer();
+    leaveInput();
+    _opened = false;
+    _resetPending = false;
     _dataBuffer.clear();
-    _dataPosition = 0;
     GLMovieDataSource::start(); // Silence after the reset is an error like any other.
     onLatteBytesReady(_client);
 }

@@ -8,6 +8,7 @@
 
 class Latte;
 class LatteClient;
+class LatteInput;
 
 /// Feeds FFmpeg from a LatteClient, which lives on a thread of its own while it delivers.
 ///
@@ -55,7 +56,7 @@ public slots:
     void onProgressChanged(LatteClient* client, QString const& text);
 
 protected:
-    bool isReadable() const override { return _opened && _formatContext; }
+    void onOpeningEnded(bool success) override;
 
 private:
     class LatteDataSourceThread;
@@ -64,11 +65,9 @@ private:
     bool isExhausted() const;
     void tryOpen();
     int contextFromHeader(QByteArray const& header);
-    int openFormat(QByteArray const& header);
-    int bytesForProbing(unsigned char* buffer, int size);
-    int bytesForReading(unsigned char* buffer, int size);
-    int bytesFromBuffer(unsigned char* buffer, int size);
-    static int latteReadCallback(void* opaque, unsigned char* buffer, int size);
+    void leaveInput();
+    static FormatContextPointer openFormat(QString const& address, QByteArray const& header,
+                                           std::shared_ptr<LatteInput> const& input, Demuxer const& demuxer);
 
     static Logger* log;
 
@@ -80,13 +79,8 @@ private:
     QTimer _resetTimer;
     qint64 _openTime = 0; ///< When open() was called or the last attempt failed, by currentMilliseconds().
 
-    std::atomic<bool> _firstReadDone{false};
-    std::atomic<bool> _opened{false};
+    std::shared_ptr<LatteInput> _input; ///< With the demuxer; null before the first attempt to open.
+    QByteArray _dataBuffer;             ///< Read from the client before the source was open.
+    std::atomic<bool> _opened{false};   ///< These two are told to the reader.
     std::atomic<bool> _resetPending{false};
-
-    // Touched by the owner's thread until _opened is set, and by reads afterwards.
-    QByteArray _dataBuffer;          ///< Read from the client before the source was open.
-    qsizetype _dataPosition = 0;     ///< Where in it FFmpeg reads next.
-    QByteArray _descriptorBuffer;    ///< The header still to be given to FFmpeg.
-    int _prevReadCallbackReturn = 0; ///< The last count given while probing.
 };

@@ -45,6 +45,20 @@ QString Uri::base() const
     return lastSlash < pathStart ? text : text.left(lastSlash);
 }
 
+QString Uri::withoutUserInfo(QString const& address)
+{
+    qsizetype const authority = address.indexOf("://");
+    if (authority < 0)
+        return address;
+    qsizetype const begin = authority + 3;
+    static QRegularExpression const authorityEnd(QStringLiteral("[/?#]"));
+    qsizetype const found = address.indexOf(authorityEnd, begin);
+    qsizetype const end = found < 0 ? address.size() : found;
+    // A password may hold a sign that ends it: the last one counts.
+    qsizetype const at = address.left(end).lastIndexOf('@');
+    return at < begin ? address : QString(address.left(begin) + address.mid(at + 1));
+}
+
 size_t Uri::hashCode() const
 {
     return qHashMulti(0, _scheme.toString(), _rest);

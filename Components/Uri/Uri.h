@@ -30,6 +30,10 @@ public:
     /// The address without its last path element, query and fragment. An address without a path is its own base.
     QString base() const;
 
+    /// An address as it was typed, without the user and the password in it (RFC 3986, "userinfo"), to be shown or
+    /// used as a name. Text that is no address comes back unchanged.
+    static QString withoutUserInfo(QString const& address);
+
     size_t hashCode() const;
 
     bool operator==(Uri const& other) const = default;

@@ -1,6 +1,7 @@
 #include "HttpFileDataSource.h"
 
 #include "Clips.h"
+#include "DownloadBuffer.h"
 #include "LogCapture.h"
 #include "LoopbackHttpServer.h"
 #include "SourceTestSupport.h"
@@ -111,20 +112,29 @@ TEST(HttpFileDataSource, ClosesAtAnyMoment)
     }
 }
 
-TEST(HttpFileDataSource, SeeksFromTheStartAndThePositionOnly)
+TEST(HttpFileDataSource, ASeekWaitsForTheDownloadAndCanBeInterrupted)
 {
-    struct Source : HttpFileDataSource {
-        using HttpFileDataSource::HttpFileDataSource;
-        std::int64_t seek(std::int64_t offset, int origin)
-        {
-            return _formatContext->pb->seek(_formatContext->pb->opaque, offset, origin);
-        }
-    };
-    QByteArray const film = Clips::bytes(Clips::videoOnly());
-    LoopbackHttpServer server(Manner::Whole, film);
-    Source source(server.url());
+    LoopbackHttpServer server(Manner::Stalled, Clips::bytes(Clips::wmv(12)));
+    HttpFileDataSource source(server.url());
     ASSERT_TRUE(openSource(source));
-    ASSERT_TRUE(waitUntil([&] { return source.bytesRead() == static_cast<quint64>(film.size()); }));
+    EXPECT_TRUE(source.isSeekable());
+    std::atomic<int> result{1};
+    std::unique_ptr<QThread> const seeker(
+        QThread::create([&] { result = source.seekFrame(source.videoStream(), 11000, 0); }));
+    seeker->start();
+    EXPECT_TRUE(waitUntil([&] { return source.position() >= static_cast<qint64>(source.bytesRead()); }));
+    EXPECT_EQ(result, 1);
+    source.setInterrupted(true);
+    EXPECT_TRUE(seeker->wait(10000));
+    EXPECT_EQ(result, AVERROR_EXIT);
+}
+
+TEST(DownloadBuffer, SeeksFromTheStartAndThePositionOnly)
+{
+    DownloadBuffer buffer;
+    QByteArray const film(5000, 'a');
+    buffer.append(film, -1);
+    buffer.setState(DownloadBuffer::Finished);
     struct Case {
         std::int64_t offset;
         int origin;
@@ -134,8 +144,8 @@ TEST(HttpFileDataSource, SeeksFromTheStartAndThePositionOnly)
                           {5, SEEK_END, 700},     {5, 3, 700},           {INT64_MAX, SEEK_CUR, 700},
                           {0, AVSEEK_SIZE, 700},  {-1, SEEK_SET, 700},   {INT64_MAX, SEEK_SET, INT64_MAX}};
     for (Case const& c : cases) {
-        source.seek(c.offset, c.origin);
-        EXPECT_EQ(source.position(), c.position) << c.offset << " " << c.origin;
+        DownloadBuffer::seek(&buffer, c.offset, c.origin);
+        EXPECT_EQ(buffer.position(), c.position) << c.offset << " " << c.origin;
     }
-    EXPECT_EQ(source.seek(0, AVSEEK_SIZE), film.size());
+    EXPECT_EQ(DownloadBuffer::seek(&buffer, 0, AVSEEK_SIZE), film.size());
 }

@@ -20,7 +20,7 @@ public:
     using LatteDataSource::LatteDataSource;
 
     QTimer* timer(char const* name) const { return findChild<QTimer*>(name); }
-    bool hasContext() const { return _formatContext != nullptr; }
+    using LatteDataSource::hasDemuxer;
     using LatteDataSource::onErrorTimer;
 
     std::atomic<qint64> now{0};
@@ -86,7 +86,7 @@ protected:
         settle();
         _source->now = 5000;
         deliver(asf.packets);
-        ASSERT_EQ(_opened->size(), 1);
+        ASSERT_TRUE(waitUntil([this] { return _opened->size() == 1; }));
     }
 
     Latte _latte;
@@ -113,6 +113,7 @@ TEST_F(LatteDataSourceTest, OpensNoSoonerThanFiveSecondsAfterOpen)
     EXPECT_TRUE(waitUntil([this] { return _opened->size() == 1; }));
     EXPECT_TRUE(_source->videoStream());
     EXPECT_TRUE(_source->audioStream());
+    EXPECT_FALSE(_source->isSeekable());
 }
 
 TEST_F(LatteDataSourceTest, OtherSchemesWaitForEnoughBytes)
@@ -122,8 +123,9 @@ TEST_F(LatteDataSourceTest, OtherSchemesWaitForEnoughBytes)
     _source->now = 5000;
     deliver(asf.packets.left(127999));
     EXPECT_TRUE(_opened->isEmpty());
+    EXPECT_FALSE(_source->hasDemuxer());
     deliver(asf.packets.mid(127999, 1));
-    EXPECT_EQ(_opened->size(), 1);
+    EXPECT_TRUE(waitUntil([this] { return _opened->size() == 1; }));
     client().setState(LatteClient::Finished);
 }
 
@@ -136,7 +138,7 @@ TEST_F(LatteDataSourceTest, EveryPacketArrivesInOrderFromBothBuffers)
     _source->now = 5000;
     qsizetype const half = asf.packets.size() / 2 / Asf::packetSize * Asf::packetSize;
     deliver(asf.packets.left(half));
-    ASSERT_EQ(_opened->size(), 1);
+    ASSERT_TRUE(waitUntil([this] { return _opened->size() == 1; }));
     Reader reader(*_source);
     for (qsizetype at = half; at < asf.packets.size(); at += 5000) // Pieces that are no whole packets.
         deliver(asf.packets.mid(at, 5000));
@@ -157,13 +159,14 @@ TEST_F(LatteDataSourceTest, AStreamThatCannotBeParsedIsTriedAgainEveryFiveSecond
     client().setDescriptor(broken);
     _source->now = 5000;
     deliver("some");
+    EXPECT_TRUE(waitUntil([this] { return !_source->hasDemuxer(); }));
     _source->now = 9999;
     deliver("more");
     EXPECT_EQ(capture.count("Opening mms://host/live"), 1);
     client().setDescriptor(asf.header);
     _source->now = 10000;
     deliver("");
-    EXPECT_EQ(capture.count("Opening mms://host/live"), 2);
+    EXPECT_TRUE(waitUntil([&] { return capture.count("Opening mms://host/live") == 2; }));
     EXPECT_TRUE(_closed->isEmpty());
     EXPECT_TRUE(capture.contains("Cannot play mms://host/live"));
 }

@@ -1,5 +1,7 @@
 #include "ScriptedMovieSource.h"
 
+#include "StreamOpener.h"
+
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
@@ -18,6 +20,12 @@ constexpr int timeBase = 1000; // Time stamps are milliseconds.
 ScriptedMovieSource::ScriptedMovieSource() : GLMovieDataSource("scripted")
 {
     setFormatContext(FormatContextPointer(avformat_alloc_context()));
+}
+
+void ScriptedMovieSource::setFormatContext(FormatContextPointer context)
+{
+    _formatContext = std::move(context);
+    setStreams(StreamOpener::describe(*_formatContext));
 }
 
 void ScriptedMovieSource::addVideo()

@@ -51,9 +51,14 @@ public:
     int seekFrame(AVStream* stream, long long timestamp, int flags) override;
     bool isSeekable() const override { return _seekable; }
 
+protected:
+    void onOpeningEnded(bool) override {}
+
 private:
+    void setFormatContext(FormatContextPointer context);
     QByteArray payload(Packet const& packet) const;
 
+    FormatContextPointer _formatContext;
     int _videoIndex = -1;
     int _audioIndex = -1;
     QList<Packet> _script;

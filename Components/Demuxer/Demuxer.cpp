@@ -1,0 +1,208 @@
+#include "Demuxer.h"
+
+#include "StreamOpener.h"
+
+extern "C" {
+#include <libavcodec/packet.h>
+#include <libavformat/avformat.h>
+}
+
+#include <QObject>
+
+#include <algorithm>
+#include <system_error>
+#include <thread>
+
+std::shared_ptr<Demuxer> Demuxer::start(Opening opening, int deadline, QObject* listener,
+                                        std::function<void()> opened)
+{
+    auto demuxer = std::make_shared<Demuxer>(std::move(opening), deadline);
+    try {
+        std::thread([demuxer, listener, opened] { demuxer->run(listener, opened); }).detach();
+    } catch (std::system_error const&) { // The machine has no thread left.
+        demuxer->finishOpening(nullptr, listener, opened);
+    }
+    return demuxer;
+}
+
+Demuxer::Demuxer(Opening opening, int deadline) : _opening(std::move(opening)), _deadline(deadline) {}
+
+Demuxer::~Demuxer()
+{
+    clearResults();
+}
+
+void Demuxer::abandon()
+{
+    std::lock_guard const lock(_mutex);
+    _abandoned = true;
+    _endCall = true;
+    _work.notify_all();
+    _answer.notify_all();
+}
+
+bool Demuxer::isAbandoned() const
+{
+    std::lock_guard const lock(_mutex);
+    return _abandoned;
+}
+
+bool Demuxer::isOpen() const
+{
+    std::lock_guard const lock(_mutex);
+    return _isOpen;
+}
+
+StreamInfo Demuxer::info() const
+{
+    std::lock_guard const lock(_mutex);
+    return _info;
+}
+
+int Demuxer::read(AVPacket* packet)
+{
+    std::unique_lock lock(_mutex);
+    if (_results.empty()) {
+        _wanted = true;
+        _work.notify_one();
+        _answer.wait(lock, [this] { return _interrupted || _abandoned || !_results.empty(); });
+    }
+    if (_interrupted || _abandoned)
+        return AVERROR_EXIT;
+    Result const result = _results.front();
+    _results.pop_front();
+    if (_results.size() == readAhead / 2)
+        _work.notify_one();
+    if (result.packet) {
+        av_packet_move_ref(packet, result.packet);
+        AVPacket* empty = result.packet;
+        av_packet_free(&empty);
+    }
+    return result.error;
+}
+
+int Demuxer::seek(AVStream const* stream, long long timestamp, int flags)
+{
+    std::unique_lock lock(_mutex);
+    if (!_isOpen || !stream)
+        return AVERROR(EINVAL);
+    if (_interrupted || _abandoned)
+        return AVERROR_EXIT;
+    unsigned int const number = ++_seekNumber;
+    _seek = Seek{stream->index, timestamp, flags, number};
+    clearResults();
+    _endCall = true;
+    _work.notify_one();
+    _answer.wait(lock, [&] { return _interrupted || _abandoned || _seeksServed >= number || _seekNumber != number; });
+    if (_seeksServed == number)
+        return _seekResult;
+    if (_seekNumber == number && _seek)
+        _seek.reset(); // The call that was to give way may go on, if it still does.
+    else if (_seekNumber == number)
+        _endCall = true;
+    return AVERROR_EXIT;
+}
+
+void Demuxer::setInterrupted(bool interrupted)
+{
+    std::lock_guard const lock(_mutex);
+    _interrupted = interrupted;
+    _answer.notify_all();
+}
+
+AVIOInterruptCB Demuxer::interruptCallback() const
+{
+    return {&Demuxer::interrupted, const_cast<Demuxer*>(this)};
+}
+
+int Demuxer::interrupted(void* opaque)
+{
+    auto const* const demuxer = static_cast<Demuxer const*>(opaque);
+    return demuxer->_endCall || (!demuxer->_opened && demuxer->_deadline.hasExpired()) ? 1 : 0;
+}
+
+void Demuxer::run(QObject* listener, std::function<void()> const& opened)
+{
+    FormatContextPointer const context = _opening(*this);
+    if (!finishOpening(context.get(), listener, opened))
+        return;
+    while (serve(*context)) {
+    }
+}
+
+bool Demuxer::finishOpening(AVFormatContext* context, QObject* listener, std::function<void()> const& opened)
+{
+    std::lock_guard const lock(_mutex);
+    if (_abandoned)
+        return false;
+    _opened = true;
+    _isOpen = context != nullptr;
+    if (context)
+        _info = StreamOpener::describe(*context);
+    // Under the lock, so that the listener cannot abandon this, and go, in between; it only puts a call in its queue.
+    QMetaObject::invokeMethod(listener, opened, Qt::QueuedConnection);
+    return _isOpen;
+}
+
+bool Demuxer::serve(AVFormatContext& context)
+{
+    std::unique_lock lock(_mutex);
+    _work.wait(lock, [this] { return _abandoned || _seek || mayRead(); });
+    if (_abandoned)
+        return false;
+    _endCall = false;
+    if (_seek)
+        serveSeek(context, lock);
+    else
+        serveRead(context, lock);
+    return true;
+}
+
+bool Demuxer::mayRead() const
+{
+    return _wanted || (_reading && _results.size() < readAhead);
+}
+
+void Demuxer::serveSeek(AVFormatContext& context, std::unique_lock<std::mutex>& lock)
+{
+    Seek const seek = *_seek;
+    _seek.reset();
+    lock.unlock();
+    int const result = av_seek_frame(&context, seek.stream, seek.timestamp, seek.flags);
+    lock.lock();
+    clearResults();
+    _reading = false; // Until someone wants what is there.
+    _seeksServed = seek.number;
+    _seekResult = result;
+    _answer.notify_all();
+}
+
+void Demuxer::serveRead(AVFormatContext& context, std::unique_lock<std::mutex>& lock)
+{
+    AVPacket* packet = av_packet_alloc();
+    lock.unlock();
+    int result = packet ? av_read_frame(&context, packet) : AVERROR(ENOMEM);
+    lock.lock();
+    bool const ioFailed = context.pb && context.pb->error < 0 && context.pb->error != AVERROR_EXIT;
+    if (result == AVERROR_EOF && ioFailed)
+        result = context.pb->error; // The end of what came is not the end of the film.
+    if (result < 0)
+        av_packet_free(&packet);
+    if (_abandoned || _seek || (_endCall && result < 0)) { // What was cut off, or stood before a seek.
+        av_packet_free(&packet);
+        if (context.pb && context.pb->error == AVERROR_EXIT)
+            context.pb->error = 0;
+        return;
+    }
+    _wanted = false;
+    _reading = result >= 0;
+    _results.push_back({packet, std::min(result, 0)});
+    _answer.notify_all();
+}
+
+void Demuxer::clearResults()
+{
+    for (Result& result : _results)
+        av_packet_free(&result.packet);
+    _results.clear();
+}

@@ -1,0 +1,93 @@
+#include "FileOpening.h"
+
+#include "FileName.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "PipeReader.h"
+#include "StreamOpener.h"
+
+extern "C" {
+#include <libavformat/avformat.h>
+}
+
+#include <QCoreApplication>
+
+Logger* FileOpening::log = LoggerManager::logger();
+
+namespace
+{
+
+/// What an address of the network may lead to, playlists and redirections included.
+constexpr char const* networkProtocols =
+    "http,https,httpproxy,tls,tcp,udp,udplite,rtp,srtp,rtmp,rtmps,rtmpt,rtmpts,ffrtmphttp,mmsh,mmst,srt,crypto,data";
+
+using IoOpen = decltype(AVFormatContext::io_open);
+
+IoOpen defaultIoOpen()
+{
+    static IoOpen const function = [] {
+        AVFormatContext* context = avformat_alloc_context();
+        IoOpen const result = context->io_open;
+        avformat_free_context(context);
+        return result;
+    }();
+    return function;
+}
+
+} // namespace
+
+bool FileOpening::isNetwork(QString const& name)
+{
+    return name.contains("://") && !FileName::isAddress(name);
+}
+
+FileOpening::FileOpening(QString const& name, QNetworkProxy const& proxy)
+    : _name(FileName::fromAddress(name)), _proxy(proxy), _isNetwork(isNetwork(name)),
+      _path(_isNetwork ? name.toUtf8() : FileName::toLocal8Bit(name))
+{
+}
+
+FormatContextPointer FileOpening::operator()(Demuxer const& demuxer) const
+{
+    LOG_INFO("Opening %s", qPrintable(_name));
+    AVFormatContext* const prepared = avformat_alloc_context();
+    if (_isNetwork) {
+        _proxy.warnUnlessUsable(_path);
+        prepared->opaque = const_cast<FileOpening*>(this); // The demuxer keeps this for as long as the context.
+        prepared->io_open = &openNested;
+        prepared->protocol_whitelist = av_strdup(networkProtocols);
+        return StreamOpener::open(prepared, {StreamOpener::File, _name, _path}, demuxer);
+    }
+    if (PipeReader::isNeededFor(_path))
+        return openPipe(prepared, demuxer);
+    // With its protocol in front, no file name can be taken for an address.
+    return StreamOpener::open(prepared, {StreamOpener::File, _name, "file:" + _path}, demuxer);
+}
+
+FormatContextPointer FileOpening::openPipe(AVFormatContext* prepared, Demuxer const& demuxer) const
+{
+    _pipe = std::make_shared<PipeReader>(_path, demuxer.interruptCallback());
+    if (_pipe->error() < 0) {
+        LOG_ERROR("Could not open %s: %s", qPrintable(_name), qPrintable(FFwrapper::errorText(_pipe->error())));
+        avformat_free_context(prepared);
+        return nullptr;
+    }
+    FFwrapper::setFFHandler(prepared, &PipeReader::read, nullptr, _pipe.get());
+    return StreamOpener::open(prepared, {StreamOpener::File, _name, {}}, demuxer);
+}
+
+int FileOpening::openNested(AVFormatContext* context, AVIOContext** io, char const* url, int flags,
+                            AVDictionary** options)
+{
+    AVDictionary* all = nullptr; // A copy: whoever calls need not free what it has not set itself.
+    if (options)
+        av_dict_copy(&all, *options, 0);
+    av_dict_set(&all, "tls_verify", "1", 0); // FFmpeg trusts any certificate unless told.
+    av_dict_set(&all, "user_agent", QCoreApplication::applicationName().toUtf8().constData(), 0);
+    auto const* const opening = static_cast<FileOpening const*>(context->opaque);
+    // Even an empty one, or FFmpeg would take that of the environment.
+    av_dict_set(&all, "http_proxy", opening->_proxy.forAddress(url).constData(), 0);
+    int const result = defaultIoOpen()(context, io, url, flags, &all);
+    av_dict_free(&all);
+    return result;
+}

@@ -1,0 +1,143 @@
+#include "PacketRecorder.h"
+
+#include "Clips.h"
+#include "FileDataSource.h"
+#include "LogCapture.h"
+#include "SourceTestSupport.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace
+{
+
+QStringList recordings(QString const& directory, QString const& suffix)
+{
+    QStringList files;
+    for (QFileInfo const& file :
+         QDir(Clips::scratch(directory)).entryInfoList({"*." + suffix}, QDir::Files, QDir::Name))
+        files << file.filePath();
+    return files;
+}
+
+/// Reads a source to its end while it records.
+ReadResult record(FileDataSource& source, QString const& name, bool dump = false)
+{
+    source.startRecording(Clips::scratch(name), dump);
+    return readToEnd(source);
+}
+
+/// What a recording holds, as another program would read it.
+struct Film {
+    explicit Film(QString const& path) : source(path)
+    {
+        if (openSource(source))
+            result = readToEnd(source);
+    }
+    FileDataSource source;
+    ReadResult result;
+};
+
+/// Files of this process end at so many bytes.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &_before);
+        rlimit const limit{bytes, _before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &_before); }
+
+private:
+    rlimit _before{};
+};
+
+} // namespace
+
+TEST(PacketRecorder, ARecordingIsTheFilmFromTheNextKeyFrameOn)
+{
+    for (QString const& clip : {Clips::h264Aac(), Clips::wmv(), Clips::videoOnly(), Clips::audioOnly()}) {
+        QDir(Clips::scratch("films")).removeRecursively();
+        FileDataSource source(clip);
+        ASSERT_TRUE(openSource(source));
+        AVPacket* packet = av_packet_alloc();
+        for (bool joined = false; source.videoStream() && !joined; av_packet_unref(packet)) {
+            ASSERT_EQ(source.readFrame(packet), 0); // The key frame goes by before the recording begins.
+            joined = packet->stream_index == source.videoStream()->index;
+        }
+        av_packet_free(&packet);
+        source.startRecording(Clips::scratch("films/film"));
+        ReadResult const first = readToEnd(source);
+        ASSERT_GE(source.seekFrame(source.videoStream() ? source.videoStream() : source.audioStream(), 0,
+                                   AVSEEK_FLAG_BACKWARD),
+                  0);
+        ReadResult const second = readToEnd(source); // The film begins anew.
+        source.close();
+        ASSERT_TRUE(waitUntil([] { return recordings("films", "mkv").size() == 1; }));
+        QString const path = recordings("films", "mkv").first();
+        ASSERT_TRUE(waitUntil([&] { return Clips::bytes(path).contains("\x1C\x53\xBB\x6B"); })) << "no index";
+        Film film(path);
+        EXPECT_NEAR(film.source.startTime(), 0.0, 0.05) << qPrintable(clip);
+        EXPECT_GE(film.result.videoFrames, second.videoFrames) << qPrintable(clip);
+        EXPECT_LE(film.result.videoFrames, first.videoFrames + second.videoFrames) << qPrintable(clip);
+        EXPECT_EQ(film.result.audioFrames > 40, source.uri() != Clips::videoOnly()) << qPrintable(clip);
+        EXPECT_EQ(film.result.end, AVERROR_EOF);
+    }
+}
+
+TEST(PacketRecorder, TwoOfOneNameAndSecondAreTwoFilesAndTheDumpHoldsThePackets)
+{
+    FileDataSource one(Clips::h264Aac());
+    FileDataSource other(Clips::h264Aac());
+    ASSERT_TRUE(openSource(one) && openSource(other));
+    one.startRecording(Clips::scratch("twice/film"), true);
+    other.startRecording(Clips::scratch("twice/film"), true);
+    quint64 const bytes = readToEnd(one).bytes;
+    EXPECT_EQ(readToEnd(other).bytes, bytes);
+    EXPECT_TRUE(one.isRecording());
+    one.stopRecording();
+    other.stopRecording();
+    auto const areComplete = [&] {
+        QStringList const dumps = recordings("twice", "dump");
+        return dumps.size() == 2 && std::ranges::all_of(dumps, [&](QString const& path) {
+                   return QFileInfo(path).size() == static_cast<qint64>(bytes);
+               });
+    };
+    EXPECT_TRUE(waitUntil(areComplete));
+    EXPECT_EQ(recordings("twice", "mkv").size(), 2);
+}
+
+TEST(PacketRecorder, ACrashLeavesAFilm)
+{
+    FileDataSource source(Clips::h264Aac(8));
+    ASSERT_TRUE(openSource(source));
+    record(source, "crash/film");
+    ASSERT_TRUE(waitUntil([] {
+        QStringList const files = recordings("crash", "mkv");
+        return files.size() == 1 && QFileInfo(files.first()).size() > QFileInfo(Clips::h264Aac(8)).size() / 2;
+    }));
+    Film film(Clips::write("crashed.mkv", Clips::bytes(recordings("crash", "mkv").first()))); // As it stands now.
+    EXPECT_GE(film.result.videoFrames, 100);
+    EXPECT_GE(film.result.audioFrames, 170);
+}
+
+TEST(PacketRecorder, WhatCannotBeWrittenIsToldAndTheFilmGoesOn)
+{
+    FileDataSource source(Clips::h264Aac(8));
+    ASSERT_TRUE(openSource(source));
+    QSignalSpy const failed(&source, &GLMovieDataSource::recordingFailed);
+    source.startRecording("/proc/nowhere/film");
+    ASSERT_TRUE(waitUntil([&] { return failed.size() == 1; }));
+    EXPECT_FALSE(source.isRecording());
+    FileSizeLimit const limit(20000);
+    EXPECT_EQ(record(source, "full/film").videoFrames, 200);
+    ASSERT_TRUE(waitUntil([&] { return failed.size() == 2; }));
+    EXPECT_EQ(failed.last().at(1).toString(), "File too large");
+    EXPECT_FALSE(source.isRecording());
+}
