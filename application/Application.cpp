@@ -16,6 +16,7 @@
 #include <QUrl>
 
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -28,6 +29,19 @@ namespace
 QString absoluteName(QString const& name)
 {
     return QFileInfo::exists(name) || !ChannelManager::isAddress(name) ? QFileInfo(name).absoluteFilePath() : name;
+}
+
+bool isAlive = false;
+
+/// A library that loses the display ends the process from wherever it stands. What other libraries do at the end of a
+/// process is then done under the threads that still use them, and crashes.
+void endAtOnce()
+{
+    if (!isAlive)
+        return;
+    // No error: those go out by a socket, and what that needs may be gone already.
+    LoggerManager::logger()->logMessage(Logger::Warning, __FILE__, __LINE__, "The display is gone. Exiting");
+    ::_exit(EXIT_FAILURE);
 }
 
 } // namespace
@@ -55,10 +69,13 @@ Application::Application(QString const& appId, int& argc, char** argv) : SingleA
     LOG_INFO("Version: %s", qPrintable(applicationVersion()));
     tellUnknownSwitches(arguments);
     parseSwitches(arguments);
+    isAlive = true;
+    std::atexit(&endAtOnce);
 }
 
 Application::~Application()
 {
+    isAlive = false;
     _eventLoopWatchdog.reset();
     uninitialize();
     LOG_INFO("\n\n***************** Exit Ombravision *****************");

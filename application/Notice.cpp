@@ -38,7 +38,8 @@ void Notice::tell(QString const& text)
 void Notice::moveIntoPlace()
 {
     QRect const room(_place->mapTo(parentWidget(), QPoint(0, 0)), _place->size());
-    int const width = qMin(room.width() - 2 * distance, sizeHint().width());
+    int const textWidth = fontMetrics().boundingRect(QRect(), Qt::TextExpandTabs, text()).width() + 2 * distance;
+    int const width = qMin(room.width() - 2 * distance, textWidth);
     resize(width, heightForWidth(width));
     move(room.left() + distance, room.bottom() - distance - height());
 }

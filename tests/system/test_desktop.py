@@ -1,6 +1,8 @@
 """The window on a desktop that has a will of its own, and the command line."""
 
+import os
 import re
+import signal
 import subprocess
 import unittest
 
@@ -81,6 +83,7 @@ class Desktop(unittest.TestCase):
                 wait_for(lambda: program.video_rectangle() != whole, 10, "the picture below the menu bar")
                 self.press(program, "ctrl+f")  # The menu has followed: this sets it again.
                 self.wait_for_states(program, {"FULLSCREEN"}, {"FULLSCREEN"})
+                self.check_moves(program)
 
     def test_the_speed_is_one_for_all_films(self):
         decrease_speed, reset_speed = (("alt+p", "Up", "Right", *ups, "Return") for ups in (["Up"], ["Up"] * 3))
@@ -109,6 +112,15 @@ class Desktop(unittest.TestCase):
                 self.press(program, "ctrl+8")  # Nothing to choose.
             self.assertEqual(program.start_second(films[0]), 0)
             check(0, 1.5)
+
+    def test_a_display_that_dies_ends_the_program(self):
+        with VirtualDisplay() as display:
+            program = Program(display, clips.mp4())
+            program.start()
+            program.wait_for_log(r"^Playing ")
+            os.kill(display.server_pid, signal.SIGKILL)
+            self.assertEqual(program.wait(), 1)
+            self.assertTrue(program.logged("The display is gone"))
 
     def test_screenshots_say_where_they_are(self):
         with Program(self.display) as program:

@@ -103,6 +103,11 @@ class Program:
         if self.status != 0:
             raise AssertionError(f"the program ended with status {self.status}")
 
+    def wait(self, seconds=10):
+        """The status of a program that ends by itself."""
+        self.status = self._process.wait(seconds)
+        return self.status
+
     def is_running(self):
         return self._process.poll() is None
 
