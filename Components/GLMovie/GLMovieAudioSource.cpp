@@ -5,8 +5,6 @@
 #include "LoggerManager.h"
 
 #include <AL/al.h>
-#include <AL/alc.h>
-#include <AL/alext.h>
 
 extern "C" {
 #include <libavutil/time.h>
@@ -30,20 +28,6 @@ ContextLock lockContext()
 {
     return ContextLock(AudioDevice::contextMutex());
 }
-
-/// Whether there is a current context whose device still is there. A device that is gone takes every buffer for
-/// heard.
-bool isContextAlive()
-{
-    ALCcontext* const current = alcGetCurrentContext();
-    if (!current)
-        return false;
-    ALCdevice* const device = alcGetContextsDevice(current);
-    ALCint connected = ALC_TRUE;
-    if (alcIsExtensionPresent(device, "ALC_EXT_disconnect"))
-        alcGetIntegerv(device, ALC_CONNECTED, 1, &connected);
-    return connected != ALC_FALSE;
-}
 } // namespace
 
 GLMovieAudioSource::~GLMovieAudioSource()
@@ -54,7 +38,7 @@ GLMovieAudioSource::~GLMovieAudioSource()
 bool GLMovieAudioSource::isDevicePresent()
 {
     ContextLock const context = lockContext();
-    return isContextAlive();
+    return AudioDevice::isPresent();
 }
 
 GLMovieAudioSource::OpenResult GLMovieAudioSource::open()
@@ -117,7 +101,7 @@ void GLMovieAudioSource::destroy()
 
 bool GLMovieAudioSource::isUsable()
 {
-    return isContextAlive() && _generation == AudioDevice::generation();
+    return AudioDevice::isPresent() && _generation == AudioDevice::generation();
 }
 
 bool GLMovieAudioSource::waitForAudioQueue(GLMovieSound::Format format, Pause const& pause)
@@ -127,7 +111,7 @@ bool GLMovieAudioSource::waitForAudioQueue(GLMovieSound::Format format, Pause co
         {
             ContextLock const context = lockContext();
             std::lock_guard const lock(_audioHashMutex);
-            if (!_isOpen || !isContextAlive())
+            if (!_isOpen || !AudioDevice::isPresent())
                 return false;
             // What was queued on another device went with it.
             if (_generation != AudioDevice::generation() && create() != OpenResult::Opened)
