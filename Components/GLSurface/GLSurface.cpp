@@ -3,10 +3,12 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
+#include <QCoreApplication>
 #include <QOpenGLContext>
-#include <QSurfaceFormat>
 #include <QWidget>
 #include <QWindow>
+
+#include <xcb/xcb.h>
 
 Logger* GLSurface::log = LoggerManager::logger();
 
@@ -14,6 +16,7 @@ namespace
 {
 
 constexpr int antialiasingSamples = 4;
+constexpr int sentEventFlag = 0x80;
 
 QSurfaceFormat surfaceFormat(bool antialiasing)
 {
@@ -31,9 +34,44 @@ QSurfaceFormat surfaceFormat(bool antialiasing)
 
 } // namespace
 
-GLSurface::GLSurface(QWidget& widget) : _widget(widget) {}
+GLSurface::GLSurface(QWidget& widget) : _widget(widget)
+{
+    QCoreApplication::instance()->installNativeEventFilter(this);
+}
 
-GLSurface::~GLSurface() = default;
+GLSurface::~GLSurface()
+{
+    QCoreApplication::instance()->removeNativeEventFilter(this);
+}
+
+bool GLSurface::nativeEventFilter(QByteArray const& eventType, void* message, qintptr*)
+{
+    if (eventType != "xcb_generic_event_t" ||
+        (static_cast<xcb_generic_event_t const*>(message)->response_type & ~sentEventFlag) != XCB_DESTROY_NOTIFY)
+        return false;
+    quintptr const destroyed = static_cast<xcb_destroy_notify_event_t const*>(message)->window;
+    if (destroyed == _windowId)
+        QMetaObject::invokeMethod(
+            this, [this, destroyed] { renewWindow(destroyed); }, Qt::QueuedConnection);
+    return false;
+}
+
+void GLSurface::renewWindow(quintptr destroyed)
+{
+    QWindow* const window = _widget.windowHandle();
+    if (!window || !window->handle() || window->winId() != destroyed)
+        return; // Qt knows.
+    if (_context && QOpenGLContext::currentContext() == _context.get())
+        _context->doneCurrent();
+    bool const wasShown = !_widget.isHidden();
+    bool const hadFocus = _widget.hasFocus();
+    _widget.setVisible(false); // As the window becomes, which the widget would not be told.
+    window->destroy();
+    window->create();
+    _widget.setVisible(wasShown);
+    if (hadFocus)
+        _widget.setFocus();
+}
 
 bool GLSurface::isAvailable()
 {
@@ -50,8 +88,9 @@ bool GLSurface::create(bool antialiasing)
 {
     if (_context || _hasFailed)
         return _context != nullptr;
+    _format = surfaceFormat(antialiasing);
     auto context = std::make_unique<QOpenGLContext>();
-    context->setFormat(surfaceFormat(antialiasing));
+    context->setFormat(_format);
     if (context->create())
         _context = std::move(context);
     if (makeCurrent())
@@ -66,14 +105,16 @@ bool GLSurface::adoptWindow()
 {
     if (!_context)
         return false;
-    quintptr const id = _widget.winId();
+    if (!_widget.windowHandle())
+        _widget.winId(); // Makes it.
     QWindow* const window = _widget.windowHandle();
-    if (!window || id == 0)
+    if (!window)
         return false;
+    quintptr const id = window->winId();
     if (window == _window && id == _windowId)
         return true;
     window->setSurfaceType(QSurface::OpenGLSurface);
-    window->setFormat(_context->format());
+    window->setFormat(_format);
     _window = window;
     _windowId = id;
     emit windowChanged(window);
