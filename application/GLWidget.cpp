@@ -99,6 +99,12 @@ void GLWidget::onWindowChanged(QWindow* window)
         LOG_INFO("Pictures are drawn with OpenGL");
 }
 
+void GLWidget::showEvent(QShowEvent* event)
+{
+    _surface.prepareWindow(_appData.settings.enableAntialiasing());
+    QWidget::showEvent(event);
+}
+
 void GLWidget::paintEvent(QPaintEvent*)
 {
     if (_presenter)
@@ -115,7 +121,7 @@ void GLWidget::onRenderTimer()
 void GLWidget::render()
 {
     _pacer.painted();
-    if (!_surface.create(_appData.settings.enableAntialiasing()) || !_surface.isExposed() || !_surface.adoptWindow())
+    if (!_surface.create() || !_surface.isExposed() || !_surface.adoptWindow())
         return;
     if (!_isInitialized)
         initializeGL();

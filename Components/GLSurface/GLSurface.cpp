@@ -84,11 +84,22 @@ bool GLSurface::isAvailable()
     return context.create() && context.makeCurrent(&window);
 }
 
-bool GLSurface::create(bool antialiasing)
+void GLSurface::prepareWindow(bool antialiasing)
+{
+    QWindow* const window = _widget.windowHandle();
+    if (!window || window->surfaceType() == QSurface::OpenGLSurface)
+        return;
+    _format = surfaceFormat(antialiasing);
+    window->destroy(); // What it was made as it stays: a visual, and a surface where OpenGL comes by EGL.
+    window->setSurfaceType(QSurface::OpenGLSurface);
+    window->setFormat(_format);
+    window->create();
+}
+
+bool GLSurface::create()
 {
     if (_context || _hasFailed)
         return _context != nullptr;
-    _format = surfaceFormat(antialiasing);
     auto context = std::make_unique<QOpenGLContext>();
     context->setFormat(_format);
     if (context->create())
@@ -113,8 +124,6 @@ bool GLSurface::adoptWindow()
     quintptr const id = window->winId();
     if (window == _window && id == _windowId)
         return true;
-    window->setSurfaceType(QSurface::OpenGLSurface);
-    window->setFormat(_format);
     _window = window;
     _windowId = id;
     emit windowChanged(window);

@@ -29,8 +29,10 @@ public:
     /// Whether the system can draw on a window with OpenGL: makes a context current on one that nobody sees.
     static bool isAvailable();
 
+    /// Makes the window one for OpenGL: before it is shown for the first time.
+    void prepareWindow(bool antialiasing);
     /// Makes a context, if there is none. False, and an error in the log, when that fails: it is tried once.
-    bool create(bool antialiasing);
+    bool create();
     /// Takes the widget's window of now. False without a context or a window.
     bool adoptWindow();
     /// Makes the context current on the widget's window of now. False without a context or a window.
