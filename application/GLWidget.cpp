@@ -51,6 +51,7 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
     connect(_appData.channelManager(), &ChannelManager::pictureUpdated, &_pacer, &PaintPacer::request);
     connect(&_appData.settings, &AppSettings::drawModeChanged, &_pacer, &PaintPacer::request);
     connect(&_pacer, &PaintPacer::paint, this, &GLWidget::onRenderTimer);
+    connect(&_surface, &GLSurface::exposed, this, &GLWidget::onExposed);
     connect(&_surface, &GLSurface::windowChanged, this, &GLWidget::onWindowChanged);
     connect(&_appData.settings, &AppSettings::showFullScreenChanged, this, &GLWidget::onShowFullScreenChanged);
 }
@@ -99,17 +100,16 @@ void GLWidget::onWindowChanged(QWindow* window)
         LOG_INFO("Pictures are drawn with OpenGL");
 }
 
-void GLWidget::showEvent(QShowEvent* event)
+void GLWidget::onExposed()
 {
-    _surface.prepareWindow(_appData.settings.enableAntialiasing());
-    QWidget::showEvent(event);
+    if (_presenter)
+        _presenter->forget(); // What was on the window has been lost.
+    _pacer.request();
 }
 
 void GLWidget::paintEvent(QPaintEvent*)
 {
-    if (_presenter)
-        _presenter->forget(); // What was on the window has been lost.
-    render();
+    onExposed();
 }
 
 void GLWidget::onRenderTimer()
@@ -121,7 +121,7 @@ void GLWidget::onRenderTimer()
 void GLWidget::render()
 {
     _pacer.painted();
-    if (!_surface.create() || !_surface.isExposed() || !_surface.adoptWindow())
+    if (!_surface.create(_appData.settings.enableAntialiasing()) || !_surface.isExposed() || !_surface.adoptWindow())
         return;
     if (!_isInitialized)
         initializeGL();

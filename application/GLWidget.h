@@ -62,7 +62,6 @@ public slots:
     void onTakeScreenshot();
 
 protected:
-    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -75,6 +74,7 @@ protected:
 private:
     void initializeGL();
     void onWindowChanged(QWindow* window);
+    void onExposed();
     void choosePresentation();
     void render();
     bool presentPictures();

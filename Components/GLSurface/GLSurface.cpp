@@ -4,6 +4,7 @@
 #include "LoggerManager.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QOpenGLContext>
 #include <QWidget>
 #include <QWindow>
@@ -76,30 +77,19 @@ void GLSurface::renewWindow(quintptr destroyed)
 bool GLSurface::isAvailable()
 {
     QWindow window;
+    window.create(); // First, as a widget's is: where OpenGL comes by EGL that does not do, and is found out here.
     window.setSurfaceType(QSurface::OpenGLSurface);
     window.setFormat(surfaceFormat(false));
-    window.create();
     QOpenGLContext context;
     context.setFormat(window.requestedFormat());
     return context.create() && context.makeCurrent(&window);
 }
 
-void GLSurface::prepareWindow(bool antialiasing)
-{
-    QWindow* const window = _widget.windowHandle();
-    if (!window || window->surfaceType() == QSurface::OpenGLSurface)
-        return;
-    _format = surfaceFormat(antialiasing);
-    window->destroy(); // What it was made as it stays: a visual, and a surface where OpenGL comes by EGL.
-    window->setSurfaceType(QSurface::OpenGLSurface);
-    window->setFormat(_format);
-    window->create();
-}
-
-bool GLSurface::create()
+bool GLSurface::create(bool antialiasing)
 {
     if (_context || _hasFailed)
         return _context != nullptr;
+    _format = surfaceFormat(antialiasing);
     auto context = std::make_unique<QOpenGLContext>();
     context->setFormat(_format);
     if (context->create())
@@ -124,6 +114,9 @@ bool GLSurface::adoptWindow()
     quintptr const id = window->winId();
     if (window == _window && id == _windowId)
         return true;
+    window->setSurfaceType(QSurface::OpenGLSurface);
+    window->setFormat(_format);
+    window->installEventFilter(this);
     _window = window;
     _windowId = id;
     emit windowChanged(window);
@@ -140,14 +133,26 @@ void GLSurface::swapBuffers()
     _context->swapBuffers(_window);
 }
 
-bool GLSurface::isExposed() const
+bool GLSurface::isExposed()
 {
     if (!_widget.isVisible() || _widget.window()->isMinimized())
         return false;
-    // A window is not told that the one around it has been taken off the screen.
-    QWindow const* window = _widget.windowHandle();
-    bool isExposed = window != nullptr;
-    for (; window && isExposed; window = window->parent())
-        isExposed = window->isExposed();
-    return isExposed;
+    // A window is not told that the one around it has been taken off the screen, and may be there before it.
+    for (QWindow* window = _widget.windowHandle(); window; window = window->parent())
+        if (!window->isExposed()) {
+            window->installEventFilter(this);
+            return false;
+        }
+    return _widget.windowHandle() != nullptr;
+}
+
+bool GLSurface::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* const window = qobject_cast<QWindow*>(watched);
+    if (event->type() == QEvent::Expose && window && window->isExposed()) {
+        if (window != _widget.windowHandle())
+            window->removeEventFilter(this);
+        emit exposed();
+    }
+    return false;
 }

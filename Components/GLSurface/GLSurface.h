@@ -29,10 +29,8 @@ public:
     /// Whether the system can draw on a window with OpenGL: makes a context current on one that nobody sees.
     static bool isAvailable();
 
-    /// Makes the window one for OpenGL: before it is shown for the first time.
-    void prepareWindow(bool antialiasing);
     /// Makes a context, if there is none. False, and an error in the log, when that fails: it is tried once.
-    bool create();
+    bool create(bool antialiasing);
     /// Takes the widget's window of now. False without a context or a window.
     bool adoptWindow();
     /// Makes the context current on the widget's window of now. False without a context or a window.
@@ -42,13 +40,16 @@ public:
 
     /// Whether any of the window can be on the screen: a minimised one is not, even where the desktop keeps it
     /// mapped.
-    bool isExposed() const;
+    bool isExposed();
 
 signals:
     /// The widget has a new window, on which nothing has been drawn.
     void windowChanged(QWindow* window);
+    /// A part of the window has to be painted anew: it was not on the screen. Qt's paint events do not tell of all.
+    void exposed();
 
 private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     bool nativeEventFilter(QByteArray const& eventType, void* message, qintptr* result) override;
     void renewWindow(quintptr destroyed);
 

@@ -35,10 +35,8 @@ protected:
             _widget->setAttribute(attribute);
         (new QVBoxLayout(&_window))->addWidget(_widget);
         _window.setGeometry(30, 30, 120, 90);
-        _widget->winId();
-        _surface.prepareWindow(false);
         _window.show();
-        ASSERT_TRUE(_surface.create());
+        ASSERT_TRUE(_surface.create(false));
         _surface.context()->functions()->glGenTextures(1, &_texture);
         _surface.context()->functions()->glBindTexture(GL_TEXTURE_2D, _texture);
     }
