@@ -1,5 +1,7 @@
 #pragma once
 
+#include "GLMovieColourSpace.h"
+
 class GLMovieShader;
 class Logger;
 
@@ -9,10 +11,10 @@ class GLMovieColourConversion
 {
 public:
     /// Makes an ARB fragment program. Returns false, with a line in the log, when the card refuses it.
-    static bool createFragmentProgram(unsigned int& id);
+    static bool createFragmentProgram(unsigned int& id, GLMovieColourSpace const& space = {});
 
     /// Makes `shader` the conversion in the shading language. Returns false when it does not compile.
-    static bool createShaderProgram(GLMovieShader* shader);
+    static bool createShaderProgram(GLMovieShader* shader, GLMovieColourSpace const& space = {});
 
 private:
     static Logger* log;

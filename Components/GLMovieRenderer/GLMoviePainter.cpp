@@ -1,8 +1,6 @@
 #include "GLMoviePainter.h"
 
-#include "GLARBFragmentProgram.h"
 #include "GLARBMultiTexture.h"
-#include "GLARBShaderObjects.h"
 #include "GLMovieQuad.h"
 #include "GLMovieTexture.h"
 #include "GLMovieWindowMap.h"
@@ -103,13 +101,7 @@ void GLMoviePainter::drawPicture(GLMovieQuad const& quad, double opacity, bool p
 
 void GLMoviePainter::drawYUV(GLMovieQuad const& quad)
 {
-    bool const shader = _shaderProgram != 0;
-    if (shader) {
-        GLARBShaderObjects::instance()->useProgramObject(_shaderProgram);
-    } else {
-        glEnable(GL_FRAGMENT_PROGRAM_ARB);
-        GLARBFragmentProgram::instance()->bindProgram(GL_FRAGMENT_PROGRAM_ARB, _fragmentProgram);
-    }
+    _programs.begin(_texture.colourSpace());
     GLARBMultiTexture const& gl = *GLARBMultiTexture::instance();
     glBegin(GL_QUADS);
     forEachCorner(quad, [&](QPointF const& point, double x, double y) {
@@ -121,10 +113,7 @@ void GLMoviePainter::drawYUV(GLMovieQuad const& quad)
         glVertex3d(x, y, quad.z);
     });
     glEnd();
-    if (shader)
-        GLARBShaderObjects::instance()->useProgramObject(0);
-    else
-        glDisable(GL_FRAGMENT_PROGRAM_ARB);
+    _programs.end();
 }
 
 void GLMoviePainter::drawRGB(GLMovieQuad const& quad) const

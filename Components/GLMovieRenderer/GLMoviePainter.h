@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GLMovieColourPrograms.h"
 #include "GLMoviePostProcessor.h"
 #include "GLMovieVideoTexture.h"
 
@@ -16,11 +17,12 @@ struct GLMovieQuad;
 class GLMoviePainter
 {
 public:
-    /// The programs that turn YUV into RGB; 0 for none. The shader is preferred.
-    void setColourConversionFragmentProgram(unsigned int program) { _fragmentProgram = program; }
-    void setColourConversionShaderProgram(unsigned int program) { _shaderProgram = program; }
+    /// The programs that turn YUV into RGB; 0 for none. The shader is preferred. Others are made from the same texts
+    /// for pictures of other colours.
+    void setColourConversionFragmentProgram(unsigned int program) { _programs.setFragmentProgram(program); }
+    void setColourConversionShaderProgram(unsigned int program) { _programs.setShaderProgram(program); }
     void setSmoothChroma(bool smooth) { _texture.setSmoothChroma(smooth); }
-    bool hasColourConversion() const { return _fragmentProgram != 0 || _shaderProgram != 0; }
+    bool hasColourConversion() const { return !_programs.isEmpty(); }
 
     GLMoviePostProcessor& postProcessor() { return _postProcessor; }
     GLMoviePostProcessor const& postProcessor() const { return _postProcessor; }
@@ -49,7 +51,6 @@ private:
 
     GLMovieVideoTexture _texture;
     GLMoviePostProcessor _postProcessor;
-    unsigned int _fragmentProgram = 0;
-    unsigned int _shaderProgram = 0;
+    GLMovieColourPrograms _programs;
     bool _missingProgramReported = false;
 };

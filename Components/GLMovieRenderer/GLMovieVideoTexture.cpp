@@ -22,6 +22,7 @@ void GLMovieVideoTexture::updateVideoTexture(GLMovieTexture& texture)
     if (texture.generation() == _generation)
         return;
     _generation = texture.generation();
+    _colourSpace = texture.colourSpace();
     bool const multi = isYUV();
     for (int plane = _planeCount - 1; plane >= 0; --plane)
         updateTexture(plane, multi, texture);

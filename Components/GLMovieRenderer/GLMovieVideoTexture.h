@@ -1,5 +1,7 @@
 #pragma once
 
+#include "GLMovieColourSpace.h"
+
 #include <QOpenGLContext>
 #include <QPointF>
 #include <QPointer>
@@ -40,6 +42,7 @@ public:
     bool hasPicture() const { return _planeCount > 0; }
     bool isYUV() const { return _planeCount > 1; }
     int planeCount() const { return _planeCount; }
+    GLMovieColourSpace colourSpace() const { return _colourSpace; }
     QSize pictureSize() const { return _pictureSize; }
     unsigned int handle(int plane) const { return _planes[static_cast<size_t>(plane)].texture; }
 
@@ -63,6 +66,7 @@ private:
     std::array<Plane, 3> _planes;
     QPointer<QOpenGLContext> _context; ///< Where the textures live.
     QSize _pictureSize;
+    GLMovieColourSpace _colourSpace; ///< Of the picture uploaded last.
     int _planeCount = 0;
     unsigned int _format = 0;
     bool _smoothChroma = true;

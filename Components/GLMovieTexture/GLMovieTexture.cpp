@@ -107,6 +107,7 @@ void GLMovieTexture::destroy()
     for (std::vector<unsigned char>& plane : _planes)
         plane = {};
     _planeWidth = _planeHeight = _textureWidth = _textureHeight = {};
+    _colourSpace = {};
     _pixelFormat = AV_PIX_FMT_NONE;
     _glFormat = 0;
     _bytesPerPixel = 0;
@@ -134,14 +135,17 @@ bool GLMovieTexture::updatePlanes(AVFrame const* frame)
 {
     if (_planeCount == 0 || frame->width != _planeWidth[0] || frame->height != _planeHeight[0])
         return false;
+    // The range that an old name implies is in the colour space.
+    AVPixelFormat const format = GLMovieColourSpace::plainFormat(static_cast<AVPixelFormat>(frame->format));
     bool const isYUV = _planeCount == 3;
     if (isYUV) {
-        if (frame->format != _pixelFormat)
+        if (format != _pixelFormat)
             return false;
+        _colourSpace = GLMovieColourSpace::fromFrame(frame);
         updateYUV(frame);
         return true;
     }
-    switch (frame->format) {
+    switch (format) {
     case AV_PIX_FMT_YUV420P:
         updateYUV420PtoRGB(frame);
         break;
@@ -176,6 +180,7 @@ void GLMovieTexture::updateYUV(AVFrame const* frame)
 
 void GLMovieTexture::updateYUV420PtoRGB(AVFrame const* frame)
 {
+    YuvToRgb const conversion(GLMovieColourSpace::fromFrame(frame));
     int const width = _planeWidth[0];
     int const height = _planeHeight[0];
     int const chromaWidth = (width + 1) / 2;
@@ -187,15 +192,16 @@ void GLMovieTexture::updateYUV420PtoRGB(AVFrame const* frame)
         int const far = std::clamp(y % 2 == 0 ? near - 1 : near + 1, 0, chromaHeight - 1);
         YuvToRgb::widenChroma(frameRow(frame, 1, near), frameRow(frame, 1, far), chromaWidth, width, u.data());
         YuvToRgb::widenChroma(frameRow(frame, 2, near), frameRow(frame, 2, far), chromaWidth, width, v.data());
-        YuvToRgb::convertRow({frameRow(frame, 0, y), u.data(), v.data()}, width, row(0, y), _bytesPerPixel);
+        conversion.convertRow({frameRow(frame, 0, y), u.data(), v.data()}, width, row(0, y), _bytesPerPixel);
     }
 }
 
 void GLMovieTexture::updateYUV444PtoRGB(AVFrame const* frame)
 {
+    YuvToRgb const conversion(GLMovieColourSpace::fromFrame(frame));
     for (int y = 0; y < _planeHeight[0]; ++y)
-        YuvToRgb::convertRow({frameRow(frame, 0, y), frameRow(frame, 1, y), frameRow(frame, 2, y)}, _planeWidth[0],
-                             row(0, y), _bytesPerPixel);
+        conversion.convertRow({frameRow(frame, 0, y), frameRow(frame, 1, y), frameRow(frame, 2, y)}, _planeWidth[0],
+                              row(0, y), _bytesPerPixel);
 }
 
 void GLMovieTexture::updateRGB24toRGB(AVFrame const* frame)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "GLMovieColourSpace.h"
+
 extern "C" {
 #include <libavutil/pixfmt.h>
 }
@@ -43,7 +45,7 @@ public:
 
     /// Copies a picture of the created size into the planes and emits updated(). Its format is the created one; an
     /// RGB or RGBA texture takes YUV 4:2:0 and 4:4:4 too and converts them, RGBA also RGB24. Any other picture is
-    /// refused with a log line. Any thread.
+    /// refused with a log line. The colours may change from picture to picture. Any thread.
     void update(AVFrame const* frame, bool isKeyFrame);
 
     /// The current RGB picture as 4 bytes per pixel (blue, green, red, 255), rows top to bottom, no padding;
@@ -66,6 +68,9 @@ public:
     /// The columns and rows that hold the plane and, where there is room, its repeated edge.
     int usedWidth(int index) const { return std::min(planeWidth(index) + 1, textureWidth(index)); }
     int usedHeight(int index) const { return std::min(planeHeight(index) + 1, textureHeight(index)); }
+
+    /// What the numbers in YUV planes stand for; the default for RGB. Between lock() and unlock() only.
+    GLMovieColourSpace colourSpace() const { return _colourSpace; }
 
     /// Counts pictures, so that a painter knows whether it has seen this one. Between lock() and unlock() only.
     quint64 generation() const { return _generation; }
@@ -90,8 +95,9 @@ private:
 
     static Logger* log;
 
-    QMutex _mutex; ///< Guards the plane buffers and _generation; the rest is fixed between create() and destroy().
+    QMutex _mutex; ///< Guards all down to _generation; the rest is fixed between create() and destroy().
     std::array<std::vector<unsigned char>, maximumPlanes> _planes;
+    GLMovieColourSpace _colourSpace; ///< Of the picture in the planes.
     quint64 _generation = 0;
 
     std::array<int, maximumPlanes> _planeWidth{};

@@ -1,29 +1,20 @@
 #include "YuvToRgb.h"
 
+#include "GLMovieColourSpace.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace
 {
 constexpr int shift = 14;
 
-constexpr int fixed(double factor)
+int fixed(double factor)
 {
-    return static_cast<int>(factor * (1 << shift) + (factor < 0.0 ? -0.5 : 0.5));
+    return static_cast<int>(std::lround(factor * (1 << shift)));
 }
 
-constexpr int lumaScale = fixed(1.164);
-constexpr int redV = fixed(1.596);
-constexpr int greenU = fixed(-0.391);
-constexpr int greenV = fixed(-0.813);
-constexpr int blueU = fixed(2.018);
 constexpr int rounding = 1 << (shift - 1);
-
-// The offsets are fractions of 255, as the card sees them: 0.0625 and 0.5, not 16 and 128.
-constexpr int lumaOffset = fixed(1.164 * 0.0625 * 255.0);
-constexpr double chromaOffset = 0.5 * 255.0;
-constexpr int redBias = rounding - lumaOffset - fixed(1.596 * chromaOffset);
-constexpr int greenBias = rounding - lumaOffset - fixed((-0.391 - 0.813) * chromaOffset);
-constexpr int blueBias = rounding - lumaOffset - fixed(2.018 * chromaOffset);
 
 unsigned char clamped(int value)
 {
@@ -31,15 +22,33 @@ unsigned char clamped(int value)
 }
 } // namespace
 
-void YuvToRgb::convertRow(Row const& row, int width, unsigned char* target, int bytesPerPixel)
+YuvToRgb::YuvToRgb(GLMovieColourSpace const& space)
 {
+    GLMovieColourSpace::Coefficients const numbers = space.coefficients();
+    _luma = fixed(numbers.luma);
+    _redV = fixed(numbers.redV);
+    _greenU = fixed(numbers.greenU);
+    _greenV = fixed(numbers.greenV);
+    _blueU = fixed(numbers.blueU);
+    // The offsets are fractions of 255, as the card sees them.
+    auto const bias = [&numbers](double chroma) {
+        return rounding - fixed((numbers.luma * numbers.lumaOffset + chroma * numbers.chromaOffset) * 255.0);
+    };
+    _redBias = bias(numbers.redV);
+    _greenBias = bias(numbers.greenU + numbers.greenV);
+    _blueBias = bias(numbers.blueU);
+}
+
+void YuvToRgb::convertRow(Row const& row, int width, unsigned char* target, int bytesPerPixel) const
+{
+    YuvToRgb const k = *this; // A copy that the bytes written cannot change.
     for (int x = 0; x < width; ++x, target += bytesPerPixel) {
-        int const y = row.y[x] * lumaScale;
+        int const y = row.y[x] * k._luma;
         int const u = row.u[x];
         int const v = row.v[x];
-        target[0] = clamped(y + v * redV + redBias);
-        target[1] = clamped(y + u * greenU + v * greenV + greenBias);
-        target[2] = clamped(y + u * blueU + blueBias);
+        target[0] = clamped(y + v * k._redV + k._redBias);
+        target[1] = clamped(y + u * k._greenU + v * k._greenV + k._greenBias);
+        target[2] = clamped(y + u * k._blueU + k._blueBias);
         if (bytesPerPixel == 4)
             target[3] = 255;
     }

@@ -1,5 +1,7 @@
 #include "AudioDevice.h"
 
+#include "AudioDriver.h"
+#include "AudioOutput.h"
 #include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
@@ -7,7 +9,7 @@
 #include <AL/al.h>
 #include <AL/alc.h>
 #include <AL/alext.h>
-#include <cstring>
+#include <atomic>
 
 Logger* AudioDevice::log = LoggerManager::logger();
 
@@ -16,20 +18,37 @@ namespace
 
 QString const defaultDeviceName = QStringLiteral("default");
 
-/// A list in OpenAL's form: texts that each end with a zero byte, and one more zero byte.
-QStringList textsOf(char const* list)
+/// OpenAL has one current context for the process, and so one of each of these.
+struct CurrentContext {
+    std::shared_mutex mutex;
+    std::atomic<unsigned int> generation{0}; ///< Written under the mutex, and so by one thread at a time.
+};
+
+CurrentContext& currentContext()
 {
-    QStringList texts;
-    for (; list && *list; list += std::strlen(list) + 1)
-        texts.append(QString::fromUtf8(list));
-    return texts;
+    static CurrentContext current;
+    return current;
 }
 
 } // namespace
 
+AudioDevice::AudioDevice() : AudioDevice(std::make_shared<AudioDriver>()) {}
+
+AudioDevice::AudioDevice(std::shared_ptr<AudioDriver> driver) : _driver(std::move(driver)) {}
+
 AudioDevice::~AudioDevice()
 {
     closeDevice();
+}
+
+unsigned int AudioDevice::generation()
+{
+    return currentContext().generation;
+}
+
+std::shared_mutex& AudioDevice::contextMutex()
+{
+    return currentContext().mutex;
 }
 
 bool AudioDevice::availableDevices(QStringList& devices, QString& defaultDevice)
@@ -39,63 +58,74 @@ bool AudioDevice::availableDevices(QStringList& devices, QString& defaultDevice)
         LOG_INFO("Audio device enumeration not supported on Linux");
         return false;
     }
-    devices = textsOf(alcGetString(nullptr, all ? ALC_ALL_DEVICES_SPECIFIER : ALC_DEVICE_SPECIFIER));
+    devices = AudioDriver().deviceNames();
     defaultDevice = QString::fromUtf8(
         alcGetString(nullptr, all ? ALC_DEFAULT_ALL_DEVICES_SPECIFIER : ALC_DEFAULT_DEVICE_SPECIFIER));
     LOG_INFO("Default audio device was %s", qPrintable(defaultDevice));
     return true;
 }
 
+std::unique_ptr<AudioOutput> AudioDevice::openOutput(std::shared_ptr<AudioDriver> const& driver, QString const& name)
+{
+    return AudioOutput::open(driver, name == defaultDeviceName ? QString() : name);
+}
+
 bool AudioDevice::openDevice(QString const& name)
 {
     closeDevice();
+    _wantedDevice = name;
+    std::unique_ptr<AudioOutput> output;
     if (name != defaultDeviceName) {
         LinuxAudioConfig(nullptr).setDevice(name);
-        _device = alcOpenDevice(name.toUtf8().constData());
-        if (!_device)
+        output = openOutput(_driver, name);
+        if (!output)
             LOG_WARNING("Could not open audio device %s", qPrintable(name));
     }
-    if (!_device)
-        _device = alcOpenDevice(nullptr);
-    if (!_device) {
+    bool const isFallback = !output && name != defaultDeviceName;
+    if (!output)
+        output = openOutput(_driver, defaultDeviceName);
+    if (!output) {
         LOG_ERROR("Could not open defaut audio device");
         return false;
     }
-    LOG_INFO("Using audio device %s", alcGetString(_device, ALC_DEVICE_SPECIFIER));
-    if (!createContext())
-        return false;
-    _deviceName = name;
-    return true;
+    replaceOutput(std::move(output), isFallback);
+    return isOpen();
 }
 
-bool AudioDevice::createContext()
+std::unique_ptr<AudioOutput> AudioDevice::replaceOutput(std::unique_ptr<AudioOutput> output, bool isFallback)
 {
-    _context = alcCreateContext(_device, nullptr);
-    if (!_context) {
-        LOG_ERROR("Could not create audio device context");
-        closeDevice();
-        return false;
-    }
-    if (!alcMakeContextCurrent(_context) || checkForALError("alcMakeContextCurrent")) {
+    if (!makeCurrent(output.get()))
+        return output;
+    _isFallback = isFallback;
+    return std::exchange(_output, std::move(output));
+}
+
+bool AudioDevice::makeCurrent(AudioOutput const* output)
+{
+    CurrentContext& current = currentContext();
+    std::lock_guard const lock(current.mutex);
+    ALCcontext* const before = alcGetCurrentContext();
+    bool const failed = !alcMakeContextCurrent(output ? output->context() : nullptr) ||
+                        (output && checkForALError("alcMakeContextCurrent"));
+    if (failed) {
         LOG_ERROR("Could not make audio device context current.");
-        closeDevice();
+        alcMakeContextCurrent(before);
         return false;
     }
+    ++current.generation;
     return true;
 }
 
 void AudioDevice::closeDevice()
 {
-    if (_context) {
-        alcMakeContextCurrent(nullptr);
-        alcDestroyContext(_context);
-        _context = nullptr;
-    }
-    if (_device) {
-        alcCloseDevice(_device);
-        _device = nullptr;
-    }
-    _deviceName.clear();
+    if (_output)
+        replaceOutput(nullptr, false);
+    _wantedDevice.clear();
+}
+
+bool AudioDevice::isConnected() const
+{
+    return _output && _output->isConnected();
 }
 
 bool AudioDevice::checkForALError(char const* where)

@@ -189,6 +189,31 @@ TEST(GLMovieTexture, ConvertsKnownColours)
             }
 }
 
+TEST(GLMovieTexture, EachPictureBringsItsColours)
+{
+    using Matrix = GLMovieColourSpace::Matrix;
+    GLMovieTexture texture;
+    ASSERT_EQ(create(texture, 16, 16, AV_PIX_FMT_YUV420P), 0);
+    Frame const frame = makeFrame(16, 16, AV_PIX_FMT_YUV420P);
+    auto const coloursAfterUpdate = [&] {
+        texture.update(frame.get(), false);
+        std::lock_guard const lock(texture);
+        return texture.colourSpace();
+    };
+    EXPECT_EQ(coloursAfterUpdate(), GLMovieColourSpace());
+    frame->colorspace = AVCOL_SPC_BT709;
+    EXPECT_EQ(coloursAfterUpdate(), (GLMovieColourSpace{Matrix::BT709, false}));
+    frame->format = AV_PIX_FMT_YUVJ420P;
+    EXPECT_EQ(coloursAfterUpdate(), (GLMovieColourSpace{Matrix::BT709, true}));
+    frame->colorspace = AVCOL_SPC_YCGCO;
+    EXPECT_EQ(coloursAfterUpdate(), (GLMovieColourSpace{Matrix::BT601, true}));
+    frame->format = AV_PIX_FMT_GRAY8;
+    EXPECT_TRUE(GLMovieColourSpace::fromFrame(frame.get()).fullRange);
+    frame->format = AV_PIX_FMT_GBRP;
+    frame->color_range = AVCOL_RANGE_JPEG;
+    EXPECT_EQ(GLMovieColourSpace::fromFrame(frame.get()), GLMovieColourSpace());
+}
+
 TEST(GLMovieTexture, RefusesWhatItCannotHold)
 {
     GLMovieTexture texture;

@@ -6,6 +6,12 @@
 #include "GLTest.h"
 #include "TestPicture.h"
 
+extern "C" {
+#include <libswscale/swscale.h>
+}
+
+#include <cstdlib>
+
 namespace
 {
 
@@ -66,7 +72,78 @@ Frame columns(int width, int height)
     return frame;
 }
 
+/// Bands of one chroma each, every luma in each: flat colours from one side to the other of what there is, and ramps.
+Frame bands(AVPixelFormat format)
+{
+    static constexpr std::array<uint8_t, 6> levels{32, 64, 100, 128, 180, 224};
+    constexpr int bandHeight = 8;
+    Frame frame = emptyPicture(256, bandHeight * static_cast<int>(levels.size() * levels.size()), format);
+    for (int y = 0; y < frame->height; ++y)
+        for (int x = 0; x < 256; ++x)
+            frame->data[0][y * frame->linesize[0] + x] = static_cast<uint8_t>(x);
+    int const half = format == AV_PIX_FMT_YUV420P ? 2 : 1;
+    for (int y = 0; y < frame->height / half; ++y) {
+        size_t const band = static_cast<size_t>(y * half / bandHeight);
+        std::fill_n(frame->data[1] + y * frame->linesize[1], 256 / half, levels.at(band % levels.size()));
+        std::fill_n(frame->data[2] + y * frame->linesize[2], 256 / half, levels.at(band / levels.size()));
+    }
+    return frame;
+}
+
+/// The largest difference of any component, where the chroma is not between two bands.
+int worstDifference(QImage const& one, QImage const& other)
+{
+    int worst = one.size() == other.size() ? 0 : 256;
+    for (int y = 0; worst < 256 && y < one.height(); ++y)
+        for (int x = 0; y % 8 >= 2 && y % 8 < 6 && x < 3 * one.width(); ++x)
+            worst = std::max(worst, std::abs(one.constScanLine(y)[x] - other.constScanLine(y)[x]));
+    return worst;
+}
+
+/// A conversion to RGB beforehand, with the flags that films use.
+QImage scaled(SwsContext*& context, AVFrame const* frame)
+{
+    Frame const rgb = emptyPicture(frame->width, frame->height, AV_PIX_FMT_RGB24);
+    context =
+        sws_getCachedContext(context, frame->width, frame->height,
+                             GLMovieColourSpace::plainFormat(static_cast<AVPixelFormat>(frame->format)), frame->width,
+                             frame->height, AV_PIX_FMT_RGB24, SWS_BILINEAR, nullptr, nullptr, nullptr);
+    GLMovieColourSpace::apply(context, frame, rgb.get());
+    sws_scale(context, frame->data, frame->linesize, 0, frame->height, rgb->data, rgb->linesize);
+    EXPECT_EQ(GLMovieColourSpace::fromFrame(rgb.get()), GLMovieColourSpace());
+    return QImage(rgb->data[0], rgb->width, rgb->height, rgb->linesize[0], QImage::Format_RGB888).copy();
+}
+
 } // namespace
+
+TEST_F(ColourPathTest, EveryPathFollowsTheMatrixAndTheRangeOfEachPicture)
+{
+    std::array<GLMoviePainter, 3> painters;
+    choose(painters[0], Path::Shader);
+    choose(painters[1], Path::FragmentProgram);
+    SwsContext* context = nullptr;
+    for (AVColorRange const range : {AVCOL_RANGE_UNSPECIFIED, AVCOL_RANGE_JPEG})
+        for (AVColorSpace const matrix : {AVCOL_SPC_UNSPECIFIED, AVCOL_SPC_SMPTE170M, AVCOL_SPC_BT709, AVCOL_SPC_FCC,
+                                          AVCOL_SPC_SMPTE240M, AVCOL_SPC_BT2020_NCL, AVCOL_SPC_BT2020_CL})
+            for (AVPixelFormat const format : {AV_PIX_FMT_YUV444P, AV_PIX_FMT_YUV420P}) {
+                SCOPED_TRACE(testing::Message() << "matrix " << matrix << " range " << range << " " << format);
+                Frame const frame = bands(format);
+                frame->colorspace = matrix;
+                frame->color_range = range;
+                QImage const reference = convertedByFFmpeg(frame.get());
+                for (GLMoviePainter& painter : painters) {
+                    bool const isRGB = !painter.hasColourConversion();
+                    auto const texture = textureOf(frame.get(), isRGB ? AV_PIX_FMT_RGB24 : format);
+                    beginSurface(frame->width, frame->height);
+                    painter.forgetPicture();
+                    painter.updateVideoTexture(*texture);
+                    painter.draw(quadOf(0, 0, frame->width, frame->height), 1.0);
+                    EXPECT_LE(worstDifference(surface(), reference), 2);
+                }
+                EXPECT_LE(worstDifference(scaled(context, frame.get()), reference), 2);
+            }
+    sws_freeContext(context);
+}
 
 TEST_F(ColourPathTest, AllWaysGiveThePictureThatFFmpegGives)
 {

@@ -43,12 +43,15 @@ Frame testPicture(int width, int height, AVPixelFormat format)
 
 namespace
 {
-/// Converts with every precision that FFmpeg has.
+/// Converts with every precision that FFmpeg has, by the frame's matrix and range.
 void convert(AVFrame const* frame, AVPixelFormat format, uint8_t* const* target, int const* rows)
 {
     SwsContext* const context = sws_getContext(
         frame->width, frame->height, static_cast<AVPixelFormat>(frame->format), frame->width, frame->height, format,
         SWS_BILINEAR | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP, nullptr, nullptr, nullptr);
+    int const* const table = sws_getCoefficients(frame->colorspace);
+    int const full = frame->color_range == AVCOL_RANGE_JPEG;
+    sws_setColorspaceDetails(context, table, full, table, format == AV_PIX_FMT_RGB24 ? 0 : full, 0, 1 << 16, 1 << 16);
     sws_scale(context, frame->data, frame->linesize, 0, frame->height, target, rows);
     sws_freeContext(context);
 }
@@ -58,6 +61,7 @@ QImage convertedByFFmpeg(AVFrame const* frame)
 {
     // In one step FFmpeg would not smooth the chroma from row to row.
     Frame const full = emptyPicture(frame->width, frame->height, AV_PIX_FMT_YUV444P);
+    av_frame_copy_props(full.get(), frame);
     convert(frame, AV_PIX_FMT_YUV444P, full->data, full->linesize);
     QImage image(frame->width, frame->height, QImage::Format_RGB888);
     uint8_t* const target[4] = {image.bits()};
