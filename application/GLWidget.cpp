@@ -51,6 +51,7 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
     connect(_appData.channelManager(), &ChannelManager::pictureUpdated, &_pacer, &PaintPacer::request);
     connect(&_appData.settings, &AppSettings::drawModeChanged, &_pacer, &PaintPacer::request);
     connect(&_pacer, &PaintPacer::paint, this, &GLWidget::onRenderTimer);
+    connect(&_surface, &GLSurface::exposed, this, &GLWidget::onExposed);
     connect(&_surface, &GLSurface::windowChanged, this, &GLWidget::onWindowChanged);
     connect(&_appData.settings, &AppSettings::showFullScreenChanged, this, &GLWidget::onShowFullScreenChanged);
 }
@@ -99,11 +100,16 @@ void GLWidget::onWindowChanged(QWindow* window)
         LOG_INFO("Pictures are drawn with OpenGL");
 }
 
-void GLWidget::paintEvent(QPaintEvent*)
+void GLWidget::onExposed()
 {
     if (_presenter)
         _presenter->forget(); // What was on the window has been lost.
-    render();
+    _pacer.request();
+}
+
+void GLWidget::paintEvent(QPaintEvent*)
+{
+    onExposed();
 }
 
 void GLWidget::onRenderTimer()

@@ -74,6 +74,7 @@ protected:
 private:
     void initializeGL();
     void onWindowChanged(QWindow* window);
+    void onExposed();
     void choosePresentation();
     void render();
     bool presentPictures();

@@ -94,25 +94,26 @@ bool GLMovieScaler::scale(GLMovieTexture const& texture, GLMovieCut const& cut, 
     picture->format = texture.pixelFormat();
     picture->width = cut.source.width();
     picture->height = cut.source.height();
-    if (cut.isOneToOne() && picture->height > 1)
-        return convertPixels(*picture, target, stride);
-    return scaleFrame(*picture, cut.scaled, target, stride);
+    bool const isConverted = cut.isOneToOne() && picture->height > 1;
+    // swscale's fast way from YUV goes by two rows.
+    int const height = isConverted && isYUV ? (picture->height + 1) / 2 * 2 : picture->height;
+    QSize const from(picture->width, height);
+    if (!prepare({texture.pixelFormat(), from, isConverted ? from : cut.scaled}))
+        return false;
+    GLMovieColourSpace::apply(_context.get(), texture.colourSpace(), {});
+    return isConverted ? convertPixels(*picture, target, stride) : scaleFrame(*picture, cut.scaled, target, stride);
 }
 
 bool GLMovieScaler::convertPixels(AVFrame const& picture, unsigned char* target, int stride)
 {
-    // swscale's fast way from YUV goes by two rows: the last of an odd height is followed by the one before it.
+    // The last row of an odd height of YUV is followed by the one before it.
     bool const isYUV = picture.data[1];
     int const pairs = isYUV ? picture.height / 2 * 2 : picture.height;
-    bool const hasLast = pairs != picture.height;
-    QSize const size(picture.width, hasLast ? pairs + 2 : pairs);
-    if (!prepare({static_cast<AVPixelFormat>(picture.format), size, size}))
-        return false;
     uint8_t* const rows[] = {target, nullptr, nullptr, nullptr};
     int const strides[] = {stride, 0, 0, 0};
     if (sws_scale(_context.get(), picture.data, picture.linesize, 0, pairs, rows, strides) < 0)
         return false;
-    if (!hasLast)
+    if (pairs == picture.height)
         return true;
     std::array<uint8_t const*, 4> const last = {
         picture.data[0] + static_cast<ptrdiff_t>(pairs) * picture.linesize[0],
@@ -126,8 +127,7 @@ bool GLMovieScaler::scaleFrame(AVFrame& picture, QSize const& size, unsigned cha
 {
     Frame const scaled(av_frame_alloc());
     picture.buf[0] = borrowed(picture.data[0]);
-    if (!scaled || !picture.buf[0] ||
-        !prepare({static_cast<AVPixelFormat>(picture.format), QSize(picture.width, picture.height), size}))
+    if (!scaled || !picture.buf[0])
         return false;
     scaled->buf[0] = borrowed(target);
     scaled->data[0] = target;

@@ -3,10 +3,13 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QOpenGLContext>
-#include <QSurfaceFormat>
 #include <QWidget>
 #include <QWindow>
+
+#include <xcb/xcb.h>
 
 Logger* GLSurface::log = LoggerManager::logger();
 
@@ -14,6 +17,7 @@ namespace
 {
 
 constexpr int antialiasingSamples = 4;
+constexpr int sentEventFlag = 0x80;
 
 QSurfaceFormat surfaceFormat(bool antialiasing)
 {
@@ -31,16 +35,51 @@ QSurfaceFormat surfaceFormat(bool antialiasing)
 
 } // namespace
 
-GLSurface::GLSurface(QWidget& widget) : _widget(widget) {}
+GLSurface::GLSurface(QWidget& widget) : _widget(widget)
+{
+    QCoreApplication::instance()->installNativeEventFilter(this);
+}
 
-GLSurface::~GLSurface() = default;
+GLSurface::~GLSurface()
+{
+    QCoreApplication::instance()->removeNativeEventFilter(this);
+}
+
+bool GLSurface::nativeEventFilter(QByteArray const& eventType, void* message, qintptr*)
+{
+    if (eventType != "xcb_generic_event_t" ||
+        (static_cast<xcb_generic_event_t const*>(message)->response_type & ~sentEventFlag) != XCB_DESTROY_NOTIFY)
+        return false;
+    quintptr const destroyed = static_cast<xcb_destroy_notify_event_t const*>(message)->window;
+    if (destroyed == _windowId)
+        QMetaObject::invokeMethod(
+            this, [this, destroyed] { renewWindow(destroyed); }, Qt::QueuedConnection);
+    return false;
+}
+
+void GLSurface::renewWindow(quintptr destroyed)
+{
+    QWindow* const window = _widget.windowHandle();
+    if (!window || !window->handle() || window->winId() != destroyed)
+        return; // Qt knows.
+    if (_context && QOpenGLContext::currentContext() == _context.get())
+        _context->doneCurrent();
+    bool const wasShown = !_widget.isHidden();
+    bool const hadFocus = _widget.hasFocus();
+    _widget.setVisible(false); // As the window becomes, which the widget would not be told.
+    window->destroy();
+    window->create();
+    _widget.setVisible(wasShown);
+    if (hadFocus)
+        _widget.setFocus();
+}
 
 bool GLSurface::isAvailable()
 {
     QWindow window;
+    window.create(); // First, as a widget's is: where OpenGL comes by EGL that does not do, and is found out here.
     window.setSurfaceType(QSurface::OpenGLSurface);
     window.setFormat(surfaceFormat(false));
-    window.create();
     QOpenGLContext context;
     context.setFormat(window.requestedFormat());
     return context.create() && context.makeCurrent(&window);
@@ -50,8 +89,9 @@ bool GLSurface::create(bool antialiasing)
 {
     if (_context || _hasFailed)
         return _context != nullptr;
+    _format = surfaceFormat(antialiasing);
     auto context = std::make_unique<QOpenGLContext>();
-    context->setFormat(surfaceFormat(antialiasing));
+    context->setFormat(_format);
     if (context->create())
         _context = std::move(context);
     if (makeCurrent())
@@ -66,14 +106,17 @@ bool GLSurface::adoptWindow()
 {
     if (!_context)
         return false;
-    quintptr const id = _widget.winId();
+    if (!_widget.windowHandle())
+        _widget.winId(); // Makes it.
     QWindow* const window = _widget.windowHandle();
-    if (!window || id == 0)
+    if (!window)
         return false;
+    quintptr const id = window->winId();
     if (window == _window && id == _windowId)
         return true;
     window->setSurfaceType(QSurface::OpenGLSurface);
-    window->setFormat(_context->format());
+    window->setFormat(_format);
+    window->installEventFilter(this);
     _window = window;
     _windowId = id;
     emit windowChanged(window);
@@ -90,14 +133,26 @@ void GLSurface::swapBuffers()
     _context->swapBuffers(_window);
 }
 
-bool GLSurface::isExposed() const
+bool GLSurface::isExposed()
 {
     if (!_widget.isVisible() || _widget.window()->isMinimized())
         return false;
-    // A window is not told that the one around it has been taken off the screen.
-    QWindow const* window = _widget.windowHandle();
-    bool isExposed = window != nullptr;
-    for (; window && isExposed; window = window->parent())
-        isExposed = window->isExposed();
-    return isExposed;
+    // A window is not told that the one around it has been taken off the screen, and may be there before it.
+    for (QWindow* window = _widget.windowHandle(); window; window = window->parent())
+        if (!window->isExposed()) {
+            window->installEventFilter(this);
+            return false;
+        }
+    return _widget.windowHandle() != nullptr;
+}
+
+bool GLSurface::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* const window = qobject_cast<QWindow*>(watched);
+    if (event->type() == QEvent::Expose && window && window->isExposed()) {
+        if (window != _widget.windowHandle())
+            window->removeEventFilter(this);
+        emit exposed();
+    }
+    return false;
 }

@@ -43,6 +43,8 @@ class Result:
 class Player:
     """A program that plays a clip in a window of the clip's size and ends with it."""
 
+    minimised = False
+
     def __init__(self, name, command, environment=None):
         self.name, self._command, self._environment = name, command, environment or {}
 
@@ -74,13 +76,14 @@ class Player:
 class Ombravision(Player):
     """This program: its window has a menu bar besides, and it does not end with the film."""
 
-    def __init__(self):
-        super().__init__("ombravision", [])
+    def __init__(self, name="ombravision", settings=None, minimised=False):
+        super().__init__(name, [])
+        self._settings, self.minimised = settings, minimised
         self._rectangles = {}
 
     def _program(self, display, clip, debug=False):
         # The window takes the picture's own size by itself.
-        return Program(display, "--", clip, driver="null", debug=debug)
+        return Program(display, "--", clip, driver="null", debug=debug, settings=self._settings)
 
     def rectangle(self, display, clip, width, height):
         if (width, height) not in self._rectangles:
@@ -92,11 +95,23 @@ class Ombravision(Player):
 
     def launch(self, display, clip, width, height):
         self._process = self._program(display, clip)
-        self._process.start()
+        if self.minimised:
+            self._process.__enter__()
+            self._process.wait_for_log(r"^Playing ", PATIENCE)
+            display.minimise(self._process.window)
+            wait_for(lambda: not display.is_shown(self._process.window), 10, "the window to go")
+            self._began = time.monotonic(), process.cpu_seconds(self._process.pid)
+        else:
+            self._process.start()
 
     def play_to_the_end(self, seconds):
         self._process.wait_for_log(r"Movie finished", seconds + PATIENCE)
-        return process.cpu_seconds(self._process.pid), process.peak_kb(self._process.pid) / 1024
+        cpu, peak = process.cpu_seconds(self._process.pid), process.peak_kb(self._process.pid) / 1024
+        if not self.minimised:
+            return cpu, peak
+        # From when the window was gone, as much as the whole film would cost so.
+        when, before = self._began
+        return (cpu - before) * seconds / (time.monotonic() - when), peak
 
     def stop(self):
         self._process.__exit__(None)
@@ -107,8 +122,15 @@ FFPLAY = Player("ffplay", ["ffplay", "-loglevel", "quiet", "-nostats", "-autoexi
                 {"SDL_RENDER_DRIVER": "opengl", "SDL_AUDIODRIVER": "dummy"})
 MPV = Player("mpv", ["mpv", "--no-config", "--really-quiet", "--vo=gpu", "--gpu-sw=yes", "--ao=null", "--no-border",
                      "--no-osc", "--osd-level=0", "--geometry={width}x{height}+0+0", "{clip}"])
+MPV_X11 = Player("mpv-x11", ["mpv", "--no-config", "--really-quiet", "--vo=x11", "--ao=null", "--no-border", "--no-osc",
+                             "--osd-level=0", "--geometry={width}x{height}+0+0", "{clip}"])
 DECODING = Player("decoding", ["ffmpeg", "-nostdin", "-loglevel", "quiet", "-re", "-i", "{clip}", "-f", "null", "-"])
-PLAYERS = {player.name: player for player in (DECODING, Ombravision(), FFPLAY, MPV)}
+PLAYERS = {player.name: player for player in
+           (DECODING, Ombravision(), Ombravision("ombravision-opengl", {r"application/video\presentation": "opengl"}),
+            Ombravision("ombravision-minimised", minimised=True), FFPLAY, MPV, MPV_X11)}
+# What is measured against what: CPU seconds of player and X server. A minimised player has decoding alone to pay.
+RATIOS = (("ombravision", "mpv-x11", 1.10), ("ombravision-opengl", "ffplay", 0.68),
+          ("ombravision-minimised", "decoding", 1.05))
 
 
 def numbers_seen(watch):
@@ -125,12 +147,16 @@ def measure(display, player, clip, width, height, seconds):
     server = process.cpu_seconds(display.server_pid)
     with display.watch(y, points) as watch:
         player.launch(display, clip, width, height)
+        if player.minimised:
+            server = process.cpu_seconds(display.server_pid)
         try:
             cpu, peak = player.play_to_the_end(seconds)
         finally:
             player.stop()
     server = process.cpu_seconds(display.server_pid) - server
     shown = len({number for _, number in numbers_seen(watch)})
+    if player.minimised:
+        return Result(clip.name, player.name, cpu, server, peak)
     if not shown:
         raise RuntimeError(f"{player.name} showed no picture where it should")
     return Result(clip.name, player.name, cpu, server, peak, shown, seconds * clips.RATE - shown)
@@ -176,6 +202,18 @@ def table(results):
     return "\n".join(lines)
 
 
+def ratios(results):
+    """A table of what is to be compared, as far as it was measured."""
+    both = {(r.clip, r.player): r.cpu + r.server_cpu for r in results}
+    lines = ["| clip | ratio of CPU both | is | at most |", "|---|---|---|---|"]
+    for clip in dict.fromkeys(r.clip for r in results):
+        for ours, other, limit in RATIOS:
+            if both.get((clip, ours)) and both.get((clip, other)):
+                ratio = both[clip, ours] / both[clip, other]
+                lines.append(f"| {clip} | {ours} / {other} | {ratio:.2f} | {limit:.2f} |")
+    return "\n".join(lines)
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--sizes", nargs="+", default=["1280x720", "1920x1080"], metavar="WxH")
@@ -194,7 +232,7 @@ def main():
             for player in (PLAYERS[name] for name in options.players):
                 try:
                     result = measure(display, player, clip, width, height, options.seconds)
-                    if options.starts and player is not DECODING:
+                    if options.starts and player is not DECODING and not player.minimised:
                         result.start = start_time(display, player, clip, width, height, options.starts)
                 except unittest.SkipTest as reason:
                     print(f"{player.name}: {reason}", file=sys.stderr)
@@ -202,6 +240,7 @@ def main():
                 results.append(result)
                 print(f"{size} {player.name}: done", file=sys.stderr)
     print(table(results))
+    print("\n" + ratios(results))
     if options.json:
         options.json.write_text(json.dumps([dataclasses.asdict(result) for result in results], indent=2) + "\n")
 

@@ -96,6 +96,18 @@ class PictureAndSound(unittest.TestCase):
             self.assertTrue(width == self.display.width or height == self.display.height, (x, y, width, height))
             wait_for(lambda: self.display.screenshot((x, y, width, height)).number() is not None, 10, "a frame number")
 
+    def test_a_film_past_opengl_is_the_one_that_opengl_draws(self):
+        clip = clips.mp4()
+        for presentation in ("opengl", "shm"):
+            with self.subTest(presentation), \
+                    Program(self.display, clip, settings={r"application/video\presentation": presentation}) as program:
+                self.check_pictures(program, clip)
+                rectangle = program.own_size_rectangle(640, 360)
+                self.display.minimise(program.window)
+                wait_for(lambda: not self.display.is_shown(program.window), 10, "the window to go")
+                self.display.ask("xdotool", "windowactivate", "--sync", program.window)
+                wait_for(lambda: self.display.screenshot(rectangle).number() is not None, 10, "pictures again")
+
     def test_two_films_side_by_side_of_which_the_first_is_heard(self):
         with Program(self.display, clips.mp4(), clips.asf()) as program:
             program.wait_for_log(r"^Playing .*\.mp4")
