@@ -20,6 +20,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -103,14 +104,6 @@ void Window::showEvent(QShowEvent* event)
     emit windowVisibilityChanged(true);
 }
 
-void Window::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    // The window manager, too, can fill the screen with a window, or end it.
-    if (event->type() == QEvent::WindowStateChange && isVisible())
-        _appData.settings.setShowFullScreen(isFullScreen());
-}
-
 void Window::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->isAutoRepeat())
@@ -133,11 +126,21 @@ void Window::onShowFullScreenChanged()
 {
     bool const full = _appData.settings.showFullScreen();
     _menuBar->setVisible(!full && _appData.settings.showMenuBar());
-    // Leaves the other states as they are: a window that was maximised is so again afterwards.
-    setWindowState(windowState().setFlag(Qt::WindowFullScreen, full));
+    if (!_followsWindowManager) {
+        // Leaves the other states as they are: a window that was maximised is so again afterwards.
+        setWindowState(windowState().setFlag(Qt::WindowFullScreen, full));
+        _windowManagerState->setFullScreen(full);
+    }
     // A film must not be interrupted by the screen saver.
     _hibernationManager->setEnabled(!full);
     _screenSaverManager->setEnabled(!full);
+}
+
+void Window::onFullScreenByWindowManager(bool full)
+{
+    // What it says may precede its answer to a request: asking again would call that back.
+    QScopedValueRollback const follows(_followsWindowManager, true);
+    _appData.settings.setShowFullScreen(full);
 }
 
 void Window::onAlwaysOnTopChanged()
@@ -270,7 +273,7 @@ void Window::resizeItself(QSize const& size)
 void Window::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    if (event->spontaneous() && event->size() != _ownSize && !isFullScreen())
+    if (event->spontaneous() && event->size() != _ownSize && !_appData.settings.showFullScreen())
         _sizedByHand = true;
 }
 

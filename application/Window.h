@@ -46,7 +46,6 @@ signals:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -56,6 +55,8 @@ private slots:
     void onAddVideoFiles();
     void onOpenVideoStream();
     void onShowFullScreenChanged();
+    /// The window manager, too, can fill the screen with a window, or end it.
+    void onFullScreenByWindowManager(bool full);
     void onAlwaysOnTopChanged();
     void onMute(bool checked);
     void onIncreaseVolume();
@@ -94,6 +95,7 @@ private:
     BufferWindow* _bufferWindow = nullptr;
     QSystemTrayIcon* _trayIcon = nullptr;
     std::unique_ptr<WindowManagerState> _windowManagerState;
+    bool _followsWindowManager = false; ///< The setting changes because the window manager has said so.
     std::unique_ptr<HibernationManager> _hibernationManager;
     std::unique_ptr<ScreenSaverManager> _screenSaverManager;
     QStringList _pendingNames; ///< What to play once the surface stands.

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <memory>
 #include <span>
+#include <utility>
 #include <xcb/xcb.h>
 
 namespace
@@ -34,6 +35,11 @@ xcb_atom_t atomOf(xcb_connection_t* connection, char const* name)
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+bool contains(std::vector<std::uint32_t> const& states, std::uint32_t state)
+{
+    return std::ranges::find(states, state) != states.end();
+}
+
 } // namespace
 
 WindowManagerState::WindowManagerState(QWidget& window) : _window(window)
@@ -44,6 +50,7 @@ WindowManagerState::WindowManagerState(QWidget& window) : _window(window)
     _connection = x11->connection();
     _stateAtom = atomOf(_connection, "_NET_WM_STATE");
     _aboveAtom = atomOf(_connection, "_NET_WM_STATE_ABOVE");
+    _fullScreenAtom = atomOf(_connection, "_NET_WM_STATE_FULLSCREEN");
     _window.installEventFilter(this);
     qGuiApp->installNativeEventFilter(this);
 }
@@ -57,7 +64,13 @@ WindowManagerState::~WindowManagerState()
 void WindowManagerState::setAbove(bool above)
 {
     if (std::exchange(_above, above) != above && _isManaged)
-        request();
+        request(_aboveAtom, above);
+}
+
+void WindowManagerState::setFullScreen(bool full)
+{
+    if (_isManaged)
+        request(_fullScreenAtom, full);
 }
 
 bool WindowManagerState::eventFilter(QObject* watched, QEvent* event)
@@ -94,25 +107,25 @@ std::uint32_t WindowManagerState::windowId() const
     return static_cast<xcb_window_t>(_window.internalWinId());
 }
 
-bool WindowManagerState::readAbove() const
+std::vector<std::uint32_t> WindowManagerState::readStates() const
 {
     auto const cookie = xcb_get_property(_connection, 0, windowId(), _stateAtom, XCB_ATOM_ATOM, 0, maximumStates);
     Reply<xcb_get_property_reply_t> const reply(xcb_get_property_reply(_connection, cookie, nullptr));
     if (!reply || reply->format != 32)
-        return false;
+        return {};
     std::span const states(static_cast<xcb_atom_t const*>(xcb_get_property_value(reply.get())), reply->value_len);
-    return std::ranges::find(states, _aboveAtom) != states.end();
+    return {states.begin(), states.end()};
 }
 
-void WindowManagerState::request() const
+void WindowManagerState::request(std::uint32_t state, bool set) const
 {
     xcb_client_message_event_t message = {};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = windowId();
     message.type = _stateAtom;
-    message.data.data32[0] = _above ? addState : removeState;
-    message.data.data32[1] = _aboveAtom;
+    message.data.data32[0] = set ? addState : removeState;
+    message.data.data32[1] = state;
     message.data.data32[3] = sourceIsApplication;
     xcb_window_t const root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
     xcb_send_event(_connection, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
@@ -131,15 +144,22 @@ void WindowManagerState::onMapped()
 {
     _isManaged = true;
     // The window manager may have removed what was prepared while it withdrew the window.
-    if (readAbove() != _above)
-        request();
+    if (contains(readStates(), _aboveAtom) != _above)
+        request(_aboveAtom, _above);
+    _fullScreen = contains(readStates(), _fullScreenAtom);
+    if (_fullScreen)
+        emit fullScreenChanged(true);
 }
 
 void WindowManagerState::onStateChanged()
 {
     if (!_isManaged)
         return;
-    bool const above = readAbove();
+    std::vector<std::uint32_t> const states = readStates();
+    bool const above = contains(states, _aboveAtom);
+    bool const full = contains(states, _fullScreenAtom);
+    if (std::exchange(_fullScreen, full) != full)
+        emit fullScreenChanged(full);
     if (std::exchange(_above, above) != above)
         emit aboveChanged(above);
 }

@@ -4,15 +4,17 @@
 #include <QObject>
 
 #include <cstdint>
+#include <vector>
 
 class QWidget;
 struct xcb_connection_t;
 
-/// What the window manager knows about a top-level window beyond Qt's window states: whether it stays above all
-/// others (Extended Window Manager Hints, _NET_WM_STATE).
+/// What the window manager says of a top-level window: whether it stays above all others, and whether it fills the
+/// screen (Extended Window Manager Hints, _NET_WM_STATE).
 ///
-/// Qt's own flag for that makes a new native window, in which nobody draws who holds the old one. Main thread only.
-/// Does nothing where there is no X server.
+/// Qt's own flag for the former makes a new native window, in which nobody draws who holds the old one. For the
+/// latter Qt keeps a notion of its own, which changes in quick succession leave behind; a request from here holds
+/// whatever Qt believes. Main thread only. Does nothing where there is no X server.
 class WindowManagerState : public QObject, private QAbstractNativeEventFilter
 {
     Q_OBJECT
@@ -25,9 +27,13 @@ public:
     /// Asks the window manager to keep the window above all others, now or as soon as it is shown.
     void setAbove(bool above);
 
+    /// Asks the window manager to fill the screen with the window, or to end that; before it is shown, Qt does so.
+    void setFullScreen(bool full);
+
 signals:
-    /// The window manager has raised the window above all others, or put it back, on its own.
+    /// The window manager says something new, on its own or as an answer; it may be about to obey a request still.
     void aboveChanged(bool above);
+    void fullScreenChanged(bool full);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,8 +41,8 @@ protected:
 private:
     bool nativeEventFilter(QByteArray const& eventType, void* message, qintptr* result) override;
     std::uint32_t windowId() const;
-    bool readAbove() const;
-    void request() const;
+    std::vector<std::uint32_t> readStates() const;
+    void request(std::uint32_t state, bool set) const;
     void prepare() const;
     void onMapped();
     void onStateChanged();
@@ -45,6 +51,8 @@ private:
     xcb_connection_t* _connection = nullptr; ///< Qt's; null without an X server.
     std::uint32_t _stateAtom = 0;
     std::uint32_t _aboveAtom = 0;
+    std::uint32_t _fullScreenAtom = 0;
     bool _above = false;
+    bool _fullScreen = false;
     bool _isManaged = false; ///< Mapped since it was shown last: what the window manager says of it counts.
 };

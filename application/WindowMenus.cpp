@@ -158,6 +158,8 @@ void Window::connectSignals()
     connect(&settings, &AppSettings::alwaysOnTopChanged, this, &Window::onAlwaysOnTopChanged);
     connect(&settings, &AppSettings::volumeChanged, this, &Window::onVolumeChanged);
     connect(_windowManagerState.get(), &WindowManagerState::aboveChanged, &settings, &AppSettings::setAlwaysOnTop);
+    connect(_windowManagerState.get(), &WindowManagerState::fullScreenChanged, this,
+            &Window::onFullScreenByWindowManager);
     connect(&settings, &AppSettings::muteChanged, this, &Window::updateTitle);
     connect(&settings, &AppSettings::showMenuBarChanged, this,
             [this] { _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen()); });
