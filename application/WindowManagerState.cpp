@@ -146,8 +146,7 @@ void WindowManagerState::onMapped()
     // The window manager may have removed what was prepared while it withdrew the window.
     if (contains(readStates(), _aboveAtom) != _above)
         request(_aboveAtom, _above);
-    _fullScreen = contains(readStates(), _fullScreenAtom);
-    if (_fullScreen)
+    if (contains(readStates(), _fullScreenAtom))
         emit fullScreenChanged(true);
 }
 
@@ -158,8 +157,8 @@ void WindowManagerState::onStateChanged()
     std::vector<std::uint32_t> const states = readStates();
     bool const above = contains(states, _aboveAtom);
     bool const full = contains(states, _fullScreenAtom);
-    if (std::exchange(_fullScreen, full) != full)
-        emit fullScreenChanged(full);
+    // Each time: what has been asked for and undone in between left no trace here.
+    emit fullScreenChanged(full);
     if (std::exchange(_above, above) != above)
         emit aboveChanged(above);
 }

@@ -31,9 +31,9 @@ public:
     void setFullScreen(bool full);
 
 signals:
-    /// The window manager says something new, on its own or as an answer; it may be about to obey a request still.
+    /// The window manager says something, on its own or as an answer; it may be about to obey a request still.
     void aboveChanged(bool above);
-    void fullScreenChanged(bool full);
+    void fullScreenChanged(bool full); ///< Perhaps what is known already.
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -53,6 +53,5 @@ private:
     std::uint32_t _aboveAtom = 0;
     std::uint32_t _fullScreenAtom = 0;
     bool _above = false;
-    bool _fullScreen = false;
     bool _isManaged = false; ///< Mapped since it was shown last: what the window manager says of it counts.
 };
