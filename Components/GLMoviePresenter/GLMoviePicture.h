@@ -1,14 +1,16 @@
 #pragma once
 
-#include <QRect>
+#include "GLMovieTexture.h"
 
-class GLMovieTexture;
+#include <QPointer>
+#include <QRect>
 
 /// Where a film's picture is to be seen, in pixels of the surface.
 struct GLMoviePicture {
-    GLMovieTexture* texture; ///< Borrowed from the film, for as long as that is open.
-    QRect rectangle;         ///< Where the whole picture would be.
-    QRect visible;           ///< What of that is seen.
+    QPointer<GLMovieTexture>
+        texture;     ///< The film's; another one is never taken for it, wherever that lies in memory.
+    QRect rectangle; ///< Where the whole picture would be.
+    QRect visible;   ///< What of that is seen.
 
     bool operator==(GLMoviePicture const&) const = default;
 };

@@ -139,24 +139,24 @@ def numbers_seen(watch):
 
 
 def measure(display, player, clip, width, height, seconds):
-    if player is DECODING:
+    if player is DECODING or player.minimised:  # There is nothing to watch, which costs the server something too.
         player.launch(display, clip, width, height)
-        cpu, peak = player.play_to_the_end(seconds)
-        return Result(clip.name, player.name, cpu, 0.0, peak)
+        server = process.cpu_seconds(display.server_pid)
+        try:
+            cpu, peak = player.play_to_the_end(seconds)
+        finally:
+            player.stop()
+        return Result(clip.name, player.name, cpu, process.cpu_seconds(display.server_pid) - server, peak)
     y, points = number_points(player.rectangle(display, clip, width, height))
     server = process.cpu_seconds(display.server_pid)
     with display.watch(y, points) as watch:
         player.launch(display, clip, width, height)
-        if player.minimised:
-            server = process.cpu_seconds(display.server_pid)
         try:
             cpu, peak = player.play_to_the_end(seconds)
         finally:
             player.stop()
     server = process.cpu_seconds(display.server_pid) - server
     shown = len({number for _, number in numbers_seen(watch)})
-    if player.minimised:
-        return Result(clip.name, player.name, cpu, server, peak)
     if not shown:
         raise RuntimeError(f"{player.name} showed no picture where it should")
     return Result(clip.name, player.name, cpu, server, peak, shown, seconds * clips.RATE - shown)
