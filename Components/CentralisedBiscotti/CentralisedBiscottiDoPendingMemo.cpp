@@ -10,11 +10,12 @@ Logger* CentralisedBiscottiDoPendingMemo::log = LoggerManager::logger();
 
 void CentralisedBiscottiDoPendingMemo::handle()
 {
+    // First, so that nothing that goes wrong below ends the row.
+    if (_isPeriodic)
+        _session.postSoon(PeriodicPendingMs, new CentralisedBiscottiDoPendingMemo(_session, true));
     if (log->level() <= Logger::Debug)
         logPending();
     doPending();
-    if (_isPeriodic)
-        _session.postSoon(PeriodicPendingMs, new CentralisedBiscottiDoPendingMemo(_session, true));
 }
 
 void CentralisedBiscottiDoPendingMemo::logPending() const
@@ -65,12 +66,13 @@ void CentralisedBiscottiDoPendingMemo::sendNext()
         return;
     LOG_DEBUG("Sending %s...", qUtf8Printable(op->msgId.toString()));
     QByteArray const bytes = _session.encode(*op);
-    _session.link().noteSend();
-    bool const isSent = _session.link().sendMessage(bytes);
-    // One that cannot be written now never can be: kept, it would cost every link from here on.
-    if (bytes.isEmpty())
+    if (bytes.isEmpty()) {
+        // One that cannot be written now never can be, and is no fault of the link.
         _session.finishCurrentOp(CentralisedBiscotti::EncodeErrorCode, CentralisedBiscotti::EncodeErrorDescription);
-    if (isSent)
+        return;
+    }
+    _session.link().noteSend();
+    if (_session.link().sendMessage(bytes))
         return;
     opQueue.undo();
     _session.link().disconnectFromHost();

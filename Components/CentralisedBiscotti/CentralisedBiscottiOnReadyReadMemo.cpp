@@ -48,5 +48,9 @@ void CentralisedBiscottiOnReadyReadMemo::readMessages()
             return;
         }
         _session.decoder().appendBytes(bytes);
+        if (_session.decoder().isOutOfStep()) {
+            _session.link().leaveOutOfStep();
+            return;
+        }
     }
 }
