@@ -53,6 +53,9 @@ void CentralisedBiscottiDoPendingMemo::doPending()
     } else if (sinceReceive > link.maxDataWaitMs()) {
         LOG_WARNING("Haven't heard from server for %lldms; disconnecting.", static_cast<long long>(sinceReceive));
         link.disconnectFromHost();
+    } else if (_session.decoder().isInMessage() && now - link.lastMessageMs() > link.maxDataWaitMs()) {
+        // A length that is wrong, and not too large, swallows all the messages behind it.
+        link.leaveOutOfStep();
     } else if (_session.state() == Biscotti::Connected && !current) {
         sendNext();
     }

@@ -27,7 +27,7 @@ CentralisedBiscottiLink::CentralisedBiscottiLink(CentralisedBiscotti* client, Ti
                                                  TcpSocketFactory* socketFactory, QString const& host,
                                                  unsigned short port)
     : _client(client), _ticker(ticker), _socketFactory(socketFactory), _host(host), _port(port),
-      _lastSendMs(ticker->msSinceEpoch()), _lastReceiveMs(_lastSendMs),
+      _lastSendMs(ticker->msSinceEpoch()), _lastReceiveMs(_lastSendMs), _lastMessageMs(_lastSendMs),
       _maxDataWaitMs(CentralisedBiscotti::DefaultMaxDataWaitMs),
       _random(static_cast<int>(QRandomGenerator::system()->generate())), _policy(*ticker, _random),
       _notBeforeMs(_lastSendMs)
@@ -215,4 +215,9 @@ void CentralisedBiscottiLink::noteSend()
 void CentralisedBiscottiLink::noteReceive()
 {
     _lastReceiveMs = _ticker->msSinceEpoch();
+}
+
+void CentralisedBiscottiLink::noteMessage()
+{
+    _lastMessageMs = _ticker->msSinceEpoch();
 }

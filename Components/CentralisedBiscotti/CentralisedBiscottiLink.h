@@ -76,6 +76,10 @@ public:
     void noteSend();
     void noteReceive();
 
+    /// When a message last began or came to its end.
+    qint64 lastMessageMs() const { return _lastMessageMs; }
+    void noteMessage();
+
     // From any thread.
     qint64 maxDataWaitMs() const { return _maxDataWaitMs; }
     void setMaxDataWaitMs(qint64 ms) { _maxDataWaitMs = ms; }
@@ -99,6 +103,7 @@ private:
     CentralisedBiscottiVersion _serverMessageVersion;
     qint64 _lastSendMs;
     qint64 _lastReceiveMs;
+    qint64 _lastMessageMs;
     std::atomic<qint64> _maxDataWaitMs;
 
     MersenneTwisterRandomGenerator _random;

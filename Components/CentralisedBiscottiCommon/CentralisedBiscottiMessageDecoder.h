@@ -45,6 +45,9 @@ public:
     /// Whether nothing says where the next message begins: the stream brings no more messages until reset().
     bool isOutOfStep() const { return _isOutOfStep; }
 
+    /// Whether part of a message has come.
+    bool isInMessage() const { return _cutter.bytesHeld() > 0 || !_rawBytes.isEmpty() || !_buffer.isEmpty(); }
+
     /// Forgets the bytes that are left and a message under way, before a new stream.
     void reset();
 

@@ -188,6 +188,20 @@ TEST_F(CentralisedBiscottiTest, AServerThatIsOutOfStepIsLeftAndTriedAgainAfterWa
     EXPECT_EQ(takeTold(), (QStringList{"lost", "connected"})) << "at once after a link that lasted";
 }
 
+TEST_F(CentralisedBiscottiTest, AMessageThatSwallowsAllOthersIsNotWaitedForForEver)
+{
+    connect();
+    receive(QByteArray::fromHex("A1830F0000800161"));
+    for (int second = 0; second < 140 && client->state() == Biscotti::Connected; ++second) {
+        receive(postBytes("a", "swallowed"));
+        advance(1000);
+    }
+    EXPECT_EQ(takeTold(), (QStringList{"connected", "lost"}));
+    connect();
+    receive(postBytes("a", "whole"));
+    EXPECT_EQ(capture.count("Handling post"), 1);
+}
+
 TEST_F(CentralisedBiscottiTest, WhatGoesWrongInAMemoDoesNotEndItsRow)
 {
     struct FailingOnce : FakeTcpSocketFactory {
