@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HttpClient.h"
+#include "ReconnectionPolicy.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -43,7 +44,7 @@ public:
     /// Of a server that says nothing at all there are other ways to try.
     static constexpr int maximumSilentTries = 3;
 
-    static constexpr int maximumRedirections = 10;
+    static constexpr int maximumRedirections = ReconnectionPolicy::maximumRedirections;
 
     /// A check and what came of it.
     struct CheckResponse {

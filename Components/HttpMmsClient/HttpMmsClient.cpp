@@ -109,6 +109,7 @@ void HttpMmsClient::begin(QUrl const& url, unsigned int delay)
         _header.clear();
     }
     _url = url;
+    _hasDelivered = false;
     reset();
     _memoQueue->handleSoon(delay, new HttpMmsDescribeMemo(this));
 }
@@ -198,7 +199,8 @@ void HttpMmsClient::onDataReceived(QByteArray const& packet)
     if (auto* const request = qobject_cast<HttpMmsRequest*>(sender()))
         _streamingRequest = request;
     _totalBytesReceived += packet.size();
-    _detours = 0;
+    if (!std::exchange(_hasDelivered, true))
+        _memoQueue->handleSoon(ReconnectionPolicy::lastingPlay, new HttpMmsLastingMemo(this));
     emit onData(packet);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MmsClient.h"
+#include "ReconnectionPolicy.h"
 #include "TimedHttpClientFactory.h"
 
 #include <QByteArray>
@@ -30,8 +31,8 @@ public:
     enum HttpMmsClientState { None = 0, Describing = 1, Playing = 2, SelectingStream = 3, Stopping = 4 };
     Q_ENUM(HttpMmsClientState)
 
-    /// So many redirections and empty answers in a row, without a packet of the stream, are followed.
-    static constexpr int maximumDetours = 10;
+    /// So many redirections, empty answers and new beginnings are followed before the stream has lasted a while.
+    static constexpr int maximumDetours = ReconnectionPolicy::maximumRedirections;
 
     /// A server that has nothing to send right now is asked again after this time, in ms.
     static constexpr unsigned int noContentDelay = 1000;
@@ -86,6 +87,9 @@ public:
     void mmsLog();
     void tryPipeline();
     void mmsGetContentInfo() {}
+
+    /// The stream has come for a while: detours are counted anew.
+    void streamHasLasted() { _detours = 0; }
 
     /// Forgets what the session knew of the server.
     void reset();
@@ -143,6 +147,7 @@ private:
     TimerFactory* const _timerFactory;
     DateTimeBuilder* const _dateTimeBuilder;
     int _detours = 0;
+    bool _hasDelivered = false;                  ///< Since the session began anew.
     bool _isHeaderWanted = false;                ///< And nothing but the header: getHeader() is waiting.
     QList<HttpMmsRequest*> _requests;            ///< Those of the session. Children.
     QList<HttpMmsRequest*> _sideRequests;        ///< Those whose end changes nothing. Children.

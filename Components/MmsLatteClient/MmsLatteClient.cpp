@@ -163,7 +163,6 @@ void MmsLatteClient::onMmsHeader(QByteArray const& header)
 
 void MmsLatteClient::onMmsData(QByteArray const& data)
 {
-    _private->_hasDelivered = true;
     MmsStreamBuffer::Appended const result = _private->_buffer.append(data);
     if (result.isFull) {
         LOG_ERROR("MMS buffer full. Stopping...");
@@ -173,6 +172,7 @@ void MmsLatteClient::onMmsData(QByteArray const& data)
     if (result.percent >= 0)
         emit progressChanged(this, QString("Acquiring...%1%").arg(result.percent));
     if (result.hasStarted) {
+        _private->_policy.succeeded();
         _private->startBitrateTimer();
         if (result.isNewStream)
             emit descriptorChanged(this, result.descriptorSize);

@@ -19,10 +19,9 @@ Logger* MmsLatteClientPrivate::log = LoggerManager::logger();
 
 MmsLatteClientPrivate::MmsLatteClientPrivate(QString const& name, Factories const& factories, MmsLatteClient* client)
     : QObject(client), _latteClient(client), _name(name), _factories(factories),
-      _tickCounter(factories.dateTimeBuilder), _networkTest(new NetworkTest(factories.timerFactory, this))
+      _networkTest(new NetworkTest(factories.timerFactory, this))
 {
     connect(_networkTest, &NetworkTest::finished, this, &MmsLatteClientPrivate::onNetworkTested);
-    prepare();
 }
 
 MmsLatteClientPrivate::~MmsLatteClientPrivate()
@@ -49,9 +48,10 @@ void MmsLatteClientPrivate::prepare()
     _networkWasAvailable = false;
     _connectTimeout = firstConnectTimeout;
     _reconnectAttempts = 0;
+    _policy.reset();
     if (_queue)
         return;
-    _queue = new SortedMemoQueue(&_tickCounter, _factories.timerFactory, this);
+    _queue = new SortedMemoQueue(_clock, _factories.timerFactory, this);
     _queue->acquire(this);
     _contentChecker = new HttpContentChecker(_factories.httpClientFactory, _factories.timerFactory, this);
     connect(_contentChecker, &HttpContentChecker::finished, this, &MmsLatteClientPrivate::onContentCheckerFinished);

@@ -1,16 +1,18 @@
 #pragma once
 
 #include "BitrateWatch.h"
-#include "DateTimeTickCounter.h"
 #include "HttpContentChecker.h"
 #include "MmsClient.h"
 #include "MmsPlaylist.h"
 #include "MmsStreamBuffer.h"
+#include "MonotonicTickCounter.h"
 #include "NetworkErrors.h"
+#include "ReconnectionPolicy.h"
 
 #include <memory>
 #include <optional>
 
+class DateTimeBuilder;
 class HttpClientFactory;
 class Memo;
 class MmsClientFactory;
@@ -41,7 +43,6 @@ public:
     static constexpr int firstCheckTimeout = 1000;    ///< ms
     static constexpr int firstConnectTimeout = 10000; ///< ms
     static constexpr int maxConnectTimeout = 80000;   ///< ms, where the doubling ends.
-    static constexpr unsigned int retryDelay = 1000;  ///< ms
     static constexpr int reconnectLimit = 3;          ///< After so many, another address has its turn.
     static constexpr int statusInterval = 5000;       ///< ms
     static constexpr int bitrateInterval = 1000;      ///< ms
@@ -52,6 +53,10 @@ public:
 
     /// Makes transports with these from now on instead of those for MMS over HTTP and TCP.
     void setMmsClientFactories(std::unique_ptr<MmsClientFactory> http, std::unique_ptr<MmsClientFactory> tcp);
+
+    /// Goes by this from now on; before prepare(). The clock is borrowed.
+    void setClock(TickCounter& clock) { _clock = &clock; }
+    void setReconnectionPolicy(ReconnectionPolicy const& policy) { _policy = policy; }
 
     /// Everything as it was before the first attempt. Called before each start.
     void prepare();
@@ -64,13 +69,13 @@ public:
     /// With an empty text the check is made under the client's own name.
     void checkContent(QString const& url, QString const& referrer, QString const& text);
 
-    /// Makes another attempt at the address in use: at once, unless several have brought nothing.
+    /// Makes another attempt at the address in use, when the policy says so.
     void reconnectCurrentContent();
     void doReconnectCurrentContent();
-    /// The same a while later.
+    /// The same, allowing for more silence and where the address is redirected to.
     void reconnectLater();
 
-    /// Makes an attempt at the next address, a while later. False when there is no other.
+    /// Makes an attempt at the next address, likewise. False when there is no other.
     bool checkNextContent();
     void doCheckNextContent();
 
@@ -101,7 +106,8 @@ private:
     void fallBackToTcp(HttpContentChecker::CheckResponse const& response);
     void openPlaylist(HttpContentChecker::CheckResponse const& response);
     void giveUp(QString const& url, NetworkErrors::NetworkError code);
-    void postMemo(unsigned int ms, Memo* memo);
+    void postMemo(int ms, Memo* memo);
+    void goOnToNext();
     void startStatusTimer();
     void disposeTimer(Timer*& timer);
 
@@ -110,7 +116,9 @@ private:
     MmsLatteClient* const _latteClient;
     QString const _name;
     Factories const _factories;
-    DateTimeTickCounter _tickCounter;
+    MonotonicTickCounter _ownClock;
+    TickCounter* _clock = &_ownClock; ///< Of the queue.
+    ReconnectionPolicy _policy;
 
     SortedMemoQueue* _queue = nullptr;             ///< This client's own; null once cancelled.
     HttpContentChecker* _contentChecker = nullptr; ///< Likewise.
@@ -122,12 +130,11 @@ private:
 
     MmsStreamBuffer _buffer;
     MmsPlaylist _playlist;
-    QString _currentUrl;        ///< The address in use.
-    QString _currentKey;        ///< What it was redirected from, or the same.
-    QString _referrer;          ///< The address of the playlist that it stands in.
-    bool _checking = false;     ///< A content check is under way.
-    bool _firstConnect = true;  ///< No header has arrived yet.
-    bool _hasDelivered = false; ///< Data has come since the last reconnection.
+    QString _currentUrl;       ///< The address in use.
+    QString _currentKey;       ///< What it was redirected from, or the same.
+    QString _referrer;         ///< The address of the playlist that it stands in.
+    bool _checking = false;    ///< A content check is under way.
+    bool _firstConnect = true; ///< No header has arrived yet.
     bool _networkWasAvailable = false;
     int _connectTimeout = firstConnectTimeout;
     int _reconnectAttempts = 0; ///< After the server closed the connection.

@@ -112,21 +112,24 @@ void MmsLatteClientPrivate::giveUp(QString const& url, NetworkErrors::NetworkErr
     if (_playlist.isEmpty())
         _latteClient->finish(code);
     else
-        postMemo(retryDelay, new MmsReconnectNextContentMemo(_latteClient, this));
+        goOnToNext();
 }
 
 /// The next attempt, in place of any other that was to come.
-void MmsLatteClientPrivate::postMemo(unsigned int ms, Memo* memo)
+void MmsLatteClientPrivate::postMemo(int ms, Memo* memo)
 {
     _queue->clear(this);
-    _queue->handleSoon(ms, memo);
+    _queue->handleSoon(static_cast<unsigned int>(ms), memo);
+}
+
+void MmsLatteClientPrivate::goOnToNext()
+{
+    postMemo(_policy.nextDelay(_playlist.addressCount()), new MmsReconnectNextContentMemo(_latteClient, this));
 }
 
 void MmsLatteClientPrivate::reconnectCurrentContent()
 {
-    bool const isFutile = !_hasDelivered && _reconnectAttempts >= reconnectLimit;
-    _hasDelivered = false;
-    postMemo(isFutile ? retryDelay : 0, new MmsReconnectMemo(_latteClient, this));
+    postMemo(_policy.nextDelay(), new MmsReconnectMemo(_latteClient, this));
 }
 
 void MmsLatteClientPrivate::reconnectLater()
@@ -134,7 +137,7 @@ void MmsLatteClientPrivate::reconnectLater()
     if (_connectTimeout < maxConnectTimeout)
         _connectTimeout *= 2;
     _currentUrl = _currentKey; // What redirected here may now lead elsewhere.
-    postMemo(retryDelay, new MmsReconnectMemo(_latteClient, this));
+    reconnectCurrentContent();
 }
 
 void MmsLatteClientPrivate::doReconnectCurrentContent()
@@ -159,7 +162,7 @@ bool MmsLatteClientPrivate::checkNextContent()
 {
     if (_currentUrl.isEmpty() || !_playlist.hasAlternative())
         return false;
-    postMemo(retryDelay, new MmsReconnectNextContentMemo(_latteClient, this));
+    goOnToNext();
     return true;
 }
 
