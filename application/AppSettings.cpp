@@ -1,6 +1,7 @@
 #include "AppSettings.h"
 
 #include "Deployment.h"
+#include "LatteDataSource.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "RunAtStartup.h"
@@ -20,6 +21,8 @@ Logger* AppSettings::log = LoggerManager::logger();
 
 namespace
 {
+
+constexpr int maximumStartDelay = 60000; // ms
 
 AppSettings::ColourConversion colourConversionFromText(QString const& text)
 {
@@ -78,6 +81,8 @@ void AppSettings::loadGlobalSettings()
         _mmsClientGuid = QUuid::createUuid().toString();
         settings.setValue("mmsClientGuid", _mmsClientGuid);
     }
+    _latteStartDelay =
+        std::clamp(settings.value("latte/startDelay", LatteDataSource::openDelay).toInt(), 0, maximumStartDelay);
     settings.endGroup();
     check("Run at Startup", _runAtStartup);
 }

@@ -209,8 +209,8 @@ void LatteDataSource::tryOpen()
 int LatteDataSource::contextFromHeader(QByteArray const& header)
 {
     qint64 const elapsed = currentMilliseconds() - _openTime;
-    if (elapsed < openDelay) {
-        _retryTimer.start(static_cast<int>(openDelay - elapsed));
+    if (elapsed < _attemptDelay) {
+        _retryTimer.start(static_cast<int>(_attemptDelay - elapsed));
         return 1;
     }
     _firstReadDone = false;
@@ -224,6 +224,7 @@ int LatteDataSource::contextFromHeader(QByteArray const& header)
     if (openFormat(header) == 0)
         return 0;
     _openTime = currentMilliseconds();
+    _attemptDelay = openDelay;
     _firstReadDone = false;
     setFormatContext(nullptr);
     return -1;
