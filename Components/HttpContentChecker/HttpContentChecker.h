@@ -89,6 +89,8 @@ public:
 signals:
     /// `failed` when it has not been found out what the address is.
     void finished(HttpContentChecker::CheckResponse response, bool failed);
+    /// The first try got no answer in time; the check goes on.
+    void silent(HttpContentChecker::CheckResponse response);
 
 private slots:
     void responseHeaderReceived(HttpClient* client, HttpResponseHeader const& header);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MmsClient.h"
+#include "MmsFarewells.h"
 #include "ReconnectionPolicy.h"
 #include "TimedHttpClientFactory.h"
 
@@ -69,7 +70,12 @@ public:
     void setClientId(QString const& id) override { _clientId = id; }
     QString clientId() const override { return _clientId; }
 
+    void setReading(bool reading) override;
+
     void setGUID(QString const& guid);
+
+    /// What servers have not been told when the client is deleted goes this way; borrowed, null for none.
+    void setFarewells(MmsFarewells* farewells) { _farewells = farewells; }
 
     /// Says of an ASF stream whether it is wanted (0) or switched off (2).
     void addStreamEntry(int stream, int value) { _selection.insert(stream, value); }
@@ -109,6 +115,8 @@ private:
     void onStreamSelected(HttpMmsRequest const* request);
     void endSession(MmsClientError error);
     void sendLog();
+    MmsFarewells::Words stopWords() const;
+    MmsFarewells::Words reportWords() const;
 
     HttpRequestHeader constructHeader(QUrl const& url, QString const& method = QStringLiteral("GET")) const;
     void addSelection(HttpRequestHeader& header) const;
@@ -147,7 +155,9 @@ private:
     TimerFactory* const _timerFactory;
     DateTimeBuilder* const _dateTimeBuilder;
     int _detours = 0;
-    bool _hasDelivered = false;                  ///< Since the session began anew.
+    bool _hasDelivered = false; ///< Since the session began anew.
+    MmsFarewells* _farewells = nullptr;
+    QList<MmsFarewells::Words> _lastWords;       ///< What the server has not heard yet of stop and report.
     bool _isHeaderWanted = false;                ///< And nothing but the header: getHeader() is waiting.
     QList<HttpMmsRequest*> _requests;            ///< Those of the session. Children.
     QList<HttpMmsRequest*> _sideRequests;        ///< Those whose end changes nothing. Children.

@@ -9,6 +9,7 @@
 #include "NetworkErrors.h"
 #include "ReconnectionPolicy.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -16,6 +17,7 @@ class DateTimeBuilder;
 class HttpClientFactory;
 class Memo;
 class MmsClientFactory;
+class MmsFarewells;
 class MmsLatteClient;
 class NetworkTest;
 class SortedMemoQueue;
@@ -46,6 +48,8 @@ public:
     static constexpr int reconnectLimit = 3;          ///< After so many, another address has its turn.
     static constexpr int statusInterval = 5000;       ///< ms
     static constexpr int bitrateInterval = 1000;      ///< ms
+    static constexpr int changeDelay = 1000;          ///< ms for which data of a new header is withheld.
+    static constexpr qint64 leapOfTime = 4000;        ///< ms between two looks at the bit rate: it was frozen.
 
     /// The name is what the transports present themselves with. The client is the parent.
     MmsLatteClientPrivate(QString const& name, Factories const& factories, MmsLatteClient* client);
@@ -79,8 +83,20 @@ public:
     bool checkNextContent();
     void doCheckNextContent();
 
+    /// The transport delivers while the content check of its address is under way: that need not go on.
+    void endCheck();
+
     /// The address delivers: what it is need not be found out again.
     void updateContent(QString const& url);
+
+    /// The buffer has little room left, or none: the server has to wait. Whether it was not so before.
+    bool hold(bool isFull);
+    /// The other way round, when there is room again. Any thread.
+    void goOnWhenThereIsRoom();
+
+    /// What is buffered belongs to a header that has just been announced: it can be read when the demultiplexer of
+    /// the one before has stopped.
+    void releaseSoon();
 
     void startBitrateTimer();
     void stopBitrateTimer();
@@ -94,6 +110,7 @@ public:
 
 public slots:
     void onContentCheckerFinished(HttpContentChecker::CheckResponse const& response, bool failed);
+    void onContentCheckerSilent(HttpContentChecker::CheckResponse const& response);
     void onCheckStatus(Timer* timer);
     void onCheckBitrate(Timer* timer);
     void onNetworkTested(bool isAvailable);
@@ -101,14 +118,24 @@ public slots:
 private:
     friend class MmsLatteClient;
 
+    /// Whether the transport reads.
+    enum class Intake {
+        Open,
+        Held, ///< It does not: there is little room.
+        Full  ///< Nor did that help.
+    };
+
     void connectTo(bool http, QString const& url, QString const& referrer);
+    void openTransport(bool http, QString const& url, QString const& referrer);
     void attempt(MmsPlaylist::Address const& address);
+    bool isTryingTcp(QString const& url) const;
     void fallBackToTcp(HttpContentChecker::CheckResponse const& response);
     void openPlaylist(HttpContentChecker::CheckResponse const& response);
     void giveUp(QString const& url, NetworkErrors::NetworkError code);
     void postMemo(int ms, Memo* memo);
     void goOnToNext();
     void startStatusTimer();
+    bool catchUp();
     void disposeTimer(Timer*& timer);
 
     static Logger* log;
@@ -125,6 +152,7 @@ private:
     NetworkTest* _networkTest;
     std::unique_ptr<MmsClientFactory> _mmsClientFactories[2]; ///< For TCP and for HTTP.
     bool _hasOwnFactories = true;
+    MmsFarewells* _farewells = nullptr;
     MmsClient* _client = nullptr;               ///< The transport.
     MmsClientFactory* _clientFactory = nullptr; ///< That it came from.
 
@@ -140,6 +168,10 @@ private:
     int _reconnectAttempts = 0; ///< After the server closed the connection.
     int _normalBitrate = 1;     ///< Bits a second, from the header.
     BitrateWatch _bitrateWatch;
+    std::atomic<Intake> _intake{Intake::Open};
+    qint64 _lastLook = 0;   ///< At the bit rate, by the clock.
+    bool _hasLeapt = false; ///< What was sent while we were frozen is coming.
     Timer* _statusTimer = nullptr;
     Timer* _bitrateTimer = nullptr;
+    Timer* _changeTimer = nullptr;
 };

@@ -28,8 +28,18 @@ void MmsLatteClientPrivate::checkContent(QString const& url, QString const& refe
 
 void MmsLatteClientPrivate::connectTo(bool http, QString const& url, QString const& referrer)
 {
+    endCheck();
+    openTransport(http, url, referrer);
+}
+
+void MmsLatteClientPrivate::endCheck()
+{
     _contentChecker->cancel();
     _checking = false;
+}
+
+void MmsLatteClientPrivate::openTransport(bool http, QString const& url, QString const& referrer)
+{
     constructMmsClient(http);
     _currentUrl = url;
     _referrer = referrer;
@@ -52,12 +62,28 @@ void MmsLatteClientPrivate::fallBackToTcp(HttpContentChecker::CheckResponse cons
     connectTo(false, response.url, response.referrer);
 }
 
+bool MmsLatteClientPrivate::isTryingTcp(QString const& url) const
+{
+    return _client && _client->protocol() == MmsClient::MmsTcp && _currentUrl == url &&
+           _client->state() != MmsClient::Unconnected && _client->state() < MmsClient::Closing;
+}
+
+/// A firewall may swallow what is sent to the port of HTTP: from now on both are tried, and the first to bring the
+/// stream is taken.
+void MmsLatteClientPrivate::onContentCheckerSilent(HttpContentChecker::CheckResponse const& response)
+{
+    if (_checking && !_buffer.isPlaying() && response.url.startsWith("mms", Qt::CaseInsensitive))
+        openTransport(false, response.url, response.referrer);
+}
+
 void MmsLatteClientPrivate::onContentCheckerFinished(HttpContentChecker::CheckResponse const& response, bool failed)
 {
     if (!_checking)
         return;
     _checking = false;
     if (failed) {
+        if (isTryingTcp(response.url))
+            return;
         if (auto const address = _playlist.nextOf(response.key))
             attempt(*address);
         else
