@@ -119,6 +119,7 @@ void MmsTcpConnection::handle(MmsTcpRequest const& request)
     case MmsTcpRequest::StopPlaying:
         return leave();
     case MmsTcpRequest::CloseFile:
+        LOG_INFO("%s: closes %s (stop)", qUtf8Printable(peer()), qUtf8Printable(path()));
         leave();
         _broadcast = nullptr;
         _state = std::min(_state, State::Funnel);

@@ -1,22 +1,9 @@
 #include "ReconnectionPolicy.h"
 
 #include "FakeTickCounter.h"
-#include "MersenneTwisterRandomGenerator.h"
+#include "FixedChance.h"
 
 #include <gtest/gtest.h>
-
-namespace
-{
-
-/// Chance that always comes out the same.
-struct FixedChance : RandomGenerator {
-    qint32 qint32rand(int max) override { return static_cast<qint32>(value * max); }
-    qreal qrealrand() override { return value; }
-
-    qreal value = 0.5;
-};
-
-} // namespace
 
 TEST(ReconnectionPolicy, WaitsGrowUntilPlayHasLasted)
 {
