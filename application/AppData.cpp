@@ -16,6 +16,7 @@
 #include "LoggerManager.h"
 #include "MachineIdGenerator.h"
 #include "MmsLatteClientFactory.h"
+#include "MonotonicTickCounter.h"
 #include "PersistentKeychain.h"
 #include "RestfulKeychain.h"
 #include "RtspLatteClientFactory.h"
@@ -74,7 +75,7 @@ void AppData::initialize(QWidget* mainWidget)
     _memoThread = new ThreadedMemoQueue;
     _memoThread->start(QThread::InheritPriority);
     _memoThread->waitUntilReady();
-    _tickCounter = new SystemTickCounter;
+    _tickCounter = new MonotonicTickCounter;
     _randomGenerator = new SystemRandomGenerator(static_cast<int>(std::time(nullptr)));
     _httpClientFactory = new TimedHttpClientFactory(&plainHttpClientFactory, &timerFactory);
     _mmsLatteClientFactory = new MmsLatteClientFactory(settings.mmsClientGuid(), &timerFactory, &tcpSocketFactory,
@@ -108,10 +109,11 @@ void AppData::uninitialize()
     settings.destroyActions();
     destroy(_audioDeviceWatch);
     _audioDevice->closeDevice();
+    // Whoever posts goes before the messaging client, which still sends what they have posted.
+    destroy(_channelManager);
     destroy(_biscotti);
     destroy(_subscriptionEngine);
     destroy(_audioDevice);
-    destroy(_channelManager);
     destroy(_randomGenerator);
     // Before the factory, which they give back clients to whose answers have not come.
     destroy(_restfulKeychain);
@@ -120,10 +122,10 @@ void AppData::uninitialize()
     destroy(_mmsLatteClientFactory);
     destroy(_fileLatteClientFactory);
     destroy(_rtspLatteClientFactory);
-    destroy(_tickCounter);
     _memoThread->exit(0);
     _memoThread->wait();
     destroy(_memoThread);
+    destroy(_tickCounter);
     destroy(_playCursor);
     destroy(_openCursor);
     destroy(_closeCursor);
@@ -135,8 +137,8 @@ void AppData::uninitialize()
 void AppData::createBiscotti()
 {
     _subscriptionEngine = new TrieBiscottiSubscriptionEngine;
-    QString const clientId =
-        BiscottiClientId::create(MachineIdGenerator::machineId(), *_randomGenerator, *_tickCounter);
+    SystemTickCounter systemTime;
+    QString const clientId = BiscottiClientId::create(MachineIdGenerator::machineId(), *_randomGenerator, systemTime);
     _biscotti =
         new CentralisedBiscotti(_tickCounter, _persistentKeychain, _memoThread, &tcpSocketFactory,
                                 settings.biscottiHost(), settings.biscottiPort(), clientId, _subscriptionEngine,

@@ -2,6 +2,7 @@
 
 #include "BoundedNumber.h"
 #include "Deployment.h"
+#include "LatteDataSource.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "RunAtStartup.h"
@@ -25,6 +26,7 @@ namespace
 
 constexpr BoundedNumber proxyTypeNumber = {"proxyType", QNetworkProxy::NoProxy, QNetworkProxy::DefaultProxy,
                                            QNetworkProxy::FtpCachingProxy};
+constexpr BoundedNumber startDelayNumber = {"latte/startDelay", LatteDataSource::openDelay, 0, 60000}; // ms
 constexpr BoundedNumber proxyPortNumber = {"ProxyPort", 0, 0, BoundedNumber::maximumPort};
 
 AppSettings::ColourConversion colourConversionFromText(QString const& text)
@@ -96,6 +98,7 @@ void AppSettings::loadGlobalSettings()
         settings.setValue("mmsClientGuid", _mmsClientGuid);
     }
     settings.endGroup();
+    _latteStartDelay = readNumber(settings, startDelayNumber);
     check("Run at Startup", _runAtStartup);
 }
 

@@ -80,6 +80,9 @@ public:
     /// This installation's identifier towards stream servers, made on the first run.
     QString mmsClientGuid() const { return _mmsClientGuid; }
 
+    /// How long a stream's first data is gathered, in ms.
+    int latteStartDelay() const { return _latteStartDelay; }
+
     /// The messaging server, and the service that has the keys of those who send signed messages.
     QString biscottiHost() const { return _biscottiHost; }
     unsigned short biscottiPort() const { return _biscottiPort; }
@@ -178,6 +181,7 @@ private:
     QString _proxyUser;
     QString _proxyPassword;
     QString _mmsClientGuid;
+    int _latteStartDelay = 0;
     QString _biscottiHost;
     unsigned short _biscottiPort = 0;
     Uri _keychainUrl;

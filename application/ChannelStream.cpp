@@ -137,6 +137,7 @@ std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
     }
     if (!forceFile && !isSegmentedOnTheWeb(uri) && _appData.latte.hasClientFactory(uri.scheme())) {
         auto source = std::make_unique<LatteDataSource>(&_appData.latte, _description, QString());
+        source->setStartDelay(_appData.settings.latteStartDelay());
         // Queued: the source goes.
         connect(source.get(), &LatteDataSource::plainFileFound, this, &ChannelStream::onPlainFileFound,
                 Qt::QueuedConnection);

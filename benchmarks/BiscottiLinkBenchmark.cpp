@@ -6,10 +6,10 @@
 #include "BiscottiServer.h"
 #include "BiscottiSubscriber.h"
 #include "CentralisedBiscotti.h"
+#include "MonotonicTickCounter.h"
 #include "QtTcpSocketFactory.h"
 #include "QtTimerFactory.h"
 #include "SortedMemoQueue.h"
-#include "SystemTickCounter.h"
 #include "TrieBiscottiSubscriptionEngine.h"
 
 #include <QEventLoop>
@@ -157,7 +157,7 @@ public:
 private:
     void run()
     {
-        SystemTickCounter clock;
+        MonotonicTickCounter clock;
         QtTimerFactory timers;
         BiscottiServer server(clock, timers);
         QEventLoop loop;
@@ -191,7 +191,7 @@ public:
 void postAndReceive(benchmark::State& state)
 {
     ServerThread const server;
-    SystemTickCounter clock;
+    MonotonicTickCounter clock;
     QtTimerFactory timers;
     SortedMemoQueue memos(&clock, &timers);
     QtTcpSocketFactory sockets;

@@ -2,8 +2,8 @@
 #include "LocalServicesOptions.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "MonotonicTickCounter.h"
 #include "QtTimerFactory.h"
-#include "SystemTickCounter.h"
 #include "TerminationSignals.h"
 
 #include <QCoreApplication>
@@ -48,10 +48,12 @@ void configureLog(LocalServicesOptions const& options)
         logger->showClass(name);
 }
 
+/// With the token of the control port in it, the file is for its owner alone.
 bool writePorts(QString const& path, QString const& lines)
 {
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(lines.toUtf8()) >= 0 && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.setPermissions(QSaveFile::ReadOwner | QSaveFile::WriteOwner) &&
+           file.write(lines.toUtf8()) >= 0 && file.commit();
 }
 } // namespace
 
@@ -73,7 +75,7 @@ int main(int argc, char** argv)
 
     configureLog(*options);
     allowManyClients();
-    SystemTickCounter tickCounter;
+    MonotonicTickCounter tickCounter;
     QtTimerFactory timerFactory;
     LocalServices services(tickCounter, timerFactory);
     if (!services.start(*options, error))

@@ -37,7 +37,7 @@ CentralisedBiscotti::CentralisedBiscotti(TickCounter* ticker, Keychain* keychain
     _memoQueue->acquire(this);
     _session = std::make_unique<CentralisedBiscottiSession>(
         this, ticker, keychain, memoQueue, engine,
-        std::make_unique<CentralisedBiscottiLink>(ticker, socketFactory, host, port));
+        std::make_unique<CentralisedBiscottiLink>(this, ticker, socketFactory, host, port));
     _session->encoder().setEncoding(encoding);
     _session->decoder().setDecoding(decoding);
     connectDecoder();
@@ -107,7 +107,8 @@ BiscottiPostId CentralisedBiscotti::post(BiscottiPost* post, BiscottiSignatureId
 {
     BiscottiPostId id(nextId());
     post->setPostId(id);
-    _session->post(new CentralisedBiscottiPostMemo(*_session, *post, signatureId));
+    _session->postInbox().add(*post, signatureId);
+    _session->post(new CentralisedBiscottiPostMemo(*_session));
     return id;
 }
 

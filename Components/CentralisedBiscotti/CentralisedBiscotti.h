@@ -56,8 +56,9 @@ public:
                         CentralisedBiscottiMessageEncoding encoding = CentralisedBiscottiMessageEncoding::Der,
                         CentralisedBiscottiMessageDecoding decoding = CentralisedBiscottiMessageDecoding::Ber);
 
-    /// Sends the posts that are left, without waiting for their acknowledgements, and closes the link. Waits for a
-    /// memo that runs. Not to be called from a signal or subscriber that this object calls.
+    /// Sends the posts that are left, the last one included, without waiting for their acknowledgements, and closes
+    /// the link. Whoever posts is gone by then. Waits for a memo that runs. Not to be called from a signal or
+    /// subscriber that this object calls.
     ~CentralisedBiscotti() override;
 
     BiscottiState state() const override;

@@ -10,11 +10,12 @@ Logger* CentralisedBiscottiDoPendingMemo::log = LoggerManager::logger();
 
 void CentralisedBiscottiDoPendingMemo::handle()
 {
+    // First, so that nothing that goes wrong below ends the row.
+    if (_isPeriodic)
+        _session.postSoon(PeriodicPendingMs, new CentralisedBiscottiDoPendingMemo(_session, true));
     if (log->level() <= Logger::Debug)
         logPending();
     doPending();
-    if (_isPeriodic)
-        _session.postSoon(PeriodicPendingMs, new CentralisedBiscottiDoPendingMemo(_session, true));
 }
 
 void CentralisedBiscottiDoPendingMemo::logPending() const
@@ -52,6 +53,9 @@ void CentralisedBiscottiDoPendingMemo::doPending()
     } else if (sinceReceive > link.maxDataWaitMs()) {
         LOG_WARNING("Haven't heard from server for %lldms; disconnecting.", static_cast<long long>(sinceReceive));
         link.disconnectFromHost();
+    } else if (_session.decoder().isInMessage() && now - link.lastMessageMs() > link.maxDataWaitMs()) {
+        // A length that is wrong, and not too large, swallows all the messages behind it.
+        link.leaveOutOfStep();
     } else if (_session.state() == Biscotti::Connected && !current) {
         sendNext();
     }
@@ -65,12 +69,13 @@ void CentralisedBiscottiDoPendingMemo::sendNext()
         return;
     LOG_DEBUG("Sending %s...", qUtf8Printable(op->msgId.toString()));
     QByteArray const bytes = _session.encode(*op);
-    _session.link().noteSend();
-    bool const isSent = _session.link().sendMessage(bytes);
-    // One that cannot be written now never can be: kept, it would cost every link from here on.
-    if (bytes.isEmpty())
+    if (bytes.isEmpty()) {
+        // One that cannot be written now never can be, and is no fault of the link.
         _session.finishCurrentOp(CentralisedBiscotti::EncodeErrorCode, CentralisedBiscotti::EncodeErrorDescription);
-    if (isSent)
+        return;
+    }
+    _session.link().noteSend();
+    if (_session.link().sendMessage(bytes))
         return;
     opQueue.undo();
     _session.link().disconnectFromHost();

@@ -13,9 +13,7 @@ public:
     void handle() override;
 
 private:
-    void createSocket();
     void sendHeartbeat();
-    void connectToHost();
 
     static Logger* log;
 };

@@ -8,6 +8,8 @@
 #include "TcpSocketFactory.h"
 #include "TickCounter.h"
 
+#include <QRandomGenerator>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -21,10 +23,14 @@ constexpr qint64 readSize = 4096;
 
 } // namespace
 
-CentralisedBiscottiLink::CentralisedBiscottiLink(TickCounter* ticker, TcpSocketFactory* socketFactory,
-                                                 QString const& host, unsigned short port)
-    : _ticker(ticker), _socketFactory(socketFactory), _host(host), _port(port), _lastSendMs(ticker->msSinceEpoch()),
-      _lastReceiveMs(_lastSendMs), _maxDataWaitMs(CentralisedBiscotti::DefaultMaxDataWaitMs)
+CentralisedBiscottiLink::CentralisedBiscottiLink(CentralisedBiscotti* client, TickCounter* ticker,
+                                                 TcpSocketFactory* socketFactory, QString const& host,
+                                                 unsigned short port)
+    : _client(client), _ticker(ticker), _socketFactory(socketFactory), _host(host), _port(port),
+      _lastSendMs(ticker->msSinceEpoch()), _lastReceiveMs(_lastSendMs), _lastMessageMs(_lastSendMs),
+      _maxDataWaitMs(CentralisedBiscotti::DefaultMaxDataWaitMs),
+      _random(static_cast<int>(QRandomGenerator::system()->generate())), _policy(*ticker, _random),
+      _notBeforeMs(_lastSendMs)
 {
 }
 
@@ -33,11 +39,16 @@ CentralisedBiscottiLink::~CentralisedBiscottiLink()
     dispose();
 }
 
-TcpSocket* CentralisedBiscottiLink::createSocket()
+void CentralisedBiscottiLink::createSocket()
 {
     _socket = _socketFactory->createTcpSocket(nullptr);
     _socket->setReadBufferSize(maximumUnreadBytes);
-    return _socket;
+    // At once on the socket's thread, which is this one: the slots only post memos.
+    using Client = CentralisedBiscotti;
+    QObject::connect(_socket, &TcpSocket::connected, _client, &Client::onConnected, Qt::DirectConnection);
+    QObject::connect(_socket, &TcpSocket::disconnected, _client, &Client::onDisconnected, Qt::DirectConnection);
+    QObject::connect(_socket, &TcpSocket::error, _client, &Client::onError, Qt::DirectConnection);
+    QObject::connect(_socket, &TcpSocket::readyRead, _client, &Client::onReadyRead, Qt::DirectConnection);
 }
 
 void CentralisedBiscottiLink::dispose()
@@ -47,8 +58,34 @@ void CentralisedBiscottiLink::dispose()
 
 void CentralisedBiscottiLink::connectToHost()
 {
+    if (QAbstractSocket::SocketState const state = _socket->state(); state != QAbstractSocket::UnconnectedState) {
+        LOG_DEBUG("Still negotiating connection to Biscotti server (state is %d)...", static_cast<int>(state));
+        return;
+    }
+    qint64 const now = _ticker->msSinceEpoch();
+    if (now < _notBeforeMs) {
+        LOG_DEBUG("Waiting for %lldms before the next connection to Biscotti server...", _notBeforeMs - now);
+        return;
+    }
+    LOG_DEBUG("Connecting to Biscotti server...");
     noteReceive(); // The server cannot have been heard while there was no link.
     _socket->connectToHost(_host, _port);
+}
+
+void CentralisedBiscottiLink::leaveOutOfStep()
+{
+    LOG_WARNING("Messages from Biscotti server are out of step; disconnecting.");
+    _isOutOfStep = true;
+    disconnectFromHost();
+}
+
+std::optional<int> CentralisedBiscottiLink::end()
+{
+    int const delay = _policy.nextDelay();
+    if (!std::exchange(_isOutOfStep, false))
+        return std::nullopt;
+    _notBeforeMs = _ticker->msSinceEpoch() + delay;
+    return delay;
 }
 
 void CentralisedBiscottiLink::reset()
@@ -112,6 +149,7 @@ CentralisedBiscottiLink::Greeting CentralisedBiscottiLink::judgeGreeting(QByteAr
         return refuse();
     }
     readNotes(*greeting);
+    _policy.succeeded();
     return Greeting::Accepted;
 }
 
@@ -177,4 +215,9 @@ void CentralisedBiscottiLink::noteSend()
 void CentralisedBiscottiLink::noteReceive()
 {
     _lastReceiveMs = _ticker->msSinceEpoch();
+}
+
+void CentralisedBiscottiLink::noteMessage()
+{
+    _lastMessageMs = _ticker->msSinceEpoch();
 }

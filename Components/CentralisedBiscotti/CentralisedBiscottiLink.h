@@ -1,13 +1,17 @@
 #pragma once
 
 #include "CentralisedBiscottiVersion.h"
+#include "MersenneTwisterRandomGenerator.h"
+#include "ReconnectionPolicy.h"
 
 #include <QAbstractSocket>
 #include <QByteArray>
 #include <QString>
 
 #include <atomic>
+#include <optional>
 
+class CentralisedBiscotti;
 class Logger;
 class TcpSocket;
 class TcpSocketFactory;
@@ -24,8 +28,9 @@ public:
     /// What is read from the socket before it stops to take more from the network.
     static constexpr qint64 maximumUnreadBytes = qint64{256} * 1024;
 
-    CentralisedBiscottiLink(TickCounter* ticker, TcpSocketFactory* socketFactory, QString const& host,
-                            unsigned short port);
+    /// All are borrowed. What the socket signals goes to the client's slots.
+    CentralisedBiscottiLink(CentralisedBiscotti* client, TickCounter* ticker, TcpSocketFactory* socketFactory,
+                            QString const& host, unsigned short port);
     CentralisedBiscottiLink(CentralisedBiscottiLink const&) = delete;
     CentralisedBiscottiLink& operator=(CentralisedBiscottiLink const&) = delete;
     ~CentralisedBiscottiLink();
@@ -35,12 +40,20 @@ public:
 
     /// Null before the first createSocket() and after dispose().
     TcpSocket* socket() const { return _socket; }
-    TcpSocket* createSocket();
+    void createSocket();
 
     /// Closes the link and gives the socket back; what was written is still sent as far as the system takes it.
     void dispose();
 
+    /// Begins to connect, unless that is under way or it is too early after messages out of step.
     void connectToHost();
+
+    /// Drops a link over which the server sends what is no message: nothing that it sends can be understood any more.
+    void leaveOutOfStep();
+
+    /// The link is down. In how many ms to make the next one, if it was left out of step; the heartbeat does it
+    /// otherwise.
+    std::optional<int> end();
 
     /// Forgets the other side's greeting and counts all silence from now.
     void reset();
@@ -63,6 +76,10 @@ public:
     void noteSend();
     void noteReceive();
 
+    /// When a message last began or came to its end.
+    qint64 lastMessageMs() const { return _lastMessageMs; }
+    void noteMessage();
+
     // From any thread.
     qint64 maxDataWaitMs() const { return _maxDataWaitMs; }
     void setMaxDataWaitMs(qint64 ms) { _maxDataWaitMs = ms; }
@@ -75,6 +92,7 @@ private:
 
     static Logger* log;
 
+    CentralisedBiscotti* _client;
     TickCounter* _ticker;
     TcpSocketFactory* _socketFactory;
     QString const _host;
@@ -85,5 +103,11 @@ private:
     CentralisedBiscottiVersion _serverMessageVersion;
     qint64 _lastSendMs;
     qint64 _lastReceiveMs;
+    qint64 _lastMessageMs;
     std::atomic<qint64> _maxDataWaitMs;
+
+    MersenneTwisterRandomGenerator _random;
+    ReconnectionPolicy _policy;
+    bool _isOutOfStep = false; ///< It was left for that, and is not down yet.
+    qint64 _notBeforeMs;       ///< When to connect at the earliest.
 };

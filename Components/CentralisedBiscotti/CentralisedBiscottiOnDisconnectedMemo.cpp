@@ -1,6 +1,7 @@
 #include "CentralisedBiscottiOnDisconnectedMemo.h"
 
 #include "BiscottiSubscriptionEngine.h"
+#include "CentralisedBiscottiConnectMemo.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "TickCounter.h"
@@ -20,6 +21,8 @@ void CentralisedBiscottiOnDisconnectedMemo::handle()
     _session.opQueue().dropAllOldPosts(CentralisedBiscottiSession::PostTtlMSecs, _session.ticker().msSinceEpoch());
     replaySubscriptions();
     _session.setState(Biscotti::Disconnected);
+    if (auto const delay = _session.link().end())
+        _session.postSoon(*delay, new CentralisedBiscottiConnectMemo(_session));
 }
 
 void CentralisedBiscottiOnDisconnectedMemo::replaySubscriptions()

@@ -47,6 +47,22 @@ void CentralisedBiscottiOnReadyReadMemo::readMessages()
             _session.link().disconnectFromHost();
             return;
         }
-        _session.decoder().appendBytes(bytes);
+        if (!decode(bytes))
+            return;
     }
+}
+
+/// False if the server is out of step, and left.
+bool CentralisedBiscottiOnReadyReadMemo::decode(QByteArray const& bytes)
+{
+    CentralisedBiscottiMessageDecoder& decoder = _session.decoder();
+    int const arrivals = _session.arrivals();
+    if (!decoder.isInMessage())
+        _session.link().noteMessage();
+    decoder.appendBytes(bytes);
+    if (_session.arrivals() != arrivals)
+        _session.link().noteMessage();
+    if (decoder.isOutOfStep())
+        _session.link().leaveOutOfStep();
+    return !decoder.isOutOfStep();
 }

@@ -15,6 +15,7 @@ public:
 private:
     bool readGreeting();
     void readMessages();
+    bool decode(QByteArray const& bytes);
 
     static Logger* log;
 };

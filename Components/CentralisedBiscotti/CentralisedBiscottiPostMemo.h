@@ -1,26 +1,12 @@
 #pragma once
 
-#include "BiscottiPost.h"
-#include "BiscottiSignatureId.h"
 #include "CentralisedBiscottiMemo.h"
 
-class Logger;
-
-/// Queues a post for the server.
+/// Queues the post that came first for the server; there is one for each post.
 class CentralisedBiscottiPostMemo : public CentralisedBiscottiMemo
 {
 public:
-    CentralisedBiscottiPostMemo(CentralisedBiscottiSession& session, BiscottiPost const& post,
-                                BiscottiSignatureId const& signatureId)
-        : CentralisedBiscottiMemo(session), _post(post), _signatureId(signatureId)
-    {
-    }
+    using CentralisedBiscottiMemo::CentralisedBiscottiMemo;
 
     void handle() override;
-
-private:
-    static Logger* log;
-
-    BiscottiPost const _post;
-    BiscottiSignatureId const _signatureId;
 };

@@ -66,6 +66,18 @@ CentralisedBiscottiSession::createOp(std::unique_ptr<BiscottiMessage> message, B
                                                           std::move(message), signatureId);
 }
 
+bool CentralisedBiscottiSession::queueNextPost()
+{
+    auto const item = _postInbox.take();
+    if (!item)
+        return false;
+    auto op = createOp(std::make_unique<BiscottiPost>(item->post), item->signatureId);
+    op->postedAtMs = static_cast<quint64>(_ticker->msSinceEpoch());
+    LOG_DEBUG("Posting %s: %s...", qUtf8Printable(op->msgId.toString()), qUtf8Printable(op->toString()));
+    _opQueue.append(std::move(op));
+    return true;
+}
+
 void CentralisedBiscottiSession::addUnsubscribeOp(BiscottiSubscriptionId const& id)
 {
     if (!engine().contains(id))
@@ -140,6 +152,8 @@ void CentralisedBiscottiSession::tellError(CentralisedBiscottiPendingOp const& o
 void CentralisedBiscottiSession::flushPosts()
 {
     LOG_DEBUG("Flushing posts.");
+    while (queueNextPost()) {
+    }
     _opQueue.complete();
     while (auto const* const op = _opQueue.next()) {
         LOG_DEBUG("Found pending op...");
@@ -158,7 +172,8 @@ void CentralisedBiscottiSession::flush(CentralisedBiscottiPendingOp const& op)
         return;
     }
     LOG_DEBUG("    Sending %s...", id.constData());
-    _link->sendMessage(encode(op));
+    if (QByteArray const bytes = encode(op); !bytes.isEmpty())
+        _link->sendMessage(bytes);
 }
 
 void CentralisedBiscottiSession::fireSubscribed(BiscottiSubscription const& subscription)

@@ -5,6 +5,7 @@
 #include "CentralisedBiscottiMessageDecoder.h"
 #include "CentralisedBiscottiMessageEncoder.h"
 #include "CentralisedBiscottiOpQueue.h"
+#include "CentralisedBiscottiPostInbox.h"
 #include "CentralisedBiscottiSubscribers.h"
 
 #include <atomic>
@@ -36,6 +37,7 @@ public:
     CentralisedBiscottiLink& link() { return *_link; }
     CentralisedBiscottiMessageEncoder& encoder() { return *_encoder; }
     CentralisedBiscottiMessageDecoder& decoder() { return *_decoder; }
+    CentralisedBiscottiPostInbox& postInbox() { return _postInbox; }
     CentralisedBiscottiOpQueue& opQueue() { return _opQueue; }
     CentralisedBiscottiSubscribers& subscribers() { return _subscribers; }
     BiscottiSubscriptionEngine& engine() { return _subscribers.engine(); }
@@ -59,6 +61,9 @@ public:
     std::unique_ptr<CentralisedBiscottiPendingOp> createOp(std::unique_ptr<BiscottiMessage> message,
                                                            BiscottiSignatureId const& signatureId);
 
+    /// Queues the post that came first in the inbox. False if there is none.
+    bool queueNextPost();
+
     /// Queues the end of a subscription; does nothing if it is not known.
     void addUnsubscribeOp(BiscottiSubscriptionId const& id);
 
@@ -68,7 +73,7 @@ public:
     /// The current operation is answered: tells its outcome, forgets what follows from that, and lets the next go.
     void finishCurrentOp(int code, QString const& text);
 
-    /// Sends the posts that are left, without waiting for acknowledgements, and empties the queue.
+    /// Sends the posts that are left, in the inbox too, without waiting for acknowledgements, and empties the queue.
     void flushPosts();
 
     void fireSubscribed(BiscottiSubscription const& subscription);
@@ -95,6 +100,7 @@ private:
     std::unique_ptr<CentralisedBiscottiMessageEncoder, DeleteLater> _encoder;
     std::unique_ptr<CentralisedBiscottiMessageDecoder, DeleteLater> _decoder;
     std::unique_ptr<CentralisedBiscottiLink> _link;
+    CentralisedBiscottiPostInbox _postInbox;
     CentralisedBiscottiOpQueue _opQueue;
     CentralisedBiscottiSubscribers _subscribers;
     std::atomic<int> _arrivals = 0;

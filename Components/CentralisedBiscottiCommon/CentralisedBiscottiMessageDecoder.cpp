@@ -4,7 +4,6 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
-#include <algorithm>
 #include <array>
 #include <stdexcept>
 #include <utility>
@@ -40,111 +39,100 @@ void CentralisedBiscottiMessageDecoder::setDecoding(CentralisedBiscottiMessageDe
 
 void CentralisedBiscottiMessageDecoder::reset()
 {
+    _isOutOfStep = false;
+    _cutter.reset();
     _buffer.clear();
     _envelope.reset();
     _rawBytes.clear();
-    _berGuard.reset();
-    _guarded = 0;
-    _isStuck = false;
 }
 
 void CentralisedBiscottiMessageDecoder::appendBytes(QByteArray const& bytes)
 {
     if (bytes.isEmpty())
         return;
-    if (_isStuck) {
-        LOG_WARNING("Could not interpret message.");
-        emit errorDecoding();
-        return;
+    if (_isOutOfStep)
+        return fail(true);
+    if (_decoding == CentralisedBiscottiMessageDecoding::Ber) {
+        _cutter.add(bytes);
+        decodeBer();
+    } else {
+        _buffer.append(bytes);
+        decodeXer();
     }
-    _buffer.append(bytes);
-    decodeBuffer();
 }
 
-void CentralisedBiscottiMessageDecoder::decodeBuffer()
+void CentralisedBiscottiMessageDecoder::decodeBer()
 {
-    while (hasMore()) {
-        Outcome const outcome = decodeMessage();
-        if (outcome == Partial) {
+    // A slot may bring more bytes, or begin a new stream: nothing of a message is kept over its signal.
+    while (std::optional<QByteArray> const message = _cutter.next()) {
+        AsnEnvelope const envelope = readBer(*message);
+        if (!envelope || !meetsConstraints(envelope))
+            // A peer that goes on sending what cannot be understood must not fill the memory.
+            return fail(_cutter.bytesHeld() > centralisedBiscottiMaximumMessageBytes);
+        handleEnvelope(*envelope, *message);
+    }
+    if (_cutter.isOutOfStep()) {
+        LOG_WARNING("Could not interpret message.");
+        fail(true);
+    } else if (_cutter.bytesHeld() > 0) {
+        LOG_DEBUG("Read partial message. Waiting for more data.");
+    }
+}
+
+/// The message; null, with a log line, if it is none of the schema.
+AsnEnvelope CentralisedBiscottiMessageDecoder::readBer(QByteArray const& message) const
+{
+    LOG_DEBUG("Decoding BER...");
+    asn_codec_ctx_t context = unmeasuredContext();
+    void* structure = nullptr;
+    asn_dec_rval_t const result = ber_decode(&context, &asn_DEF_BiscEnvelope, &structure, message.constData(),
+                                             static_cast<size_t>(message.size()));
+    AsnEnvelope envelope(static_cast<BiscEnvelope*>(structure));
+    if (result.code == RC_OK)
+        return envelope;
+    LOG_WARNING("Could not interpret message.");
+    return {};
+}
+
+void CentralisedBiscottiMessageDecoder::decodeXer()
+{
+    while (true) {
+        // Between messages there may be line ends, which belong to none.
+        if (!_envelope && _rawBytes.isEmpty())
+            _buffer.remove(0, static_cast<qsizetype>(
+                                  xer_whitespace_span(_buffer.constData(), static_cast<size_t>(_buffer.size()))));
+        if (_buffer.isEmpty())
+            return;
+        LOG_DEBUG("Decoding XER...");
+        asn_codec_ctx_t context = unmeasuredContext();
+        void* structure = _envelope.release();
+        asn_dec_rval_t const result = xer_decode(&context, &asn_DEF_BiscEnvelope, &structure, _buffer.constData(),
+                                                 static_cast<size_t>(_buffer.size()));
+        _envelope.reset(static_cast<BiscEnvelope*>(structure));
+        _rawBytes.append(_buffer.constData(), static_cast<qsizetype>(result.consumed));
+        _buffer.remove(0, static_cast<qsizetype>(result.consumed));
+        if (result.code == RC_WMORE && !isTooMuchXer()) {
             LOG_DEBUG("Read partial message. Waiting for more data.");
             return;
         }
         // A slot may bring more bytes, so that nothing of this message may be left in the members.
         AsnEnvelope const envelope = std::move(_envelope);
         QByteArray const rawBytes = std::exchange(_rawBytes, {});
-        _berGuard.reset();
-        _guarded = 0;
-        if (outcome == Failed || !meetsConstraints(envelope)) {
-            handleFailure();
-            _isStuck = outcome == Failed && rawBytes.isEmpty();
-            emit errorDecoding();
-            return;
+        if (result.code != RC_OK) {
+            LOG_WARNING("Could not interpret message.");
+            return fail(true);
         }
+        if (!meetsConstraints(envelope))
+            return fail(_buffer.size() > centralisedBiscottiMaximumMessageBytes);
         handleEnvelope(*envelope, rawBytes);
     }
 }
 
-/// Whether there are bytes of a message. Between messages in XER there may be line ends, which belong to none.
-bool CentralisedBiscottiMessageDecoder::hasMore()
-{
-    if (_decoding == CentralisedBiscottiMessageDecoding::Xer && !_envelope && _rawBytes.isEmpty())
-        _buffer.remove(
-            0, static_cast<qsizetype>(xer_whitespace_span(_buffer.constData(), static_cast<size_t>(_buffer.size()))));
-    return !_buffer.isEmpty();
-}
-
-/// Carries the message under way on with the bytes at the front of the buffer, and takes those that it needs.
-CentralisedBiscottiMessageDecoder::Outcome CentralisedBiscottiMessageDecoder::decodeMessage()
-{
-    asn_dec_rval_t const result = _decoding == CentralisedBiscottiMessageDecoding::Ber ? decodeBer() : decodeXer();
-    qsizetype const consumed = static_cast<qsizetype>(result.consumed);
-    _rawBytes.append(_buffer.constData(), consumed);
-    _buffer.remove(0, consumed);
-    _guarded = std::max<qsizetype>(0, _guarded - consumed);
-
-    if (result.code == RC_OK)
-        return Decoded;
-    if (result.code == RC_WMORE && !isTooMuch())
-        return Partial;
-    LOG_WARNING("Could not interpret message.");
-    return Failed;
-}
-
-asn_dec_rval_t CentralisedBiscottiMessageDecoder::decodeBer()
-{
-    LOG_DEBUG("Decoding BER...");
-    _guarded += _berGuard.follow(QByteArrayView(_buffer).sliced(_guarded));
-    if (_berGuard.isBroken())
-        return {RC_FAIL, static_cast<size_t>(_guarded)};
-
-    asn_codec_ctx_t context = unmeasuredContext();
-    void* structure = _envelope.release();
-    asn_dec_rval_t result =
-        ber_decode(&context, &asn_DEF_BiscEnvelope, &structure, _buffer.constData(), static_cast<size_t>(_guarded));
-    _envelope.reset(static_cast<BiscEnvelope*>(structure));
-    // Where the value is complete and the decoder has not found that, it never will.
-    if (result.code == RC_WMORE && _berGuard.isComplete())
-        result.code = RC_FAIL;
-    return result;
-}
-
-asn_dec_rval_t CentralisedBiscottiMessageDecoder::decodeXer()
-{
-    LOG_DEBUG("Decoding XER...");
-    asn_codec_ctx_t context = unmeasuredContext();
-    void* structure = _envelope.release();
-    asn_dec_rval_t const result = xer_decode(&context, &asn_DEF_BiscEnvelope, &structure, _buffer.constData(),
-                                             static_cast<size_t>(_buffer.size()));
-    _envelope.reset(static_cast<BiscEnvelope*>(structure));
-    return result;
-}
-
 /// Whether a message that still wants more bytes is beyond its limits.
-bool CentralisedBiscottiMessageDecoder::isTooMuch() const
+bool CentralisedBiscottiMessageDecoder::isTooMuchXer() const
 {
-    bool const isXer = _decoding == CentralisedBiscottiMessageDecoding::Xer;
     return _rawBytes.size() + _buffer.size() > centralisedBiscottiMaximumMessageBytes ||
-           (isXer && _buffer.size() > maximumXerTokenBytes);
+           _buffer.size() > maximumXerTokenBytes;
 }
 
 bool CentralisedBiscottiMessageDecoder::meetsConstraints(AsnEnvelope const& envelope) const
@@ -157,14 +145,13 @@ bool CentralisedBiscottiMessageDecoder::meetsConstraints(AsnEnvelope const& enve
     return false;
 }
 
-/// A peer that goes on sending what cannot be understood must not fill the memory.
-void CentralisedBiscottiMessageDecoder::handleFailure()
+void CentralisedBiscottiMessageDecoder::fail(bool losesStep)
 {
-    if (_buffer.size() <= centralisedBiscottiMaximumMessageBytes)
-        return;
-    LOG_WARNING("Dropping %lld bytes behind a message that could not be interpreted.",
-                static_cast<long long>(_buffer.size()));
-    _buffer.clear();
+    if (losesStep) {
+        reset();
+        _isOutOfStep = true;
+    }
+    emit errorDecoding();
 }
 
 void CentralisedBiscottiMessageDecoder::handleEnvelope(BiscEnvelope const& envelope, QByteArray const& rawBytes)

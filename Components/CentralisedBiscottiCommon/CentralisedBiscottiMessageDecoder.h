@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AsnEnvelope.h"
-#include "BerStructureGuard.h"
+#include "BiscottiMessageCutter.h"
 #include "BiscottiPost.h"
 #include "BiscottiSignatureId.h"
 #include "BiscottiSubscription.h"
@@ -20,9 +20,9 @@ class Logger;
 /// Reads the messages of the central server: a stream of BiscEnvelopes of the schema
 /// (Components/AsnCommon/BiscottiMessages.asn1), one after the other and split anywhere.
 ///
-/// A message is at most centralisedBiscottiMaximumMessageBytes long and, in BER, nested at most
-/// BerStructureGuard::maximumNesting deep; one that declares more is refused before it has come. What is held never
-/// exceeds a small multiple of what has come. Signed messages are dropped.
+/// BER is cut into messages by BiscottiMessageCutter, and each is read when it is whole. A message is at most
+/// centralisedBiscottiMaximumMessageBytes long; one that declares more is refused before it has come. What is held
+/// never exceeds a small multiple of what has come. Signed messages are dropped.
 ///
 /// Lives on the thread that uses it. Slots may call reset() and appendBytes(), but not delete the decoder.
 class CentralisedBiscottiMessageDecoder : public QObject
@@ -42,6 +42,12 @@ public:
     /// Takes the next bytes of the stream; the signals are emitted from within.
     void appendBytes(QByteArray const& bytes);
 
+    /// Whether nothing says where the next message begins: the stream brings no more messages until reset().
+    bool isOutOfStep() const { return _isOutOfStep; }
+
+    /// Whether part of a message has come.
+    bool isInMessage() const { return _cutter.bytesHeld() > 0 || !_rawBytes.isEmpty() || !_buffer.isEmpty(); }
+
     /// Forgets the bytes that are left and a message under way, before a new stream.
     void reset();
 
@@ -59,20 +65,16 @@ signals:
                        bool verified, QByteArray rawBytes);
 
     /// The bytes are no message, or one that breaks a constraint. Decoding stops until more bytes come, and then goes
-    /// on with those behind the ones that were understood; only reset() brings a stream back that is out of step.
+    /// on behind that message. A stream that is out of step has this for all the bytes that still come.
     void errorDecoding();
 
 private:
-    enum Outcome { Decoded, Partial, Failed };
-
-    void decodeBuffer();
-    bool hasMore();
-    Outcome decodeMessage();
-    asn_dec_rval_t decodeBer();
-    asn_dec_rval_t decodeXer();
-    bool isTooMuch() const;
+    void decodeBer();
+    void decodeXer();
+    AsnEnvelope readBer(QByteArray const& message) const;
+    bool isTooMuchXer() const;
     bool meetsConstraints(AsnEnvelope const& envelope) const;
-    void handleFailure();
+    void fail(bool losesStep);
     void handleEnvelope(BiscEnvelope const& envelope, QByteArray const& rawBytes);
     void parseMsg(BiscBaseMsg const& base, BiscottiSignatureId const& signatureId, bool verified,
                   QByteArray const& rawBytes);
@@ -81,10 +83,10 @@ private:
 
     [[maybe_unused]] Keychain* _keychain;
     CentralisedBiscottiMessageDecoding _decoding = CentralisedBiscottiMessageDecoding::Ber;
-    QByteArray _buffer;    ///< Received and not yet understood.
-    AsnEnvelope _envelope; ///< The message under way.
+    bool _isOutOfStep = false;
+    BiscottiMessageCutter _cutter; ///< Of BER.
+
+    QByteArray _buffer;    ///< XER that was received and not yet understood.
+    AsnEnvelope _envelope; ///< The message in XER under way.
     QByteArray _rawBytes;  ///< Its bytes that were understood.
-    BerStructureGuard _berGuard;
-    qsizetype _guarded = 0; ///< Bytes at the front of the buffer that the guard has passed.
-    bool _isStuck = false;  ///< No bytes to come can make sense of those at the front of the buffer.
 };

@@ -246,7 +246,10 @@ void HttpContentChecker::timeout(Timer* timer)
         return;
     LOG_INFO("The check of %s got no answer in %d ms.", qPrintable(check->url), check->timeout);
     release(*check);
+    CheckResponse const response = *check;
     retryOrFinish(check, check->statusClass == 2 ? maximumAnsweredTries : maximumSilentTries);
+    if (response.tryCount == 1 && response.statusClass == 0)
+        emit silent(response);
 }
 
 void HttpContentChecker::retryOrFinish(Checks::iterator check, int maximum)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HttpClient.h"
+#include "ReconnectionPolicy.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -43,7 +44,7 @@ public:
     /// Of a server that says nothing at all there are other ways to try.
     static constexpr int maximumSilentTries = 3;
 
-    static constexpr int maximumRedirections = 10;
+    static constexpr int maximumRedirections = ReconnectionPolicy::maximumRedirections;
 
     /// A check and what came of it.
     struct CheckResponse {
@@ -88,6 +89,8 @@ public:
 signals:
     /// `failed` when it has not been found out what the address is.
     void finished(HttpContentChecker::CheckResponse response, bool failed);
+    /// The first try got no answer in time; the check goes on.
+    void silent(HttpContentChecker::CheckResponse response);
 
 private slots:
     void responseHeaderReceived(HttpClient* client, HttpResponseHeader const& header);

@@ -47,6 +47,8 @@ HttpMmsClient::HttpMmsClient(QString const& guid, HttpClientFactory* httpClientF
 HttpMmsClient::~HttpMmsClient()
 {
     _memoQueue->release(this);
+    if (_farewells && !_lastWords.isEmpty())
+        _farewells->say(_url, _lastWords);
     dropRequests();
     for (HttpMmsRequest* const request : std::exchange(_sideRequests, {}))
         request->abandon();
@@ -109,6 +111,8 @@ void HttpMmsClient::begin(QUrl const& url, unsigned int delay)
         _header.clear();
     }
     _url = url;
+    _lastWords.clear();
+    _hasDelivered = false;
     reset();
     _memoQueue->handleSoon(delay, new HttpMmsDescribeMemo(this));
 }
@@ -158,6 +162,12 @@ void HttpMmsClient::dropRequests()
         request->abandon();
 }
 
+void HttpMmsClient::setReading(bool reading)
+{
+    if (_streamingRequest)
+        _streamingRequest->setReading(reading);
+}
+
 void HttpMmsClient::selectStream()
 {
     _memoQueue->handleNow(new HttpMmsSelectStreamMemo(this));
@@ -184,12 +194,14 @@ void HttpMmsClient::onHeaderReceived(QByteArray const& header)
     context.reset();
     _receivedHeader = header;
     _header = header;
-    AsfStreamFilter(header).useBandwidthLimit(bandwidthLimit, _selection, _header);
+    AsfStreamFilter filter(header);
+    filter.useBandwidthLimit(bandwidthLimit, _selection, _header);
     if (_header.isEmpty()) {
         LOG_WARNING("The header cannot be rewritten. All streams are taken as they are.");
         _selection.clear();
         _header = header;
     }
+    _streamBitrate = filter.bitrateOf(_selection, static_cast<int>(_streamBitrate));
     emit onHeader(_header);
 }
 
@@ -198,7 +210,8 @@ void HttpMmsClient::onDataReceived(QByteArray const& packet)
     if (auto* const request = qobject_cast<HttpMmsRequest*>(sender()))
         _streamingRequest = request;
     _totalBytesReceived += packet.size();
-    _detours = 0;
+    if (!std::exchange(_hasDelivered, true))
+        _memoQueue->handleSoon(ReconnectionPolicy::lastingPlay, new HttpMmsLastingMemo(this));
     emit onData(packet);
 }
 
@@ -216,6 +229,8 @@ void HttpMmsClient::onDone(MmsClient::MmsClientError error)
     LOG_INFO("onDone(). Error %s", QMetaEnum::fromType<MmsClientError>().valueToKey(error));
     auto* const request = qobject_cast<HttpMmsRequest*>(sender());
     bool const isAside = _sideRequests.removeOne(request);
+    if (isAside && _lastWords.size() == 1)
+        _lastWords.clear(); // It was the report.
     bool const wasStreaming = request && request == _streamingRequest;
     if (wasStreaming)
         _streamingRequest = nullptr;
@@ -268,6 +283,7 @@ void HttpMmsClient::onNoError(HttpMmsRequest* request)
         onStreamSelected(request);
         break;
     case Stopping:
+        _lastWords.removeFirst();
         sendLog();
         endSession(NoError);
         break;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "MmsClient.h"
+#include "MmsFarewells.h"
+#include "ReconnectionPolicy.h"
 #include "TimedHttpClientFactory.h"
 
 #include <QByteArray>
@@ -30,8 +32,8 @@ public:
     enum HttpMmsClientState { None = 0, Describing = 1, Playing = 2, SelectingStream = 3, Stopping = 4 };
     Q_ENUM(HttpMmsClientState)
 
-    /// So many redirections and empty answers in a row, without a packet of the stream, are followed.
-    static constexpr int maximumDetours = 10;
+    /// So many redirections, empty answers and new beginnings are followed before the stream has lasted a while.
+    static constexpr int maximumDetours = ReconnectionPolicy::maximumRedirections;
 
     /// A server that has nothing to send right now is asked again after this time, in ms.
     static constexpr unsigned int noContentDelay = 1000;
@@ -68,7 +70,12 @@ public:
     void setClientId(QString const& id) override { _clientId = id; }
     QString clientId() const override { return _clientId; }
 
+    void setReading(bool reading) override;
+
     void setGUID(QString const& guid);
+
+    /// What servers have not been told when the client is deleted goes this way; borrowed, null for none.
+    void setFarewells(MmsFarewells* farewells) { _farewells = farewells; }
 
     /// Says of an ASF stream whether it is wanted (0) or switched off (2).
     void addStreamEntry(int stream, int value) { _selection.insert(stream, value); }
@@ -86,6 +93,9 @@ public:
     void mmsLog();
     void tryPipeline();
     void mmsGetContentInfo() {}
+
+    /// The stream has come for a while: detours are counted anew.
+    void streamHasLasted() { _detours = 0; }
 
     /// Forgets what the session knew of the server.
     void reset();
@@ -105,6 +115,8 @@ private:
     void onStreamSelected(HttpMmsRequest const* request);
     void endSession(MmsClientError error);
     void sendLog();
+    MmsFarewells::Words stopWords() const;
+    MmsFarewells::Words reportWords() const;
 
     HttpRequestHeader constructHeader(QUrl const& url, QString const& method = QStringLiteral("GET")) const;
     void addSelection(HttpRequestHeader& header) const;
@@ -143,6 +155,9 @@ private:
     TimerFactory* const _timerFactory;
     DateTimeBuilder* const _dateTimeBuilder;
     int _detours = 0;
+    bool _hasDelivered = false; ///< Since the session began anew.
+    MmsFarewells* _farewells = nullptr;
+    QList<MmsFarewells::Words> _lastWords;       ///< What the server has not heard yet of stop and report.
     bool _isHeaderWanted = false;                ///< And nothing but the header: getHeader() is waiting.
     QList<HttpMmsRequest*> _requests;            ///< Those of the session. Children.
     QList<HttpMmsRequest*> _sideRequests;        ///< Those whose end changes nothing. Children.

@@ -12,7 +12,10 @@ HttpMmsClientFactory::HttpMmsClientFactory(QString const& guid, HttpClientFactor
 
 MmsClient* HttpMmsClientFactory::createMmsClient(QObject* parent)
 {
-    return new HttpMmsClient(_guid, _httpClientFactory, _timerFactory, _dateTimeBuilder, _memoQueue, parent);
+    auto* const client =
+        new HttpMmsClient(_guid, _httpClientFactory, _timerFactory, _dateTimeBuilder, _memoQueue, parent);
+    client->setFarewells(_farewells);
+    return client;
 }
 
 void HttpMmsClientFactory::disposeMmsClient(MmsClient* client)

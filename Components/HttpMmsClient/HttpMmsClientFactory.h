@@ -7,6 +7,7 @@
 class DateTimeBuilder;
 class HttpClientFactory;
 class MemoQueue;
+class MmsFarewells;
 class TimerFactory;
 
 /// Makes HttpMmsClients. What it is given is borrowed, and handed on to them.
@@ -15,6 +16,9 @@ class HttpMmsClientFactory : public MmsClientFactory
 public:
     HttpMmsClientFactory(QString const& guid, HttpClientFactory* httpClientFactory, TimerFactory* timerFactory,
                          DateTimeBuilder* dateTimeBuilder, MemoQueue* memoQueue);
+
+    /// Gives this to the clients; borrowed, null for none.
+    void setFarewells(MmsFarewells* farewells) { _farewells = farewells; }
 
     MmsClient* createMmsClient(QObject* parent) override;
     void disposeMmsClient(MmsClient* client) override;
@@ -25,4 +29,5 @@ private:
     TimerFactory* const _timerFactory;
     DateTimeBuilder* const _dateTimeBuilder;
     MemoQueue* const _memoQueue;
+    MmsFarewells* _farewells = nullptr;
 };

@@ -161,12 +161,18 @@ void HttpMmsClient::mmsStop()
     if (!isInState(_httpMmsState == Playing, "mmsStop"))
         return;
     dropRequests(); // Nothing of the stream is wanted any more.
+    _lastWords = {stopWords(), reportWords()};
+    LOG_INFO("mmsStop(%s)", qPrintable(_url.toString()));
+    _httpMmsState = Stopping;
+    send(_lastWords.constFirst().header, false);
+}
+
+MmsFarewells::Words HttpMmsClient::stopWords() const
+{
     HttpRequestHeader header = constructHeader(_url, "POST");
     header.addValue("Pragma", HttpMmsTexts::pragmaStop);
     header.setContentLength(0);
-    LOG_INFO("mmsStop(%s)", qPrintable(_url.toString()));
-    _httpMmsState = Stopping;
-    send(header, false);
+    return {header, {}};
 }
 
 void HttpMmsClient::mmsKeepAlive()
@@ -199,6 +205,13 @@ void HttpMmsClient::tryPipeline()
 
 void HttpMmsClient::sendLog()
 {
+    LOG_INFO("sendLog(%s)", qPrintable(_url.toString()));
+    MmsFarewells::Words const words = reportWords();
+    sendAside(words.header, words.body);
+}
+
+MmsFarewells::Words HttpMmsClient::reportWords() const
+{
     HttpRequestHeader header("POST", pathOf(_url), 1, 1);
     header.addValue("Host", hostOf(_url));
     header.addValue("Accept", "*/*");
@@ -210,6 +223,5 @@ void HttpMmsClient::sendLog()
     HttpMmsReport const report{_url.toString(), _referrer, _guid.toString(), _dateTimeBuilder->currentDateTime()};
     QByteArray const body = report.body();
     header.setContentLength(body.size());
-    LOG_INFO("sendLog(%s)", qPrintable(_url.toString()));
-    sendAside(header, body);
+    return {header, body};
 }

@@ -40,6 +40,14 @@ public:
     void handle() override { client()->mmsSelectStream(); }
 };
 
+/// Comes when the stream has lasted a while.
+class HttpMmsLastingMemo : public HttpMmsMemo
+{
+public:
+    using HttpMmsMemo::HttpMmsMemo;
+    void handle() override { client()->streamHasLasted(); }
+};
+
 /// Marks the place of a report in the queue; reports are sent at once.
 class HttpMmsLoggingMemo : public HttpMmsMemo
 {

@@ -9,6 +9,7 @@
 #include "TimedHttpClient.h"
 
 #include <QHash>
+#include <QThread>
 
 #include <algorithm>
 #include <utility>
@@ -122,27 +123,50 @@ void HttpMmsRequest::responseHeaderReceived(HttpClient*, HttpResponseHeader cons
         _requestTimeout = pragmas.timeout;
 }
 
-void HttpMmsRequest::readyRead(HttpClient* client, HttpResponseHeader const&)
+void HttpMmsRequest::setReading(bool reading)
 {
-    process(client->readAll());
+    if (std::exchange(_isReading, reading) == reading || !reading)
+        return;
+    // Not from within: the reader asks for it.
+    QMetaObject::invokeMethod(this, &HttpMmsRequest::take, Qt::QueuedConnection);
+}
+
+void HttpMmsRequest::readyRead(HttpClient*, HttpResponseHeader const&)
+{
+    take();
+}
+
+/// Handles what has come, unless nothing is to be read now.
+void HttpMmsRequest::take()
+{
+    QByteArray slice(sliceBytes, Qt::Uninitialized);
+    while (_client && _isReading && !QThread::currentThread()->isInterruptionRequested()) {
+        qint64 const size = _client->read(slice.data(), slice.size());
+        if (size <= 0) {
+            if (_isOver)
+                conclude();
+            return;
+        }
+        process(QByteArray(slice.constData(), size));
+    }
 }
 
 void HttpMmsRequest::process(QByteArray const& bytes)
 {
-    if (bytes.isEmpty() || _responseHeader.statusCode() / 100 != 2)
+    if (_responseHeader.statusCode() / 100 != 2)
         return; // The page of an error holds no chunks.
-    _pendingBytes += bytes.size();
+    _uselessBytes += bytes.size();
     _processor->processData(bytes);
-    if (_pendingBytes <= maximumPendingBytes)
+    if (_uselessBytes - _processor->incompleteHeaderBytes() <= maximumUselessBytes)
         return;
-    LOG_ERROR("%lld bytes of \"%s\" made no packet.", static_cast<long long>(_pendingBytes),
+    LOG_ERROR("%lld bytes of \"%s\" made no packet.", static_cast<long long>(_uselessBytes),
               qPrintable(_url.toString()));
     abortClient();
 }
 
 void HttpMmsRequest::onHeaderChunk(QByteArray const& header)
 {
-    _pendingBytes = 0;
+    _uselessBytes = 0;
     FormatContextPointer const context(
         FFwrapper::contextFromHeader(header.constData(), static_cast<int>(header.size())));
     if (!context) {
@@ -158,14 +182,13 @@ void HttpMmsRequest::onHeaderChunk(QByteArray const& header)
 
 void HttpMmsRequest::onDataChunk(QByteArray const& packet)
 {
-    _pendingBytes = 0;
+    _uselessBytes = 0;
     emit dataReceived(packet);
 }
 
 void HttpMmsRequest::onEndOfDataChunk(int reason)
 {
     LOG_INFO("onEndOfData() reason %d", reason);
-    _pendingBytes = 0;
     _endOfStreamReason = reason;
     if (reason != endOfEntry) {
         _isFatalEnd = true;
@@ -180,7 +203,6 @@ void HttpMmsRequest::onTestChunk(int) {}
 
 void HttpMmsRequest::onMetadataChunk(QString const& text)
 {
-    _pendingBytes = 0;
     QHash<QString, QString> values;
     for (QString const& piece : text.split(','))
         values.insert(piece.section('=', 0, 0).trimmed(), piece.section('=', 1).trimmed().left(maximumIdLength));
@@ -196,14 +218,21 @@ void HttpMmsRequest::onResetChunk(int)
     LOG_INFO("onResetChunk()");
 }
 
-void HttpMmsRequest::done(HttpClient* client, bool error)
+void HttpMmsRequest::done(HttpClient* client, bool)
 {
-    HttpClient::Error const code = client->error();
     auto const* const timedClient = qobject_cast<TimedHttpClient const*>(client);
     _isTimedOut = timedClient && timedClient->timedOut();
-    process(client->readAll());
-    if (client != _client)
-        return; // The last bytes have ended the request.
+    _isOver = true;
+    if (_isAborted || _isFatalEnd)
+        conclude();
+    else
+        take();
+}
+
+/// All that came has been handled.
+void HttpMmsRequest::conclude()
+{
+    HttpClient::Error const code = _client->error();
     // A stream that breaks off was there, whatever number its end has.
     bool const isBrokenOff = _responseHeader.statusCode() / 100 == 2 && _responseHeader.statusCode() != 204 &&
                              (code == HttpClient::UnexpectedClose || code == HttpClient::WrongContentLength);
@@ -211,7 +240,7 @@ void HttpMmsRequest::done(HttpClient* client, bool error)
     if (!_isFatalEnd && isBrokenOff)
         result = MmsClient::RemoteServerClosed;
     else if (!_isFatalEnd)
-        result = error ? errorOf(code) : errorOfStatus();
+        result = code != HttpClient::NoError ? errorOf(code) : errorOfStatus();
     releaseClient();
     emit done(result);
 }

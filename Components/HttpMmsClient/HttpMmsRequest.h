@@ -21,8 +21,11 @@ class HttpMmsRequest : public QObject
     Q_OBJECT
 
 public:
-    /// What the server has sent may grow to this many bytes without making a header, a packet or anything else.
-    static constexpr qint64 maximumPendingBytes = 8LL * 1024 * 1024;
+    /// A server that sends this many bytes without a packet or a piece of a header among them is left.
+    static constexpr qint64 maximumUselessBytes = 2LL * 1024 * 1024;
+
+    /// So many bytes are handled at a time; before the next ones the thread may have been asked to end.
+    static constexpr qint64 sliceBytes = 16LL * 1024;
 
     /// No packet is filled up to more than a chunk can hold.
     static constexpr int maximumPacketSize = 65535;
@@ -44,6 +47,9 @@ public:
 
     /// Ends the request; done() comes from within.
     void abortRequest();
+
+    /// See MmsClient::setReading().
+    void setReading(bool reading);
 
     /// Ends the request without a word: nothing more is heard of it, and it is deleted later. Safe from anywhere.
     void abandon();
@@ -96,7 +102,9 @@ private slots:
 
 private:
     void connectProcessor();
+    void take();
     void process(QByteArray const& bytes);
+    void conclude();
     void abortClient();
     void releaseClient();
     MmsClient::MmsClientError errorOf(HttpClient::Error error);
@@ -109,7 +117,9 @@ private:
     HttpClientFactory* const _httpClientFactory;
     HttpClient* _client = nullptr; ///< From the factory; null before the request and after its end.
     std::unique_ptr<MmsChunkProcessor> const _processor;
-    qint64 _pendingBytes = 0; ///< Since the processor last had something to tell.
+    qint64 _uselessBytes = 0; ///< Since the last header or packet.
+    bool _isReading = true;
+    bool _isOver = false; ///< The response has ended; what came of it may still be unread.
     HttpRequestHeader _requestHeader;
     HttpResponseHeader _responseHeader;
     bool _isTimedOut = false;

@@ -186,8 +186,8 @@ void LatteDataSource::tryOpen()
 int LatteDataSource::contextFromHeader(QByteArray const& header)
 {
     qint64 const elapsed = currentMilliseconds() - _openTime;
-    if (elapsed < openDelay) {
-        _retryTimer.start(static_cast<int>(openDelay - elapsed));
+    if (elapsed < _attemptDelay) {
+        _retryTimer.start(static_cast<int>(_attemptDelay - elapsed));
         return 1;
     }
     if (!FFwrapper::probeFormat(header)) {
@@ -214,6 +214,7 @@ void LatteDataSource::onOpeningEnded(bool success)
     }
     leaveInput();
     _openTime = currentMilliseconds();
+    _attemptDelay = openDelay;
     if (isExhausted())
         onErrorTimer(); // No more data will come to try again with.
     else if (_client->bytesAvailable() > 0)

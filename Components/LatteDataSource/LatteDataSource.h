@@ -22,13 +22,16 @@ class LatteDataSource : public GLMovieDataSource
 public:
     static constexpr int minimumBufferedBytes = 128000;   ///< For schemes that have no start-up rule of their own.
     static constexpr int maximumBufferedBytes = 32 << 20; ///< More waits in the client until the source is open.
-    static constexpr int openDelay = 5000;  ///< ms from open(), and from a failed attempt, to the next attempt.
+    static constexpr int openDelay = 5000;  ///< ms from a failed attempt to the next; usually also from open().
     static constexpr int resetDelay = 3000; ///< ms from a new stream header to closed().
 
     /// The Latte must outlive this object. An empty name stands for the address of the stream.
     LatteDataSource(Latte* latte, StreamDescription const& streamDescription, QString const& name,
                     QObject* parent = nullptr);
     ~LatteDataSource() override;
+
+    /// How long data is gathered from open() to the first attempt, in ms; with 0 there is one with the first data.
+    void setStartDelay(int milliseconds) { _attemptDelay = milliseconds; }
 
     /// An address that no client takes leaves the source closed and is an error for the viewer.
     void open() override;
@@ -77,7 +80,8 @@ private:
     std::unique_ptr<LatteDataSourceThread> _thread;
     QTimer _retryTimer; ///< Comes back to bytes that came too early for an attempt.
     QTimer _resetTimer;
-    qint64 _openTime = 0; ///< When open() was called or the last attempt failed, by currentMilliseconds().
+    int _attemptDelay = openDelay; ///< ms from _openTime to the next attempt.
+    qint64 _openTime = 0;          ///< When open() was called or the last attempt failed, by currentMilliseconds().
 
     std::shared_ptr<LatteInput> _input; ///< With the demuxer; null before the first attempt to open.
     QByteArray _dataBuffer;             ///< Read from the client before the source was open.

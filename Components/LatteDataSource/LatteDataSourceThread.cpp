@@ -12,6 +12,7 @@ LatteDataSource::LatteDataSourceThread::LatteDataSourceThread(LatteClient& clien
 bool LatteDataSource::LatteDataSourceThread::finish()
 {
     _stopRequested = true;
+    requestInterruption(); // Whoever handles a flood of data looks at it.
     exit(0);
     return wait() && _clientIsHome;
 }

@@ -8,8 +8,11 @@
 #include <QRegularExpression>
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <string_view>
 
 namespace
 {
@@ -26,6 +29,12 @@ QString withoutCredentials(QString message)
 {
     static QRegularExpression const userInformation(QStringLiteral("://[^/?#\\s]*@"));
     return message.contains('@') ? message.replace(userInformation, QStringLiteral("://")) : message;
+}
+
+qint64 msNow()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 } // namespace
@@ -106,13 +115,30 @@ QString Logger::getQString(Level level, char const* file, int line, char const* 
 {
     std::array<char, maximumMessageBytes> message;
     std::vsnprintf(message.data(), message.size(), format, args);
+    return composeLine(level, file, line, QString::fromUtf8(message.data()));
+}
+
+bool Logger::passesThrottle(Level level, char const* file, int line, char const* format, va_list args)
+{
+    if (level == Debug || level == Fatal)
+        return true;
+    std::array<char, maximumMessageBytes> message;
+    va_list copy;
+    va_copy(copy, args);
+    std::vsnprintf(message.data(), message.size(), format, copy);
+    va_end(copy);
+    size_t const hash = std::hash<std::string_view>()(message.data());
+    return _throttle.admits(file, line, level, hash, msNow());
+}
+#pragma GCC diagnostic pop
+
+QString Logger::composeLine(Level level, char const* file, int line, QString const& message) const
+{
     QString const time = QDateTime::currentDateTime().toUTC().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
     QString const location = QStringLiteral(" %1:%2 ").arg(QString::fromUtf8(file), QString::number(line));
     return QStringLiteral("[%1] %2%3%4")
-        .arg(_levelNames.value(level, _unknownLevelName), time, location,
-             withoutCredentials(QString::fromUtf8(message.data())));
+        .arg(_levelNames.value(level, _unknownLevelName), time, location, withoutCredentials(message));
 }
-#pragma GCC diagnostic pop
 
 void Logger::stderrLogMethod(Level level, char const* file, int line, char const* format, va_list args)
 {
@@ -148,7 +174,16 @@ void Logger::rollingLogMethod(Level level, char const* file, int line, char cons
     });
     for (QString const& complaint : std::as_const(complaints))
         logMessage(Warning, __FILE__, __LINE__, "%s", qUtf8Printable(complaint));
-    QString const text = getQString(level, file, line, format, args);
+    for (LogThrottle::LeftOut const& one : _throttle.takeLeftOut(msNow()))
+        writeLine(static_cast<Level>(one.level),
+                  composeLine(static_cast<Level>(one.level), one.file, one.line,
+                              QStringLiteral("%1 more lines from here were left out.").arg(one.count)));
+    if (passesThrottle(level, file, line, format, args))
+        writeLine(level, getQString(level, file, line, format, args));
+}
+
+void Logger::writeLine(Level level, QString const& text)
+{
     _rollingFileLogger->log(text.toUtf8().constData());
     if (level > Warning) {
         QString hostname;

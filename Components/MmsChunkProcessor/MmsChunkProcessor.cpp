@@ -9,6 +9,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 Logger* MmsChunkProcessor::log = LoggerManager::logger();
@@ -76,16 +77,33 @@ bool MmsChunkProcessor::processChunk()
         return false;
     auto const* const start = reinterpret_cast<uchar const*>(_input.constData()) + _start;
     quint8 const type = start[1];
-    if (!isKnown(type)) {
-        resynchronise(type);
-        return true;
-    }
+    if (!isKnown(type))
+        return processUnknown(type);
     Chunk chunk{.type = type, .body = _start + 4};
     chunk.available = _input.size() - chunk.body;
     if (chunk.available < 0)
         return false;
     chunk.length = qFromLittleEndian<quint16>(start + 2);
     return dispatch(chunk);
+}
+
+bool MmsChunkProcessor::processUnknown(quint8 type)
+{
+    bool const isInPlace = _start == _consumed && std::isupper(type);
+    if (isInPlace) {
+        if (_input.size() < _start + 4)
+            return false;
+        qsizetype const end = _start + 4 + qFromLittleEndian<quint16>(_input.constData() + _start + 2);
+        if (_input.size() < end + 2)
+            return false; // Whether a chunk follows is to be seen yet.
+        if (isStart(static_cast<quint8>(_input.at(end))) && std::isupper(static_cast<uchar>(_input.at(end + 1)))) {
+            LOG_DEBUG("Chunk of unknown type %d skipped", type);
+            consume(end);
+            return true;
+        }
+    }
+    resynchronise(type);
+    return true;
 }
 
 bool MmsChunkProcessor::dispatch(Chunk const& chunk)

@@ -13,7 +13,8 @@ class Logger;
 /// P (packet pair, to measure the line) has lengths of its own, in a cycle of three.
 ///
 /// Data packets are held back by one, as bytes in front of the next chunk still belong to them; the last one before
-/// the end of data is dropped. What is no chunk is skipped or added to what it can belong to; nothing is an error. H,
+/// the end of data is dropped. A chunk of another type is skipped by its length, when it stands where a chunk has to
+/// and is followed by one. What is no chunk is skipped or added to what it can belong to; nothing is an error. H,
 /// D, M and T are taken with up to two bytes still missing, which then go where they belong. Where the bytes are
 /// split between calls makes no other difference and does not change what they cost. Lives on one thread. A slot may
 /// call reset() and the setters, but not delete the object.
@@ -43,6 +44,9 @@ public:
     bool isPadded() const override { return _padding; }
     qint64 packetsProcessed() const override { return _packetsProcessed; }
 
+    /// Of the header that is coming, the bytes that are here.
+    qint64 incompleteHeaderBytes() const { return _headerBytesMissing > 0 ? _header.size() : 0; }
+
     /// The strict mode: headers and data packets are parsed, bad ones dropped, good ones not held back.
     void setHttpMode(bool strict) { _strict = strict; }
 
@@ -71,6 +75,7 @@ private:
     bool processPacketPair(Chunk const& chunk);
     bool processStrictHeader(Chunk const& chunk);
 
+    bool processUnknown(quint8 type);
     bool findStart();
     void resynchronise(quint8 type);
     void consume(qsizetype end);

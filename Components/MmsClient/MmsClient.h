@@ -79,6 +79,10 @@ public:
     virtual void setClientId(QString const& id) = 0;
     virtual QString clientId() const = 0;
 
+    /// Stops taking bytes from the server, which has to wait then, or goes on. Silence is no failure meanwhile, and
+    /// an end of the stream is not seen. Each session begins with reading.
+    virtual void setReading(bool reading) = 0;
+
 signals:
     void connected();
     /// The ASF header, rewritten for the streams that were selected, with the Data object's own header.

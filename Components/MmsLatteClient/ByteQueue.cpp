@@ -35,6 +35,13 @@ qint64 ByteQueue::read(char* data, qint64 maxSize)
     return size;
 }
 
+void ByteQueue::skip(qint64 count)
+{
+    _front += std::clamp<qint64>(count, 0, size());
+    for (; _front >= blockSize; _front -= blockSize, _end -= blockSize)
+        _blocks.pop_front();
+}
+
 void ByteQueue::truncate(qint64 size)
 {
     _end = std::min(_end, _front + std::max<qint64>(size, 0));

@@ -19,6 +19,9 @@ public:
     /// Takes up to `maxSize` bytes out; returns how many.
     qint64 read(char* data, qint64 maxSize);
 
+    /// Drops up to so many from the front.
+    void skip(qint64 count);
+
     /// Drops from the back what is beyond this size.
     void truncate(qint64 size);
 

@@ -65,6 +65,11 @@ MmsLatteClient::~MmsLatteClient()
     _private->cancel();
 }
 
+void MmsLatteClient::setFarewells(MmsFarewells* farewells)
+{
+    _private->_farewells = farewells;
+}
+
 void MmsLatteClient::startBuffering()
 {
     if (state() == Delivering)
@@ -111,6 +116,7 @@ void MmsLatteClient::setBufferByteLength(qint64 length)
 void MmsLatteClient::clearBuffer()
 {
     _private->_buffer.clear();
+    _private->goOnWhenThereIsRoom();
 }
 
 qint64 MmsLatteClient::bytesAvailable() const
@@ -127,7 +133,9 @@ void MmsLatteClient::seekToTime(QDateTime const&) {}
 
 qint64 MmsLatteClient::read(char* data, qint64 size)
 {
-    return _private->_buffer.read(data, size);
+    qint64 const count = _private->_buffer.read(data, size);
+    _private->goOnWhenThereIsRoom();
+    return count;
 }
 
 QByteArray MmsLatteClient::descriptor(qint64) const
@@ -148,6 +156,8 @@ void MmsLatteClient::onMmsHeader(QByteArray const& header)
     MmsClient const* const transport = _private->_client;
     if (!transport)
         return;
+    if (_private->_checking && !_private->_buffer.isPlaying())
+        _private->endCheck();
     _private->updateContent(_private->_currentUrl);
     _private->_firstConnect = false;
     _private->_connectTimeout = MmsLatteClientPrivate::firstConnectTimeout;
@@ -163,19 +173,25 @@ void MmsLatteClient::onMmsHeader(QByteArray const& header)
 
 void MmsLatteClient::onMmsData(QByteArray const& data)
 {
-    _private->_hasDelivered = true;
     MmsStreamBuffer::Appended const result = _private->_buffer.append(data);
     if (result.isFull) {
-        LOG_ERROR("MMS buffer full. Stopping...");
-        stopBuffering();
+        if (_private->hold(true)) {
+            LOG_ERROR("MMS buffer full. Stopping...");
+            emit progressChanged(this, "Stopped");
+        }
         return;
     }
+    if (result.isNearlyFull)
+        _private->hold(false);
     if (result.percent >= 0)
         emit progressChanged(this, QString("Acquiring...%1%").arg(result.percent));
     if (result.hasStarted) {
+        _private->_policy.succeeded();
         _private->startBitrateTimer();
-        if (result.isNewStream)
+        if (result.isNewStream) {
             emit descriptorChanged(this, result.descriptorSize);
+            _private->releaseSoon();
+        }
         emit progressChanged(this, playingProgress);
     }
     if (result.isReadable)

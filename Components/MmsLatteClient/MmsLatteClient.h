@@ -10,6 +10,7 @@ class DateTimeBuilder;
 class HttpClientFactory;
 class Logger;
 class MemoQueue;
+class MmsFarewells;
 class MmsLatteClientPrivate;
 class TcpSocketFactory;
 class TimerFactory;
@@ -27,6 +28,9 @@ public:
                    TcpSocketFactory* tcpSocketFactory, HttpClientFactory* httpClientFactory,
                    DateTimeBuilder* dateTimeBuilder, MemoQueue* memoQueue, QObject* parent = nullptr);
     ~MmsLatteClient() override;
+
+    /// What servers are told last goes this way; borrowed. Before startBuffering().
+    void setFarewells(MmsFarewells* farewells);
 
     void startBuffering() override;
     /// Does not wait for anything. May be called from any signal of this object.

@@ -10,14 +10,17 @@ MmsLatteClientFactory::MmsLatteClientFactory(QString const& guid, TimerFactory* 
                                              TcpSocketFactory* tcpSocketFactory, HttpClientFactory* httpClientFactory,
                                              DateTimeBuilder* dateTimeBuilder, MemoQueue* memoQueue)
     : _guid(guid), _timerFactory(timerFactory), _tcpSocketFactory(tcpSocketFactory),
-      _httpClientFactory(httpClientFactory), _dateTimeBuilder(dateTimeBuilder), _memoQueue(memoQueue)
+      _httpClientFactory(httpClientFactory), _dateTimeBuilder(dateTimeBuilder), _memoQueue(memoQueue),
+      _farewells(httpClientFactory)
 {
 }
 
 LatteClient* MmsLatteClientFactory::createLatteClient(Uri const& uri)
 {
-    return new MmsLatteClient(_guid, uri, _timerFactory, _tcpSocketFactory, _httpClientFactory, _dateTimeBuilder,
-                              _memoQueue, nullptr);
+    auto* const client = new MmsLatteClient(_guid, uri, _timerFactory, _tcpSocketFactory, _httpClientFactory,
+                                            _dateTimeBuilder, _memoQueue, nullptr);
+    client->setFarewells(&_farewells);
+    return client;
 }
 
 void MmsLatteClientFactory::disposeLatteClient(LatteClient* client)

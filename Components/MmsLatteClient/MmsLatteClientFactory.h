@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LatteClientFactory.h"
+#include "MmsFarewells.h"
 
 #include <QString>
 
@@ -11,7 +12,7 @@ class MemoQueue;
 class TcpSocketFactory;
 class TimerFactory;
 
-/// Makes the clients of MMS streams.
+/// Makes the clients of MMS streams. Its end waits a bounded time for what their servers are told last.
 class MmsLatteClientFactory : public LatteClientFactory
 {
 public:
@@ -34,4 +35,5 @@ private:
     HttpClientFactory* const _httpClientFactory;
     DateTimeBuilder* const _dateTimeBuilder;
     MemoQueue* const _memoQueue;
+    MmsFarewells _farewells;
 };

@@ -19,10 +19,9 @@ Logger* MmsLatteClientPrivate::log = LoggerManager::logger();
 
 MmsLatteClientPrivate::MmsLatteClientPrivate(QString const& name, Factories const& factories, MmsLatteClient* client)
     : QObject(client), _latteClient(client), _name(name), _factories(factories),
-      _tickCounter(factories.dateTimeBuilder), _networkTest(new NetworkTest(factories.timerFactory, this))
+      _networkTest(new NetworkTest(factories.timerFactory, this))
 {
     connect(_networkTest, &NetworkTest::finished, this, &MmsLatteClientPrivate::onNetworkTested);
-    prepare();
 }
 
 MmsLatteClientPrivate::~MmsLatteClientPrivate()
@@ -49,18 +48,24 @@ void MmsLatteClientPrivate::prepare()
     _networkWasAvailable = false;
     _connectTimeout = firstConnectTimeout;
     _reconnectAttempts = 0;
+    _policy.reset();
     if (_queue)
         return;
-    _queue = new SortedMemoQueue(&_tickCounter, _factories.timerFactory, this);
+    _queue = new SortedMemoQueue(_clock, _factories.timerFactory, this);
     _queue->acquire(this);
     _contentChecker = new HttpContentChecker(_factories.httpClientFactory, _factories.timerFactory, this);
     connect(_contentChecker, &HttpContentChecker::finished, this, &MmsLatteClientPrivate::onContentCheckerFinished);
+    connect(_contentChecker, &HttpContentChecker::silent, this, &MmsLatteClientPrivate::onContentCheckerSilent);
     if (!_hasOwnFactories)
         return;
-    _mmsClientFactories[false] = std::make_unique<TcpMmsClientFactory>(
-        _name, _factories.tcpSocketFactory, _factories.timerFactory, _factories.dateTimeBuilder, _queue);
-    _mmsClientFactories[true] = std::make_unique<HttpMmsClientFactory>(
-        _name, _factories.httpClientFactory, _factories.timerFactory, _factories.dateTimeBuilder, _queue);
+    auto tcp = std::make_unique<TcpMmsClientFactory>(_name, _factories.tcpSocketFactory, _factories.timerFactory,
+                                                     _factories.dateTimeBuilder, _queue);
+    auto http = std::make_unique<HttpMmsClientFactory>(_name, _factories.httpClientFactory, _factories.timerFactory,
+                                                       _factories.dateTimeBuilder, _queue);
+    tcp->setFarewells(_farewells);
+    http->setFarewells(_farewells);
+    _mmsClientFactories[false] = std::move(tcp);
+    _mmsClientFactories[true] = std::move(http);
 }
 
 void MmsLatteClientPrivate::constructMmsClient(bool http)
@@ -76,6 +81,7 @@ void MmsLatteClientPrivate::constructMmsClient(bool http)
 
 void MmsLatteClientPrivate::destructMmsClient()
 {
+    _intake = Intake::Open;
     MmsClient* const client = std::exchange(_client, nullptr);
     if (!client)
         return;
@@ -90,6 +96,7 @@ void MmsLatteClientPrivate::cancel()
 {
     stopBitrateTimer();
     disposeTimer(_statusTimer);
+    disposeTimer(_changeTimer);
     _networkTest->cancel();
     _checking = false;
     if (!_queue)
@@ -125,6 +132,8 @@ void MmsLatteClientPrivate::startStatusTimer()
 void MmsLatteClientPrivate::startBitrateTimer()
 {
     _bitrateWatch.restart(_normalBitrate);
+    _lastLook = _clock->msSinceEpoch();
+    _hasLeapt = false;
     _buffer.takeBytesThisSecond(); // What came faster than that to begin with does not count.
     if (!_bitrateTimer) {
         _bitrateTimer = _factories.timerFactory->createTimer();
@@ -144,8 +153,66 @@ void MmsLatteClientPrivate::onCheckStatus(Timer*)
     LOG_DEBUG("Current mms state %d", _client ? _client->state() : MmsClient::Unconnected);
 }
 
+void MmsLatteClientPrivate::releaseSoon()
+{
+    if (!_changeTimer) {
+        _changeTimer = _factories.timerFactory->createTimer();
+        _changeTimer->setSingleShot(true);
+        connect(_changeTimer, &Timer::timeout, this, [this] {
+            _buffer.release();
+            if (_buffer.bytesAvailable() > 0)
+                emit _latteClient->readyRead(_latteClient);
+        });
+    }
+    _changeTimer->start(changeDelay);
+}
+
+bool MmsLatteClientPrivate::hold(bool isFull)
+{
+    Intake const wanted = isFull ? Intake::Full : Intake::Held;
+    if (!_client || _intake >= wanted)
+        return false;
+    if (_intake.exchange(wanted) == Intake::Open) {
+        LOG_INFO("The buffer holds %lld bytes. The server has to wait", static_cast<long long>(_buffer.size()));
+        _client->setReading(false);
+    }
+    return true;
+}
+
+void MmsLatteClientPrivate::goOnWhenThereIsRoom()
+{
+    if (_intake == Intake::Open || !_buffer.hasRoom())
+        return;
+    auto const goOn = [this] {
+        if (!_client || _intake == Intake::Open || !_buffer.hasRoom())
+            return;
+        _client->setReading(true);
+        if (_intake.exchange(Intake::Open) == Intake::Full)
+            emit _latteClient->progressChanged(_latteClient, LatteClient::playingProgress);
+    };
+    QMetaObject::invokeMethod(this, goOn, Qt::QueuedConnection);
+}
+
+/// Leaps to what is live when so much time has passed between two looks that we must have been frozen: a second
+/// later, for what was sent meanwhile comes first. True when this second tells nothing of the bit rate.
+bool MmsLatteClientPrivate::catchUp()
+{
+    qint64 const now = _clock->msSinceEpoch();
+    bool const isLeap = now - std::exchange(_lastLook, now) >= leapOfTime;
+    if (std::exchange(_hasLeapt, isLeap) && !isLeap) {
+        if (qint64 const dropped = _buffer.leapForward(); dropped > 0)
+            LOG_WARNING("Time has leapt: %lld bytes are left out", static_cast<long long>(dropped));
+        goOnWhenThereIsRoom();
+    }
+    return isLeap || _intake != Intake::Open;
+}
+
 void MmsLatteClientPrivate::onCheckBitrate(Timer*)
 {
+    if (catchUp()) {
+        _buffer.takeBytesThisSecond();
+        return;
+    }
     switch (_bitrateWatch.addSecond(_buffer.takeBytesThisSecond(), _playlist.hasAlternative())) {
     case BitrateWatch::Good:
         return;

@@ -28,8 +28,18 @@ void MmsLatteClientPrivate::checkContent(QString const& url, QString const& refe
 
 void MmsLatteClientPrivate::connectTo(bool http, QString const& url, QString const& referrer)
 {
+    endCheck();
+    openTransport(http, url, referrer);
+}
+
+void MmsLatteClientPrivate::endCheck()
+{
     _contentChecker->cancel();
     _checking = false;
+}
+
+void MmsLatteClientPrivate::openTransport(bool http, QString const& url, QString const& referrer)
+{
     constructMmsClient(http);
     _currentUrl = url;
     _referrer = referrer;
@@ -52,12 +62,28 @@ void MmsLatteClientPrivate::fallBackToTcp(HttpContentChecker::CheckResponse cons
     connectTo(false, response.url, response.referrer);
 }
 
+bool MmsLatteClientPrivate::isTryingTcp(QString const& url) const
+{
+    return _client && _client->protocol() == MmsClient::MmsTcp && _currentUrl == url &&
+           _client->state() != MmsClient::Unconnected && _client->state() < MmsClient::Closing;
+}
+
+/// A firewall may swallow what is sent to the port of HTTP: from now on both are tried, and the first to bring the
+/// stream is taken.
+void MmsLatteClientPrivate::onContentCheckerSilent(HttpContentChecker::CheckResponse const& response)
+{
+    if (_checking && !_buffer.isPlaying() && response.url.startsWith("mms", Qt::CaseInsensitive))
+        openTransport(false, response.url, response.referrer);
+}
+
 void MmsLatteClientPrivate::onContentCheckerFinished(HttpContentChecker::CheckResponse const& response, bool failed)
 {
     if (!_checking)
         return;
     _checking = false;
     if (failed) {
+        if (isTryingTcp(response.url))
+            return;
         if (auto const address = _playlist.nextOf(response.key))
             attempt(*address);
         else
@@ -112,21 +138,24 @@ void MmsLatteClientPrivate::giveUp(QString const& url, NetworkErrors::NetworkErr
     if (_playlist.isEmpty())
         _latteClient->finish(code);
     else
-        postMemo(retryDelay, new MmsReconnectNextContentMemo(_latteClient, this));
+        goOnToNext();
 }
 
 /// The next attempt, in place of any other that was to come.
-void MmsLatteClientPrivate::postMemo(unsigned int ms, Memo* memo)
+void MmsLatteClientPrivate::postMemo(int ms, Memo* memo)
 {
     _queue->clear(this);
-    _queue->handleSoon(ms, memo);
+    _queue->handleSoon(static_cast<unsigned int>(ms), memo);
+}
+
+void MmsLatteClientPrivate::goOnToNext()
+{
+    postMemo(_policy.nextDelay(_playlist.addressCount()), new MmsReconnectNextContentMemo(_latteClient, this));
 }
 
 void MmsLatteClientPrivate::reconnectCurrentContent()
 {
-    bool const isFutile = !_hasDelivered && _reconnectAttempts >= reconnectLimit;
-    _hasDelivered = false;
-    postMemo(isFutile ? retryDelay : 0, new MmsReconnectMemo(_latteClient, this));
+    postMemo(_policy.nextDelay(), new MmsReconnectMemo(_latteClient, this));
 }
 
 void MmsLatteClientPrivate::reconnectLater()
@@ -134,7 +163,7 @@ void MmsLatteClientPrivate::reconnectLater()
     if (_connectTimeout < maxConnectTimeout)
         _connectTimeout *= 2;
     _currentUrl = _currentKey; // What redirected here may now lead elsewhere.
-    postMemo(retryDelay, new MmsReconnectMemo(_latteClient, this));
+    reconnectCurrentContent();
 }
 
 void MmsLatteClientPrivate::doReconnectCurrentContent()
@@ -159,7 +188,7 @@ bool MmsLatteClientPrivate::checkNextContent()
 {
     if (_currentUrl.isEmpty() || !_playlist.hasAlternative())
         return false;
-    postMemo(retryDelay, new MmsReconnectNextContentMemo(_latteClient, this));
+    goOnToNext();
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "Playlist.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 qsizetype MmsPlaylist::indexOf(QString const& url) const
@@ -16,6 +17,13 @@ qsizetype MmsPlaylist::indexOf(QString const& url) const
 bool MmsPlaylist::hasAlternative() const
 {
     return _playlist.size() > 1 || (!isEmpty() && _playlist[_currentItem].item.urls().size() > 1);
+}
+
+int MmsPlaylist::addressCount() const
+{
+    return static_cast<int>(
+        std::accumulate(_playlist.cbegin(), _playlist.cend(), qsizetype{0},
+                        [](qsizetype sum, Entry const& entry) { return sum + entry.item.urls().size(); }));
 }
 
 void MmsPlaylist::enter(QString const& url, QString const& referrer)

@@ -33,6 +33,9 @@ public:
     /// Whether there is anything else to switch to: a second item, or a second address of the current one.
     bool hasAlternative() const;
 
+    /// All addresses of all items.
+    int addressCount() const;
+
     /// Makes sure that the address is in some item.
     void enter(QString const& url, QString const& referrer);
 

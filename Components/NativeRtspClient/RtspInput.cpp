@@ -1,5 +1,7 @@
 #include "RtspInput.h"
 
+#include "ReconnectionPolicy.h"
+
 extern "C" {
 #include <libavformat/avformat.h>
 #include <libavutil/dict.h>
@@ -34,7 +36,11 @@ int RtspInput::open(QByteArray const& url, RtspTransport transport, int timeout)
     av_dict_set_int(&options, "timeout", qint64(timeout) * 1000, 0); // Microseconds.
     av_dict_set_int(&options, "buffer_size", receiveBufferBytes, 0);
     av_dict_set(&options, "user_agent", QCoreApplication::applicationName().toUtf8().constData(), 0);
+    _opening = opening;
+    _address = nullptr;
+    _redirections = 0;
     int const result = avformat_open_input(&opening, url.constData(), av_find_input_format("rtsp"), &options);
+    _opening = nullptr;
     av_dict_free(&options);
     _context.reset(opening); // Null after a failure.
     return told(result);
@@ -57,8 +63,22 @@ void RtspInput::close()
 
 int RtspInput::interruptCallback(void* opaque)
 {
-    auto const* const input = static_cast<RtspInput const*>(opaque);
-    return (!input->_closing && input->_abandoned) || input->_deadline.hasExpired() ? 1 : 0;
+    auto* const input = static_cast<RtspInput*>(opaque);
+    return input->isRedirectedTooOften() || (!input->_closing && input->_abandoned) || input->_deadline.hasExpired()
+               ? 1
+               : 0;
+}
+
+/// FFmpeg follows redirections without end, and gives the context a new address for each; it asks at least once in
+/// between whether to go on.
+bool RtspInput::isRedirectedTooOften()
+{
+    if (!_opening || _opening->url == _address)
+        return _redirections > ReconnectionPolicy::maximumRedirections;
+    if (_address)
+        ++_redirections;
+    _address = _opening->url;
+    return _redirections > ReconnectionPolicy::maximumRedirections;
 }
 
 int RtspInput::told(int result) const
@@ -67,5 +87,7 @@ int RtspInput::told(int result) const
         return 0;
     if (_abandoned)
         return AVERROR_EXIT;
+    if (_redirections > ReconnectionPolicy::maximumRedirections)
+        return AVERROR(ELOOP);
     return _deadline.hasExpired() ? AVERROR(ETIMEDOUT) : result;
 }

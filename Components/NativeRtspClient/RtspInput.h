@@ -25,7 +25,8 @@ public:
     ~RtspInput();
 
     /// Connects and lets the server play, within so many ms. Returns 0 or FFmpeg's error: AVERROR(EPROTONOSUPPORT)
-    /// for a server that refuses the transport, AVERROR(ETIMEDOUT), AVERROR_EXIT when abandoned.
+    /// for a server that refuses the transport, AVERROR(ETIMEDOUT), AVERROR(ELOOP) for one that redirects without
+    /// end, AVERROR_EXIT when abandoned.
     int open(QByteArray const& url, RtspTransport transport, int timeout);
 
     /// The next packet, within so many ms.
@@ -38,10 +39,14 @@ public:
 
 private:
     static int interruptCallback(void* opaque);
+    bool isRedirectedTooOften();
     int told(int result) const;
 
     std::atomic<bool> const& _abandoned;
     QDeadlineTimer _deadline; ///< Of the call at hand.
     bool _closing = false;
+    AVFormatContext* _opening = nullptr; ///< While FFmpeg opens it.
+    char const* _address = nullptr;      ///< Of _opening, as last seen; compared only.
+    int _redirections = 0;
     FormatContextPointer _context;
 };

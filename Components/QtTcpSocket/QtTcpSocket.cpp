@@ -66,6 +66,11 @@ qint64 QtTcpSocket::write(QByteArray const& data)
     return _socket->write(data);
 }
 
+qint64 QtTcpSocket::bytesToWrite() const
+{
+    return _socket->bytesToWrite();
+}
+
 bool QtTcpSocket::flush()
 {
     return _socket->flush();

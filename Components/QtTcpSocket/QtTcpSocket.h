@@ -24,6 +24,7 @@ public:
     qint64 bytesAvailable() const override;
     void setReadBufferSize(qint64 size) override;
     qint64 write(QByteArray const& data) override;
+    qint64 bytesToWrite() const override;
     bool flush() override;
     void close() override;
     int socketDescriptor() const override;

@@ -29,6 +29,7 @@ void RtspLatteClient::startBuffering()
         return;
     _state = Delivering;
     _firstConnect = true;
+    _policy.reset();
     _networkWasAvailable = false;
     _connectTimeout = firstConnectTimeout;
     _client = _clientFactory->createRtspClient(nullptr);
@@ -140,6 +141,7 @@ void RtspLatteClient::reportAcquired()
 void RtspLatteClient::startPlaying()
 {
     _playing = true;
+    _policy.succeeded();
     if (std::exchange(_descriptorPending, false))
         emit descriptorChanged(this, descriptor(0).size());
     if (_withheld)
@@ -174,7 +176,7 @@ void RtspLatteClient::onDone(NetworkErrors::NetworkError error)
     } else {
         if (_connectTimeout < maxConnectTimeout)
             _connectTimeout *= 2;
-        _reconnectTimer->start(reconnectDelay);
+        _reconnectTimer->start(_policy.nextDelay());
     }
     emit this->error(this, error);
 }

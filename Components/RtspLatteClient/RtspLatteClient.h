@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LatteClient.h"
+#include "ReconnectionPolicy.h"
 #include "RtspBuffer.h"
 
 #include <atomic>
@@ -28,7 +29,6 @@ public:
     static constexpr qint64 reconnectThreshold = 64000; ///< The same after a failure.
     static constexpr int firstConnectTimeout = 10000;   ///< ms; doubles with each failure ...
     static constexpr int maxConnectTimeout = 80000;     ///< ... up to this.
-    static constexpr int reconnectDelay = 1000;         ///< ms
     /// ms for which data of a new header waits after descriptorChanged(), lest the demultiplexer of the old one takes
     /// it.
     static constexpr int changeDelay = 1000;
@@ -37,6 +37,9 @@ public:
     RtspLatteClient(Uri const& uri, RtspClientFactory* clientFactory, TimerFactory* timerFactory,
                     QObject* parent = nullptr);
     ~RtspLatteClient() override;
+
+    /// Goes by this policy from now on.
+    void setReconnectionPolicy(ReconnectionPolicy const& policy) { _policy = policy; }
 
     void startBuffering() override;
     void stopBuffering() override;
@@ -81,6 +84,7 @@ private:
     mutable std::mutex _descriptorMutex; ///< Guards _descriptor.
     QByteArray _descriptor;
 
+    ReconnectionPolicy _policy;
     bool _playing = false;
     bool _firstConnect = true; ///< No header has come yet.
     bool _descriptorPending = false;

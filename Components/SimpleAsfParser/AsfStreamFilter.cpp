@@ -3,6 +3,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 namespace
@@ -74,6 +75,21 @@ AsfStreamFilter::avBandwidth AsfStreamFilter::chooseStreams(int limit, QList<Aud
     return best;
 }
 
+int AsfStreamFilter::bitrateOf(QMap<int, int> const& selection, int whole) const
+{
+    QList<int> const on = selection.keys(wanted);
+    if (on.isEmpty() || on.size() == selection.size())
+        return whole;
+    qint64 total = 0;
+    for (int const stream : on) {
+        int const bitrate = streamBitrate(stream);
+        if (bitrate <= 0)
+            return whole;
+        total += bitrate;
+    }
+    return static_cast<int>(std::min<qint64>(total, std::numeric_limits<int>::max()));
+}
+
 void AsfStreamFilter::usePrioritization(QMap<int, int>& selection, QByteArray& header)
 {
     QSet<int> numbers;
@@ -106,8 +122,7 @@ QByteArray AsfStreamFilter::filteredHeader(QMap<int, int> const& selection)
     _encoder.clearObjects();
     for (auto const& object : objects())
         _encoder.addObject(object.get());
-    for (auto entry = selection.cbegin(); entry != selection.cend(); ++entry)
-        if (entry.value() == switchedOff)
-            _encoder.filterStream(entry.key());
+    QList<int> const off = selection.keys(switchedOff);
+    _encoder.filterStreams(QSet<int>(off.begin(), off.end()));
     return _encoder.createHeader();
 }

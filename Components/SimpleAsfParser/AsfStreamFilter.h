@@ -35,6 +35,10 @@ public:
     /// below it, and switches off what the header says is not played together with these two.
     void useBandwidthLimit(int limit, QMap<int, int>& selection, QByteArray& header);
 
+    /// Bits a second of the streams that are wanted, where some are switched off and the header tells of each; else
+    /// what it tells of the whole.
+    int bitrateOf(QMap<int, int> const& selection, int whole) const;
+
     /// Wants the mandatory streams by their priority and switches off all others. Without priorities both arguments
     /// stay as they are.
     void usePrioritization(QMap<int, int>& selection, QByteArray& header);

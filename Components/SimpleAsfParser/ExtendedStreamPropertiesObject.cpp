@@ -4,6 +4,23 @@
 #include "AsfReader.h"
 #include "AsfStream.h"
 
+namespace
+{
+std::shared_ptr<StreamPropertiesObject const> readStream(QByteArray const& bytes)
+{
+    if (bytes.size() < SimpleAsfObject::headerBytes)
+        return nullptr;
+    QDataStream stream(bytes);
+    AsfStream::littleEndian(stream);
+    if (AsfStream::readGuid(stream) != asfStreamPropertiesGuid)
+        return nullptr;
+    quint64 statedSize; // Not used: the object is all that is left.
+    stream >> statedSize;
+    auto object = std::make_shared<StreamPropertiesObject const>(stream, bytes.size());
+    return stream.status() == QDataStream::Ok ? object : nullptr;
+}
+} // namespace
+
 ExtendedStreamPropertiesObject::ExtendedStreamPropertiesObject(QDataStream& stream, long long size)
     : ClonedAsfObject(asfExtendedStreamPropertiesGuid, size)
 {
@@ -34,20 +51,7 @@ ExtendedStreamPropertiesObject::ExtendedStreamPropertiesObject(QDataStream& stre
         payloadExtensions.append(record);
     }
     body = in.rest();
-}
-
-std::unique_ptr<StreamPropertiesObject> ExtendedStreamPropertiesObject::embeddedStream() const
-{
-    if (body.size() < headerBytes)
-        return nullptr;
-    QDataStream stream(body);
-    AsfStream::littleEndian(stream);
-    if (AsfStream::readGuid(stream) != asfStreamPropertiesGuid)
-        return nullptr;
-    quint64 statedSize; // Not used: the object is all that is left.
-    stream >> statedSize;
-    auto object = std::make_unique<StreamPropertiesObject>(stream, body.size());
-    return stream.status() == QDataStream::Ok ? std::move(object) : nullptr;
+    _embeddedStream = readStream(body);
 }
 
 void ExtendedStreamPropertiesObject::writeFields(QDataStream& stream) const

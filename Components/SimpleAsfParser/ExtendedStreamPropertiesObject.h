@@ -26,8 +26,8 @@ public:
 
     ExtendedStreamPropertiesObject(QDataStream& stream, long long size);
 
-    /// The Stream Properties object at the end, read anew by each call, or null.
-    std::unique_ptr<StreamPropertiesObject> embeddedStream() const;
+    /// The Stream Properties object at the end, or null.
+    StreamPropertiesObject const* embeddedStream() const { return _embeddedStream.get(); }
 
     quint64 startTime = 0; ///< Milliseconds, as the end time and the buffer sizes.
     quint64 endTime = 0;
@@ -49,4 +49,7 @@ public:
 
 protected:
     void writeFields(QDataStream& stream) const override;
+
+private:
+    std::shared_ptr<StreamPropertiesObject const> _embeddedStream; ///< Read from the body; shared by copies.
 };

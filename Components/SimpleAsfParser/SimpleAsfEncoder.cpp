@@ -26,31 +26,34 @@ Object* firstOf(AsfObjectList const& objects)
     return nullptr;
 }
 
-bool describes(SimpleAsfObject const& object, int streamNumber)
+bool describesOneOf(QSet<int> const& streams, SimpleAsfObject const& object)
 {
     auto const* const extended = dynamic_cast<ExtendedStreamPropertiesObject const*>(&object);
-    if (!extended || extended->streamNumber == streamNumber)
+    if (!extended || streams.contains(extended->streamNumber))
         return extended != nullptr;
-    std::unique_ptr<StreamPropertiesObject> const embedded = extended->embeddedStream();
-    return embedded && embedded->streamNumber == streamNumber;
+    StreamPropertiesObject const* const embedded = extended->embeddedStream();
+    return embedded && streams.contains(embedded->streamNumber);
 }
 
-void removeStream(AsfObjectList& objects, int streamNumber)
+void removeStreams(AsfObjectList& objects, QSet<int> const& streams)
 {
-    auto const stream = std::find_if(objects.begin(), objects.end(), [=](auto const& object) {
+    QSet<int> left = streams; // Only the first object of each number goes.
+    std::erase_if(objects, [&](auto const& object) {
         auto const* const properties = dynamic_cast<StreamPropertiesObject const*>(object.get());
-        return properties && properties->streamNumber == streamNumber;
+        return properties ? left.remove(properties->streamNumber) : describesOneOf(streams, *object);
     });
-    if (stream != objects.end())
-        objects.erase(stream);
-    std::erase_if(objects, [=](auto const& object) { return describes(*object, streamNumber); });
     for (auto const& object : objects) {
-        if (auto* const bitrates = dynamic_cast<StreamBitratePropertiesObject*>(object.get()))
-            bitrates->removeStream(streamNumber);
-        else if (auto* const mutex = dynamic_cast<MutualExclusionObject*>(object.get()))
-            mutex->removeStream(streamNumber);
-        else if (auto* const metadata = dynamic_cast<MetadataObject*>(object.get()))
-            metadata->removeStream(streamNumber);
+        auto* const bitrates = dynamic_cast<StreamBitratePropertiesObject*>(object.get());
+        auto* const mutex = dynamic_cast<MutualExclusionObject*>(object.get());
+        auto* const metadata = dynamic_cast<MetadataObject*>(object.get());
+        for (int const stream : streams) {
+            if (bitrates)
+                bitrates->removeStream(stream);
+            else if (mutex)
+                mutex->removeStream(stream);
+            else if (metadata)
+                metadata->removeStream(stream);
+        }
     }
 }
 } // namespace
@@ -80,9 +83,14 @@ void SimpleAsfEncoder::filterObjects(QUuid const& guid)
 
 void SimpleAsfEncoder::filterStream(int streamNumber)
 {
+    filterStreams({streamNumber});
+}
+
+void SimpleAsfEncoder::filterStreams(QSet<int> const& streamNumbers)
+{
     AsfObjectList* objects = &_objects;
     while (objects) {
-        removeStream(*objects, streamNumber);
+        removeStreams(*objects, streamNumbers);
         auto* const extension = firstOf<HeaderExtensionObject>(*objects);
         objects = extension ? &extension->objects : nullptr;
     }

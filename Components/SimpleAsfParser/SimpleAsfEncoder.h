@@ -3,6 +3,7 @@
 #include "SimpleAsfObject.h"
 
 #include <QObject>
+#include <QSet>
 #include <QVector>
 
 /// Writes an ASF header from copies of objects, with streams left out. Used on one thread.
@@ -24,6 +25,9 @@ public:
 
     /// Leaves out one stream: what describes it, and its numbers and records in other objects.
     void filterStream(int streamNumber);
+
+    /// The same for several, in one pass.
+    void filterStreams(QSet<int> const& streamNumbers);
 
     /// The header, the Data object's own header included; empty when the Header, the Data or the File Properties
     /// object is missing.

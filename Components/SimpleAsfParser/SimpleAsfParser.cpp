@@ -132,7 +132,7 @@ void SimpleAsfParser::forEachStream(std::function<void(StreamPropertiesObject co
             use(*stream);
     for (SimpleAsfObject const* const object : findObjects(asfExtendedStreamPropertiesGuid))
         if (auto const* const extended = dynamic_cast<ExtendedStreamPropertiesObject const*>(object))
-            if (std::unique_ptr<StreamPropertiesObject> const stream = extended->embeddedStream())
+            if (StreamPropertiesObject const* const stream = extended->embeddedStream())
                 use(*stream);
 }
 

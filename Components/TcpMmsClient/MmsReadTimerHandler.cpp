@@ -11,7 +11,7 @@ void MmsReadTimerHandler::act()
 {
     if (client().state() != _state)
         return; // One of the new state has been made.
-    if (client().totalBytesReceived() == _totalBytes)
+    if (client().isReading() && client().totalBytesReceived() == _totalBytes)
         client().handleReadTimeout();
     else
         client().startReadTimer();

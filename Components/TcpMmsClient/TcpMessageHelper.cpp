@@ -1,10 +1,10 @@
 #include "TcpMessageHelper.h"
 
-#include "MacToViewerFileHandlers.h"
-#include "MacToViewerSessionHandlers.h"
+#include "TcpMmsMessageHandler.h"
 #include "TcpMmsMessageHandlers.h"
 #include "TcpMmsPacketizer.h"
-#include "ViewerToMacHandlers.h"
+#include "ViewerToMacFileMessages.h"
+#include "ViewerToMacSessionMessages.h"
 
 #include <algorithm>
 #include <iterator>
@@ -20,13 +20,13 @@ TcpMessageHelper::TcpMessageHelper(unsigned int type, char const* name, TcpMmsMe
 namespace
 {
 
-template<typename Message, typename Handler>
+template<typename Message>
 TcpMessageHelper helperOf(char const* name)
 {
-    return {Message::messageType, name, &Message::fromStream, &Handler::create};
+    return {Message::messageType, name, &Message::fromStream, &TcpMmsMessageHandlerOf<Message>::create};
 }
 
-#define HELPER_OF(Message) helperOf<Message, Message##Handler>(#Message)
+#define HELPER_OF(Message) helperOf<Message>(#Message)
 
 /// The packetizer calls nameOf(), so that a program with a packetizer has this table.
 TcpMessageHelper const helpers[] = {

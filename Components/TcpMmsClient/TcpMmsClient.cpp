@@ -4,13 +4,17 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "MemoQueue.h"
+#include "MmsFarewells.h"
 #include "MmsReadTimerHandler.h"
 #include "MmsSessionEndHandler.h"
+#include "MmsSliceHandler.h"
 #include "MmsTimerHandler.h"
 #include "TcpMmsFileInfo.h"
 #include "TcpMmsPacketizer.h"
 #include "TcpSocket.h"
 #include "TcpSocketFactory.h"
+
+#include <QThread>
 
 #include <algorithm>
 #include <utility>
@@ -45,7 +49,10 @@ void TcpMmsClient::connectToServer(QUrl const& url, QString const&, int timeout)
     _error = NoError;
     _inSession = true;
     _outOfStep = false;
+    _isReading = true;
+    _isTransportOver = false;
     _socket = _tcpSocketFactory->createTcpSocket(this);
+    _socket->setReadBufferSize(sliceBytes);
     connect(_socket, &TcpSocket::connected, this, &TcpMmsClient::transportConnected, Qt::DirectConnection);
     connect(_socket, &TcpSocket::disconnected, this, &TcpMmsClient::transportDisconnected, Qt::DirectConnection);
     connect(_socket, &TcpSocket::readyRead, this, &TcpMmsClient::transportReadyRead, Qt::DirectConnection);
@@ -58,6 +65,8 @@ void TcpMmsClient::connectToServer(QUrl const& url, QString const&, int timeout)
 
 void TcpMmsClient::disconnectFromServer()
 {
+    if (_state == Streaming)
+        sendLinkViewerToMacCloseFile();
     _state = Closing;
     _inSession = false;
     closeSocket();
@@ -72,6 +81,8 @@ void TcpMmsClient::closeSocket()
         return;
     disconnect(socket, nullptr, this, nullptr);
     socket->flush(); // CloseFile may be on its way.
+    if (_farewells && _state == Closing && socket->isValid() && socket->socketDescriptor() >= 0)
+        _farewells->letGo(socket->socketDescriptor());
     socket->abort();
     _tcpSocketFactory->disposeTcpSocket(socket);
 }
@@ -212,6 +223,9 @@ void TcpMmsClient::resetSession()
     _authenticationPackage.clear();
     _serverVersionInfo.clear();
     _receiveBuffer.clear();
+    _isSliceUnderWay = false;
+    _uselessBytes = 0;
+    _headerAllowance = maximumHeaderBytes;
     _headerBuffer.clear();
     _expectedLocationId = 0;
     _selection.clear();
@@ -243,20 +257,61 @@ void TcpMmsClient::transportDisconnected(TcpSocket*)
 {
     // After what came before it: the last data and the end of the stream arrive together with the end of the
     // connection.
-    handleNow(new MmsSessionEndHandler(this, Closed, _error));
+    _isTransportOver = true;
+    readSlice();
 }
 
-void TcpMmsClient::transportReadyRead(TcpSocket* socket)
+void TcpMmsClient::transportReadyRead(TcpSocket*)
 {
-    QByteArray const bytes = socket->readAll();
-    _totalBytes += bytes.size();
-    if (_outOfStep)
+    readSlice();
+}
+
+void TcpMmsClient::setReading(bool reading)
+{
+    if (std::exchange(_isReading, reading) != reading && reading && _inSession && !_isSliceUnderWay) {
+        _isSliceUnderWay = true; // Not from within: the reader asks for it.
+        handleNow(new MmsSliceHandler(this));
+    }
+}
+
+void TcpMmsClient::sliceHandled()
+{
+    _isSliceUnderWay = false;
+    readSlice();
+}
+
+/// Reads on, unless nothing is to be read now: a server that is faster than what it sends is handled has to wait.
+void TcpMmsClient::readSlice()
+{
+    if (!_socket || !_isReading || _isSliceUnderWay || QThread::currentThread()->isInterruptionRequested())
         return;
+    QByteArray bytes(sliceBytes, Qt::Uninitialized);
+    bytes.truncate(std::max<qint64>(0, _socket->read(bytes.data(), bytes.size())));
+    if (bytes.isEmpty()) {
+        if (_isTransportOver)
+            handleNow(new MmsSessionEndHandler(this, Closed, _error));
+        return;
+    }
+    _totalBytes += bytes.size();
+    _uselessBytes += bytes.size();
+    if (!_outOfStep)
+        cutUp(bytes);
+    _isSliceUnderWay = true;
+    handleNow(new MmsSliceHandler(this));
+}
+
+/// Makes memos of the bytes.
+void TcpMmsClient::cutUp(QByteArray const& bytes)
+{
     _receiveBuffer += bytes;
     TcpMmsPacketizer::Result result = TcpMmsPacketizer::Taken;
     while (result == TcpMmsPacketizer::Taken)
         result = TcpMmsPacketizer::instance().probeBuffer(this, _receiveBuffer);
-    if (result == TcpMmsPacketizer::OutOfStep) {
+    bool const isUseless = _uselessBytes > maximumUselessBytes;
+    if (isUseless)
+        LOG_ERROR("%lld bytes of %s were no media", static_cast<long long>(_uselessBytes),
+                  qPrintable(_url.toDisplayString()));
+    if (isUseless || result == TcpMmsPacketizer::OutOfStep) {
         _outOfStep = true;
         _receiveBuffer.clear();
         handleNow(new MmsSessionEndHandler(this, Unconnected, StreamNotAvailable));

@@ -15,6 +15,7 @@ class DateTimeBuilder;
 class Logger;
 class Memo;
 class MemoQueue;
+class MmsFarewells;
 class TcpMmsMessage;
 class TcpSocket;
 class TcpSocketFactory;
@@ -37,6 +38,9 @@ public:
     static constexpr quint16 defaultPort = 1755;
     static constexpr qint64 maximumHeaderBytes = 4 << 20; ///< Of the ASF header; pictures in it make it large.
     static constexpr int maximumPacketSize = 65527;       ///< An ASF packet of more does not fit a data packet.
+    static constexpr qint64 sliceBytes = 64 << 10; ///< Read at a time; the rest waits until these have been handled.
+    static constexpr qint64 maximumUselessBytes = 2 << 20; ///< A server that sends so many without media is left.
+    static constexpr qint64 maximumUnsentBytes = 64 << 10; ///< Of answers to a server that does not read them.
 
     /// The GUID, with braces or without, names this viewer to servers. All objects are borrowed and outlive the
     /// client.
@@ -60,6 +64,11 @@ public:
     StreamingProtocol protocol() override { return MmsTcp; }
     void setClientId(QString const& id) override { _clientId = id; }
     QString clientId() const override { return _clientId; }
+    void setReading(bool reading) override;
+    bool isReading() const { return _isReading; }
+
+    /// Connections that are closed while bytes may be on their way go this way; borrowed, null for none.
+    void setFarewells(MmsFarewells* farewells) { _farewells = farewells; }
 
     // What the server told.
     void setPlayIncarnation(unsigned int incarnation) { _playIncarnation = incarnation; }
@@ -78,6 +87,7 @@ public:
     void startStreaming();          ///< Data packets come next.
     void stopStreaming(bool error); ///< Ends the session: RemoteServerClosed on error, else EndOfStream.
     void startReadTimer();          ///< Limits silence from now on.
+    void sliceHandled();            ///< What was read has been handled: more can be.
 
     // Memos: the client queues them and remembers those that are pending.
     void handleNow(Memo* memo);
@@ -122,6 +132,8 @@ public slots:
 
 private:
     void closeSocket();
+    void readSlice();
+    void cutUp(QByteArray const& bytes);
     void sendRequest(TcpMmsMessage& message);
     void startTimer();
     void handleHeaderData(unsigned int locationId, QByteArray const& bytes);
@@ -136,9 +148,13 @@ private:
     DateTimeBuilder* const _dateTimeBuilder;
     MemoQueue* const _memoQueue;
 
+    MmsFarewells* _farewells = nullptr;
     TcpSocket* _socket = nullptr; ///< The factory's; null when there is no session.
     bool _inSession = false;      ///< From connectToServer() until the session ends: done() is due once.
     bool _outOfStep = false;      ///< What comes is not looked at any more.
+    bool _isReading = true;
+    bool _isSliceUnderWay = false; ///< The memos of the bytes read last are pending.
+    bool _isTransportOver = false; ///< What is in the socket still counts.
     MmsClientState _state = Unconnected;
     MmsClientError _error = NoError;
     QUrl _url;
@@ -159,6 +175,8 @@ private:
     QString _authenticationPackage;
     QString _serverVersionInfo;
     QByteArray _receiveBuffer;
+    qint64 _uselessBytes = 0;                     ///< Since the last media.
+    qint64 _headerAllowance = maximumHeaderBytes; ///< Bytes of headers that are not useless yet.
     QByteArray _headerBuffer;
     unsigned int _expectedLocationId = 0;
     QMap<int, int> _selection; ///< By stream number: 0 wanted, 2 switched off.

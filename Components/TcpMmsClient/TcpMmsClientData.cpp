@@ -8,6 +8,8 @@
 
 #include <QtEndian>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -30,6 +32,8 @@ void TcpMmsClient::handleData(unsigned int locationId, unsigned char, QByteArray
         return;
     }
     if (_state == Streaming) {
+        if (!bytes.isEmpty())
+            _uselessBytes = 0;
         emit onData(bytes.size() < _packetSize ? bytes.leftJustified(_packetSize, '\0') : bytes);
         return;
     }
@@ -51,6 +55,9 @@ void TcpMmsClient::handleHeaderData(unsigned int locationId, QByteArray const& b
         return;
     }
     ++_expectedLocationId;
+    qint64 const useful = std::min<qint64>(bytes.size(), _headerAllowance);
+    _headerAllowance -= useful;
+    _uselessBytes -= useful;
     if (_headerBuffer.size() < objectPrefixBytes)
         return;
     auto const objectBytes = qFromLittleEndian<quint64>(_headerBuffer.constData() + guidBytes);
@@ -84,6 +91,7 @@ bool TcpMmsClient::processHeader()
     if (valid) {
         AsfStreamFilter filter(_headerBuffer);
         filter.useBandwidthLimit(bandwidthLimit, _selection, _headerBuffer);
+        _streamBitrate = filter.bitrateOf(_selection, static_cast<int>(_streamBitrate));
         valid = !_headerBuffer.isEmpty();
     }
     if (!valid)

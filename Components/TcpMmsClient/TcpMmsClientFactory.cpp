@@ -16,7 +16,10 @@ TcpMmsClientFactory::TcpMmsClientFactory(QString const& guid, TcpSocketFactory* 
 
 MmsClient* TcpMmsClientFactory::createMmsClient(QObject* parent)
 {
-    return new TcpMmsClient(_guid, _timerFactory, _tcpSocketFactory, _dateTimeBuilder, _memoQueue, parent);
+    auto* const client =
+        new TcpMmsClient(_guid, _timerFactory, _tcpSocketFactory, _dateTimeBuilder, _memoQueue, parent);
+    client->setFarewells(_farewells);
+    return client;
 }
 
 void TcpMmsClientFactory::disposeMmsClient(MmsClient* client)

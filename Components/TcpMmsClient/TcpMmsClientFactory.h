@@ -7,6 +7,7 @@
 class DateTimeBuilder;
 class Logger;
 class MemoQueue;
+class MmsFarewells;
 class TcpSocketFactory;
 class TimerFactory;
 
@@ -17,6 +18,9 @@ public:
     /// What the clients are made of, see TcpMmsClient; borrowed.
     TcpMmsClientFactory(QString const& guid, TcpSocketFactory* tcpSocketFactory, TimerFactory* timerFactory,
                         DateTimeBuilder* dateTimeBuilder, MemoQueue* memoQueue);
+
+    /// Gives this to the clients; borrowed, null for none.
+    void setFarewells(MmsFarewells* farewells) { _farewells = farewells; }
 
     MmsClient* createMmsClient(QObject* parent) override;
 
@@ -31,4 +35,5 @@ private:
     TimerFactory* const _timerFactory;
     DateTimeBuilder* const _dateTimeBuilder;
     MemoQueue* const _memoQueue;
+    MmsFarewells* _farewells = nullptr;
 };

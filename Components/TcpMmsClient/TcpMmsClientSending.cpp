@@ -115,5 +115,6 @@ void TcpMmsClient::sendLinkViewerToMacCloseFile()
 void TcpMmsClient::sendLinkViewerToMacPong()
 {
     MmsLinkViewerToMacPong message;
-    sendMessage(message);
+    if (_socket && _socket->bytesToWrite() < maximumUnsentBytes)
+        sendMessage(message);
 }

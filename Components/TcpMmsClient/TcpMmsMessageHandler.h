@@ -1,11 +1,11 @@
 #pragma once
 
 #include "AbstractMemo.h"
+#include "TcpMmsConversation.h"
 #include "TcpMmsMessage.h"
 
 #include <memory>
 
-class Logger;
 class TcpMmsClient;
 
 /// What is to be done for a TcpMmsClient about one thing that it received or waits for, as a memo of the client's.
@@ -26,31 +26,29 @@ protected:
     TcpMmsClient& client() const { return *_client; }
     TcpMmsMessage const& message() const { return *_message; }
 
-    /// Whether the conversation goes on with a report that answers `request`: it does when that was the last message
-    /// sent, else the report is late, and when the result is not negative. A negative one is given to handleError().
-    bool isSuccess(TcpMmsMessage::MmsMessageType request, int result) const;
-
-    static Logger* log;
-
 private:
     TcpMmsClient* const _client;
     std::unique_ptr<TcpMmsMessage> const _message;
     bool _live = true;
 };
 
-/// What the handler of one type of message has besides its work.
-template<typename Handler, typename Message>
+/// The handler of one type of message: does what TcpMmsConversation says.
+template<typename Message>
 class TcpMmsMessageHandlerOf : public TcpMmsMessageHandler
 {
 public:
+    /// A handler that owns the message, which is of the class Message. Owned by the caller.
+    static Memo* create(TcpMmsClient* client, TcpMmsMessage* message)
+    {
+        return new TcpMmsMessageHandlerOf(client, message);
+    }
+
+protected:
+    void act() override { TcpMmsConversation::follow(client(), static_cast<Message const&>(message())); }
+
+private:
     TcpMmsMessageHandlerOf(TcpMmsClient* client, TcpMmsMessage* message)
         : TcpMmsMessageHandler(client, std::unique_ptr<TcpMmsMessage>(message))
     {
     }
-
-    /// A handler that owns the message, which is of the class Message. Owned by the caller.
-    static Memo* create(TcpMmsClient* client, TcpMmsMessage* message) { return new Handler(client, message); }
-
-protected:
-    Message const& report() const { return static_cast<Message const&>(message()); }
 };

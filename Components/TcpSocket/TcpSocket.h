@@ -44,6 +44,9 @@ public:
     /// Queues bytes to be sent. Returns their number, or -1 on error.
     virtual qint64 write(QByteArray const& data) = 0;
 
+    /// Bytes that wait to be sent.
+    virtual qint64 bytesToWrite() const = 0;
+
     /// Sends what the system takes without blocking; whether anything went.
     virtual bool flush() = 0;
 

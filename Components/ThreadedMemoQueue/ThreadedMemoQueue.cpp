@@ -3,9 +3,9 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "Memo.h"
+#include "MonotonicTickCounter.h"
 #include "QtTimerFactory.h"
 #include "SortedMemoQueue.h"
-#include "SystemTickCounter.h"
 
 #include <QUuid>
 
@@ -90,7 +90,7 @@ void ThreadedMemoQueue::clear(void* owner)
 
 void ThreadedMemoQueue::run()
 {
-    SystemTickCounter tickCounter;
+    MonotonicTickCounter tickCounter;
     QtTimerFactory timerFactory;
     auto queue = std::make_unique<SortedMemoQueue>(&tickCounter, &timerFactory, nullptr);
     {

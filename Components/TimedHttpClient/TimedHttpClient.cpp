@@ -98,6 +98,10 @@ void TimedHttpClient::onDeviceBytesWritten(qint64)
 
 void TimedHttpClient::onTimeout(Timer*)
 {
+    if (_client->bytesAvailable() > 0) {
+        _timer->start(_timer->interval());
+        return;
+    }
     LOG_ERROR("********** TimedHttpClient timed out!");
     _timedOut = true;
     _client->abort();

@@ -7,7 +7,8 @@ class Timer;
 class TimerFactory;
 
 /// An HttpClient around another one that gives up on silence: when no header, no data and no write to the device
-/// has come for the time given with a request, the inner client is aborted.
+/// has come for the time given with a request, the inner client is aborted. While a body waits to be read, silence is
+/// the reader's.
 ///
 /// A time-out ends as any abort does, with done(true) and the error Aborted, and that stands whatever the inner
 /// client makes of it; timedOut() tells the two apart. The inner client and the timer move along with moveToThread().

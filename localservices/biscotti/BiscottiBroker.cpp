@@ -55,6 +55,8 @@ Decision BiscottiBroker::handle(Client client, BiscottiSession& session, Biscott
         return malformed(broken->why);
     if (Decision const id = checkId(request.id.toString(), "message"); !isGood(id))
         return id;
+    if (BiscottiSession::identityOf(request.id) != session.identity())
+        return refused(QStringLiteral("its id is not of the client's own"));
     if (std::holds_alternative<BiscottiRequest::Signed>(request.body))
         return {AckCode::SignatureNotVerified, QStringLiteral("it is signed")};
     if (session.knows(request.id))

@@ -8,12 +8,12 @@ class BiscottiSession;
 
 /// Decides about each message of a client: what it is answered, and whom a post reaches. Knows no links.
 ///
-/// The codes: Malformed for what is no message, has no id or no topic; Refused for a refused topic or what goes
-/// beyond BiscottiLimits; SubscriptionNotFound for the end of a subscription that this link has not; BodyTooLarge;
-/// SignatureRequired for a sealed topic; SignatureNotVerified for anything signed; SubscriptionIdExists for an id
-/// that is in use on this link, or was used for another topic on an earlier one; MessageIdExists for a message that
-/// was taken before, also on an earlier link; TemporaryServerError when all clients together have too many
-/// subscriptions.
+/// The codes: Malformed for what is no message, has no id or no topic; Refused for a refused topic, an id of
+/// another identity than the client's, or what goes beyond BiscottiLimits; SubscriptionNotFound for the end of a
+/// subscription that this link has not; BodyTooLarge; SignatureRequired for a sealed topic; SignatureNotVerified for
+/// anything signed; SubscriptionIdExists for an id that is in use on this link, or was used for another topic on an
+/// earlier one; MessageIdExists for a message that was taken before, also on an earlier link; TemporaryServerError
+/// when all clients together have too many subscriptions.
 class BiscottiBroker
 {
 public:

@@ -41,13 +41,15 @@ BiscottiConnection::BiscottiConnection(std::unique_ptr<QTcpSocket> socket, Bisco
 
 void BiscottiConnection::over()
 {
-    hold(0);
+    forgetUnread();
     _server.leave(*this);
 }
 
 void BiscottiConnection::received(QByteArray const& bytes)
 {
     _msLastHeard = _server.msNow();
+    if (_msAsked)
+        answered();
     if (_isGreeted) {
         _reader.add(bytes);
     } else {
@@ -91,17 +93,20 @@ void BiscottiConnection::answerGreeting(CentralisedBiscottiGreeting const& greet
 
 void BiscottiConnection::readMessages()
 {
-    while (!isFinishing()) {
+    while (!isFinishing() && !_waiting) {
+        qsizetype const bytes = _reader.bytesHeld();
         std::optional<BiscottiRequest> const request = _reader.next();
         if (!request)
             break;
         _msMessage = 0;
-        handle(*request);
+        _session ? handle(*request) : enter(*request, bytes - _reader.bytesHeld());
     }
-    if (!hold(_reader.bytesHeld()))
+    if (isFinishing())
+        return forgetUnread();
+    if (!hold(_reader.bytesHeld() + _bytesWaiting))
         drop(QStringLiteral("all clients together send too much that does not come to an end"));
-    else if (!_reader.errorText().isEmpty())
-        refuse(_reader.errorText());
+    else if (_reader.isOutOfStep())
+        refuse(QStringLiteral("what it sends is no message, or is too large"));
     else if (_reader.bytesHeld() > 0 && _msMessage == 0)
         _msMessage = _msLastHeard;
 }
@@ -112,12 +117,69 @@ bool BiscottiConnection::hold(qint64 bytes)
     return _server.hold(more) || more <= 0;
 }
 
+/// What a connection that ends has still sent will not be read.
+void BiscottiConnection::forgetUnread()
+{
+    _reader.clear();
+    _waiting.reset();
+    _bytesWaiting = 0;
+    hold(0);
+}
+
+void BiscottiConnection::enter(BiscottiRequest const& request, qsizetype bytes)
+{
+    _identity = BiscottiSession::identityOf(request.id);
+    if (_identity.size() > BiscottiLimits::id)
+        _identity.clear();
+    _session = _server.enter(*this, _identity);
+    if (_session)
+        return handle(request);
+    _waiting = request;
+    _bytesWaiting = bytes;
+    pauseReading();
+}
+
+void BiscottiConnection::tryToEnter()
+{
+    if (isFinishing() || !(_session = _server.enter(*this, _identity)))
+        return;
+    _bytesWaiting = 0;
+    handle(*std::exchange(_waiting, std::nullopt));
+    readMessages();
+    resumeReading();
+}
+
+void BiscottiConnection::turnAway()
+{
+    refuse(QStringLiteral("another link of its client is there"));
+    forgetUnread();
+}
+
+void BiscottiConnection::askWhetherItIsThere()
+{
+    if (_msAsked)
+        return;
+    _msAsked = _server.msNow();
+    deliver(_server.heartbeat());
+}
+
+/// A client answers no message, but its system does: one that is gone, or beyond a broken network, takes nothing.
+void BiscottiConnection::checkWhetherItIsThere(qint64 msNow)
+{
+    if (hasTakenAll())
+        answered();
+    else if (msNow - *_msAsked >= msForAnswer)
+        drop(QStringLiteral("it does not answer, and its client has come back"));
+}
+
+void BiscottiConnection::answered()
+{
+    _msAsked.reset();
+    _server.turnAwayWaiting(_identity);
+}
+
 void BiscottiConnection::handle(BiscottiRequest const& request)
 {
-    if (!_session) {
-        QString const identity = BiscottiSession::identityOf(request.id);
-        _session = _server.enter(*this, identity.size() <= BiscottiLimits::id ? identity : QString());
-    }
     if (!request.wantsAck() || _server.broker().rules().isSilent)
         return;
     BiscottiBroker::Decision const decision = _server.handle(*this, request);
@@ -152,6 +214,8 @@ void BiscottiConnection::check(qint64 msNow)
 {
     if (!_isGreeted && msNow - _msBegin > msForGreeting && !_server.broker().rules().isSilent)
         return refuse(QStringLiteral("it does not greet"));
+    if (_msAsked)
+        checkWhetherItIsThere(msNow);
     if (msNow - _msLastHeard > msOfSilence)
         return refuse(QStringLiteral("it has been silent for %1 s").arg((msNow - _msLastHeard) / 1000));
     if (_msMessage != 0 && msNow - _msMessage > msForMessage)

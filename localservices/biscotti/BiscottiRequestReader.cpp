@@ -4,8 +4,8 @@
 #include "AsnExtraction.h"
 
 #include <array>
+#include <memory>
 #include <stdexcept>
-#include <utility>
 
 namespace
 {
@@ -20,7 +20,7 @@ struct BaseMsgDeleter {
 template<typename Owner>
 Owner decode(asn_TYPE_descriptor_t const& type, QByteArrayView bytes, bool& good)
 {
-    // asn1c's own watch over its stack is off: the guard has bounded the depth.
+    // asn1c's own watch over its stack is off: the cutter has bounded the depth.
     asn_codec_ctx_t context = {.max_stack_size = 0};
     void* structure = nullptr;
     asn_dec_rval_t const result = ber_decode(&context, const_cast<asn_TYPE_descriptor_t*>(&type), &structure,
@@ -71,12 +71,6 @@ CentralisedBiscottiMessageId idOfSigned(BiscSignedMsg const& message)
     return good ? AsnExtraction::messageId(*base) : CentralisedBiscottiMessageId();
 }
 
-/// Whether the byte is the tag of one of the two envelopes, so that garbage is told from its first byte.
-bool isEnvelope(char tag)
-{
-    return tag == '\xA0' || tag == '\xA1';
-}
-
 BiscottiRequest read(QByteArrayView bytes)
 {
     bool good = false;
@@ -104,23 +98,6 @@ BiscottiRequest read(QByteArrayView bytes)
 
 std::optional<BiscottiRequest> BiscottiRequestReader::next()
 {
-    if (!_errorText.isEmpty())
-        return std::nullopt;
-    bool const isForeign = bytesHeld() > 0 && !isEnvelope(_buffer.at(_begin));
-    if (!isForeign)
-        _followed += _guard.follow(QByteArrayView(_buffer).sliced(_begin + _followed));
-    if (isForeign || _guard.isBroken()) {
-        _errorText = QStringLiteral("what it sends is no message, or is too large");
-        _buffer.clear();
-        _begin = 0;
-        return std::nullopt;
-    }
-    if (!_guard.isComplete()) {
-        _buffer.remove(0, std::exchange(_begin, 0));
-        return std::nullopt;
-    }
-    BiscottiRequest request = read(QByteArrayView(_buffer).sliced(_begin, _followed));
-    _begin += std::exchange(_followed, 0);
-    _guard.reset();
-    return request;
+    std::optional<QByteArray> const message = _cutter.next();
+    return message ? std::optional(read(*message)) : std::nullopt;
 }

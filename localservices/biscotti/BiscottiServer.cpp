@@ -19,18 +19,6 @@ BiscottiServer::~BiscottiServer()
     closeAll();
 }
 
-bool BiscottiServer::remember(QString const& path, QString& error)
-{
-    if (!_journal.open(path, msNow(), error))
-        return false;
-    for (BiscottiJournal::Entry const& entry : _journal.takeEntries()) {
-        std::shared_ptr<BiscottiSession> const session = _sessions.enter(BiscottiSession::identityOf(entry.id));
-        session->rememberPost(entry.id);
-        _sessions.leave(session, entry.ms);
-    }
-    return true;
-}
-
 qint64 BiscottiServer::msNow() const
 {
     return tickCounter().msSinceEpoch();
@@ -46,28 +34,49 @@ ServiceConnection* BiscottiServer::createConnection(std::unique_ptr<QTcpSocket> 
 void BiscottiServer::lookAfter(qint64 msNow)
 {
     _sessions.forgetOld(msNow);
-    if (_journal.isOpen() && _journal.isFull())
-        rewriteJournal();
 }
 
 std::shared_ptr<BiscottiSession> BiscottiServer::enter(BiscottiConnection& connection, QString const& identity)
 {
     if (identity.isEmpty())
         return std::make_shared<BiscottiSession>();
-    if (BiscottiConnection* const older = _clientOf.value(identity))
-        older->drop(QStringLiteral("its client has come back as %1").arg(connection.peer()));
+    if (BiscottiConnection* const older = _clientOf.value(identity)) {
+        _waiting[identity].append(&connection);
+        older->askWhetherItIsThere();
+        return nullptr;
+    }
     _clientOf.insert(identity, &connection);
     return _sessions.enter(identity);
+}
+
+void BiscottiServer::turnAwayWaiting(QString const& identity)
+{
+    QList<BiscottiConnection*> const waiting = _waiting.take(identity);
+    for (BiscottiConnection* const connection : waiting)
+        connection->turnAway();
+}
+
+/// The first one gets in, and the others wait for that one.
+void BiscottiServer::callWaiting(QString const& identity)
+{
+    QList<BiscottiConnection*> const waiting = _waiting.take(identity);
+    for (BiscottiConnection* const connection : waiting)
+        connection->tryToEnter();
 }
 
 void BiscottiServer::leave(BiscottiConnection& connection)
 {
     _clients.remove(connection.client());
     _broker.leave(connection.client());
+    if (auto const waiting = _waiting.find(connection.identity()); waiting != _waiting.end())
+        waiting->removeAll(&connection);
     std::shared_ptr<BiscottiSession> const session = connection.session();
     if (session && _clientOf.value(session->identity()) == &connection) {
         _clientOf.remove(session->identity());
         _sessions.leave(session, msNow());
+        // Not from within the end of a connection, which may come in the middle of anything.
+        QMetaObject::invokeMethod(
+            this, [this, identity = session->identity()] { callWaiting(identity); }, Qt::QueuedConnection);
     }
 }
 
@@ -86,8 +95,6 @@ BiscottiBroker::Decision BiscottiServer::handle(BiscottiConnection& connection, 
     if (decision.code != CentralisedBiscottiAck::Ok || !post)
         return decision;
     ++_postCount;
-    if (!connection.session()->identity().isEmpty())
-        _journal.append(msNow(), request.id);
     if (!deliver(*post, recipients))
         decision = {CentralisedBiscottiAck::InternalServerError, QStringLiteral("it cannot be written again")};
     return decision;
@@ -123,16 +130,4 @@ QByteArray BiscottiServer::heartbeat()
 CentralisedBiscottiMessageId BiscottiServer::nextId()
 {
     return CentralisedBiscottiMessageId(QStringLiteral("server,%1").arg(_nextMessage++));
-}
-
-void BiscottiServer::rewriteJournal()
-{
-    QList<BiscottiJournal::Entry> entries;
-    for (std::shared_ptr<BiscottiSession> const& session : _sessions.all()) {
-        bool const isHere = _clientOf.contains(session->identity());
-        for (CentralisedBiscottiMessageId const& id : session->posts())
-            entries.append({isHere ? msNow() : session->msLeft, id});
-    }
-    if (!_journal.rewrite(entries))
-        LOG_ERROR("The file of remembered posts cannot be written anew");
 }

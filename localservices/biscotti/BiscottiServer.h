@@ -1,7 +1,6 @@
 #pragma once
 
 #include "BiscottiBroker.h"
-#include "BiscottiJournal.h"
 #include "BiscottiSessions.h"
 #include "CentralisedBiscottiMessageEncoder.h"
 #include "Service.h"
@@ -13,7 +12,8 @@ struct BiscottiRequest;
 /// whom it concerns. Messages come in BER and go in DER. A post is remembered, then sent to its recipients, then
 /// acknowledged, so that one that was acknowledged has left the server, and one that is sent again is told.
 ///
-/// The link that a client opened last is the client's: an older one that is still open is dropped.
+/// All recipients of a post can see the identity of its sender. So an identity stays with the link that has it for as
+/// long as that answers: who comes under the same one waits until it is asked, and is turned away if it does.
 class BiscottiServer : public Service
 {
     Q_OBJECT
@@ -23,14 +23,13 @@ public:
     BiscottiServer(TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent = nullptr);
     ~BiscottiServer() override;
 
-    /// Remembers the posts of the last minutes in a file as well, and takes up those of the server that wrote it
-    /// before. Call it before listen(). False, and a text that tells why, if the file cannot be had.
-    bool remember(QString const& path, QString& error);
-
     BiscottiBroker& broker() { return _broker; }
     qint64 msNow() const;
     qsizetype sessionCount() const { return _sessions.count(); }
     quint64 postCount() const { return _postCount; }
+
+    /// Of messages that are not whole, of all clients.
+    qint64 bytesHeld() const { return _bytesHeld; }
 
     // For the connections.
 
@@ -39,8 +38,12 @@ public:
     /// Handles a message that wants an acknowledgement. Answers what it is acknowledged with.
     BiscottiBroker::Decision handle(BiscottiConnection& connection, BiscottiRequest const& request);
 
-    /// The session of the client that has said who it is.
+    /// The session of the client that has said who it is. Null if another link has that identity: that one is asked,
+    /// and the connection is told by tryToEnter() when it is over, or is closed when it answers.
     std::shared_ptr<BiscottiSession> enter(BiscottiConnection& connection, QString const& identity);
+
+    /// The connection that has this identity has answered.
+    void turnAwayWaiting(QString const& identity);
 
     /// The connection is over.
     void leave(BiscottiConnection& connection);
@@ -58,14 +61,14 @@ protected:
 private:
     CentralisedBiscottiMessageId nextId();
     bool deliver(BiscottiPost const& post, QSet<Client> const& recipients);
-    void rewriteJournal();
+    void callWaiting(QString const& identity);
 
     BiscottiBroker _broker;
     BiscottiSessions _sessions;
-    BiscottiJournal _journal;
     CentralisedBiscottiMessageEncoder _encoder{nullptr};
-    QHash<Client, BiscottiConnection*> _clients;   ///< Borrowed from the base class, by number.
-    QHash<QString, BiscottiConnection*> _clientOf; ///< By identity.
+    QHash<Client, BiscottiConnection*> _clients;         ///< Borrowed from the base class, by number.
+    QHash<QString, BiscottiConnection*> _clientOf;       ///< By identity.
+    QHash<QString, QList<BiscottiConnection*>> _waiting; ///< For an identity, the one that came first in front.
     Client _nextClient = 1;
     quint64 _nextMessage = 0;
     quint64 _postCount = 0;

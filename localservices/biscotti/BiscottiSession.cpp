@@ -1,19 +1,11 @@
 #include "BiscottiSession.h"
 
-#include <utility>
+#include <algorithm>
 
 QString BiscottiSession::identityOf(CentralisedBiscottiMessageId const& id)
 {
     QString const text = id.toString();
     return text.left(std::max<qsizetype>(0, text.lastIndexOf(u',')));
-}
-
-QList<CentralisedBiscottiMessageId> BiscottiSession::posts() const
-{
-    QList<CentralisedBiscottiMessageId> ids;
-    for (QString const& post : _posts)
-        ids.append(CentralisedBiscottiMessageId(post.startsWith(u',') ? _identity + post : post.mid(1)));
-    return ids;
 }
 
 bool BiscottiSession::isTaken(BiscottiSubscription const& subscription) const
@@ -28,14 +20,6 @@ void BiscottiSession::rememberSubscription(BiscottiSubscription const& subscript
     if (_subscriptions.size() >= 2 * BiscottiLimits::subscriptionsOfClient)
         _subscriptions.clear();
     _subscriptions.insert(subscription.subscriptionId(), describe(subscription));
-}
-
-/// An id of this identity begins with a comma, any other with a blank.
-QString BiscottiSession::shortened(CentralisedBiscottiMessageId const& id) const
-{
-    QString const text = id.toString();
-    bool const isOwn = !_identity.isEmpty() && identityOf(id) == _identity;
-    return isOwn ? text.mid(_identity.size()) : u' ' + text;
 }
 
 void BiscottiSession::remember(CentralisedBiscottiMessageId const& id, QList<QString>& ids, qsizetype limit)

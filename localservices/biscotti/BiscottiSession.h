@@ -22,6 +22,8 @@ public:
 
     QString const& identity() const { return _identity; }
 
+    // The messages are those of this identity.
+
     /// Whether a message of this id has been taken.
     bool knows(CentralisedBiscottiMessageId const& id) const { return _known.contains(shortened(id)); }
     void rememberPost(CentralisedBiscottiMessageId const& id)
@@ -33,9 +35,6 @@ public:
         remember(id, _others, BiscottiLimits::othersRemembered);
     }
 
-    /// The ids of the posts that have been taken, the oldest first.
-    QList<CentralisedBiscottiMessageId> posts() const;
-
     /// Whether the id was used for another topic on a link before, and not given back.
     bool isTaken(BiscottiSubscription const& subscription) const;
     void rememberSubscription(BiscottiSubscription const& subscription);
@@ -44,13 +43,13 @@ public:
     qint64 msLeft = 0; ///< When its link ended.
 
 private:
-    QString shortened(CentralisedBiscottiMessageId const& id) const;
+    QString shortened(CentralisedBiscottiMessageId const& id) const { return id.toString().mid(_identity.size()); }
     void remember(CentralisedBiscottiMessageId const& id, QList<QString>& ids, qsizetype limit);
     static QString describe(BiscottiSubscription const& subscription);
 
     QString const _identity;
-    QSet<QString> _known;
-    QList<QString> _posts; ///< In the order of coming, as the others; ids of the own identity without it.
+    QSet<QString> _known;  ///< Message ids without the identity, as below.
+    QList<QString> _posts; ///< In the order of coming, as the others.
     QList<QString> _others;
     QHash<BiscottiSubscriptionId, QString> _subscriptions; ///< What each was for.
 };

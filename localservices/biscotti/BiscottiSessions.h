@@ -21,7 +21,6 @@ public:
 
     void forgetOld(qint64 msNow);
 
-    QList<std::shared_ptr<BiscottiSession>> all() const { return _sessions.values(); }
     qsizetype count() const { return _sessions.size(); }
 
 private:

@@ -3,10 +3,10 @@
 #include "BiscottiSubscriber.h"
 #include "BiscottiToolOptions.h"
 #include "CentralisedBiscotti.h"
+#include "MonotonicTickCounter.h"
 #include "ObservedTcpSocketFactory.h"
 #include "QtTimerFactory.h"
 #include "SortedMemoQueue.h"
-#include "SystemTickCounter.h"
 #include "TrieBiscottiSubscriptionEngine.h"
 
 #include <QObject>
@@ -48,7 +48,7 @@ private:
     QString server() const { return QStringLiteral("%1:%2").arg(_options.host).arg(_options.port); }
 
     BiscottiToolOptions const _options;
-    SystemTickCounter _clock;
+    MonotonicTickCounter _clock;
     QtTimerFactory _timers;
     SortedMemoQueue _memos{&_clock, &_timers};
     ObservedTcpSocketFactory _sockets;

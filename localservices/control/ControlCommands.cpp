@@ -54,7 +54,7 @@ ControlCommands::Answer ControlCommands::run(QString const& line)
         if (command == QLatin1String(name))
             return (this->*handler)(words);
     }
-    return {{}, QStringLiteral("\"%1\" is no command; \"help\" lists them").arg(command)};
+    return {{}, QStringLiteral("\"%1\" is no command; \"help\" lists them").arg(command), false};
 }
 
 ControlCommands::Answer ControlCommands::showHelp(QStringList const&)

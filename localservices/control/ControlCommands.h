@@ -16,7 +16,8 @@ class ControlCommands
 public:
     struct Answer {
         QStringList lines;
-        QString error; ///< Empty when it was done.
+        QString error;         ///< Empty when it was done.
+        bool isCommand = true; ///< Otherwise nobody who means these services has said it.
     };
 
     /// Both are borrowed.

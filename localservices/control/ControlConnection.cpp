@@ -4,10 +4,12 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
+#include <utility>
+
 Logger* ControlConnection::log = LoggerManager::logger();
 
-ControlConnection::ControlConnection(std::unique_ptr<QTcpSocket> socket, ControlCommands& commands)
-    : ServiceConnection(std::move(socket)), _commands(commands)
+ControlConnection::ControlConnection(std::unique_ptr<QTcpSocket> socket, ControlCommands& commands, QByteArray token)
+    : ServiceConnection(std::move(socket)), _commands(commands), _token(std::move(token))
 {
 }
 
@@ -27,10 +29,33 @@ void ControlConnection::received(QByteArray const& bytes)
 
 void ControlConnection::handle(QString const& line)
 {
+    if (!_isTrusted) {
+        _isTrusted = line == QStringLiteral("token ") + QString::fromLatin1(_token);
+        if (_isTrusted)
+            return;
+        answer({QStringLiteral("ERROR the first line has to be \"token\" and the token of the ports file")});
+        return refuse(QStringLiteral("it does not tell the token"));
+    }
     if (line == "quit")
         return finish();
     LOG_INFO("%s: %s", qUtf8Printable(peer()), qUtf8Printable(line));
-    ControlCommands::Answer answer = _commands.run(line);
-    answer.lines.append(answer.error.isEmpty() ? QStringLiteral("OK") : QStringLiteral("ERROR ") + answer.error);
-    send((answer.lines.join('\n') + '\n').toUtf8());
+    ControlCommands::Answer const result = _commands.run(line);
+    answer(result.lines +
+           QStringList(result.error.isEmpty() ? QStringLiteral("OK") : QStringLiteral("ERROR ") + result.error));
+    if (!result.isCommand)
+        refuse(QStringLiteral("what it says is no command"));
+}
+
+void ControlConnection::answer(QStringList const& lines)
+{
+    send((lines.join('\n') + '\n').toUtf8());
+}
+
+/// Who has told the token may be silent for as long as he likes.
+void ControlConnection::check(qint64 msNow)
+{
+    if (_msFirstCheck == 0)
+        _msFirstCheck = msNow;
+    if (!_isTrusted && msNow - _msFirstCheck > msForToken)
+        drop(QStringLiteral("it does not tell the token"));
 }

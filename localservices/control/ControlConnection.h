@@ -13,17 +13,23 @@ class ControlConnection : public ServiceConnection
 public:
     static constexpr qsizetype maximumLine = 4096; ///< Bytes. A longer line ends the connection.
 
+    static constexpr qint64 msForToken = 10'000;
+
     /// The commands are borrowed.
-    ControlConnection(std::unique_ptr<QTcpSocket> socket, ControlCommands& commands);
+    ControlConnection(std::unique_ptr<QTcpSocket> socket, ControlCommands& commands, QByteArray token);
 
 protected:
     void received(QByteArray const& bytes) override;
-    void check(qint64) override {} // May be silent for as long as it likes.
+    void check(qint64 msNow) override;
 
 private:
     void handle(QString const& line);
+    void answer(QStringList const& lines);
 
     ControlCommands& _commands;
+    QByteArray const _token;
+    bool _isTrusted = false; ///< Has told the token.
+    qint64 _msFirstCheck = 0;
     QByteArray _buffer;
 
     static Logger* log;

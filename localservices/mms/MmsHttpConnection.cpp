@@ -50,7 +50,8 @@ QByteArray headerChunks(Broadcast const& broadcast)
 } // namespace
 
 MmsHttpConnection::MmsHttpConnection(std::unique_ptr<QTcpSocket> socket, MmsHttpServer& server)
-    : ServiceConnection(std::move(socket)), _server(server), _msLastRequest(server.msNow())
+    : ServiceConnection(std::move(socket)), _server(server), _msLastRequest(server.msNow()),
+      _msRequestBegin(_msLastRequest)
 {
 }
 
@@ -80,8 +81,12 @@ void MmsHttpConnection::received(QByteArray const& bytes)
     while (!isFinishing() && !_broadcast && !_silent) {
         HttpRequestReader::Result const result = _reader.next(rest);
         rest.clear();
-        if (result == HttpRequestReader::Result::Incomplete)
+        if (result == HttpRequestReader::Result::Incomplete) {
+            if (_reader.isInRequest() && !std::exchange(_isInRequest, true))
+                _msRequestBegin = _server.msNow();
             return;
+        }
+        _isInRequest = false;
         _msLastRequest = _server.msNow();
         if (result == HttpRequestReader::Result::Bad) {
             LOG_WARNING("%s: bad request, answered with %d", qUtf8Printable(peer()), _reader.status());
@@ -96,8 +101,12 @@ void MmsHttpConnection::received(QByteArray const& bytes)
 
 void MmsHttpConnection::check(qint64 msNow)
 {
-    if (!_broadcast && !_silent && msNow - _msLastRequest > msForRequest)
-        drop(QStringLiteral("no request for %1 s").arg(msForRequest / 1000));
+    if (_broadcast || _silent)
+        return;
+    if (_isInRequest && msNow - _msRequestBegin > msForRequest)
+        drop(QStringLiteral("its request does not come to an end"));
+    else if (msNow - _msLastRequest > msBetweenRequests)
+        drop(QStringLiteral("no request for %1 s").arg(msBetweenRequests / 1000));
 }
 
 void MmsHttpConnection::handle(HttpRequest const& http)

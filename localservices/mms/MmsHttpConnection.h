@@ -19,7 +19,8 @@ class MmsHttpConnection : public ServiceConnection, private BroadcastListener
     Q_OBJECT
 
 public:
-    static constexpr qint64 msForRequest = 60'000; ///< Until the next request is complete.
+    static constexpr qint64 msForRequest = 10'000; ///< For the first one, and from the begin of one to its end.
+    static constexpr qint64 msBetweenRequests = 60'000;
 
     /// The server is borrowed and outlives the connection.
     MmsHttpConnection(std::unique_ptr<QTcpSocket> socket, MmsHttpServer& server);
@@ -53,7 +54,9 @@ private:
 
     MmsHttpServer& _server;
     HttpRequestReader _reader;
-    qint64 _msLastRequest;
+    qint64 _msLastRequest;    ///< When one ended, or the connection began.
+    qint64 _msRequestBegin;   ///< Of the one that is under way.
+    bool _isInRequest = true; ///< The first one is expected at once.
     bool _keepAlive = true;
     bool _withBody = true; ///< Not for a request by HEAD.
     bool _silent = false;  ///< Takes requests and answers none, as a fault asks for.

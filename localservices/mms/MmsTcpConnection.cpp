@@ -36,7 +36,8 @@ QString textFromUtf16(QByteArrayView bytes)
 } // namespace
 
 MmsTcpConnection::MmsTcpConnection(std::unique_ptr<QTcpSocket> socket, MmsTcpServer& server)
-    : ServiceConnection(std::move(socket)), _server(server), _msLastHeard(server.msNow()), _msLastPing(_msLastHeard)
+    : ServiceConnection(std::move(socket)), _server(server), _msBegin(server.msNow()), _msLastHeard(_msBegin),
+      _msLastPing(_msBegin)
 {
 }
 
@@ -82,6 +83,8 @@ void MmsTcpConnection::check(qint64 msNow)
 {
     if (_silent)
         return;
+    if (_state == State::New && msNow - _msBegin > msForGreeting)
+        return drop(QStringLiteral("its greeting does not come to an end"));
     if (_state != State::Playing && msNow - _msLastHeard > msForRequest)
         return drop(QStringLiteral("no message for %1 s").arg(msForRequest / 1000));
     if (_state == State::Playing && msNow - std::max(_msLastHeard, _msLastPing) > msBetweenPings) {
@@ -116,6 +119,7 @@ void MmsTcpConnection::handle(MmsTcpRequest const& request)
     case MmsTcpRequest::StopPlaying:
         return leave();
     case MmsTcpRequest::CloseFile:
+        LOG_INFO("%s: closes %s (stop)", qUtf8Printable(peer()), qUtf8Printable(path()));
         leave();
         _broadcast = nullptr;
         _state = std::min(_state, State::Funnel);

@@ -20,6 +20,7 @@ class MmsTcpConnection : public ServiceConnection, private BroadcastListener
     Q_OBJECT
 
 public:
+    static constexpr qint64 msForGreeting = 10'000;  ///< Until the first message.
     static constexpr qint64 msForRequest = 60'000;   ///< Until the next message of a client that does not play.
     static constexpr qint64 msBetweenPings = 20'000; ///< For a client that has said nothing since.
     static constexpr int maximumSwitches = 256;
@@ -68,6 +69,7 @@ private:
     MmsTcpRequestReader _reader;
     State _state = State::New;
     quint16 _sequence = 0;
+    qint64 const _msBegin;
     qint64 _msLastHeard;
     qint64 _msLastPing;
     bool _silent = false;

@@ -13,7 +13,8 @@
 Logger* LocalServices::log = LoggerManager::logger();
 
 LocalServices::LocalServices(TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent)
-    : QObject(parent), _tickCounter(tickCounter), _timerFactory(timerFactory)
+    : QObject(parent), _tickCounter(tickCounter), _timerFactory(timerFactory),
+      _controlToken(ControlServer::createToken())
 {
 }
 
@@ -27,9 +28,10 @@ bool LocalServices::start(LocalServicesOptions const& options, QString& error)
         return false;
     if (options.biscottiPort && !startBiscotti(options, error))
         return false;
-    if (options.controlPort && !startService(QStringLiteral("control"),
-                                             std::make_unique<ControlServer>(_commands, _tickCounter, _timerFactory),
-                                             QHostAddress(QHostAddress::LocalHost), *options.controlPort, error))
+    if (options.controlPort &&
+        !startService(QStringLiteral("control"),
+                      std::make_unique<ControlServer>(_commands, _controlToken, _tickCounter, _timerFactory),
+                      QHostAddress(QHostAddress::LocalHost), *options.controlPort, error))
         return false;
     _documents.setPorts(portOf(QStringLiteral("mms-http")), portOf(QStringLiteral("mms-tcp")));
     _documents.setDeadEntries(options.deadEntries);
@@ -67,8 +69,6 @@ bool isFree(QHostAddress const& address, quint16 port)
 bool LocalServices::startBiscotti(LocalServicesOptions const& options, QString& error)
 {
     auto server = std::make_unique<BiscottiServer>(_tickCounter, _timerFactory);
-    if (!options.biscottiMemory.isEmpty() && !server->remember(options.biscottiMemory, error))
-        return false;
     auto commands = std::make_unique<BiscottiCommands>(*server);
     quint16 port = *options.biscottiPort;
     if (port != 0 && !options.isBiscottiPortGiven && !isFree(options.address, port)) {
@@ -117,7 +117,10 @@ QString LocalServices::portLines() const
 {
     QString lines;
     for (auto const& [key, service] : _services)
-        lines += QStringLiteral("%1 %2 %3\n").arg(key, service->address().toString()).arg(service->port());
+        lines += QStringLiteral("%1 %2 %3%4\n")
+                     .arg(key, service->address().toString())
+                     .arg(service->port())
+                     .arg(key == "control" ? u' ' + QString::fromLatin1(_controlToken) : QString());
     return lines;
 }
 

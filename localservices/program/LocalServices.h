@@ -31,7 +31,7 @@ public:
     /// cannot be had.
     bool start(LocalServicesOptions const& options, QString& error);
 
-    /// One line for each service that runs: "SERVICE ADDRESS PORT".
+    /// One line for each service that runs: "SERVICE ADDRESS PORT", and for the control port its token behind that.
     QString portLines() const;
 
     /// What the control port runs.
@@ -51,6 +51,7 @@ private:
     FaultPlan _faults;
     StreamDocuments _documents{_catalogue};
     ControlCommands _commands{_catalogue, _faults};
+    QByteArray const _controlToken;
     std::unique_ptr<BiscottiCommands> _biscotti;                         ///< Null unless it is served.
     std::vector<std::pair<QString, std::unique_ptr<Service>>> _services; ///< By key; they go before what they use.
 

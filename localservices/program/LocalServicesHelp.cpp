@@ -20,8 +20,8 @@ DESCRIPTION
     Posts go to who is there; nothing is kept for later.
 
     Once the services are up, one line for each goes to standard output, "SERVICE ADDRESS PORT", where SERVICE is
-    mms-http, mms-tcp, biscotti or control. What happens is logged on standard error. The program runs until it is
-    ended by a signal: SIGINT or SIGTERM closes all connections first.
+    mms-http, mms-tcp, biscotti or control; behind the port of control stands its token. What happens is logged on
+    standard error. The program runs until it is ended by a signal: SIGINT or SIGTERM closes all connections first.
 
     The port of MMS over HTTP also has documents: /NAME.asx and /NAME.wvx, playlists in ASX; /NAME.ref, a reference
     playlist; and /, all addresses. The playlists begin with entries where nobody answers, as real ones do.
@@ -34,11 +34,10 @@ OPTIONS
     --mms-tcp-port PORT      The same for MMS over TCP.
     --control-port PORT      The same for the control port, which is always on 127.0.0.1.
     --biscotti-port PORT     The same for Biscotti (22473; if that is taken and was not asked for, a free one).
-    --biscotti-memory FILE   Also remembers the posts of the last ten minutes in this file, so that a post that a client
-                             sends again is not passed on twice even if the program was ended in between.
     --biscotti WHAT          What is told to the messaging server to begin with, such as "refuse .admin"; see CONTROL.
                              Can be given several times.
-    --ports-file FILE        Also writes the lines about the services to this file, at once and whole.
+    --ports-file FILE        Also writes the lines about the services to this file, at once and whole, readable for
+                             its owner only.
     --burst SECONDS          How much of the past a viewer gets at once, 0 to 60 (5).
     --dead-entries COUNT     How many dead entries the playlists begin with, 0 to 1000 (1).
     --fault "STREAM WHAT"    Something goes wrong from the start on; see FAULTS. Can be given several times.
@@ -65,8 +64,9 @@ BISCOTTI
         4091  the subscription id is in use, or was used for another topic
         4092  the message has come before, perhaps on an earlier connection
     A client is recognised by what its message ids begin with, up to the last comma. When it connects anew, its old
-    connection is closed. A post with an audience goes to those of its recipients that have subscribed with a fact that
-    the audience matches.
+    connection is sent a heartbeat, and is closed if its system does not take that within 2 s; otherwise the new one
+    is. A message whose id begins otherwise than the connection's first is refused (403). A post with an audience goes
+    to those of its recipients that have subscribed with a fact that the audience matches.
 
 FAULTS
     STREAM WHAT [on STEP] [times COUNT]
@@ -85,8 +85,9 @@ FAULTS
     faults of "*" happen. With a COUNT it happens so often, otherwise for ever.
 
 CONTROL
-    The control port takes commands, one a line, by "nc 127.0.0.1 PORT" for example. The answer ends with a line "OK"
-    or "ERROR" and a text; "quit" ends the connection.
+    The control port takes commands, one a line, by "nc 127.0.0.1 PORT" for example. The first line has to be "token"
+    and the token. The answer to a command ends with a line "OK" or "ERROR" and a text; "quit" ends the connection, and
+    so does what is no command.
 
 )";
 
@@ -94,12 +95,11 @@ char const* const end = R"(
     STREAM is a name; without one it is about all streams. "drop" without one closes all connections of every service.
 
 EXIT STATUS
-    0 when it was ended by SIGINT or SIGTERM, 1 for wrong options, 2 when a file cannot be broadcast or remembered in,
-    or a port cannot be had.
+    0 when it was ended by SIGINT or SIGTERM, 1 for wrong options, 2 when a file cannot be broadcast, or a port
+    cannot be had.
 
 EXAMPLES
     ombravision-localservices --stream /live=film.asf --mms-http-port 8080 --mms-tcp-port 1755
-    ombravision-localservices --biscotti-memory /var/lib/biscotti/posts --listen 0.0.0.0
     ombravision-localservices --stream /live=a.asf --stream /live=b.asf --fault "/live 453 on describe times 1"
 )";
 } // namespace

@@ -67,10 +67,10 @@ QString setBiscottiPort(LocalServicesOptions& options, QString const& value)
     return setPort(options.biscottiPort, value);
 }
 
-std::array<Switch, 17> const& switches()
+std::array<Switch, 16> const& switches()
 {
     using Options = LocalServicesOptions;
-    static std::array<Switch, 17> const all = {{
+    static std::array<Switch, 16> const all = {{
         {"listen", true,
          [](Options& o, QString const& v) {
              return o.address.setAddress(v) ? QString() : QStringLiteral("an address such as 127.0.0.1 is needed");
@@ -79,7 +79,6 @@ std::array<Switch, 17> const& switches()
         {"mms-tcp-port", true, [](Options& o, QString const& v) { return setPort(o.mmsTcpPort, v); }},
         {"control-port", true, [](Options& o, QString const& v) { return setPort(o.controlPort, v); }},
         {"biscotti-port", true, setBiscottiPort},
-        {"biscotti-memory", true, [](Options& o, QString const& v) { return o.biscottiMemory = v, QString(); }},
         {"biscotti", true,
          [](Options& o, QString const& v) { return o.commands.append("biscotti " + v), QString(); }},
         {"ports-file", true, [](Options& o, QString const& v) { return o.portsFile = v, QString(); }},

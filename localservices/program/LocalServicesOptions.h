@@ -29,7 +29,6 @@ struct LocalServicesOptions {
     Port controlPort = 0;
     Port biscottiPort = Deployment::biscottiPort; ///< Where the player looks for it.
     bool isBiscottiPortGiven = false;             ///< Otherwise a free port will do as well.
-    QString biscottiMemory;                       ///< A file; empty for none.
     QString portsFile;
     QList<Stream> streams;
     double burstSeconds = 5;

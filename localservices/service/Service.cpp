@@ -10,6 +10,9 @@
 #include <QNetworkProxy>
 #include <QTcpSocket>
 
+#include <algorithm>
+#include <utility>
+
 Logger* Service::log = LoggerManager::logger();
 
 namespace
@@ -94,6 +97,7 @@ void Service::adopt(std::unique_ptr<QTcpSocket> socket)
     ServiceConnection* const connection = createConnection(std::move(socket));
     _connections.insert(connection);
     connect(connection, &ServiceConnection::closed, this, &Service::onClosed);
+    connect(connection, &ServiceConnection::queuedChanged, this, &Service::onQueuedChanged);
     LOG_DEBUG("%s: %s has come", qUtf8Printable(_name), qUtf8Printable(connection->peer()));
     connection->start();
 }
@@ -103,6 +107,25 @@ void Service::onClosed(ServiceConnection* connection)
     LOG_DEBUG("%s: %s is gone", qUtf8Printable(_name), qUtf8Printable(connection->peer()));
     if (_connections.remove(connection))
         connection->deleteLater();
+}
+
+void Service::onQueuedChanged(qint64 bytes)
+{
+    _bytesQueued += bytes;
+    // Not at once: whoever sends goes through the connections.
+    if (_bytesQueued > _maximumQueued && !std::exchange(_isToDropSlowest, true))
+        QMetaObject::invokeMethod(this, &Service::dropSlowest, Qt::QueuedConnection);
+}
+
+void Service::dropSlowest()
+{
+    _isToDropSlowest = false;
+    QList<ServiceConnection*> slowest(_connections.begin(), _connections.end());
+    std::sort(slowest.begin(), slowest.end(), [](ServiceConnection const* left, ServiceConnection const* right) {
+        return left->bytesQueued() > right->bytesQueued();
+    });
+    for (qsizetype i = 0; i < slowest.size() && _bytesQueued > _maximumQueued; ++i)
+        slowest.at(i)->drop(QStringLiteral("it reads too slowly, and too much waits for all clients together"));
 }
 
 void Service::onTimeout()

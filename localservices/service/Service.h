@@ -15,7 +15,8 @@ class TickCounter;
 class Timer;
 class TimerFactory;
 
-/// A service on a TCP port: takes clients, up to a number, and looks after them now and then. What it says to them is
+/// A service on a TCP port: takes clients, up to a number, and looks after them now and then. When too much waits for
+/// all of them together, those that are furthest behind lose their connections. What it says to them is
 /// the subclasses' affair. Lives on one thread.
 class Service : public QObject
 {
@@ -23,6 +24,8 @@ class Service : public QObject
 
 public:
     static constexpr int maximumConnections = 10'000;
+    static constexpr qint64 maximumQueued =
+        256 << 20; ///< Bytes that wait for all clients together, unless told otherwise.
     static constexpr int msBetweenChecks = 1000;
 
     /// `name` is for the log. Clock and factory are borrowed.
@@ -37,6 +40,9 @@ public:
     QHostAddress address() const { return _server.serverAddress(); }
     quint16 port() const { return _server.serverPort(); }
     int connectionCount() const { return static_cast<int>(_connections.size()); }
+
+    /// What may wait for all clients together, in bytes.
+    void setMaximumQueued(qint64 bytes) { _maximumQueued = bytes; }
 
     /// Takes a client whose connection came about elsewhere, or turns it away if there are enough.
     void adopt(std::unique_ptr<QTcpSocket> socket);
@@ -63,6 +69,8 @@ private:
     void onNewConnection();
     void onClosed(ServiceConnection* connection);
     void onTimeout();
+    void onQueuedChanged(qint64 bytes);
+    void dropSlowest();
 
     QString const _name;
     TickCounter& _tickCounter;
@@ -70,6 +78,10 @@ private:
     Timer* _timer;
     QTcpServer _server;
     QSet<ServiceConnection*> _connections; ///< Owned; those that are closed are deleted later.
+
+    qint64 _maximumQueued = maximumQueued;
+    qint64 _bytesQueued = 0;
+    bool _isToDropSlowest = false; ///< Soon.
 
     static Logger* log;
 };

@@ -5,7 +5,10 @@
 
 #include <QHostAddress>
 
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
+#include <utility>
 
 Logger* ServiceConnection::log = LoggerManager::logger();
 
@@ -17,6 +20,7 @@ ServiceConnection::ServiceConnection(std::unique_ptr<QTcpSocket> socket, QObject
     _socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     _socket->setReadBufferSize(socketReadBuffer);
     connect(_socket.get(), &QTcpSocket::readyRead, this, &ServiceConnection::onReadyRead);
+    connect(_socket.get(), &QTcpSocket::bytesWritten, this, &ServiceConnection::countQueued);
     connect(_socket.get(), &QTcpSocket::disconnected, this, &ServiceConnection::onDisconnected);
 }
 
@@ -54,13 +58,36 @@ bool ServiceConnection::send(QByteArray const& bytes)
         return false;
     }
     _socket->write(bytes);
+    countQueued();
     return true;
+}
+
+void ServiceConnection::countQueued()
+{
+    qint64 const more = bytesQueued() - std::exchange(_bytesCounted, bytesQueued());
+    if (more != 0)
+        emit queuedChanged(more);
 }
 
 void ServiceConnection::flush()
 {
     if (_open)
         _socket->flush();
+}
+
+void ServiceConnection::resumeReading()
+{
+    _isPaused = false;
+    if (_open && _socket->bytesAvailable() > 0)
+        onReadyRead();
+}
+
+bool ServiceConnection::hasTakenAll() const
+{
+    int unacknowledged = 0;
+    return _socket->bytesToWrite() == 0 &&
+           ::ioctl(static_cast<int>(_socket->socketDescriptor()), SIOCOUTQ, &unacknowledged) == 0 &&
+           unacknowledged == 0;
 }
 
 void ServiceConnection::finish()
@@ -109,6 +136,8 @@ void ServiceConnection::drop(QString const& why)
 
 void ServiceConnection::onReadyRead()
 {
+    if (_isPaused && !isFinishing())
+        return;
     QByteArray const bytes = _socket->readAll();
     if (_open && !_finishing && !bytes.isEmpty())
         received(bytes);
@@ -119,6 +148,7 @@ void ServiceConnection::onDisconnected()
     if (!_open)
         return;
     _open = false;
+    countQueued();
     over();
     emit closed(this);
 }
@@ -130,6 +160,7 @@ void ServiceConnection::close()
     _open = false;
     _socket->disconnect(this);
     _socket->abort();
+    countQueued();
     over();
     emit closed(this);
 }

@@ -32,7 +32,7 @@ public:
 
     bool isOpen() const { return _open; }
     bool isFinishing() const { return !_open || _finishing; }
-    qint64 bytesQueued() const { return _socket->bytesToWrite(); }
+    qint64 bytesQueued() const { return _open ? _socket->bytesToWrite() : 0; }
 
     /// Called by the service now and then, to tell time-outs. The time is that of the service's tick counter.
     void checkTime(qint64 msNow);
@@ -45,6 +45,9 @@ public:
 
 signals:
     void closed(ServiceConnection* connection);
+
+    /// So many bytes more, or fewer, wait for the client.
+    void queuedChanged(qint64 bytes);
 
 protected:
     /// The next bytes from the client. What the implementation keeps of them it bounds itself.
@@ -61,6 +64,13 @@ protected:
 
     /// Hands as much of what was sent to the system as that takes now, without a turn of the event loop.
     void flush();
+
+    /// Leaves what the client sends with its system, and goes on.
+    void pauseReading() { _isPaused = true; }
+    void resumeReading();
+
+    /// Whether the client's system has acknowledged all that was sent.
+    bool hasTakenAll() const;
 
     /// Ends the connection when all that was sent before has gone. What the client still sends goes nowhere: closing
     /// over it would take the last answer away from the client.
@@ -79,13 +89,16 @@ private:
     void onDisconnected();
     void close();
     void endOutput();
+    void countQueued();
 
     std::unique_ptr<QTcpSocket> _socket;
     QString const _peer;
     bool _open = true;
     bool _finishing = false;
+    bool _isPaused = false;
     qint64 _msFinishingSince = 0; ///< As first seen by checkTime.
     qint64 _bytesUntilCut = -1;
+    qint64 _bytesCounted = 0; ///< Of those that wait, as told by queuedChanged().
 
     static Logger* log;
 };

@@ -1,6 +1,7 @@
 #include "Logger.h"
 
 #include "LogCapture.h"
+#include "LogThrottle.h"
 #include "LoggerManager.h"
 #include "RollingFileLogger.h"
 #include "Syslog.h"
@@ -142,6 +143,41 @@ TEST(Logger, OnlyErrorsReachTheCollectorAndAreCutThere)
     EXPECT_EQ(datagram.size(), Syslog::maximumMessageCharacters);
     EXPECT_FALSE(collector.hasPendingDatagrams());
     settings.clear();
+}
+
+TEST(LogThrottle, OneConditionIsToldOnceInAPeriodWithTheNumberOfThoseLeftOut)
+{
+    LogThrottle throttle;
+    static char const* const file = "a.cpp";
+    qint64 now = 1000;
+    int written = 0;
+    for (; now < 1000 + LogThrottle::msPeriod; now += 10)
+        for (size_t text = 0; text < 100; ++text)
+            written += throttle.admits(file, 1, Logger::Warning, text, now) ? 1 : 0;
+    EXPECT_EQ(written, LogThrottle::textsPerPeriod);
+    EXPECT_TRUE(throttle.admits(file, 2, Logger::Info, 0, now)) << "another place";
+    QList<LogThrottle::LeftOut> const leftOut = throttle.takeLeftOut(now);
+    ASSERT_EQ(leftOut.size(), 1);
+    EXPECT_EQ(leftOut[0].line, 1);
+    EXPECT_EQ(leftOut[0].level, Logger::Warning);
+    EXPECT_EQ(leftOut[0].count, LogThrottle::msPeriod / 10 * 100 - LogThrottle::textsPerPeriod);
+    EXPECT_TRUE(throttle.admits(file, 1, Logger::Warning, 0, now)) << "a new period";
+    EXPECT_FALSE(throttle.admits(file, 2, Logger::Info, 0, now));
+    EXPECT_TRUE(throttle.takeLeftOut(now).isEmpty());
+    EXPECT_EQ(throttle.takeLeftOut(now + 2 * LogThrottle::msPeriod).size(), 1);
+}
+
+TEST_F(RollingFileLoggerTest, AFloodDoesNotFillTheFile)
+{
+    configure(1'000'000, 3);
+    Logger logger;
+    for (int i = 0; i < 20'000; ++i) {
+        logger.logMessage(Logger::Warning, "a.cpp", 1, "always the same");
+        logger.logMessage(Logger::Warning, "a.cpp", 2, "another each time: %d", i);
+    }
+    EXPECT_LT(contentsOf(path()).count('\n'), 100);
+    EXPECT_TRUE(contentsOf(path()).contains("a.cpp:1 always the same"));
+    EXPECT_EQ(files(), QStringList{"test.log"});
 }
 
 TEST_F(RollingFileLoggerTest, KeepsTheGivenNumberOfOldFiles)

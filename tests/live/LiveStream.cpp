@@ -1,5 +1,7 @@
 #include "LiveStream.h"
 
+#include "MmsLatteClientPrivate.h"
+
 #include <QElapsedTimer>
 
 extern "C" {
@@ -49,6 +51,13 @@ void StreamServers::start()
 QString StreamServers::document(QString const& ending) const
 {
     return QStringLiteral("http://127.0.0.1:%1/live%2").arg(*_options.mmsHttpPort).arg(ending);
+}
+
+LatteClient* HurriedClientFactory::createLatteClient(Uri const& uri)
+{
+    LatteClient* const client = MmsLatteClientFactory::createLatteClient(uri);
+    client->findChild<MmsLatteClientPrivate*>()->setReconnectionPolicy(ReconnectionPolicy(_clock, _chance));
+    return client;
 }
 
 LiveNetwork::LiveNetwork()

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "FixedChance.h"
 #include "Latte.h"
 #include "LatteDataSource.h"
 #include "LocalServices.h"
 #include "LocalServicesOptions.h"
 #include "MmsLatteClientFactory.h"
+#include "MonotonicTickCounter.h"
 #include "QtDateTimeBuilder.h"
 #include "QtHttpClientFactory.h"
 #include "QtTcpSocketFactory.h"
@@ -48,6 +50,28 @@ private:
     std::unique_ptr<LocalServices> _services;
 };
 
+/// A clock that is fast: play counts as lasting after a tenth of a second.
+class HurriedTickCounter : public TickCounter
+{
+public:
+    qint64 msSinceEpoch() override { return _clock.msSinceEpoch() * 100; }
+
+private:
+    MonotonicTickCounter _clock;
+};
+
+/// Clients that go by that clock when they reconnect.
+class HurriedClientFactory : public MmsLatteClientFactory
+{
+public:
+    using MmsLatteClientFactory::MmsLatteClientFactory;
+    LatteClient* createLatteClient(Uri const& uri) override;
+
+private:
+    HurriedTickCounter _clock;
+    FixedChance _chance;
+};
+
 /// What turns an address into a source, as the program puts it together.
 class LiveNetwork
 {
@@ -61,7 +85,7 @@ private:
     QtTcpSocketFactory _sockets;
     QtHttpClientFactory _http;
     QtDateTimeBuilder _dates;
-    MmsLatteClientFactory _clients;
+    HurriedClientFactory _clients;
     Latte _latte;
 };
 

@@ -77,12 +77,9 @@ class BiscottiLinkTest : public testing::Test
 protected:
     BiscottiLinkTest() { startServer(); }
 
-    void startServer(QString const& memory = {})
+    void startServer()
     {
         server = std::make_unique<BiscottiServer>(clock, timers);
-        QString error;
-        if (!memory.isEmpty() && !server->remember(memory, error))
-            ADD_FAILURE() << qPrintable(error);
         ASSERT_TRUE(server->listen(QHostAddress::LocalHost, port));
         port = server->port();
     }

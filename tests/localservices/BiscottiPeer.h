@@ -54,8 +54,15 @@ public:
     QByteArray post(QString const& messageId, QStringList const& topics, QByteArray const& body = "body",
                     QString const& audience = {})
     {
+        return postAs(idOf(messageId).toString(), topics, body, audience);
+    }
+
+    /// The same under any id.
+    QByteArray postAs(QString const& messageId, QStringList const& topics, QByteArray const& body = "body",
+                      QString const& audience = {})
+    {
         BiscottiPost post;
-        post.setPostId(BiscottiPostId("post" + messageId));
+        post.setPostId(BiscottiPostId("post" + messageId.section(u',', -1)));
         QList<BiscottiTopic> list;
         for (QString const& topic : topics)
             list.append(BiscottiTopic(topic));
@@ -63,7 +70,7 @@ public:
         post.setBody(body);
         if (!audience.isEmpty())
             post.setAudience(BiscottiTopicExpression(audience));
-        return _encoder.encodePost(idOf(messageId), post, {});
+        return _encoder.encodePost(CentralisedBiscottiMessageId(messageId), post, {});
     }
 
     QByteArray heartbeat() { return _encoder.encodeHeartbeat(idOf("beat"), {}, {}); }

@@ -13,22 +13,14 @@
 class BiscottiServerTest : public testing::Test
 {
 protected:
-    BiscottiServerTest() { start(); }
-
-    void start()
-    {
-        server = std::make_unique<BiscottiServer>(clock, timers);
-        QString error;
-        if (!memory.isEmpty()) {
-            EXPECT_TRUE(server->remember(memory, error)) << qPrintable(error);
-        }
-        EXPECT_TRUE(server->listen(QHostAddress::LocalHost, 0));
-    }
+    BiscottiServerTest() { EXPECT_TRUE(server->listen(QHostAddress::LocalHost, 0)); }
 
     std::unique_ptr<BiscottiPeer> peer(QString const& identity = "peer")
     {
         return std::make_unique<BiscottiPeer>(server->port(), identity);
     }
+
+    void stall(BiscottiPeer& slow, BiscottiPeer& sender, QString const& topic);
 
     QString command(QString const& line, QStringList* lines = nullptr)
     {
@@ -42,6 +34,5 @@ protected:
     FakeTickCounter clock;
     FakeTimerFactory timers{clock};
     LogCapture log;
-    QString memory; ///< The file of posts that the next server remembers; none when empty.
-    std::unique_ptr<BiscottiServer> server;
+    std::unique_ptr<BiscottiServer> server = std::make_unique<BiscottiServer>(clock, timers);
 };

@@ -1,5 +1,6 @@
 #include "BroadcastTestSupport.h"
 #include "ControlCommands.h"
+#include "ControlConnection.h"
 #include "ControlServer.h"
 #include "LocalServicesOptions.h"
 #include "LoopbackClient.h"
@@ -53,23 +54,46 @@ TEST_F(ControlTest, TheControlPortAnswersEachLine)
 {
     live();
     ControlCommands commands(catalogue, faults);
-    ControlServer server(commands, clock, timers);
+    ControlServer server(commands, "secret", clock, timers);
     commands.addService(&server);
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
     LoopbackClient client(server.port());
-    client.say("rate 50%\r\njump\nlist\nquit\n");
+    client.say("token secret\nrate 50%\r\nrate\nlist\nquit\n");
     ASSERT_TRUE(client.waitForEnd());
     QList<QByteArray> const lines = client.heard().trimmed().split('\n');
     ASSERT_EQ(lines.size(), 5) << client.heard().constData();
     EXPECT_EQ(lines.at(0), "OK");
-    EXPECT_TRUE(lines.at(1).startsWith("ERROR \"jump\" is no command"));
+    EXPECT_TRUE(lines.at(1).startsWith("ERROR \"rate \": a number"));
     EXPECT_TRUE(lines.at(3).startsWith("/live: ")) << lines.at(3).constData();
     EXPECT_EQ(lines.at(4), "OK");
     for (QByteArray const& bytes : {QByteArray(100'000, 'x'), QByteArray(QByteArray(5000, 'y') + "\n")}) {
         LoopbackClient endless(server.port());
-        endless.say(bytes);
+        endless.say("token secret\n" + bytes);
         EXPECT_TRUE(endless.waitForEnd());
     }
+}
+
+TEST_F(ControlTest, TheControlPortObeysNobodyElse)
+{
+    live();
+    ControlCommands commands(catalogue, faults);
+    ControlServer server(commands, "secret", clock, timers);
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
+    QByteArray const harm = "\nrate 50%\n";
+    for (QByteArray const& bytes : QByteArrayList{
+             "POST / HTTP/1.1\r\nHost: 127.0.0.1\r\nContent-Length: 100\r\n\r\ntoken" + harm, harm, "token" + harm,
+             "token secre" + harm, "token secret\njump" + harm, "token secret\nGET / HTTP/1.1" + harm}) {
+        LoopbackClient page(server.port());
+        page.say(bytes);
+        EXPECT_TRUE(page.waitForEnd()) << bytes.constData();
+        EXPECT_TRUE(page.heard().startsWith("ERROR ")) << page.heard().constData();
+    }
+    EXPECT_EQ(live().rate(), 100);
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 0; }));
+    LoopbackClient mute(server.port());
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 1; }));
+    timers.advance(2 * ControlConnection::msForToken);
+    EXPECT_TRUE(mute.waitForEnd());
 }
 
 TEST(LocalServicesOptions, WrongSwitchesAreToldInWords)

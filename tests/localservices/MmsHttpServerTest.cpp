@@ -327,11 +327,17 @@ TEST_F(MmsHttpServerTest, WhoSaysNothingIsSentAwayAfterAWhile)
     LoopbackClient mute(server.port());
     LoopbackClient half(server.port());
     half.say("GET /live HT");
-    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 2; }));
+    LoopbackClient served(server.port());
+    served.say(get("/live"));
+    ASSERT_TRUE(served.waitFor("$H"));
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 3; }));
     auto const playing = player();
-    timers.advance(62'000);
+    timers.advance(12'000);
     EXPECT_TRUE(mute.waitForEnd());
     EXPECT_TRUE(half.waitForEnd());
+    EXPECT_TRUE(served.isConnected());
+    timers.advance(50'000);
+    EXPECT_TRUE(served.waitForEnd());
     EXPECT_TRUE(playing->isConnected());
 }
 

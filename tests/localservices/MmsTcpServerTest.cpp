@@ -228,11 +228,16 @@ TEST_F(MmsTcpServerTest, ChangesAndTheEndAreReported)
     EXPECT_EQ(live().listenerCount(), 0);
 }
 
-TEST_F(MmsTcpServerTest, WhoPlaysInSilenceIsPinged)
+TEST_F(MmsTcpServerTest, WhoPlaysInSilenceIsPingedAndWhoDoesNotGreetIsDropped)
 {
     LoopbackClient client(server.port());
     client.say(connectMessage + funnelMessage + openMessage("live") + startMessage);
     ASSERT_TRUE(waitForReport(client, 4));
+    LoopbackClient half(server.port());
+    half.say(connectMessage.chopped(1));
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 2; }));
+    timers.advance(12'000);
+    EXPECT_TRUE(half.waitForEnd());
     live().setSilent(true);
     timers.advance(65'000);
     ASSERT_TRUE(processEventsUntil([&] { return typesOf(items(client.heard())).count(0x4001B) >= 3; }));

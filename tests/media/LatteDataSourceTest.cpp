@@ -116,6 +116,16 @@ TEST_F(LatteDataSourceTest, OpensNoSoonerThanFiveSecondsAfterOpen)
     EXPECT_FALSE(_source->isSeekable());
 }
 
+TEST_F(LatteDataSourceTest, WithoutAStartDelayItOpensWithTheFirstData)
+{
+    Asf const asf(Clips::wmv());
+    open("mms://host/live");
+    _source->setStartDelay(0);
+    client().setDescriptor(asf.header);
+    deliver(asf.packets);
+    EXPECT_TRUE(waitUntil([this] { return _opened->size() == 1; }));
+}
+
 TEST_F(LatteDataSourceTest, OtherSchemesWaitForEnoughBytes)
 {
     Asf const asf(Clips::wmv(12));

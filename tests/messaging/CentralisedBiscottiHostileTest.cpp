@@ -216,7 +216,7 @@ TEST(CentralisedBiscottiHostile, ReadsTheLargestMessageByteByByte)
         decoded.decoder.appendBytes(QByteArray(1, byte));
     EXPECT_EQ(decoded.lastPost.topics().size(), 100000);
     QByteArray const largeNumber =
-        hex("A1 80 80 01 6D A5 80 A1 80 80 01 61 81 83 0F 00 00") + QByteArray(0xF0000, '\1');
+        hex("A1 80 80 01 6D A5 80 A1 80 80 01 61 81 83 0F 00 00") + QByteArray(0xF0000, '\1') + QByteArray(6, '\0');
     for (char const byte : largeNumber)
         decoded.decoder.appendBytes(QByteArray(1, byte));
     EXPECT_EQ(decoded.errors, 1);

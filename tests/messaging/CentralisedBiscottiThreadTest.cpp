@@ -5,8 +5,8 @@
 #include "CentralisedBiscottiMessageEncoder.h"
 #include "DecodedMessages.h"
 #include "EventLoop.h"
+#include "MonotonicTickCounter.h"
 #include "QtTcpSocketFactory.h"
-#include "SystemTickCounter.h"
 #include "ThreadedMemoQueue.h"
 #include "TrieBiscottiSubscriptionEngine.h"
 
@@ -34,6 +34,7 @@ public:
         using Decoder = CentralisedBiscottiMessageDecoder;
         QObject::connect(&_decoded.decoder, &Decoder::postAvailable,
                          [this](auto const& id, BiscottiPost const& post) {
+                             ++posts;
                              socket->write(_encoder.encodePost(id, post, BiscottiSignatureId()));
                              ack(id);
                          });
@@ -45,6 +46,7 @@ public:
     int errors() const { return _decoded.errors; }
 
     QTcpSocket* socket = nullptr;
+    int posts = 0;
 
 private:
     void onReadyRead()
@@ -105,7 +107,7 @@ protected:
     }
 
     QObject here; ///< Receives what comes from the client's thread.
-    SystemTickCounter ticker;
+    MonotonicTickCounter ticker;
     QtTcpSocketFactory sockets;
     TrieBiscottiSubscriptionEngine engine;
     ThreadedMemoQueue memoThread;
@@ -157,8 +159,12 @@ TEST_F(CentralisedBiscottiThread, ServesFourThreadsWhoseSubscribersComeAndGo)
     EXPECT_EQ(subscribed, threads * rounds * 2 + 1);
     EXPECT_GT(calls, 0) << "the farewell came back before it was acknowledged";
     EXPECT_EQ(peer.errors(), 0);
+    constexpr int lastWords = 50;
+    for (int i = 0; i < lastWords; ++i)
+        client->post(&farewell, BiscottiSignatureId());
     client.reset();
     EXPECT_TRUE(processEventsUntil([&] { return peer.socket->state() == QAbstractSocket::UnconnectedState; }));
+    EXPECT_EQ(peer.posts, threads * rounds + 1 + lastWords) << "what was posted before the end has left";
     EXPECT_EQ(engine.count(), 1);
 }
 

@@ -2,6 +2,7 @@
 
 #include "CentralisedBiscottiBench.h"
 
+#include <stdexcept>
 #include <vector>
 
 TEST_F(CentralisedBiscottiTest, AnUnreachableServerIsTriedAtOnceAndEvery29Seconds)
@@ -163,4 +164,57 @@ TEST_F(CentralisedBiscottiTest, BouncingMakesANewLinkAtTheNextHeartbeat)
     connect();
     advance(5000);
     EXPECT_EQ(sentOne().text.first(11), "[HEARTBEAT]");
+}
+
+TEST_F(CentralisedBiscottiTest, AServerThatIsOutOfStepIsLeftAndTriedAgainAfterWaitsThatGrow)
+{
+    connect();
+    qint64 wait = 0;
+    for (int attempt = 0; attempt < 12; ++attempt) {
+        receive("garbage");
+        EXPECT_EQ(takeTold(), (QStringList{"connected", "lost"}));
+        qint64 const lost = clock.msSinceEpoch();
+        while (socket().state() != QAbstractSocket::ConnectingState && clock.msSinceEpoch() < lost + 31000)
+            advance(50);
+        EXPECT_GT(clock.msSinceEpoch() - lost, wait / 2) << attempt;
+        wait = clock.msSinceEpoch() - lost;
+        connect();
+    }
+    EXPECT_GT(wait, 15000);
+    takeTold();
+    advance(10000);
+    receive(postBytes("a", "whole") + "garbage");
+    connect();
+    EXPECT_EQ(takeTold(), (QStringList{"lost", "connected"})) << "at once after a link that lasted";
+}
+
+TEST_F(CentralisedBiscottiTest, AMessageThatSwallowsAllOthersIsNotWaitedForForEver)
+{
+    connect();
+    receive(QByteArray::fromHex("A1830F0000800161"));
+    for (int second = 0; second < 140 && client->state() == Biscotti::Connected; ++second) {
+        receive(postBytes("a", "swallowed"));
+        advance(1000);
+    }
+    EXPECT_EQ(takeTold(), (QStringList{"connected", "lost"}));
+    connect();
+    receive(postBytes("a", "whole"));
+    EXPECT_EQ(capture.count("Handling post"), 1);
+}
+
+TEST_F(CentralisedBiscottiTest, WhatGoesWrongInAMemoDoesNotEndItsRow)
+{
+    struct FailingOnce : FakeTcpSocketFactory {
+        TcpSocket* createTcpSocket(QObject* parent) override
+        {
+            if (!std::exchange(hasFailed, true))
+                throw std::runtime_error("no more file descriptors");
+            return FakeTcpSocketFactory::createTcpSocket(parent);
+        }
+        bool hasFailed = false;
+    } failing;
+    CentralisedBiscotti other(&clock, nullptr, &queue, &failing, "server", quint16(22473), "other", &engine);
+    advance(29000);
+    ASSERT_EQ(failing.sockets().size(), 1);
+    EXPECT_EQ(failing.sockets()[0]->state(), QAbstractSocket::ConnectingState);
 }

@@ -28,6 +28,7 @@ public:
     int disconnections = 0;
     qint64 bitrate = 1;
     int packetBytes = -1;
+    bool isReading = true;
 
     /// A session with this header begins.
     void begin(QByteArray const& header, qint64 bitsPerSecond, int packetSize)
@@ -49,6 +50,7 @@ public:
     void connectToServer(QUrl const& url, QString const& referrer, int timeout) override
     {
         connections.append({url.toString(), referrer, timeout});
+        isReading = true;
         _state = Connecting;
     }
     void disconnectFromServer() override { ++disconnections; }
@@ -64,6 +66,7 @@ public:
     MmsClient::StreamingProtocol protocol() override { return _protocol; }
     void setClientId(QString const&) override {}
     QString clientId() const override { return {}; }
+    void setReading(bool reading) override { isReading = reading; }
 
 private:
     MmsClient::StreamingProtocol const _protocol;

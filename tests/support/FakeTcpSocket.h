@@ -42,6 +42,7 @@ public:
     qint64 bytesAvailable() const override { return _received.size(); }
     void setReadBufferSize(qint64) override {}
     qint64 write(QByteArray const& data) override;
+    qint64 bytesToWrite() const override { return _isStalled ? _written.size() : 0; }
     bool flush() override { return std::exchange(_hasUnflushed, false); }
     void close() override { disconnectFromHost(); }
     int socketDescriptor() const override { return -1; }

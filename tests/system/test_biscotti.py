@@ -2,7 +2,6 @@
 
 import contextlib
 import os
-import pathlib
 import signal
 import socket
 import subprocess
@@ -121,22 +120,6 @@ class BiscottiTest(unittest.TestCase):
             self.assertEqual(services.wait(), 0)
             left.process.send_signal(signal.SIGTERM)
             self.assertEqual(left.end()[0], 0)
-
-    def test_a_server_that_was_killed_remembers_the_posts_it_took(self):
-        # A post "p" to .a as message "b,1".
-        greeting, post = b"~@ 1.0 1.0 \n", bytes.fromhex("a1198003622c31a512a410800170a1040c022e6183056f6e636521")
-        with tempfile.TemporaryDirectory() as directory:
-            with LocalServices(*SERVED, "--biscotti-memory", pathlib.Path(directory) / "posts") as services:
-                for text in (b"OK", b"Message ID already exists."):
-                    with socket.create_connection(("127.0.0.1", services.ports["biscotti"]), 10) as client:
-                        client.sendall(greeting + post)
-                        with client.makefile("rb") as answers:
-                            answers.readline()
-                            answer = answers.read(2)
-                            answer += answers.read(answer[1])
-                    self.assertIn(text, answer)
-                    services.kill()
-                    services.start()
 
     def test_the_default_port_may_be_taken(self):
         with LocalServices() as first, LocalServices() as second:

@@ -109,6 +109,19 @@ TEST(AsfStreamFilter, BandwidthLimit)
     }
 }
 
+TEST(AsfStreamFilter, OnlyStreamsThatAreLeftOnCountForTheBitrate)
+{
+    QMap<int, int> selection;
+    QByteArray result;
+    QList<QByteArray> const objects = {fileProperties(), audio(1), video(2),
+                                       video(3),         video(4), bitrateMutex({2, 3, 4})};
+    AsfStreamFilter filter(header(objects + QList{bitrates({{1, 64000}, {2, 100000}, {3, 300000}, {4, 700000}})}));
+    filter.useBandwidthLimit(512000, selection, result);
+    EXPECT_EQ(filter.bitrateOf(selection, 1164000), 364000);
+    EXPECT_EQ(filter.bitrateOf({{1, 0}, {2, 0}}, 1164000), 1164000) << "none is switched off";
+    EXPECT_EQ(AsfStreamFilter(header(objects)).bitrateOf(selection, 1164000), 1164000) << "nothing is known of them";
+}
+
 TEST(AsfStreamFilter, SwitchedOffStreamsLeaveEveryObject)
 {
     QList<QByteArray> const before = {

@@ -6,6 +6,7 @@
 #include "FakeHttpClientFactory.h"
 #include "FakeTimerFactory.h"
 #include "HttpMmsClientFactory.h"
+#include "HttpMmsRequest.h"
 #include "HttpMmsTestSupport.h"
 #include "HttpTestServer.h"
 #include "LogCapture.h"
@@ -15,6 +16,7 @@
 #include "SystemTickCounter.h"
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTimer>
@@ -273,6 +275,68 @@ TEST_F(HttpMmsClientTest, DetoursWithoutEndAreNotFollowed)
         }
         EXPECT_EQ(errors(), Errors{MmsClient::StreamNotAvailable});
     }
+}
+
+TEST_F(HttpMmsClientTest, WhatIsNotReadWaitsAndAFloodIsLeft)
+{
+    play();
+    _client->setReading(false);
+    newest()->receive(chunk('D', "a") + chunk('D', "b"));
+    newest()->finish(HttpClient::UnexpectedClose);
+    EXPECT_EQ(_data.size() + _done.size(), 0);
+    _client->setReading(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(_data.size(), 1);
+    EXPECT_EQ(errors(), Errors{MmsClient::RemoteServerClosed});
+
+    for (char const type : {'D', 'M'}) {
+        _done.clear();
+        play();
+        QByteArray const flood = chunk(type, "").repeated(8192);
+        for (qint64 sent = 0; sent <= HttpMmsRequest::maximumUselessBytes; sent += flood.size()) {
+            EXPECT_EQ(_done.size(), 0) << type << sent;
+            newest()->receive(flood);
+        }
+        EXPECT_EQ(_done.size(), 1) << type;
+    }
+}
+
+TEST_F(HttpMmsClientTest, TheLastWordsOutliveTheClient)
+{
+    QtHttpClientFactory network;
+    HttpTestServer server;
+    QUrl const url(QString("http://127.0.0.1:%1/live").arg(server.port()));
+    auto farewells = std::make_unique<MmsFarewells>(&network);
+    _client->setFarewells(farewells.get());
+    for (bool const isStopHeard : {false, true}) {
+        _client->connectToServer(url, {}, 10000);
+        answerDescribe();
+        request();
+        newest()->respond(response(200));
+        _client->disconnectFromServer();
+        if (isStopHeard) {
+            newest()->respond(response(200));
+            newest()->finish();
+        }
+        _client.reset();
+        QStringList heard;
+        for (int i = isStopHeard ? 1 : 0; i < 2; ++i) {
+            HttpTestServer::Request const last = server.takeRequest();
+            heard << (last.lines.contains("Pragma: xStopStrm=1") ? "stop"
+                      : last.body.startsWith("<XML>")            ? "log"
+                                                                 : "?");
+            server.send("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
+        }
+        EXPECT_EQ(heard.last(), "log");
+        EXPECT_EQ(heard.first(), isStopHeard ? "log" : "stop");
+        _client = std::make_unique<HttpMmsClient>(guid, &_clients, &_timers, &_dateTime, &_queue);
+        _client->setFarewells(farewells.get());
+    }
+    farewells->say(url, {{HttpRequestHeader("GET", "/silence", 1, 1), {}}});
+    QElapsedTimer elapsed;
+    elapsed.start();
+    farewells.reset(); // Waits for the server, but not for ever.
+    EXPECT_LT(elapsed.elapsed(), 2 * MmsFarewells::limit);
 }
 
 TEST_F(HttpMmsClientTest, GoesAlongWithThePlaylistOfTheServer)

@@ -4,26 +4,15 @@
 #include "FakeMmsClient.h"
 #include "FakeTcpSocketFactory.h"
 #include "FakeTimerFactory.h"
+#include "FixedChance.h"
 #include "LogCapture.h"
 #include "MmsLatteClient.h"
 #include "MmsLatteClientPrivate.h"
+#include "QtDateTimeBuilder.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 
 #include <memory>
-
-/// The time of a FakeTickCounter as a date.
-class ClockDateTimeBuilder : public DateTimeBuilder
-{
-public:
-    explicit ClockDateTimeBuilder(FakeTickCounter& clock) : _clock(clock) {}
-
-    QDateTime currentDateTime() override { return QDateTime::fromMSecsSinceEpoch(_clock.msSinceEpoch()); }
-
-private:
-    FakeTickCounter& _clock;
-};
 
 /// A client whose clock, checks and transports are the test's.
 class MmsLatteClientTest : public testing::Test
@@ -44,9 +33,11 @@ protected:
     void start(QString const& address)
     {
         client = std::make_unique<MmsLatteClient>("{guid}", Uri(address), &timers, &sockets, &http, &dates, nullptr);
-        client->findChild<MmsLatteClientPrivate*>()->setMmsClientFactories(
-            std::make_unique<FakeMmsClientFactory>(MmsClient::MmsHttp, transports),
-            std::make_unique<FakeMmsClientFactory>(MmsClient::MmsTcp, transports));
+        auto* const inner = client->findChild<MmsLatteClientPrivate*>();
+        inner->setClock(clock);
+        inner->setReconnectionPolicy(ReconnectionPolicy(clock, chance));
+        inner->setMmsClientFactories(std::make_unique<FakeMmsClientFactory>(MmsClient::MmsHttp, transports),
+                                     std::make_unique<FakeMmsClientFactory>(MmsClient::MmsTcp, transports));
         auto* const c = client.get();
         using L = LatteClient;
         QObject::connect(c, &L::readyRead, c, [this] { ++readyReads; });
@@ -107,6 +98,12 @@ protected:
         transport()->begin("header", 800000, 1000);
         deliver(500000);
     }
+    /// Plays for so long that a loss is made good at once.
+    void playOn()
+    {
+        play();
+        timers.advance(ReconnectionPolicy::lastingPlay);
+    }
     void deliver(int bytes)
     {
         for (int i = 0; i < bytes; i += 1000)
@@ -115,10 +112,11 @@ protected:
     QStringList takeEvents() { return std::exchange(events, {}); }
 
     FakeTickCounter clock;
+    FixedChance chance; // Waits are as long as they say.
     FakeTimerFactory timers{clock};
     FakeHttpClientFactory http;
     FakeTcpSocketFactory sockets;
-    ClockDateTimeBuilder dates{clock};
+    QtDateTimeBuilder dates;
     FakeMmsClientFactory::Clients transports;
     std::unique_ptr<MmsLatteClient> client;
     QStringList events;

@@ -42,7 +42,7 @@ TEST_F(MmsLatteClientTest, ALossIsMadeGoodAtOnceAndHalfTheDataIsEnough)
 {
     start(mms);
     answerStream();
-    play();
+    playOn();
     takeEvents();
     transport()->end(MmsClient::RemoteServerClosed);
     EXPECT_THAT(takeEvents(), ElementsAre("Reconnecting..."));
@@ -60,6 +60,44 @@ TEST_F(MmsLatteClientTest, ALossIsMadeGoodAtOnceAndHalfTheDataIsEnough)
     QStringList const all = takeEvents();
     EXPECT_EQ(all.last(), "Playing...");
     EXPECT_FALSE(all.contains("descriptor 6")); // The stream is the same.
+}
+
+TEST_F(MmsLatteClientTest, BehindASilentPortOfHttpTcpIsTriedAfterASecond)
+{
+    for (bool const speaksTcp : {true, false}) {
+        start(mms);
+        timers.advance(999);
+        EXPECT_TRUE(transports.isEmpty());
+        timers.advance(1);
+        EXPECT_EQ(connection(), "tcp mms://127.0.0.1/live 10000");
+        EXPECT_EQ(http.clients().size(), 1); // A slow server is still waited for.
+        if (speaksTcp) {
+            play();
+            EXPECT_TRUE(http.clients().isEmpty());
+        } else {
+            transport()->end(MmsClient::CouldNotConnected);
+            answerStream();
+            EXPECT_EQ(connection(), "http mms://127.0.0.1/live 10000");
+        }
+        EXPECT_EQ(takeEvents().filter("error").size(), 0);
+        client.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+TEST_F(MmsLatteClientTest, PacketsOfANewHeaderWaitUntilTheOldDemultiplexerHasStopped)
+{
+    start(mms);
+    answerStream();
+    play();
+    EXPECT_EQ(client->bytesAvailable(), 500000);
+    transport()->begin("another", 800000, 1000);
+    EXPECT_EQ(client->bytesAvailable(), 0);
+    deliver(500000);
+    EXPECT_EQ(takeEvents().filter("descriptor").last(), "descriptor 7");
+    EXPECT_EQ(client->bytesAvailable(), 0);
+    timers.advance(MmsLatteClientPrivate::changeDelay);
+    EXPECT_EQ(client->bytesAvailable(), 500000);
 }
 
 TEST_F(MmsLatteClientTest, EachFailureLeadsToItsAction)
@@ -102,11 +140,9 @@ TEST_F(MmsLatteClientTest, EachFailureLeadsToItsAction)
                 expected << QString("error %1").arg(c.code);
             EXPECT_EQ(takeEvents(), expected);
             EXPECT_EQ(client->state(), LatteClient::Delivering);
-            timers.advance(action == Reconnect ? 0 : 999);
-            if (action != Reconnect) {
-                EXPECT_TRUE(http.clients().isEmpty() && connectionCount() == 1);
-                timers.advance(1);
-            }
+            timers.advance(999);
+            EXPECT_TRUE(http.clients().isEmpty() && connectionCount() == 1);
+            timers.advance(1);
             if (action == NextContent)
                 EXPECT_EQ(checked(), "127.0.0.1/b");
             else // A lost stream is tried again without limit.
@@ -150,6 +186,7 @@ TEST_F(MmsLatteClientTest, WithoutANetworkTheFirstConnectionIsTriedForEver)
 {
     LogCapture const capture;
     start(unreachable);
+    int delay = 1000;
     for (int const timeout : {10000, 20000, 40000, 80000, 80000}) {
         failCheck();
         EXPECT_EQ(connection(), QString("tcp %1 %2").arg(unreachable).arg(timeout));
@@ -157,13 +194,14 @@ TEST_F(MmsLatteClientTest, WithoutANetworkTheFirstConnectionIsTriedForEver)
         transport()->end(MmsClient::CouldNotResolveServer);
         EXPECT_THAT(takeEvents(), ElementsAre("error 3"));
         EXPECT_EQ(client->state(), LatteClient::Delivering);
-        timers.advance(1000);
+        timers.advance(delay);
+        delay *= 2;
     }
     EXPECT_TRUE(capture.contains("could not connected"));
     failCheck();
     transport()->begin("header", 800000, 1000);
     transport()->end(MmsClient::UnknownError);
-    timers.advance(1000);
+    timers.advance(24000);
     EXPECT_EQ(connection(), QString("tcp %1 20000").arg(unreachable)); // From the beginning after a success.
 }
 
@@ -171,18 +209,17 @@ TEST_F(MmsLatteClientTest, AServerThatClosesAgainAndAgainIsNotHammered)
 {
     start(mms);
     answerStream();
-    for (int i = 0; i < 6; ++i) {
-        qsizetype const before = connectionCount();
+    for (int const delay : {1000, 2000, 4000, 8000, 16000, 24000, 24000}) {
+        play(); // That is much, but does not last.
+        MmsClient const* const before = transport();
         transport()->end(MmsClient::RemoteServerClosed);
-        timers.advance(i < 2 ? 0 : 999);
-        if (i >= 2) {
-            EXPECT_EQ(connectionCount(), before) << i;
-            timers.advance(1);
-        }
-        EXPECT_EQ(connection(), "http mms://127.0.0.1/live 10000") << i;
+        timers.advance(delay - 1);
+        EXPECT_EQ(transport(), before) << delay;
+        timers.advance(1);
+        EXPECT_NE(transport(), before) << delay;
     }
-    play();
-    transport()->end(MmsClient::RemoteServerClosed); // One that did deliver is gone back to at once.
+    playOn();
+    transport()->end(MmsClient::RemoteServerClosed); // One that did play is gone back to at once.
     timers.advance(0);
     EXPECT_EQ(connection(), "http mms://127.0.0.1/live 10000");
     EXPECT_FALSE(events.filter("error").size());
@@ -194,7 +231,7 @@ TEST_F(MmsLatteClientTest, AfterTheThirdCloseAnotherAddressHasItsTurn)
     answerPlaylist({mms, "mms://127.0.0.1/b"});
     answerStream();
     for (int i = 0; i < 2; ++i) {
-        play();
+        playOn();
         transport()->end(MmsClient::RemoteServerClosed);
         timers.advance(0);
         EXPECT_EQ(connection(), "http mms://127.0.0.1/live 10000");
@@ -217,7 +254,7 @@ TEST_F(MmsLatteClientTest, ADeadAddressIsFollowedByTheNextAndTheLastByTheFirst)
         failCheck();
         EXPECT_TRUE(connection().startsWith("tcp ")) << qPrintable(connection());
         transport()->end(MmsClient::CouldNotConnected);
-        timers.advance(1000);
+        timers.advance(i < 4 ? 1000 : 2000); // The second round is slower.
     }
     EXPECT_EQ(order.join(""), "abcdab");
     EXPECT_TRUE(capture.contains("Connecting to next item in playlist"));
@@ -246,7 +283,7 @@ TEST_F(MmsLatteClientTest, AnAddressWithATokenIsFetchedAnew)
     answerPlaylist({"mms://127.0.0.1/A?AuTh=Old", "mms://127.0.0.1/b"});
     answerStream();
     EXPECT_EQ(connection(), "http mms://127.0.0.1/A?AuTh=Old 10000"); // In its own case.
-    play();
+    playOn();
     transport()->end(MmsClient::RemoteServerClosed);
     timers.advance(0);
     EXPECT_EQ(checked(), "127.0.0.1/list");
@@ -265,7 +302,7 @@ TEST_F(MmsLatteClientTest, ARedirectionIsAskedForAnewAfterAFailure)
     EXPECT_EQ(checked(), "127.0.0.2/server1");
     answerStream();
     EXPECT_EQ(connection(), "http http://127.0.0.2/server1 10000");
-    play();
+    playOn();
     transport()->end(MmsClient::RemoteServerClosed);
     timers.advance(0);
     EXPECT_EQ(connection(), "http http://127.0.0.2/server1 10000");
@@ -313,7 +350,7 @@ TEST_F(MmsLatteClientTest, AnEntryThatLeadsNowhereIsLeftOutAfterAWhile)
     EXPECT_EQ(checked(), "127.0.0.1/list2");
     answerPlaylist({"http://127.0.0.1/list", "http://127.0.0.1/list2"});
     EXPECT_TRUE(http.clients().isEmpty());
-    timers.advance(1000);
+    timers.advance(2000);
     EXPECT_EQ(checked(), "127.0.0.1/live");
     answerStream();
     EXPECT_EQ(connection(), QString("http %1 10000").arg(mms));
@@ -352,31 +389,52 @@ TEST_F(MmsLatteClientTest, AWeakStreamIsLeftForTheNextAddress)
     EXPECT_TRUE(http.clients().isEmpty()); // The count has begun anew.
 }
 
-TEST_F(MmsLatteClientTest, AFullBufferStopsTheStreamAndKeepsWhatItHolds)
+TEST_F(MmsLatteClientTest, AFullBufferMakesTheServerWaitUntilThereIsRoom)
 {
     LogCapture const capture;
     start(mms);
     answerStream();
     play();
-    deliver(5242000 - 500000);
-    EXPECT_EQ(client->state(), LatteClient::Delivering);
+    FakeMmsClient const* const stream = transport();
+    while (stream->isReading)
+        deliver(1000);
+    EXPECT_GT(client->bytesBuffered(), 4'900'000);
     takeEvents();
-    QPointer<MmsClient> const full = transport();
-    full->onData(QByteArray(1000, 'x'));
+    deliver(400'000); // From one that does not wait.
     EXPECT_THAT(takeEvents(), ElementsAre("Stopped"));
-    EXPECT_TRUE(capture.contains("MMS buffer full. Stopping..."));
-    EXPECT_EQ(client->state(), LatteClient::Idle); // No end: the viewer learns of the loss when all is played.
-    EXPECT_EQ(client->bytesAvailable(), 5242000);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_FALSE(full);
+    EXPECT_EQ(capture.count("MMS buffer full. Stopping..."), 1);
+    EXPECT_EQ(client->bytesBuffered(), 5'242'000);
+    EXPECT_EQ(client->state(), LatteClient::Delivering);
+    std::vector<char> bytes(2'000'000);
+    client->read(bytes.data(), 2'000'000);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(stream->isReading);
+    client->read(bytes.data(), 1'000'000);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(stream->isReading);
+    EXPECT_THAT(takeEvents(), ElementsAre("Playing..."));
 
-    client->startBuffering();
-    answerStream();
-    transport()->begin("header", 800000, 1000);
-    client->setBufferByteLength(1000000);
-    EXPECT_EQ(client->bytesBuffered(), 1000000);
-    EXPECT_EQ(client->bufferByteLength(), 1000000);
+    client->setBufferByteLength(1'000'000); // Fifteen seconds are more.
+    EXPECT_EQ(client->bytesBuffered(), 1'500'000);
+    EXPECT_EQ(client->bufferByteLength(), 1'000'000);
     EXPECT_EQ(client->state(), LatteClient::Idle);
+}
+
+TEST_F(MmsLatteClientTest, AfterALeapOfTimeItGoesOnWithWhatIsLive)
+{
+    start(mms);
+    answerStream();
+    play();
+    for (int second = 0; second < 3; ++second)
+        timers.advance(1000);
+    clock.advance(12000); // Nothing ran.
+    deliver(1'200'000);
+    EXPECT_EQ(client->bytesBuffered(), 1'700'000);
+    timers.advance(1000);
+    EXPECT_EQ(client->bytesBuffered(), 250'000);
+    deliver(1'000'000);
+    timers.advance(5000); // As usual.
+    EXPECT_EQ(client->bytesBuffered(), 1'250'000);
 }
 
 TEST_F(MmsLatteClientTest, StopsInAnyStateAndCanBeStartedAgain)

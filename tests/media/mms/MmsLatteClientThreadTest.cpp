@@ -196,7 +196,7 @@ TEST_F(MmsLatteClientTest, ANameThatHangsNeitherHoldsTheClientNorEndsIt)
         transport()->end(MmsClient::CouldNotConnected);
         ASSERT_TRUE(waitUntil([&] { return lookup.waiting() > 0; }));
         EXPECT_EQ(client->state(), LatteClient::Delivering);
-        timers.advance(1000);
+        timers.advance(1000 << i);
     }
     QElapsedTimer elapsed;
     elapsed.start();

@@ -1,6 +1,7 @@
 #include "MmsStreamBuffer.h"
 
 #include "BitrateWatch.h"
+#include "Clips.h"
 
 #include <QRandomGenerator>
 
@@ -79,8 +80,8 @@ TEST(MmsStreamBuffer, StartsAtAnyBitrate)
         qint64 start;
     };
     // The last ones are limited by the buffer, or they would never start.
-    for (Case const& c : {Case{1, 100}, Case{0, 100}, Case{-5, 100}, Case{104857600, 2621500},
-                          Case{std::numeric_limits<qint64>::max(), 2621500}}) {
+    for (Case const& c : {Case{1, 100}, Case{0, 100}, Case{-5, 100}, Case{12'000'000, 7'500'000},
+                          Case{std::numeric_limits<qint64>::max(), 33'554'500}}) {
         MmsStreamBuffer buffer;
         buffer.setHeader(header, c.bitrate, -1);
         EXPECT_EQ(fill(buffer, 100).last(), c.start) << c.bitrate;
@@ -134,6 +135,8 @@ TEST(MmsStreamBuffer, WhatComesAfterALossWaitsUntilThereIsEnough)
     buffer.append(QByteArray(1000, 'z'));
     EXPECT_EQ(buffer.bytesAvailable(), 0);
     EXPECT_TRUE(buffer.append(QByteArray(4000, 'z')).isNewStream);
+    EXPECT_EQ(buffer.bytesAvailable(), 0); // Not before it is announced.
+    buffer.release();
     EXPECT_EQ(buffer.bytesAvailable(), 5000);
 }
 
@@ -153,6 +156,51 @@ TEST(MmsStreamBuffer, NeverHoldsMoreThanItsCapacity)
     EXPECT_EQ(buffer.size(), 100);
     EXPECT_FALSE(buffer.setRequestedLength(100));
     EXPECT_EQ(read(buffer, 1000), 100);
+}
+
+TEST(MmsStreamBuffer, HoldsFifteenSecondsAndSaysWhenItIsNearlyFull)
+{
+    MmsStreamBuffer buffer;
+    buffer.setHeader(header, 8'000'000, 1000);
+    qint64 const capacity = 15'000'000;
+    while (buffer.size() + 1000 <= capacity - MmsStreamBuffer::reserve)
+        ASSERT_FALSE(buffer.append(QByteArray(1000, 'x')).isNearlyFull);
+    MmsStreamBuffer::Appended const result = buffer.append(QByteArray(1000, 'x'));
+    EXPECT_TRUE(result.isNearlyFull && !result.isFull);
+    while (!buffer.append(QByteArray(1000, 'x')).isFull) {
+    }
+    EXPECT_EQ(buffer.size(), capacity);
+    EXPECT_FALSE(buffer.hasRoom());
+    read(buffer, capacity / 2);
+    EXPECT_TRUE(buffer.hasRoom());
+}
+
+TEST(MmsStreamBuffer, LeapsToWhereADemultiplexerCanBegin)
+{
+    QByteArray const film = Clips::bytes(Clips::wmv(12));
+    qsizetype const packets = film.indexOf(QByteArray::fromHex("3626b2758e66cf11a6d900aa0062ce6c")) + 50;
+    constexpr int packetSize = 3200;
+    MmsStreamBuffer buffer;
+    buffer.setHeader(film.left(packets), 80'000, packetSize); // It plays with 50,000 bytes, and later with 25,000.
+    AsfEntryFinder const finder(film.left(packets));
+    QList<qsizetype> entries;
+    qsizetype end = packets;
+    for (; film.size() - end >= packetSize && end - packets < 400'000; end += packetSize) {
+        QByteArray const packet = film.mid(end, packetSize);
+        if (finder.isEntry(packet))
+            entries.append(end);
+        buffer.append(packet);
+    }
+    EXPECT_GT(entries.size(), 3);
+    EXPECT_LT(entries.size(), 30) << "one for each key frame, not for each packet";
+    read(buffer, packetSize);
+    qint64 const dropped = buffer.leapForward();
+    QByteArray next(packetSize, Qt::Uninitialized);
+    ASSERT_EQ(buffer.read(next.data(), packetSize), packetSize);
+    EXPECT_EQ(next, film.mid(packets + packetSize + dropped, packetSize));
+    EXPECT_TRUE(finder.isEntry(next));
+    EXPECT_GE(buffer.size() + packetSize, 25'000);
+    EXPECT_LT(buffer.size(), 200'000);
 }
 
 TEST(BitrateWatch, ToleratesShortWeaknessAndReportsALongOne)

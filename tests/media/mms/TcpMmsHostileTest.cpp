@@ -28,6 +28,46 @@ TEST_F(TcpMmsClientTest, AnImpossibleMessageLengthEndsTheSession)
     }
 }
 
+TEST_F(TcpMmsClientTest, AFloodWaitsInTheSocketAndIsLeft)
+{
+    QByteArray const pings = message(ping, QByteArray(8000, '\0')).repeated(64);
+    for (Step const step : {ForConnectedEx, ForData}) {
+        goTo(step);
+        ends.clear();
+        for (qint64 sent = pings.size(); sent <= TcpMmsClient::maximumUselessBytes; sent += pings.size()) {
+            socket().receive(pings);
+            EXPECT_GE(socket().bytesAvailable(), pings.size() - TcpMmsClient::sliceBytes);
+            run();
+            EXPECT_EQ(socket().bytesAvailable(), 0);
+            EXPECT_TRUE(ends.isEmpty());
+        }
+        receive(pings);
+        EXPECT_EQ(ends, QList({MmsClient::StreamNotAvailable}));
+    }
+    goTo(ForData);
+    ends.clear();
+    socket().stall(); // It does not read our answers.
+    for (int i = 0; i < 100; ++i)
+        receive(message(ping, numbers({0, 0})).repeated(50) + data(0, "x"));
+    EXPECT_TRUE(ends.isEmpty());
+    EXPECT_LE(socket().bytesToWrite(), TcpMmsClient::maximumUnsentBytes + 48);
+}
+
+TEST_F(TcpMmsClientTest, WhatIsNotReadWaitsAndIsNoSilence)
+{
+    goTo(ForData);
+    client.setReading(false);
+    receive(data(0, "later"));
+    timers.advance(5 * timeout);
+    socket().closeRemotely();
+    timers.advance(timeout);
+    EXPECT_TRUE(ends.isEmpty() && packets.isEmpty());
+    client.setReading(true);
+    run();
+    EXPECT_EQ(packets.size(), 1);
+    EXPECT_EQ(ends, QList({MmsClient::RemoteServerClosed}));
+}
+
 TEST_F(TcpMmsClientTest, AnImpossibleDataPacketEndsTheSession)
 {
     for (int size = 1; size < 8; ++size) {

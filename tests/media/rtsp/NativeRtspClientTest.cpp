@@ -4,6 +4,7 @@
 #include "FFwrapper.h"
 #include "LogCapture.h"
 #include "NameLookup.h"
+#include "ReconnectionPolicy.h"
 #include "RtspTestServer.h"
 #include "RtspWorkers.h"
 #include "Uri.h"
@@ -348,6 +349,16 @@ TEST_F(NativeRtspClientTest, HostileAnswersEndInAnErrorWithinTheTime)
             EXPECT_GT(untilEnd(), 0);
             _server.on(method, nullptr);
         }
+}
+
+TEST_F(NativeRtspClientTest, RedirectionsWithoutEndAreNotFollowed)
+{
+    _server.on("DESCRIBE", [this](auto const& request) {
+        return RtspTestServer::reply(request, "302 Moved", "Location: " + _server.address().toUtf8() + "\r\n");
+    });
+    connectTo(_server.address());
+    EXPECT_EQ(untilEnd(), NetworkErrors::StreamUnavailable);
+    EXPECT_EQ(_server.count("DESCRIBE"), ReconnectionPolicy::maximumRedirections + 1);
 }
 
 TEST_F(NativeRtspClientTest, HostileDescriptionsDoNoHarm)

@@ -2,6 +2,7 @@
 
 #include "FakeTickCounter.h"
 #include "FakeTimerFactory.h"
+#include "FixedChance.h"
 #include "LogCapture.h"
 #include "RtspClient.h"
 #include "RtspClientFactory.h"
@@ -62,6 +63,7 @@ protected:
                          [this](LatteClient*, QString const& text) { _words.append(text); });
         QObject::connect(&_latte, &LatteClient::error,
                          [this](LatteClient*, NetworkErrors::NetworkError code) { _errors.append(code); });
+        _latte.setReconnectionPolicy(ReconnectionPolicy(_clock, _chance));
         _latte.startBuffering();
     }
 
@@ -82,6 +84,7 @@ protected:
     }
 
     FakeTickCounter _clock;
+    FixedChance _chance;
     FakeTimerFactory _timers{_clock};
     FakeRtspClientFactory _factory;
     RtspLatteClient _latte{Uri("rtsp://host/live"), &_factory, &_timers};
@@ -126,15 +129,17 @@ TEST_F(RtspLatteClientTest, ALossIsMendedForEverBehindAReportedError)
     data(128000);
     takeWords();
     QList<int> const codes = {2, 7, 5, 4, 3};
+    int delay = 1000;
     for (int round = 0; round < 4; ++round)
         for (int code : codes) {
             end(static_cast<NetworkErrors::NetworkError>(code));
             EXPECT_EQ(_latte.state(), LatteClient::Delivering);
             qsizetype const before = session().timeouts.size();
-            _timers.advance(999);
+            _timers.advance(delay - 1);
             EXPECT_EQ(session().timeouts.size(), before);
             _timers.advance(1);
             EXPECT_EQ(session().timeouts.size(), before + 1);
+            delay = std::min(2 * delay, 24000);
         }
     EXPECT_EQ(session().timeouts.mid(0, 6), (QList<int>{10000, 20000, 40000, 80000, 80000, 80000}));
     EXPECT_EQ(_errors.mid(0, 5), codes);
@@ -147,8 +152,9 @@ TEST_F(RtspLatteClientTest, ALossIsMendedForEverBehindAReportedError)
     EXPECT_THAT(takeWords(), ElementsAre("Playing..."));
     EXPECT_EQ(_descriptorChanged.size(), 1);
     EXPECT_EQ(read().size(), 192000);
+    _timers.advance(ReconnectionPolicy::lastingPlay);
     end(NetworkErrors::EndOfStream);
-    _timers.advance(1000);
+    _timers.advance(0);
     EXPECT_EQ(session().timeouts.last(), 20000);
 }
 
@@ -159,7 +165,7 @@ TEST_F(RtspLatteClientTest, AServerThatWasNeverReachedIsFinalOnceTheNetworkIsUp)
     _timers.advance(1000);
     session().networkAvailable = true;
     end(NetworkErrors::CouldNotConnect); // It has only just come up.
-    _timers.advance(1000);
+    _timers.advance(2000);
     EXPECT_EQ(_latte.state(), LatteClient::Delivering);
     EXPECT_EQ(session().timeouts.size(), 3);
     end(NetworkErrors::CouldNotConnect);

@@ -47,7 +47,9 @@ class LocalServices:
         if not ports.exists():
             self._process.wait()
             raise RuntimeError(self.log())
-        self.ports = {key: int(port) for key, _, port in map(str.split, ports.read_text().splitlines())}
+        lines = [line.split() for line in ports.read_text().splitlines()]
+        self.ports = {words[0]: int(words[2]) for words in lines}
+        self._token = next((words[3] for words in lines if words[0] == "control"), None)
 
     def kill(self):
         self._process.kill()
@@ -67,6 +69,6 @@ class LocalServices:
     def control(self, *lines):
         """The lines of the answers to these commands."""
         with socket.create_connection(("127.0.0.1", self.ports["control"]), 10) as connection:
-            connection.sendall("".join(line + "\n" for line in (*lines, "quit")).encode())
+            connection.sendall("".join(line + "\n" for line in (f"token {self._token}", *lines, "quit")).encode())
             with connection.makefile("rb") as answer:
                 return answer.read().decode().splitlines()

@@ -1,0 +1,139 @@
+#include "MmsFarewells.h"
+
+#include "HttpClient.h"
+#include "HttpClientFactory.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+
+#include <QDeadlineTimer>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+Logger* MmsFarewells::log = LoggerManager::logger();
+
+/// One after the other, requests to a server. Deletes itself.
+class MmsFarewells::Speech : public QObject
+{
+public:
+    Speech(MmsFarewells& farewells, QUrl const& url, QList<Words> words, QObject* parent)
+        : QObject(parent), _farewells(farewells), _words(std::move(words)),
+          _client(farewells._httpClientFactory->createHttpClient(nullptr))
+    {
+        connect(_client, &HttpClient::done, this, &Speech::sayNext);
+        if (url.scheme() == "https")
+            _client->setHost(url.host(), HttpClient::ConnectionModeHttps, url.port(0));
+        else
+            _client->setHost(url.host(), url.port(80));
+        QTimer::singleShot(limit, this, &QObject::deleteLater);
+        sayNext();
+    }
+    ~Speech() override
+    {
+        _client->disconnect(this);
+        _client->abort();
+        _farewells._httpClientFactory->disposeHttpClient(_client);
+        _farewells.end();
+    }
+
+private:
+    void sayNext()
+    {
+        if (_words.isEmpty())
+            return deleteLater();
+        Words const words = _words.takeFirst();
+        _client->request(words.header, words.body);
+    }
+
+    MmsFarewells& _farewells;
+    QList<Words> _words;
+    HttpClient* const _client;
+};
+
+/// A connection that waits for the server to close it, too. Deletes itself.
+class MmsFarewells::Connection : public QObject
+{
+public:
+    Connection(MmsFarewells& farewells, int descriptor, QObject* parent) : QObject(parent), _farewells(farewells)
+    {
+        connect(&_socket, &QTcpSocket::readyRead, this, [this] { _socket.readAll(); });
+        connect(&_socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
+        QTimer::singleShot(limit, this, &QObject::deleteLater);
+        if (!_socket.setSocketDescriptor(descriptor)) {
+            ::close(descriptor);
+            deleteLater();
+        } else {
+            ::shutdown(descriptor, SHUT_WR);
+        }
+    }
+    ~Connection() override
+    {
+        _socket.disconnect(this);
+        _socket.abort();
+        _farewells.end();
+    }
+
+private:
+    MmsFarewells& _farewells;
+    QTcpSocket _socket{this};
+};
+
+MmsFarewells::MmsFarewells(HttpClientFactory* httpClientFactory) : _httpClientFactory(httpClientFactory)
+{
+    _thread.setObjectName("MmsFarewells");
+}
+
+MmsFarewells::~MmsFarewells()
+{
+    QDeadlineTimer const deadline(limit);
+    {
+        QMutexLocker const lock(&_mutex);
+        while (_pending > 0 && _allSaid.wait(&_mutex, deadline)) {
+        }
+    }
+    _thread.quit();
+    _thread.wait();
+}
+
+/// Counts one more; the parent for it, or null when there are too many. The thread begins with the first.
+QObject* MmsFarewells::begin()
+{
+    QMutexLocker const lock(&_mutex);
+    if (_pending >= maximumPending) {
+        LOG_WARNING("%d servers are being taken leave of already", _pending);
+        return nullptr;
+    }
+    if (!_home) {
+        _home = new QObject;
+        _home->moveToThread(&_thread);
+        QObject::connect(&_thread, &QThread::finished, _home, &QObject::deleteLater);
+        _thread.start();
+    }
+    ++_pending;
+    return _home;
+}
+
+void MmsFarewells::end()
+{
+    QMutexLocker const lock(&_mutex);
+    if (--_pending == 0)
+        _allSaid.wakeAll();
+}
+
+void MmsFarewells::say(QUrl const& url, QList<Words> const& words)
+{
+    if (QObject* const home = begin())
+        QMetaObject::invokeMethod(home, [this, url, words, home] { new Speech(*this, url, words, home); });
+}
+
+void MmsFarewells::letGo(int descriptor)
+{
+    int const own = ::dup(descriptor);
+    QObject* const home = own < 0 ? nullptr : begin();
+    if (home)
+        QMetaObject::invokeMethod(home, [this, own, home] { new Connection(*this, own, home); });
+    else if (own >= 0)
+        ::close(own);
+}

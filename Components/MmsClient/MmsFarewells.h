@@ -1,0 +1,59 @@
+#pragma once
+
+#include "HttpRequestHeader.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QMutex>
+#include <QThread>
+#include <QUrl>
+#include <QWaitCondition>
+
+#include <memory>
+
+class HttpClientFactory;
+class Logger;
+
+/// Says the last words of streams that are gone already: what servers are told at the end goes out on a thread of its
+/// own, for a bounded time. Every operation is for any thread.
+class MmsFarewells
+{
+public:
+    static constexpr int limit = 2000;        ///< ms for each farewell, and at the end for all together.
+    static constexpr int maximumPending = 64; ///< Farewells at a time; more are left out.
+
+    /// A request of HTTP.
+    struct Words {
+        HttpRequestHeader header;
+        QByteArray body;
+    };
+
+    /// The factory is borrowed, and makes clients on any thread.
+    explicit MmsFarewells(HttpClientFactory* httpClientFactory);
+
+    /// Waits until all has been said, or for the limit.
+    ~MmsFarewells();
+
+    /// Sends these requests to the server of an address, one after the other.
+    void say(QUrl const& url, QList<Words> const& words);
+
+    /// Lets go of a connection whose last bytes may still be on their way: closes it when the server does. The caller
+    /// keeps the descriptor and closes it.
+    void letGo(int descriptor);
+
+private:
+    class Speech;
+    class Connection;
+
+    QObject* begin();
+    void end();
+
+    static Logger* log;
+
+    HttpClientFactory* const _httpClientFactory;
+    QThread _thread;
+    QMutex _mutex; ///< Guards what follows.
+    QWaitCondition _allSaid;
+    QObject* _home = nullptr; ///< On the thread, which deletes it; the parent of the farewells.
+    int _pending = 0;
+};
