@@ -5,10 +5,10 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
-#include <QDeadlineTimer>
 #include <QTcpSocket>
 #include <QTimer>
 
+#include <chrono>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -87,11 +87,9 @@ MmsFarewells::MmsFarewells(HttpClientFactory* httpClientFactory) : _httpClientFa
 
 MmsFarewells::~MmsFarewells()
 {
-    QDeadlineTimer const deadline(limit);
     {
-        QMutexLocker const lock(&_mutex);
-        while (_pending > 0 && _allSaid.wait(&_mutex, deadline)) {
-        }
+        std::unique_lock lock(_mutex);
+        _allSaid.wait_for(lock, std::chrono::milliseconds(limit), [this] { return _pending == 0; });
     }
     _thread.quit();
     _thread.wait();
@@ -100,7 +98,7 @@ MmsFarewells::~MmsFarewells()
 /// Counts one more; the parent for it, or null when there are too many. The thread begins with the first.
 QObject* MmsFarewells::begin()
 {
-    QMutexLocker const lock(&_mutex);
+    std::lock_guard const lock(_mutex);
     if (_pending >= maximumPending) {
         LOG_WARNING("%d servers are being taken leave of already", _pending);
         return nullptr;
@@ -117,9 +115,9 @@ QObject* MmsFarewells::begin()
 
 void MmsFarewells::end()
 {
-    QMutexLocker const lock(&_mutex);
+    std::lock_guard const lock(_mutex);
     if (--_pending == 0)
-        _allSaid.wakeAll();
+        _allSaid.notify_all();
 }
 
 void MmsFarewells::say(QUrl const& url, QList<Words> const& words)

@@ -4,12 +4,11 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QMutex>
 #include <QThread>
 #include <QUrl>
-#include <QWaitCondition>
 
-#include <memory>
+#include <condition_variable>
+#include <mutex>
 
 class HttpClientFactory;
 class Logger;
@@ -52,8 +51,8 @@ private:
 
     HttpClientFactory* const _httpClientFactory;
     QThread _thread;
-    QMutex _mutex; ///< Guards what follows.
-    QWaitCondition _allSaid;
+    std::mutex _mutex; ///< Guards what follows.
+    std::condition_variable _allSaid;
     QObject* _home = nullptr; ///< On the thread, which deletes it; the parent of the farewells.
     int _pending = 0;
 };

@@ -1,5 +1,6 @@
 #include "LiveStream.h"
 
+#include "LatteClient.h"
 #include "MmsLatteClientPrivate.h"
 
 #include <QElapsedTimer>

@@ -50,11 +50,11 @@ private:
     std::unique_ptr<LocalServices> _services;
 };
 
-/// A clock that is fast: play counts as lasting after a tenth of a second.
+/// A clock that is fast: play counts as lasting after some milliseconds.
 class HurriedTickCounter : public TickCounter
 {
 public:
-    qint64 msSinceEpoch() override { return _clock.msSinceEpoch() * 100; }
+    qint64 msSinceEpoch() override { return _clock.msSinceEpoch() * 1000; }
 
 private:
     MonotonicTickCounter _clock;
