@@ -26,9 +26,9 @@ GLMovie::GLMovie(GLMovieDataSource* dataSource, bool useHardwareColourConversion
     connect(_dataSource, &GLMovieDataSource::opened, this, &GLMovie::onDataSourceOpened);
     connect(_dataSource, &GLMovieDataSource::closed, this, &GLMovie::onDataSourceClosed);
     // A film that has ended is not silent: its watchdog rests. A loss keeps its words.
-    connect(this, &GLMovie::completed, _dataSource, [this, source = _dataSource] {
+    connect(this, &GLMovie::completed, this, [this] {
         if (!_requests.isLost())
-            source->stop();
+            _dataSource->stop();
     });
 }
 
@@ -132,7 +132,7 @@ int GLMovie::play()
     if (!_opened || isRunning())
         return NoError;
     LOG_INFO("Playing %s", qPrintable(_url));
-    _clock.reset(_videoStream != nullptr, _audioStream && _options.renderAudio);
+    _clock.reset(_videoOutput && !_videoOutput->isStill(), _audioStream && _options.renderAudio);
     _counter.reset();
     _requests.begin();
     _sourceLost = false;

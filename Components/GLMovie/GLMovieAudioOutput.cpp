@@ -24,8 +24,9 @@ namespace
 constexpr double shortestLateStart = 0.1; // Seconds; below this, picture and sound begin together.
 constexpr double longestLateStart = 10.0;
 constexpr qint64 longestWaitForPicture = 10000; // ms
-constexpr qint64 shortestPause = 1000;          // µs
-constexpr qint64 longestPause = 10000;          // µs; the picture may leap, the device come back.
+constexpr int patience = 25; // Packets in a row that cannot be converted; an advert's odd beginning has fewer.
+constexpr qint64 shortestPause = 1000; // µs
+constexpr qint64 longestPause = 10000; // µs; the picture may leap, the device come back.
 } // namespace
 
 GLMovieAudioOutput::GLMovieAudioOutput(GLMovieContext const& context, AVStream* stream, bool renderAudio)
@@ -37,7 +38,7 @@ int GLMovieAudioOutput::openAudioStream()
 {
     AVCodecID const id = _stream->codecpar->codec_id;
     LOG_INFO("Searching for a decoder for audioCodec id = %d", static_cast<int>(id));
-    if (!GLMovieAudioSource::isDevicePresent()) {
+    if (!GLMovieAudioSource::isDeviceExpected()) {
         LOG_INFO("No audio device present.");
         return GLMovie::NoAudioDevice;
     }
@@ -89,14 +90,20 @@ void GLMovieAudioOutput::flush(std::optional<double> hearFrom)
 
 void GLMovieAudioOutput::handleAudioPacket(AVPacket const* packet)
 {
-    if (_givenUp || (packet && packet->size == 0))
-        return;
-    for (GLMovieSound const& sound : _decoder.decodeAudioPacket(packet)) {
+    if (packet && packet->size == 0)
+        return; // To the decoder it would be the end.
+    QList<GLMovieSound> const sounds = _decoder.decodeAudioPacket(packet);
+    if (!sounds.isEmpty())
+        takeUp();
+    for (GLMovieSound const& sound : sounds) {
         if (_context.requests.watchersMustEnd())
             return;
         hear(sound);
     }
-    if (_decoder.isRefused())
+    if (!_decoder.isRefused() || _refusedPackets == patience)
+        return;
+    _refusedPackets = packet ? _refusedPackets + 1 : patience;
+    if (_refusedPackets == patience)
         giveUp();
 }
 
@@ -145,13 +152,15 @@ bool GLMovieAudioOutput::isToWaitForPicture() const
 
 void GLMovieAudioOutput::waitForPicture()
 {
-    if (!_context.movie.hasVideo())
+    if (!_context.clock.hasVideo())
         return;
     QElapsedTimer waited;
     waited.start();
     while (_context.clock.waitingForFirstVideo() && waited.elapsed() < longestWaitForPicture) {
         // A picture that needs packets which the reader cannot bring, since the sound's queue is full, never comes.
         if (_context.audioQueue.isFull() && _context.videoQueue.length() == 0)
+            return;
+        if (_context.videoQueue.isDrained())
             return;
         if (!pause(shortestPause))
             return;
@@ -185,7 +194,7 @@ void GLMovieAudioOutput::queueAudioPacket(GLMovieSound const& sound, double seco
     if (queued && source.ensureAudioPlaying())
         LOG_INFO("Movie %s: Source was starved of audio data", qPrintable(_context.movie.url()));
     emit _context.movie.audioDataReceived(sound.samples);
-    bool const isTheTime = _context.clock.syncToAudio() || !_context.movie.hasVideo();
+    bool const isTheTime = _context.clock.syncToAudio() || !_context.clock.hasVideo();
     if (isTheTime && !_context.requests.isPaused())
         emit _context.movie.movieTimeUpdated(_context.clock.movieTime());
 }
@@ -200,10 +209,16 @@ void GLMovieAudioOutput::passUnheard(double at)
 
 void GLMovieAudioOutput::giveUp()
 {
-    _givenUp = true;
     _context.clock.leaveSound();
-    if (!_context.movie.hasVideo())
+    if (!_context.clock.hasVideo())
         emit _context.movie.error(&_context.movie, GLMovie::UnsupportedAudioFormat);
+}
+
+void GLMovieAudioOutput::takeUp()
+{
+    if (_refusedPackets == patience && _renderAudio)
+        _context.clock.takeSound();
+    _refusedPackets = 0;
 }
 
 bool GLMovieAudioOutput::pause(qint64 microseconds) const

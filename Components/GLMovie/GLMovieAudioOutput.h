@@ -13,7 +13,8 @@ struct AVStream;
 /// queues; open() and flush() are called while it does not run.
 ///
 /// Where there is nothing to queue on, because the device has gone or takes no more, sound passes by unheard at the
-/// pace of the clock: it is what paces the reader. Sound that cannot be converted is given up.
+/// pace of the clock: it is what paces the reader. Sound that cannot be converted is given up, until some
+/// comes that can.
 class GLMovieAudioOutput
 {
 public:
@@ -43,6 +44,7 @@ private:
     void queueAudioPacket(GLMovieSound const& sound, double seconds, double at);
     void passUnheard(double at);
     void giveUp();
+    void takeUp();
     bool pause(qint64 microseconds) const;
     static QString missingDecoderText(int codecId);
 
@@ -55,5 +57,5 @@ private:
     std::optional<double> _hearFrom;
     double _nextSeconds = 0.0; ///< Where the last sound ended, as the stream counts.
     bool _begun = false;
-    bool _givenUp = false;
+    int _refusedPackets = 0; ///< In a row.
 };

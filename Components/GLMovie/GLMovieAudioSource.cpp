@@ -35,17 +35,18 @@ GLMovieAudioSource::~GLMovieAudioSource()
     close();
 }
 
-bool GLMovieAudioSource::isDevicePresent()
+bool GLMovieAudioSource::isDeviceExpected()
 {
     ContextLock const context = lockContext();
-    return AudioDevice::isPresent();
+    return AudioDevice::isPresent() || AudioDevice::isAwaited();
 }
 
 GLMovieAudioSource::OpenResult GLMovieAudioSource::open()
 {
     ContextLock const context = lockContext();
     std::lock_guard const lock(_audioHashMutex);
-    OpenResult const result = create();
+    // The device may be on its way back.
+    OpenResult const result = AudioDevice::isPresent() ? create() : OpenResult::Opened;
     _isOpen = result == OpenResult::Opened;
     return result;
 }

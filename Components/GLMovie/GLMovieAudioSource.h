@@ -32,10 +32,10 @@ public:
     GLMovieAudioSource(GLMovieAudioSource const&) = delete;
     GLMovieAudioSource& operator=(GLMovieAudioSource const&) = delete;
 
-    /// Whether there is a sound device that works, with a current OpenAL context.
-    static bool isDevicePresent();
+    /// Whether there is a sound device that works, with a current OpenAL context, or one that has gone may be back.
+    static bool isDeviceExpected();
 
-    /// Makes the source and its buffers on the current OpenAL context.
+    /// Makes the source and its buffers on the current OpenAL context; where there is none, when one comes.
     OpenResult open();
     void close();
 

@@ -43,7 +43,7 @@ double GLMovieClock::seek(double movieTime, double streamStart)
     for (Track* const track : {&_video, &_audio}) {
         Track fresh;
         fresh.present = track->present;
-        fresh.first = track->first;
+        fresh.first = track->first.value_or(zero); // Nothing may have begun yet: it begins in mid-film then.
         fresh.movieTime = movieTime;
         *track = fresh;
     }
@@ -57,6 +57,18 @@ void GLMovieClock::leaveSound()
     std::lock_guard const lock(_mutex);
     _audio.present = false;
     _audio.pending.reset();
+}
+
+void GLMovieClock::takeSound()
+{
+    std::lock_guard const lock(_mutex);
+    _audio.present = true;
+}
+
+bool GLMovieClock::hasVideo() const
+{
+    std::lock_guard const lock(_mutex);
+    return _video.present;
 }
 
 bool GLMovieClock::hasSound() const
@@ -132,7 +144,9 @@ double GLMovieClock::movieTime() const
     std::lock_guard const lock(_mutex);
     if (_sought)
         return *_sought;
-    return goesBySound() || !_video.present ? _audio.movieTime : _video.movieTime;
+    if (goesBySound() || !_video.present)
+        return _audio.movieTime;
+    return _audio.present ? std::max(_audio.movieTime, _video.movieTime) : _video.movieTime;
 }
 
 bool GLMovieClock::ignoreVideo()
@@ -218,6 +232,18 @@ std::optional<double> GLMovieClock::videoLateness(double seconds, std::optional<
     return now - own;
 }
 
+void GLMovieClock::restartVideo(double seconds)
+{
+    std::lock_guard const lock(_mutex);
+    startAt(seconds + _video.shift);
+}
+
+bool GLMovieClock::takeSoundJump()
+{
+    std::lock_guard const lock(_mutex);
+    return std::exchange(_soundJumped, false);
+}
+
 double GLMovieClock::videoMovieTime(double seconds) const
 {
     std::lock_guard const lock(_mutex);
@@ -237,7 +263,7 @@ GLMovieClock::Due GLMovieClock::soundDue(double seconds, std::optional<double> h
     hear(heard);
     Due due;
     if (_audio.end)
-        followSoundLeap(seconds, due);
+        followSoundLeap(seconds);
     due.at = seconds + _audio.shift;
     // Sound alone has nothing to wait for, and what follows what is queued is queued behind it.
     double const now = masterClockTime();
@@ -248,7 +274,7 @@ GLMovieClock::Due GLMovieClock::soundDue(double seconds, std::optional<double> h
     return due;
 }
 
-void GLMovieClock::followSoundLeap(double seconds, Due& due)
+void GLMovieClock::followSoundLeap(double seconds)
 {
     double const own = seconds + _audio.shift;
     double const pictures = seconds + _video.shift;
@@ -257,10 +283,10 @@ void GLMovieClock::followSoundLeap(double seconds, Due& due)
     bool const pictureHasLed =
         _video.begun && _audio.shift != _video.shift && std::abs(pictures - std::max(end, now)) <= jumpSeconds;
     if (end - own > jumpSeconds) {
-        due.jumped = true;
+        _soundJumped = true;
         _audio.first = seconds;
         moveTo(_audio, seconds, pictureHasLed ? pictures : end);
-        LOG_DEBUG("Resetting start time to %lld", static_cast<long long>(_startTime));
+        startAt(now);
     } else if (own - now > jumpSeconds) {
         // Pictures that go on mean that only the sound is missing; without any, both have leapt, or there are none.
         bool const pictureGoesOn = static_cast<double>(instant() - _lastShown) / microseconds < longestSilence;
@@ -276,8 +302,9 @@ void GLMovieClock::followSoundLeap(double seconds, Due& due)
 void GLMovieClock::soundQueued(double seconds, double at, double duration)
 {
     std::lock_guard const lock(_mutex);
+    // Film time counts from whichever came first, and does not leap back when sound begins late.
     if (!_audio.first)
-        _audio.first = seconds;
+        _audio.first = _video.first && _video.shift == _audio.shift ? std::min(seconds, *_video.first) : seconds;
     if (!_started)
         startAt(at);
     if (!_audio.begun)

@@ -30,7 +30,7 @@ public:
     struct Due {
         double at = 0.0;
         double wait = 0.0;
-        bool jumped = false; ///< The sender's clock has gone back since the last one of this kind.
+        bool jumped = false; ///< For pictures: the sender's clock has gone back since the last one.
     };
 
     GLMovieClock();
@@ -43,9 +43,11 @@ public:
     /// `streamStart` is their first time stamp if nothing has been shown or heard yet.
     double seek(double movieTime, double streamStart);
 
-    /// The sound is given up, for good: time and movie time leave it.
+    /// The sound is given up: time and movie time leave it, until it is taken up again.
     void leaveSound();
+    void takeSound();
     bool hasSound() const;
+    bool hasVideo() const;
 
     /// Speed: seconds of film in a second.
     void setRate(double rate);
@@ -77,6 +79,10 @@ public:
     void videoShown(double seconds);
     /// Seconds by which a picture is late; nothing where its time stamp belongs to a new clock.
     std::optional<double> videoLateness(double seconds, std::optional<double> heard);
+    /// Time goes on from a picture: nothing was there to show for a while, and nobody heard anything either.
+    void restartVideo(double seconds);
+    /// Whether the sender's clock has gone back in the sound since this was asked last.
+    bool takeSoundJump();
     /// The movie time of a picture; of one that is dropped, what movieTime() says from now on.
     double videoMovieTime(double seconds) const;
     void videoDropped(double seconds);
@@ -104,7 +110,7 @@ private:
     bool goesBySound() const;
     double movieTimeOf(double seconds) const;
     void followVideoLeap(double seconds, Due& due);
-    void followSoundLeap(double seconds, Due& due);
+    void followSoundLeap(double seconds);
     void moveTo(Track& track, double seconds, double time);
 
     static Logger* log;
@@ -114,6 +120,7 @@ private:
     Track _video;
     Track _audio;
     double _videoStep = 0.04; ///< Seconds between the last two pictures.
+    bool _soundJumped = false;
     bool _started = false;
     double _baseTime = 0.0; ///< Timeline seconds at _startTime.
     qint64 _startTime = 0;  ///< Microseconds.

@@ -34,11 +34,6 @@ void GLMovieDeinterlacer::GraphDeleter::operator()(AVFilterGraph* graph) const
     avfilter_graph_free(&graph);
 }
 
-void GLMovieDeinterlacer::FrameDeleter::operator()(AVFrame* frame) const
-{
-    av_frame_free(&frame);
-}
-
 GLMovieDeinterlacer::GLMovieDeinterlacer() : _out(av_frame_alloc()) {}
 GLMovieDeinterlacer::~GLMovieDeinterlacer() = default;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FFmpegPointers.h"
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -36,9 +38,6 @@ private:
     struct GraphDeleter {
         void operator()(AVFilterGraph* graph) const;
     };
-    struct FrameDeleter {
-        void operator()(AVFrame* frame) const;
-    };
 
     bool fits(AVFrame const* frame) const;
     bool create(AVFrame const* frame, AVRational timeBase);
@@ -49,7 +48,7 @@ private:
     std::unique_ptr<AVFilterGraph, GraphDeleter> _graph; ///< Null while no picture needs it.
     AVFilterContext* _source = nullptr;                  ///< The graph's, as is the next.
     AVFilterContext* _sink = nullptr;
-    std::unique_ptr<AVFrame, FrameDeleter> _out;
+    FramePointer _out;
     int _width = 0;
     int _height = 0;
     int _format = -1;

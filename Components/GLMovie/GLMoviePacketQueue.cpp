@@ -97,4 +97,5 @@ void GLMoviePacketQueue::clear()
         av_packet_free(&packet);
     _packets.clear();
     _bytes = 0;
+    _drained = false;
 }

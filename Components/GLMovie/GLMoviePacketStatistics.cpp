@@ -52,7 +52,7 @@ void GLMoviePacketCounter::countAudio(AVPacket const& packet, AVStream const* st
 bool GLMoviePacketCounter::isSoundMissing() const
 {
     std::lock_guard const lock(_mutex);
-    return _silence > longestSilence;
+    return _silence > soundlessSeconds;
 }
 
 void GLMoviePacketCounter::forgetTimes()

@@ -23,9 +23,9 @@ class GLMoviePacketCounter
 public:
     void countVideo(AVPacket const& packet, AVStream const* stream);
     void countAudio(AVPacket const& packet, AVStream const* stream);
-    /// Whether pictures have been read for longestSilence, in their own time, without any sound.
+    /// Whether pictures have been read for so many seconds, in their own time, without any sound.
     bool isSoundMissing() const;
-    static constexpr double longestSilence = 10.0; ///< Seconds.
+    static constexpr double soundlessSeconds = 10.0;
 
     /// The next packets follow from nothing that was counted: no gap before them.
     void forgetTimes();

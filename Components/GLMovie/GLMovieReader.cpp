@@ -64,8 +64,8 @@ bool GLMovie::readerMustWait() const
     bool const hasSound = _audioStream && !_options.ignoreAudio && (_clock.hasSound() || !_options.renderAudio);
     if (hasSound && _audioQueue->isFull())
         return true;
-    // Where both have enough there is nothing to look for. Sound that is given up, or has died, paces nothing; to tell
-    // so, or to find what a film has put late, pictures are read ahead some seconds.
+    // Where both have enough there is nothing to look for. Sound that is given up, or has died, paces nothing; to
+    // tell so, or to find what a film has put late, pictures are read ahead some seconds.
     bool const lacksSound = hasSound && _audioQueue->length() < fewAudioPackets && !_counter.isSoundMissing();
     return _videoQueue->isFull() && !lacksSound;
 }
@@ -171,7 +171,7 @@ bool GLMovie::resetMovie()
         sought = false;
     }
     flushOutputs({});
-    _clock.reset(_videoStream != nullptr, _clock.hasSound());
+    _clock.reset(_clock.hasVideo(), _clock.hasSound());
     _counter.reset();
     _requests.setPlaying(false);
     return sought;

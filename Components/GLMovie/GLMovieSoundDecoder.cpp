@@ -54,21 +54,6 @@ struct Layout {
 
 } // namespace
 
-void GLMovieSoundDecoder::CodecContextDeleter::operator()(AVCodecContext* context) const
-{
-    avcodec_free_context(&context);
-}
-
-void GLMovieSoundDecoder::FrameDeleter::operator()(AVFrame* frame) const
-{
-    av_frame_free(&frame);
-}
-
-void GLMovieSoundDecoder::SwrDeleter::operator()(SwrContext* context) const
-{
-    swr_free(&context);
-}
-
 GLMovieSoundDecoder::GLMovieSoundDecoder() = default;
 GLMovieSoundDecoder::~GLMovieSoundDecoder() = default;
 

@@ -1,19 +1,16 @@
 #pragma once
 
+#include "FFmpegPointers.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
 
-#include <memory>
 #include <optional>
 
 class Logger;
-struct AVChannelLayout;
-struct AVCodecContext;
-struct AVFrame;
 struct AVPacket;
 struct AVStream;
-struct SwrContext;
 
 /// Sound as OpenAL takes it: signed 16 bit samples, interleaved, of one or two channels.
 struct GLMovieSound {
@@ -61,16 +58,6 @@ public:
     QString formatText() const;
 
 private:
-    struct CodecContextDeleter {
-        void operator()(AVCodecContext* context) const;
-    };
-    struct FrameDeleter {
-        void operator()(AVFrame* frame) const;
-    };
-    struct SwrDeleter {
-        void operator()(SwrContext* context) const;
-    };
-
     void append(AVFrame const* frame, QList<GLMovieSound>& sounds);
     bool follow(AVFrame const* frame);
     bool convertFrom(AVFrame const* frame);
@@ -79,10 +66,10 @@ private:
     static Logger* log;
 
     AVStream const* _stream = nullptr;
-    std::unique_ptr<AVCodecContext, CodecContextDeleter> _codec;
-    std::unique_ptr<AVFrame, FrameDeleter> _frame;
-    std::unique_ptr<AVFrame, FrameDeleter> _like;        ///< Has the format that is converted from; no samples.
-    std::unique_ptr<SwrContext, SwrDeleter> _swrContext; ///< From the format of _like; null when it is refused.
+    CodecContextPointer _codec;
+    FramePointer _frame;
+    FramePointer _like;            ///< Has the format that is converted from; no samples.
+    SwrContextPointer _swrContext; ///< From the format of _like; null when it is refused.
     GLMovieSound::Format _format;
     bool _refused = false;
 };

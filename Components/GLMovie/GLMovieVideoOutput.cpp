@@ -1,11 +1,9 @@
 #include "GLMovieVideoOutput.h"
 
-#include "GLARBFragmentProgram.h"
-#include "GLARBMultiTexture.h"
-#include "GLARBShaderObjects.h"
 #include "GLMovie.h"
 #include "GLMovieAudioSource.h"
 #include "GLMovieClock.h"
+#include "GLMoviePacketQueue.h"
 #include "GLMovieRequests.h"
 #include "GLMovieTexture.h"
 #include "Logger.h"
@@ -14,10 +12,7 @@
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
-#include <libavutil/imgutils.h>
-#include <libavutil/pixdesc.h>
 #include <libavutil/time.h>
-#include <libswscale/swscale.h>
 }
 
 #include <algorithm>
@@ -34,35 +29,7 @@ constexpr double shortestWait = 1000.0; // µs
 constexpr double longestWait = 10000.0; // µs; sound may start, stop or jump meanwhile.
 constexpr int keyframeImageFormat = 5;  // Blue, green, red and alpha in the receiver's image class.
 
-bool isRgb(AVPixelFormat format)
-{
-    AVPixFmtDescriptor const* const descriptor = av_pix_fmt_desc_get(format);
-    return descriptor && (descriptor->flags & AV_PIX_FMT_FLAG_RGB) != 0;
-}
-
-bool hasFullChroma(AVPixelFormat format)
-{
-    AVPixFmtDescriptor const* const descriptor = av_pix_fmt_desc_get(format);
-    return descriptor && descriptor->nb_components >= 3 && descriptor->log2_chroma_w == 0 &&
-           descriptor->log2_chroma_h == 0;
-}
-
 } // namespace
-
-void GLMovieVideoOutput::CodecContextDeleter::operator()(AVCodecContext* context) const
-{
-    avcodec_free_context(&context);
-}
-
-void GLMovieVideoOutput::FrameDeleter::operator()(AVFrame* frame) const
-{
-    av_frame_free(&frame);
-}
-
-void GLMovieVideoOutput::SwsDeleter::operator()(SwsContext* context) const
-{
-    sws_freeContext(context);
-}
 
 GLMovieVideoOutput::GLMovieVideoOutput(GLMovieContext const& context, AVStream* stream, Options const& options)
     : _context(context), _stream(stream), _options(options)
@@ -84,12 +51,10 @@ int GLMovieVideoOutput::openVideoStream()
         return GLMovie::VideoCodecFailed;
     }
     _frame.reset(av_frame_alloc());
-    _outputFrame.reset(av_frame_alloc());
-    if (!_frame || !_outputFrame) {
+    if (!_frame || !_target.open(_codec->pix_fmt, _options.useHardwareColourConversion)) {
         LOG_ERROR("Failed avcodec_alloc_frame. Cannot play");
         return GLMovie::NoFrame;
     }
-    chooseColourConversion();
     LOG_INFO("Opened video codec %s.", _codec->codec->name);
     return GLMovie::NoError;
 }
@@ -107,43 +72,14 @@ int GLMovieVideoOutput::openCodec()
     return avcodec_open2(_codec.get(), codec, nullptr);
 }
 
-void GLMovieVideoOutput::chooseColourConversion()
-{
-    bool const programs =
-        GLARBFragmentProgram::instance()->isSupported() || GLARBShaderObjects::instance()->isSupported();
-    bool const multitexturing = GLARBMultiTexture::instance()->isSupported();
-    if (!programs)
-        LOG_INFO("This system does not support fragment programs.");
-    if (!multitexturing)
-        LOG_INFO("This system does not support multitexturing.");
-
-    if (!programs || !multitexturing || !_options.useHardwareColourConversion) {
-        LOG_INFO("Switching to software YUV to RGB conversion.");
-        _outputPixelFormat = AV_PIX_FMT_RGB24;
-        return;
-    }
-    LOG_INFO("Switching to hardware YUV to RGB conversion.");
-    if (isRgb(_codec->pix_fmt))
-        _outputPixelFormat = AV_PIX_FMT_RGB24; // There is nothing to convert.
-    else
-        _outputPixelFormat = hasFullChroma(_codec->pix_fmt) ? AV_PIX_FMT_YUV444P : AV_PIX_FMT_YUV420P;
-}
-
 QString GLMovieVideoOutput::name() const
 {
     return QString::fromLatin1(_codec->codec->name);
 }
 
-GLMovieTexture* GLMovieVideoOutput::texture() const
+bool GLMovieVideoOutput::isStill() const
 {
-    std::lock_guard const lock(_shownMutex);
-    return _textureAllocated ? _texture.get() : nullptr;
-}
-
-GLMovieVideoOutput::Shown GLMovieVideoOutput::shown() const
-{
-    std::lock_guard const lock(_shownMutex);
-    return _shown;
+    return (_stream->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
 }
 
 void GLMovieVideoOutput::flush(std::optional<double> showFrom)
@@ -159,10 +95,7 @@ void GLMovieVideoOutput::flush(std::optional<double> showFrom)
 void GLMovieVideoOutput::releaseTexture()
 {
     _seenKeyframe = false;
-    std::lock_guard const lock(_shownMutex);
-    _texture.reset();
-    _textureAllocated = false;
-    _shown = {};
+    _target.release();
 }
 
 void GLMovieVideoOutput::handleVideoPacket(AVPacket const* packet)
@@ -204,6 +137,11 @@ bool GLMovieVideoOutput::checkIfPacketNeedsDropping(AVPacket const& packet)
     std::optional<double> const late = clock.videoLateness(*seconds, _context.source.audioTime());
     if (!late || *late <= tooLateSeconds)
         return false;
+    if (!clock.syncToAudio() && _context.videoQueue.length() == 0) {
+        // Dropping catches up with what is at hand; after a silence there is nothing, and nobody to catch up with.
+        clock.restartVideo(*seconds);
+        return false;
+    }
     _lastVideoSeconds = *seconds;
     clock.videoDropped(*seconds);
     _dropUntilKeyframe = clock.syncToAudio();
@@ -223,7 +161,13 @@ void GLMovieVideoOutput::skipWhatIsNotShown(AVPacket const& packet)
 void GLMovieVideoOutput::presentPicture(AVFrame const* frame, std::optional<double> seconds)
 {
     GLMovieClock& clock = _context.clock;
-    if (_context.requests.watchersMustEnd() || !isToBeShown(frame, seconds))
+    if (_context.requests.watchersMustEnd())
+        return;
+    if (isStill())
+        return showStill(frame);
+    if (clock.takeSoundJump())
+        _dropUntilKeyframe = false;
+    if (!isToBeShown(frame, seconds))
         return;
     if (clock.waitingForFirstVideo() && !beginVideo(seconds, frame->best_effort_timestamp))
         return;
@@ -238,12 +182,19 @@ void GLMovieVideoOutput::presentPicture(AVFrame const* frame, std::optional<doub
     if (opensPicture && !_seenKeyframe && !showKeyFrame(due))
         return;
     if (_seenKeyframe)
-        updateTexture(frame, isKeyFrame);
+        updateTexture(frame);
     _frameDelay = static_cast<double>(av_gettime_relative() - begin) / 1000000.0;
     _lastVideoSeconds = due;
     clock.videoShown(due);
     if (!clock.syncToAudio() && !_context.requests.isPaused())
         emit _context.movie.movieTimeUpdated(clock.videoMovieTime(due));
+}
+
+void GLMovieVideoOutput::showStill(AVFrame const* frame)
+{
+    if (!_seenKeyframe && !showKeyFrame(0.0))
+        return;
+    updateTexture(frame);
 }
 
 bool GLMovieVideoOutput::isToBeShown(AVFrame const* frame, std::optional<double> seconds)
@@ -294,52 +245,19 @@ void GLMovieVideoOutput::waitForPresentationTime(double seconds)
 bool GLMovieVideoOutput::showKeyFrame(double seconds)
 {
     LOG_INFO("Received first video keyframe packet pts %lf seconds", _context.clock.videoMovieTime(seconds));
-    if (int const code = allocateTexture(); code != GLMovie::NoError) {
+    bool const isNew = !texture();
+    if (int const code = _target.allocateTexture(_codec.get()); code != GLMovie::NoError) {
         _context.requests.requestStop();
         emit _context.movie.error(&_context.movie, code);
         return false;
     }
+    if (isNew)
+        QObject::connect(texture(), &GLMovieTexture::updated, &_context.movie, &GLMovie::pictureUpdated,
+                         Qt::DirectConnection);
     _seenKeyframe = true;
-    Shown const now = shown();
+    GLMovieVideoTarget::Shown const now = shown();
     emit _context.movie.firstKeyFrameReceived(now.width, now.height);
     return true;
-}
-
-int GLMovieVideoOutput::allocateTexture()
-{
-    if (texture())
-        return GLMovie::NoError;
-    int const width = _codec->width;
-    int const height = _codec->height;
-    if (av_image_get_buffer_size(_outputPixelFormat, width, height, 1) < 0) {
-        LOG_ERROR("avpicture_get_size was -1. Cannot play");
-        return GLMovie::NoPictureSize;
-    }
-    av_frame_unref(_outputFrame.get());
-    _outputFrame->format = _outputPixelFormat;
-    _outputFrame->width = width;
-    _outputFrame->height = height;
-    if (av_frame_get_buffer(_outputFrame.get(), 0) < 0) {
-        LOG_ERROR("Failed allocating buffer. Cannot play");
-        return GLMovie::NoPictureBuffer;
-    }
-    std::unique_ptr<GLMovieTexture> made(new (std::nothrow) GLMovieTexture);
-    if (!made) {
-        LOG_ERROR("Failed allocating movie texture. Cannot play");
-        return GLMovie::NoTexture;
-    }
-    if (made->create(_codec.get(), _outputPixelFormat) != 0) {
-        LOG_ERROR("Failed creating movie texture. Cannot play");
-        return GLMovie::TextureFailed;
-    }
-    QObject::connect(made.get(), &GLMovieTexture::updated, &_context.movie, &GLMovie::pictureUpdated,
-                     Qt::DirectConnection);
-    LOG_DEBUG("Allocated video texture. Size = %d x %d", width, height);
-    std::lock_guard const lock(_shownMutex);
-    _texture = std::move(made);
-    _shown = {width, height, 0.0};
-    _textureAllocated = true;
-    return GLMovie::NoError;
 }
 
 double GLMovieVideoOutput::aspectRatioOf(AVFrame const* frame) const
@@ -351,35 +269,11 @@ double GLMovieVideoOutput::aspectRatioOf(AVFrame const* frame) const
     return stretch * frame->width / frame->height;
 }
 
-void GLMovieVideoOutput::updateTexture(AVFrame const* frame, bool isKeyFrame)
+void GLMovieVideoOutput::updateTexture(AVFrame const* frame)
 {
-    AVFrame const* const picture = pictureInOutputFormat(frame);
-    if (!picture)
-        return;
-    {
-        std::lock_guard const lock(_shownMutex);
-        _shown.aspectRatio = aspectRatioOf(frame);
+    _target.update(frame, aspectRatioOf(frame));
+    if (frame->key_frame != 0 && _options.emitKeyframes) {
+        GLMovieVideoTarget::Shown const now = shown();
+        emit _context.movie.keyframeReceived(texture()->image(), now.width, now.height, keyframeImageFormat);
     }
-    _texture->update(picture, isKeyFrame);
-    if (isKeyFrame && _options.emitKeyframes)
-        emit _context.movie.keyframeReceived(_texture->image(), picture->width, picture->height, keyframeImageFormat);
-}
-
-AVFrame const* GLMovieVideoOutput::pictureInOutputFormat(AVFrame const* frame)
-{
-    AVFrame* const output = _outputFrame.get();
-    // Scaling a picture to what it is already would only copy it.
-    if (GLMovieColourSpace::plainFormat(static_cast<AVPixelFormat>(frame->format)) == output->format &&
-        frame->width == output->width && frame->height == output->height)
-        return frame;
-    // The source may change its size or format at any picture; the texture keeps the size of the first one.
-    AVPixelFormat const format = GLMovieColourSpace::plainFormat(static_cast<AVPixelFormat>(frame->format));
-    SwsContext* const old = _swsContext.release();
-    _swsContext.reset(sws_getCachedContext(old, frame->width, frame->height, format, output->width, output->height,
-                                           _outputPixelFormat, SWS_BILINEAR, nullptr, nullptr, nullptr));
-    if (!_swsContext)
-        return nullptr;
-    GLMovieColourSpace::apply(_swsContext.get(), frame, output);
-    sws_scale(_swsContext.get(), frame->data, frame->linesize, 0, frame->height, output->data, output->linesize);
-    return output;
 }

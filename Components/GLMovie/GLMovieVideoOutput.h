@@ -2,24 +2,15 @@
 
 #include "GLMovieContext.h"
 #include "GLMovieDeinterlacer.h"
-
-extern "C" {
-#include <libavutil/pixfmt.h>
-}
+#include "GLMovieVideoTarget.h"
 
 #include <QString>
 
-#include <memory>
-#include <mutex>
 #include <optional>
 
-class GLMovieTexture;
 class Logger;
-struct AVCodecContext;
-struct AVFrame;
 struct AVPacket;
 struct AVStream;
-struct SwsContext;
 
 /// From packets of pictures to the texture, each picture at its time. The video watcher's thread decodes and shows;
 /// open() and flush() are called while it does not run; what is shown may be asked for on any thread.
@@ -31,13 +22,6 @@ public:
         bool useHardwareColourConversion = false; ///< They stay YUV, when the card can convert them.
         bool deinterlace = true;
         bool emitKeyframes = false;
-    };
-
-    /// What is being shown; all 0 before the first key frame.
-    struct Shown {
-        int width = 0; ///< Pixels of the texture.
-        int height = 0;
-        double aspectRatio = 0.0; ///< Width over height of the newest picture as it is meant.
     };
 
     GLMovieVideoOutput(GLMovieContext const& context, AVStream* stream, Options const& options);
@@ -61,22 +45,14 @@ public:
     /// The decoder's name.
     QString name() const;
     /// The texture with the newest picture; null before the first key frame. Lives until releaseTexture().
-    GLMovieTexture* texture() const;
-    Shown shown() const;
+    GLMovieTexture* texture() const { return _target.texture(); }
+    GLMovieVideoTarget::Shown shown() const { return _target.shown(); }
+
+    /// Whether there is one picture only, such as the cover of an album, which belongs to no time.
+    bool isStill() const;
 
 private:
-    struct CodecContextDeleter {
-        void operator()(AVCodecContext* context) const;
-    };
-    struct FrameDeleter {
-        void operator()(AVFrame* frame) const;
-    };
-    struct SwsDeleter {
-        void operator()(SwsContext* context) const;
-    };
-
     int openCodec();
-    void chooseColourConversion();
     std::optional<double> packetSeconds(AVPacket const& packet) const;
     bool checkIfPacketNeedsDropping(AVPacket const& packet);
     void skipWhatIsNotShown(AVPacket const& packet);
@@ -85,9 +61,8 @@ private:
     bool beginVideo(std::optional<double> seconds, qint64 timestamp);
     void waitForPresentationTime(double seconds);
     bool showKeyFrame(double seconds);
-    int allocateTexture();
-    void updateTexture(AVFrame const* frame, bool isKeyFrame);
-    AVFrame const* pictureInOutputFormat(AVFrame const* frame);
+    void showStill(AVFrame const* frame);
+    void updateTexture(AVFrame const* frame);
     double aspectRatioOf(AVFrame const* frame) const;
 
     static Logger* log;
@@ -95,21 +70,14 @@ private:
     GLMovieContext const _context;
     AVStream* const _stream;
     Options const _options;
-    std::unique_ptr<AVCodecContext, CodecContextDeleter> _codec;
-    std::unique_ptr<AVFrame, FrameDeleter> _frame;
-    std::unique_ptr<AVFrame, FrameDeleter> _outputFrame; ///< The picture in the output pixel format.
-    std::unique_ptr<SwsContext, SwsDeleter> _swsContext;
+    CodecContextPointer _codec;
+    FramePointer _frame;
     GLMovieDeinterlacer _deinterlacer;
-    AVPixelFormat _outputPixelFormat = AV_PIX_FMT_NONE;
+    GLMovieVideoTarget _target;
     double _frameDelay = 0.0;       ///< Seconds that the last picture took to process.
     double _lastVideoSeconds = 0.0; ///< When the last picture was due, as the stream counts.
     std::optional<double> _showFrom;
     bool _seenKeyframe = false;   ///< A key frame has been shown since time stamps last went back.
     bool _passedKeyframe = false; ///< A key frame was decoded, if only on the way to what is to be shown.
     bool _dropUntilKeyframe = false;
-
-    mutable std::mutex _shownMutex; ///< Guards what follows; the texture's planes have a lock of their own.
-    std::unique_ptr<GLMovieTexture> _texture;
-    bool _textureAllocated = false;
-    Shown _shown;
 };

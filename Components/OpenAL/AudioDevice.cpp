@@ -23,6 +23,7 @@ struct CurrentContext {
     std::shared_mutex mutex;
     std::atomic<unsigned int> generation{0}; ///< Written under the mutex, and so by one thread at a time.
     AudioOutput const* output = nullptr;     ///< Guarded by the mutex.
+    bool awaited = false;                    ///< The one before has gone without being closed. The same.
 };
 
 CurrentContext& currentContext()
@@ -56,6 +57,12 @@ bool AudioDevice::isPresent()
 {
     AudioOutput const* const output = currentContext().output;
     return output && output->isConnected();
+}
+
+bool AudioDevice::isAwaited()
+{
+    CurrentContext const& current = currentContext();
+    return current.output ? !current.output->isConnected() : current.awaited;
 }
 
 bool AudioDevice::availableDevices(QStringList& devices, QString& defaultDevice)
@@ -120,6 +127,7 @@ bool AudioDevice::makeCurrent(AudioOutput const* output)
         return false;
     }
     ++current.generation;
+    current.awaited = !output;
     current.output = output;
     return true;
 }
@@ -129,6 +137,9 @@ void AudioDevice::closeDevice()
     if (_output)
         replaceOutput(nullptr, false);
     _wantedDevice.clear();
+    CurrentContext& current = currentContext();
+    std::lock_guard const lock(current.mutex);
+    current.awaited = false;
 }
 
 bool AudioDevice::isConnected() const

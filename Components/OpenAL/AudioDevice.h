@@ -42,6 +42,10 @@ public:
     /// before starting it again.
     static bool isPresent();
 
+    /// Whether the device that was open has gone, and another is being looked for. Under contextMutex(), on any
+    /// thread.
+    static bool isAwaited();
+
     /// Opens the named device in place of the one that is open, and falls back on the library's own choice when there
     /// is no such device. A name other than "default" is also written to the user's OpenAL configuration.
     /// Returns whether there is sound now. May wait for a sound server.

@@ -373,6 +373,23 @@ TEST_F(GLMovieTest, SeeksToTheMomentAndNotToTheKeyFrameBeforeIt)
     EXPECT_TRUE(_error.isEmpty());
 }
 
+TEST_F(GLMovieTest, ACoverBelongsToNoTime)
+{
+    addStreams(true, true);
+    _source.videoStream()->disposition = AV_DISPOSITION_ATTACHED_PIC;
+    _source.append({true, 0.0});
+    _source.scriptClip(2.0, false, true);
+    _source.open();
+    ASSERT_TRUE(_pictures.wait());
+    ASSERT_TRUE(_sound.wait(2));
+    _times.clear();
+    ASSERT_TRUE(_movie.setMovieTime(1.8));
+    ASSERT_TRUE(_times.wait());
+    EXPECT_NEAR(_times.first().constFirst().toDouble(), 1.8, 0.03);
+    ASSERT_TRUE(_completed.wait());
+    EXPECT_EQ(_firstKeyFrames.count(), 1);
+}
+
 TEST_F(GLMovieTest, WhereTheSourceCannotSeekNothingIsLost)
 {
     addStreams(true, false);
@@ -392,8 +409,10 @@ TEST_F(GLMovieTest, ASeekBetweenTwoLoopsGoesOnPlaying)
     ASSERT_TRUE(_pictures.wait(5));
     while (_movie.isPlaying())
         std::this_thread::yield();
+    _times.clear();
     ASSERT_TRUE(_movie.setMovieTime(0.1));
-    ASSERT_TRUE(_pictures.wait(6));
+    ASSERT_TRUE(_times.wait());
+    EXPECT_NEAR(_times.first().constFirst().toDouble(), 0.12, 0.03) << "film time counts from the same zero";
     EXPECT_TRUE(_looped.isEmpty());
     EXPECT_TRUE(_movie.isPlaying());
 }
