@@ -185,6 +185,12 @@ void Channel::setVolume(double volume)
         stream->setVolume(stream == _streams.front() ? volume : 0.0);
 }
 
+void Channel::setWatched(bool watched)
+{
+    for (auto const& stream : _streams)
+        stream->setWatched(watched);
+}
+
 void Channel::setOpacity(double opacity)
 {
     for (auto const& stream : _streams)

@@ -57,6 +57,8 @@ public:
     void setMuted(bool muted);
     void setVolume(double volume);
     void setOpacity(double opacity);
+    /// Whether somebody looks at the pictures.
+    void setWatched(bool watched);
     void setSpeed(double speed);
     void seekForwards(double seconds);
     void seekBackwards(double seconds);

@@ -127,6 +127,7 @@ void ChannelManager::openChannelMultiview(Channel* channel, int index)
     bool const isFirst = _openChannels.isEmpty();
     _openChannels.insert(index < 0 ? _openChannels.size() : std::min<qsizetype>(index, _openChannels.size()),
                          channel);
+    channel->setWatched(_watched);
     channel->setVolume(0.0);
     channel->setOpacity(0.0);
     channel->setSpeed(_speed);
@@ -277,6 +278,14 @@ void ChannelManager::setVolume(double volume)
     _volume = volume;
     for (Channel* const channel : std::as_const(_openChannels))
         channel->setVolume(volume);
+}
+
+void ChannelManager::setWatched(bool watched)
+{
+    if (std::exchange(_watched, watched) == watched)
+        return;
+    for (Channel* const channel : std::as_const(_openChannels))
+        channel->setWatched(watched);
 }
 
 void ChannelManager::setMuted(bool muted)

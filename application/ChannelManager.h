@@ -67,6 +67,8 @@ public:
     void setVolume(double volume);
     double volume() const { return _volume; }
     void setMuted(bool muted);
+    /// Whether somebody looks at the surface: pictures that nobody sees cost little more than their decoding.
+    void setWatched(bool watched);
     bool muted() const { return _muted; }
     /// The speed of whatever plays and will play, 1.0 at first. What cannot seek, such as a live stream, plays at 1.0
     /// whatever is chosen, since it would run dry or fall behind.
@@ -142,4 +144,5 @@ private:
     double _volume = 1.0;
     double _speed = 1.0;
     bool _muted = false;
+    bool _watched = true;
 };

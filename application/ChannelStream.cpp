@@ -79,6 +79,7 @@ void ChannelStream::open(bool forceFile)
     givePostProcessing();
     _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
     _renderer->setDeinterlacing(_appData.settings.deinterlace());
+    _renderer->setWatched(_watched);
     _renderer->setLoop(_loop);
     _renderer->setMuted(_muted);
     _renderer->setVolume(_volume);
@@ -334,6 +335,13 @@ void ChannelStream::setMuted(bool muted)
     if (_renderer)
         _renderer->setMuted(muted);
     emit mutedChanged(this, muted);
+}
+
+void ChannelStream::setWatched(bool watched)
+{
+    _watched = watched;
+    if (_renderer)
+        _renderer->setWatched(watched);
 }
 
 void ChannelStream::setLoop(bool loop)

@@ -59,6 +59,8 @@ public:
     void setMuted(bool muted);
     bool loop() const { return _loop; }
     void setLoop(bool loop);
+    /// Whether somebody looks at the picture.
+    void setWatched(bool watched);
     double opacity() const { return _opacity; }
     void setOpacity(double opacity);
 
@@ -132,5 +134,6 @@ private:
     double _volume = 1.0;
     double _speed = 1.0;
     double _opacity = 1.0;
+    bool _watched = true;
     bool _opened = false;
 };

@@ -114,7 +114,9 @@ void GLWidget::paintEvent(QPaintEvent*)
 
 void GLWidget::onRenderTimer()
 {
-    if (_surface.isExposed())
+    bool const isExposed = _surface.isExposed();
+    _appData.channelManager()->setWatched(isExposed);
+    if (isExposed)
         render();
 }
 
@@ -123,6 +125,7 @@ void GLWidget::render()
     _pacer.painted();
     if (!_surface.create(_appData.settings.enableAntialiasing()) || !_surface.isExposed() || !_surface.adoptWindow())
         return;
+    _appData.channelManager()->setWatched(true);
     if (!_isInitialized)
         initializeGL();
     if (!presentPictures() && _surface.makeCurrent())

@@ -111,6 +111,7 @@ int GLMovie::openVideoStream()
     GLMovieVideoOutput::Options const options{_options.useHardwareColourConversion, _options.deinterlace,
                                               _options.emitKeyframes};
     _videoOutput = std::make_unique<GLMovieVideoOutput>(context, _videoStream, options);
+    _videoOutput->setWatched(_options.watched);
     int const code = _videoOutput->openVideoStream();
     if (code != NoError)
         _videoOutput.reset();

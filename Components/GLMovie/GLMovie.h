@@ -84,6 +84,9 @@ public:
     /// The picture to draw, or null before the first key frame. Valid until stop().
     GLMovieTexture* texture() const;
 
+    /// Whether somebody looks at the pictures; else hardly any get as far as the texture. Starts true.
+    void setWatched(bool watched);
+
     /// Pixels; 0 before the first key frame.
     int width() const;
     int height() const;
@@ -177,6 +180,7 @@ private:
 
     struct Options {
         bool useHardwareColourConversion = false;
+        bool watched = true;
         bool deinterlace = true;
         bool renderAudio = true;
         bool ignoreVideo = false;

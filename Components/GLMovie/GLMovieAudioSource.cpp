@@ -121,8 +121,8 @@ bool GLMovieAudioSource::waitForAudioQueue(GLMovieSound::Format format, Pause co
             int const queued = queuedBuffers();
             if (queued == 0 || (queued < ringSize && format == _format))
                 return true;
-            // A quarter of a buffer is soon enough to notice, with a whole ring still to be heard.
-            wait = std::clamp(static_cast<qint64>(_lastBufferTime * 1000000.0 / 4.0), shortestPause, longestPause);
+            // A buffer later is soon enough to notice, with a whole ring still to be heard.
+            wait = std::clamp(static_cast<qint64>(_lastBufferTime * 1000000.0), shortestPause, longestPause);
         }
         if (!pause(wait))
             return false;

@@ -17,6 +17,13 @@ GLMovieTexture* GLMovie::texture() const
     return _videoOutput ? _videoOutput->texture() : nullptr;
 }
 
+void GLMovie::setWatched(bool watched)
+{
+    _options.watched = watched;
+    if (_videoOutput)
+        _videoOutput->setWatched(watched);
+}
+
 int GLMovie::width() const
 {
     return _videoOutput ? _videoOutput->shown().width : 0;

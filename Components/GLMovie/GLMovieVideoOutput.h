@@ -48,6 +48,8 @@ public:
     GLMovieTexture* texture() const { return _target.texture(); }
     GLMovieVideoTarget::Shown shown() const { return _target.shown(); }
 
+    void setWatched(bool watched) { _target.setWatched(watched); }
+
     /// Whether there is one picture only, such as the cover of an album, which belongs to no time.
     bool isStill() const;
 

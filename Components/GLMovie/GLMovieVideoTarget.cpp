@@ -12,6 +12,7 @@ extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavutil/imgutils.h>
 #include <libavutil/pixdesc.h>
+#include <libavutil/time.h>
 #include <libswscale/swscale.h>
 }
 
@@ -21,6 +22,7 @@ Logger* GLMovieVideoTarget::log = LoggerManager::logger();
 
 namespace
 {
+constexpr qint64 unwatchedInterval = 1000000; // µs; who looks again finds a picture that is not older.
 
 bool isRgb(AVPixelFormat format)
 {
@@ -110,14 +112,27 @@ int GLMovieVideoTarget::allocateTexture(AVCodecContext const* codec)
 
 void GLMovieVideoTarget::update(AVFrame const* frame, double aspectRatio)
 {
-    AVFrame const* const picture = pictureInOutputFormat(frame);
-    if (!picture)
+    if (!isWorthWhile(aspectRatio))
         return;
-    {
-        std::lock_guard const lock(_mutex);
-        _shown.aspectRatio = aspectRatio;
-    }
-    _texture->update(picture, frame->key_frame != 0);
+    if (AVFrame const* const picture = pictureInOutputFormat(frame))
+        _texture->update(picture, frame->key_frame != 0);
+}
+
+bool GLMovieVideoTarget::isWorthWhile(double aspectRatio)
+{
+    qint64 const now = av_gettime_relative();
+    std::lock_guard const lock(_mutex);
+    if (!_watched && now - _lastUpdate < unwatchedInterval)
+        return false;
+    _lastUpdate = now;
+    _shown.aspectRatio = aspectRatio;
+    return true;
+}
+
+void GLMovieVideoTarget::setWatched(bool watched)
+{
+    std::lock_guard const lock(_mutex);
+    _watched = watched;
 }
 
 AVFrame const* GLMovieVideoTarget::pictureInOutputFormat(AVFrame const* frame)

@@ -6,6 +6,8 @@ extern "C" {
 #include <libavutil/pixfmt.h>
 }
 
+#include <QtGlobal>
+
 #include <memory>
 #include <mutex>
 
@@ -37,8 +39,11 @@ public:
     /// Makes the texture for the pictures of a decoder, if there is none. Returns 0 or a GLMovie::Error.
     int allocateTexture(AVCodecContext const* codec);
 
-    /// Converts a picture and hands it to the texture, which must be there.
+    /// Converts a picture and hands it to the texture, which must be there; while nobody looks, one in a second.
     void update(AVFrame const* frame, double aspectRatio);
+
+    /// Whether somebody looks. Starts true. Any thread.
+    void setWatched(bool watched);
 
     void release();
 
@@ -48,6 +53,7 @@ public:
 
 private:
     void chooseColourConversion(AVPixelFormat decoded, bool useHardwareColourConversion);
+    bool isWorthWhile(double aspectRatio);
     AVFrame const* pictureInOutputFormat(AVFrame const* frame);
 
     static Logger* log;
@@ -59,4 +65,6 @@ private:
     mutable std::mutex _mutex; ///< Guards what follows; the texture's planes have a lock of their own.
     std::unique_ptr<GLMovieTexture> _texture;
     Shown _shown;
+    bool _watched = true;
+    qint64 _lastUpdate = 0; ///< Microseconds, av_gettime_relative().
 };

@@ -52,6 +52,7 @@ void GLMovieRenderer::open(GLMovieDataSource* source)
     _dataSource = source;
     _movie = std::make_unique<GLMovie>(source, _useHardwareColourConversion && _painter.hasColourConversion());
     _movie->setDeinterlacing(_deinterlace);
+    _movie->setWatched(_watched);
     _movie->setLoop(_loop);
     _movie->setMuted(_muted);
     _movie->setSpeed(_speed);
@@ -109,6 +110,13 @@ void GLMovieRenderer::close()
 bool GLMovieRenderer::isBuffering() const
 {
     return _movie && !_hasPicture && !_hasSound;
+}
+
+void GLMovieRenderer::setWatched(bool watched)
+{
+    _watched = watched;
+    if (_movie)
+        _movie->setWatched(watched);
 }
 
 void GLMovieRenderer::setLoop(bool loop)

@@ -57,6 +57,8 @@ public:
     /// A movie is open and has not shown or sounded anything yet.
     bool isBuffering() const;
 
+    /// Whether somebody looks at the pictures. Starts true.
+    void setWatched(bool watched);
     void setLoop(bool loop);
     void setMuted(bool muted);
     /// 0.0 to 1.0; a fade of the sound goes on below it.
@@ -198,6 +200,7 @@ private:
 
     bool _useHardwareColourConversion = false;
     bool _deinterlace = true;
+    bool _watched = true;
     bool _loop = false;
     bool _muted = false;
     double _volume = 1.0;

@@ -55,6 +55,15 @@ protected:
             _source.addAudio(AV_CODEC_ID_PCM_S16LE, 2);
     }
 
+    /// The first film time that is told and is later than that; what a thread was about to tell may come before.
+    double firstTimeAfter(double seconds)
+    {
+        for (int i = 0; _times.wait(i + 1); ++i)
+            if (double const time = _times.at(i).constFirst().toDouble(); time > seconds)
+                return time;
+        return -1.0;
+    }
+
     AudioDevice _device;
     ScriptedMovieSource _source;
     GLMovie _movie{&_source, false};
@@ -362,11 +371,9 @@ TEST_F(GLMovieTest, SeeksToTheMomentAndNotToTheKeyFrameBeforeIt)
     }
     _source.open();
     ASSERT_TRUE(_pictures.wait(3));
-    _times.clear();
     ASSERT_TRUE(_movie.setMovieTime(20.0));
     EXPECT_EQ(_movie.movieTime(), 20.0) << "a second step counts from the first one's target";
-    ASSERT_TRUE(_times.wait());
-    EXPECT_NEAR(_times.first().constFirst().toDouble(), 20.0, 0.05);
+    EXPECT_NEAR(firstTimeAfter(2.0), 20.0, 0.05);
     ASSERT_TRUE(_movie.setMovieTime(29.6));
     ASSERT_TRUE(_completed.wait());
     EXPECT_NEAR(_times.last().constFirst().toDouble(), 29.98, 0.05);
@@ -382,10 +389,8 @@ TEST_F(GLMovieTest, ACoverBelongsToNoTime)
     _source.open();
     ASSERT_TRUE(_pictures.wait());
     ASSERT_TRUE(_sound.wait(2));
-    _times.clear();
     ASSERT_TRUE(_movie.setMovieTime(1.8));
-    ASSERT_TRUE(_times.wait());
-    EXPECT_NEAR(_times.first().constFirst().toDouble(), 1.8, 0.03);
+    EXPECT_NEAR(firstTimeAfter(1.0), 1.8, 0.03);
     ASSERT_TRUE(_completed.wait());
     EXPECT_EQ(_firstKeyFrames.count(), 1);
 }
