@@ -2,7 +2,6 @@
 
 #include "Clips.h"
 #include "FileDataSource.h"
-#include "LogCapture.h"
 #include "SourceTestSupport.h"
 #include "StreamOpener.h"
 
@@ -60,7 +59,8 @@ private:
             self._closedFrom.reset();
         if (self.isInterrupted())
             return AVERROR_EXIT;
-        qsizetype const count = std::min<qsizetype>(size, self._bytes.size() - self._position);
+        qsizetype const end = self._closedFrom && *self._closedFrom > 0 ? *self._closedFrom : self._bytes.size();
+        qsizetype const count = std::min<qsizetype>(size, end - self._position);
         std::memcpy(buffer, self._bytes.constData() + self._position, static_cast<std::size_t>(count));
         self._position += count;
         return count > 0 ? static_cast<int>(count) : AVERROR_EOF;
@@ -167,13 +167,11 @@ TEST_F(DemuxerTest, AbandonedItEndsInWhateverItIsHeldUpBy)
     std::weak_ptr<Demuxer> const ending = std::exchange(demuxer, nullptr);
     EXPECT_TRUE(waitUntil([&] { return ending.expired(); }));
 
-    LogCapture const capture;
-    gate.close(false, 1 << 16); // While it looks for streams.
+    gate.close(false, 5000); // While it looks for streams, in the first picture.
     demuxer = Demuxer::start(std::ref(gate), -1, &listener, [] { FAIL() << "nobody listens any more"; });
     gate.awaitHeld();
     TearDown();
     QCoreApplication::processEvents();
-    EXPECT_FALSE(capture.contains("av_find_stream_info failed"));
     start();
 }
 
