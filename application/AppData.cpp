@@ -300,7 +300,8 @@ void AppData::openNames(QStringList const& names)
 {
     bool isFirst = true;
     for (QString const& name : names) {
-        if (FileName::isAddress(name) || QFileInfo::exists(name) || !ChannelManager::isAddress(name))
+        // Only what looks like an address is looked for on the disk, which may take its time.
+        if (FileName::isAddress(name) || !ChannelManager::isAddress(name) || QFileInfo::exists(name))
             _channelManager->openFile(name, isFirst);
         else
             _channelManager->openUserStream(name, Uri::withoutUserInfo(name), isFirst);

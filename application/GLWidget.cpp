@@ -11,7 +11,6 @@
 
 #include <QContextMenuEvent>
 #include <QDateTime>
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -51,6 +50,7 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
     connect(_appData.channelManager(), &ChannelManager::pictureUpdated, &_pacer, &PaintPacer::request);
     connect(&_appData.settings, &AppSettings::drawModeChanged, &_pacer, &PaintPacer::request);
     connect(&_pacer, &PaintPacer::paint, this, &GLWidget::onRenderTimer);
+    connect(&_screenshots, &ImageSaver::saved, this, &GLWidget::screenshotCompleted);
     connect(&_surface, &GLSurface::exposed, this, &GLWidget::onExposed);
     connect(&_surface, &GLSurface::windowChanged, this, &GLWidget::onWindowChanged);
     connect(&_appData.settings, &AppSettings::showFullScreenChanged, this, &GLWidget::onShowFullScreenChanged);
@@ -211,8 +211,7 @@ QImage GLWidget::takeScreenshot()
 
 void GLWidget::saveScreenshot(QImage const& image, QString const& path)
 {
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    emit screenshotCompleted(!image.isNull() && image.save(path) ? path : QString());
+    _screenshots.save(image, path);
 }
 
 void GLWidget::onTakeScreenshot()

@@ -3,6 +3,7 @@
 #include "GLMoviePresenter.h"
 #include "GLMovieRenderer.h"
 #include "GLSurface.h"
+#include "ImageSaver.h"
 #include "PaintPacer.h"
 
 #include <QImage>
@@ -36,7 +37,8 @@ public:
     /// What is painted now, in pixels of the surface. Null without a context.
     QImage takeScreenshot();
 
-    /// Saves a screenshot under the screenshot directory; screenshotCompleted() tells where, empty on failure.
+    /// Saves a screenshot under the screenshot directory, without waiting for it; screenshotCompleted() tells where,
+    /// empty on failure.
     void saveScreenshot(QImage const& image, QString const& path);
 
     /// Lays the named effects over all pictures, in place of those of before.
@@ -91,6 +93,7 @@ private:
     GLSurface _surface;
     PaintPacer _pacer;
     std::unique_ptr<GLMoviePresenter> _presenter; ///< Null where OpenGL draws everything.
+    ImageSaver _screenshots;
     bool _isInitialized = false;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;

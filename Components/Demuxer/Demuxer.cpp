@@ -1,5 +1,7 @@
 #include "Demuxer.h"
 
+#include "DetachedThreads.h"
+#include "KeyFrameSeek.h"
 #include "StreamOpener.h"
 
 extern "C" {
@@ -11,14 +13,34 @@ extern "C" {
 
 #include <algorithm>
 #include <system_error>
-#include <thread>
+
+namespace
+{
+
+/// The end of the program gives them a moment to close what they have open.
+DetachedThreads& demuxers()
+{
+    static DetachedThreads& threads = DetachedThreads::make(std::chrono::seconds(1));
+    return threads;
+}
+
+} // namespace
+
+std::vector<StreamSnapshot> StreamInfo::recordable() const
+{
+    std::vector<StreamSnapshot> streams;
+    for (StreamSnapshot const& stream : {videoSnapshot, audioSnapshot})
+        if (stream.parameters && !stream.isCover)
+            streams.push_back(stream);
+    return streams;
+}
 
 std::shared_ptr<Demuxer> Demuxer::start(Opening opening, int deadline, QObject* listener,
                                         std::function<void()> opened)
 {
     auto demuxer = std::make_shared<Demuxer>(std::move(opening), deadline);
     try {
-        std::thread([demuxer, listener, opened] { demuxer->run(listener, opened); }).detach();
+        demuxers().start([demuxer, listener, opened] { demuxer->run(listener, opened); });
     } catch (std::system_error const&) { // The machine has no thread left.
         demuxer->finishOpening(nullptr, listener, opened);
     }
@@ -96,9 +118,10 @@ int Demuxer::seek(AVStream const* stream, long long timestamp, int flags)
     _answer.wait(lock, [&] { return _interrupted || _abandoned || _seeksServed >= number || _seekNumber != number; });
     if (_seeksServed == number)
         return _seekResult;
-    if (_seekNumber == number && _seek)
-        _seek.reset(); // The call that was to give way may go on, if it still does.
-    else if (_seekNumber == number)
+    if (_seekNumber == number && _seek) {
+        _seek.reset();
+        _endCall = _abandoned; // The call that was to give way may go on, if it still does.
+    } else if (_seekNumber == number)
         _endCall = true;
     return AVERROR_EXIT;
 }
@@ -117,8 +140,10 @@ AVIOInterruptCB Demuxer::interruptCallback() const
 
 int Demuxer::interrupted(void* opaque)
 {
-    auto const* const demuxer = static_cast<Demuxer const*>(opaque);
-    return demuxer->_endCall || (!demuxer->_opened && demuxer->_deadline.hasExpired()) ? 1 : 0;
+    auto* const demuxer = static_cast<Demuxer*>(opaque);
+    if (demuxer->_endCall)
+        demuxer->_callEnded = true;
+    return demuxer->_callEnded || (!demuxer->_opened && demuxer->_deadline.hasExpired()) ? 1 : 0;
 }
 
 void Demuxer::run(QObject* listener, std::function<void()> const& opened)
@@ -126,7 +151,8 @@ void Demuxer::run(QObject* listener, std::function<void()> const& opened)
     FormatContextPointer const context = _opening(*this);
     if (!finishOpening(context.get(), listener, opened))
         return;
-    while (serve(*context)) {
+    KeyFrameSeek seeker(*context, _endCall);
+    while (serve(*context, seeker)) {
     }
 }
 
@@ -144,15 +170,16 @@ bool Demuxer::finishOpening(AVFormatContext* context, QObject* listener, std::fu
     return _isOpen;
 }
 
-bool Demuxer::serve(AVFormatContext& context)
+bool Demuxer::serve(AVFormatContext& context, KeyFrameSeek& seeker)
 {
     std::unique_lock lock(_mutex);
     _work.wait(lock, [this] { return _abandoned || _seek || mayRead(); });
     if (_abandoned)
         return false;
     _endCall = false;
+    _callEnded = false;
     if (_seek)
-        serveSeek(context, lock);
+        serveSeek(context, seeker, lock);
     else
         serveRead(context, lock);
     return true;
@@ -163,14 +190,17 @@ bool Demuxer::mayRead() const
     return _wanted || (_reading && _results.size() < readAhead);
 }
 
-void Demuxer::serveSeek(AVFormatContext& context, std::unique_lock<std::mutex>& lock)
+void Demuxer::serveSeek(AVFormatContext& context, KeyFrameSeek& seeker, std::unique_lock<std::mutex>& lock)
 {
     Seek const seek = *_seek;
     _seek.reset();
     lock.unlock();
-    int const result = av_seek_frame(&context, seek.stream, seek.timestamp, seek.flags);
+    int const result = seeker.seek(seek.stream, seek.timestamp, seek.flags);
+    forgetCutOff(context);
     lock.lock();
     clearResults();
+    while (AVPacket* const packet = _seek ? nullptr : seeker.takePacket()) // Not before a newer seek's.
+        _results.push_back({packet, 0});
     _reading = false; // Until someone wants what is there.
     _seeksServed = seek.number;
     _seekResult = result;
@@ -183,21 +213,29 @@ void Demuxer::serveRead(AVFormatContext& context, std::unique_lock<std::mutex>& 
     lock.unlock();
     int result = packet ? av_read_frame(&context, packet) : AVERROR(ENOMEM);
     lock.lock();
+    bool const isCutOff = result < 0 && (_endCall || _callEnded);
     bool const ioFailed = context.pb && context.pb->error < 0 && context.pb->error != AVERROR_EXIT;
     if (result == AVERROR_EOF && ioFailed)
         result = context.pb->error; // The end of what came is not the end of the film.
     if (result < 0)
         av_packet_free(&packet);
-    if (_abandoned || _seek || (_endCall && result < 0)) { // What was cut off, or stood before a seek.
+    if (_abandoned || _seek || isCutOff) { // What was cut off, or stood before a seek.
         av_packet_free(&packet);
-        if (context.pb && context.pb->error == AVERROR_EXIT)
-            context.pb->error = 0;
+        forgetCutOff(context);
         return;
     }
     _wanted = false;
     _reading = result >= 0;
     _results.push_back({packet, std::min(result, 0)});
     _answer.notify_all();
+}
+
+void Demuxer::forgetCutOff(AVFormatContext& context)
+{
+    if (!context.pb || context.pb->error != AVERROR_EXIT)
+        return;
+    context.pb->error = 0;
+    context.pb->eof_reached = 0; // Or what comes next would be taken for the end.
 }
 
 void Demuxer::clearResults()

@@ -17,18 +17,22 @@ extern "C" {
 #include <optional>
 #include <vector>
 
+class KeyFrameSeek;
 class QObject;
 struct AVCodecParameters;
 struct AVIOInterruptCB;
 struct AVPacket;
 struct AVStream;
 
-/// What a stream was when it was opened; for any thread, and for longer than the stream.
+/// What a stream was when it was opened; for any thread, and for longer than the stream, whose own fields FFmpeg may
+/// change with each packet that it reads.
 struct StreamSnapshot {
     int index = -1;
     AVRational timeBase{0, 1};
-    AVRational aspectRatio{0, 1}; ///< Of a pixel; 0 when it is not known.
-    std::shared_ptr<AVCodecParameters const> parameters;
+    AVRational aspectRatio{0, 1};                        ///< Of a pixel; 0 when it is not known.
+    AVRational frameRate{0, 1};                          ///< On average; 0 when it is not known.
+    bool isCover = false;                                ///< One picture without a time, that belongs to the sound.
+    std::shared_ptr<AVCodecParameters const> parameters; ///< Null for a stream that is not there.
 };
 
 /// What a film is played from: the first stream of each kind, and what is known of the whole. The streams belong to
@@ -36,12 +40,16 @@ struct StreamSnapshot {
 struct StreamInfo {
     AVStream* video = nullptr;
     AVStream* audio = nullptr;
-    std::vector<StreamSnapshot> snapshots; ///< Of the two, as far as they are there, in this order.
-    double duration = 0.0;                 ///< Seconds; 0 when it is not known.
-    double startTime = 0.0;                ///< The time stamp of the beginning in seconds; 0 when it is not known.
+    StreamSnapshot videoSnapshot;
+    StreamSnapshot audioSnapshot;
+    double duration = 0.0;  ///< Seconds; 0 when it is not known.
+    double startTime = 0.0; ///< The time stamp of the beginning in seconds; 0 when it is not known.
     bool seekable = false;
 
     bool isEmpty() const { return !video && !audio; }
+
+    /// What of the two can be recorded: all but a cover, video first.
+    std::vector<StreamSnapshot> recordable() const;
 };
 
 /// One format context and the thread that all of FFmpeg's work on it runs on: opening, reading a few packets ahead,
@@ -85,8 +93,9 @@ public:
     /// interrupted or abandoned. Reading goes on after an error when it is asked for again.
     int read(AVPacket* packet);
 
-    /// Waits until a stream stands at a time stamp; what was read ahead is gone then. A running read or seek of
-    /// another thread gives way. Returns FFmpeg's result, AVERROR_EXIT when interrupted or abandoned.
+    /// Waits until a stream stands at a time stamp, as KeyFrameSeek does it; what was read ahead is gone then. A
+    /// running read or seek of another thread gives way. Returns FFmpeg's result, AVERROR_EXIT when interrupted or
+    /// abandoned.
     int seek(AVStream const* stream, long long timestamp, int flags);
 
     /// While set, read() and seek() return at once. Reading that has begun goes on for later.
@@ -109,10 +118,11 @@ private:
 
     void run(QObject* listener, std::function<void()> const& opened);
     bool finishOpening(AVFormatContext* context, QObject* listener, std::function<void()> const& opened);
-    bool serve(AVFormatContext& context);
-    void serveSeek(AVFormatContext& context, std::unique_lock<std::mutex>& lock);
+    bool serve(AVFormatContext& context, KeyFrameSeek& seeker);
+    void serveSeek(AVFormatContext& context, KeyFrameSeek& seeker, std::unique_lock<std::mutex>& lock);
     void serveRead(AVFormatContext& context, std::unique_lock<std::mutex>& lock);
     bool mayRead() const;
+    static void forgetCutOff(AVFormatContext& context);
     void clearResults();
     static int interrupted(void* opaque);
 
@@ -120,7 +130,8 @@ private:
     QDeadlineTimer const _deadline; ///< For the opening.
 
     std::atomic<bool> _opened{false}; ///< The opening has ended. Set under _mutex, read by FFmpeg's callback without.
-    std::atomic<bool> _endCall{false}; ///< FFmpeg's running call is to end. The same.
+    std::atomic<bool> _endCall{false};   ///< FFmpeg's running call is to end. The same.
+    std::atomic<bool> _callEnded{false}; ///< FFmpeg's running call has been told so, by whatever thread it asked on.
 
     mutable std::mutex _mutex;       ///< Guards what follows.
     std::condition_variable _work;   ///< For the demuxer's thread.

@@ -26,16 +26,18 @@ double secondsOf(std::int64_t time)
     return time == AV_NOPTS_VALUE ? 0.0 : static_cast<double>(time) / AV_TIME_BASE;
 }
 
-std::vector<StreamSnapshot> snapshotsOf(std::initializer_list<AVStream const*> streams)
+StreamSnapshot snapshotOf(AVStream const* stream)
 {
-    std::vector<StreamSnapshot> snapshots;
-    for (AVStream const* const stream : streams) {
-        std::shared_ptr<AVCodecParameters> const copy(avcodec_parameters_alloc(),
-                                                      [](AVCodecParameters* p) { avcodec_parameters_free(&p); });
-        if (stream && copy && avcodec_parameters_copy(copy.get(), stream->codecpar) >= 0)
-            snapshots.push_back({stream->index, stream->time_base, stream->sample_aspect_ratio, copy});
-    }
-    return snapshots;
+    std::shared_ptr<AVCodecParameters> const copy(avcodec_parameters_alloc(),
+                                                  [](AVCodecParameters* p) { avcodec_parameters_free(&p); });
+    if (!stream || !copy || avcodec_parameters_copy(copy.get(), stream->codecpar) < 0)
+        return {};
+    return {.index = stream->index,
+            .timeBase = stream->time_base,
+            .aspectRatio = stream->sample_aspect_ratio,
+            .frameRate = stream->avg_frame_rate,
+            .isCover = (stream->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0,
+            .parameters = copy};
 }
 
 int indexOf(AVStream const* stream)
@@ -54,7 +56,7 @@ FormatContextPointer StreamOpener::open(AVFormatContext* prepared, Input const& 
     if (result < 0 && input.kind != Live && !demuxer.isAbandoned())
         LOG_ERROR("Could not open %s: %s", name.constData(), qPrintable(FFwrapper::errorText(result)));
     if (result >= 0)
-        result = findStreams(context.get(), input);
+        result = findStreams(context.get(), input, demuxer);
     if (demuxer.isAbandoned())
         return nullptr;
     if (result < 0 && input.kind == Live)
@@ -72,7 +74,7 @@ FormatContextPointer StreamOpener::open(AVFormatContext* prepared, Input const& 
     return context;
 }
 
-int StreamOpener::findStreams(AVFormatContext* context, Input const& input)
+int StreamOpener::findStreams(AVFormatContext* context, Input const& input, Demuxer const& demuxer)
 {
     QByteArray const name = input.name.toUtf8();
     if (input.kind == Live)
@@ -80,9 +82,11 @@ int StreamOpener::findStreams(AVFormatContext* context, Input const& input)
     int const result = avformat_find_stream_info(context, nullptr);
     if (input.kind == Live)
         LOG_DEBUG("av_find_stream_info end for %s", name.constData());
-    else if (result < 0 && input.kind == Download)
+    if (result >= 0 || demuxer.isAbandoned() || input.kind == Live)
+        return result;
+    if (input.kind == Download)
         LOG_ERROR("av_find_stream_info failed with error code %d for %s", result, name.constData());
-    else if (result < 0)
+    else
         LOG_ERROR("av_find_stream_info failed. Cannot play");
     return result;
 }
@@ -92,7 +96,8 @@ StreamInfo StreamOpener::describe(AVFormatContext const& context)
     StreamInfo info;
     info.video = firstStream(context, AVMEDIA_TYPE_VIDEO);
     info.audio = firstStream(context, AVMEDIA_TYPE_AUDIO);
-    info.snapshots = snapshotsOf({info.video, info.audio});
+    info.videoSnapshot = snapshotOf(info.video);
+    info.audioSnapshot = snapshotOf(info.audio);
     info.duration = std::max(secondsOf(context.duration), 0.0);
     info.startTime = secondsOf(context.start_time);
     bool const refuses = (context.ctx_flags & AVFMTCTX_UNSEEKABLE) != 0;

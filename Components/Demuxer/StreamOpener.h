@@ -32,7 +32,7 @@ public:
     static StreamInfo describe(AVFormatContext const& context);
 
 private:
-    static int findStreams(AVFormatContext* context, Input const& input);
+    static int findStreams(AVFormatContext* context, Input const& input, Demuxer const& demuxer);
 
     static Logger* log;
 };

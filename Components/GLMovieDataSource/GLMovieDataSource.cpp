@@ -26,6 +26,9 @@ GLMovieDataSource::GLMovieDataSource(QString const& uri, QObject* parent)
 GLMovieDataSource::~GLMovieDataSource()
 {
     dropDemuxer();
+    for (auto const& finishing : _finishing)
+        if (auto const recorder = finishing.lock())
+            recorder->forgetListener();
 }
 
 void GLMovieDataSource::start()
@@ -215,9 +218,8 @@ void GLMovieDataSource::startRecording(QString const& directoryAndName, bool dum
         return;
     std::lock_guard const lock(_recordMutex);
     auto const failed = [this, number = ++_recordingNumber](QString const& reason) {
-        if (number != _recordingNumber)
-            return; // From the recording before.
-        stopRecording();
+        if (number == _recordingNumber) // Else it is the end of one before.
+            stopRecording();
         emit recordingFailed(this, reason);
     };
     _recorder = PacketRecorder::start(directoryAndName, _streams, dump, this, failed);
@@ -226,8 +228,11 @@ void GLMovieDataSource::startRecording(QString const& directoryAndName, bool dum
 void GLMovieDataSource::stopRecording()
 {
     std::lock_guard const lock(_recordMutex);
-    if (_recorder)
-        _recorder->finish();
+    if (!_recorder)
+        return;
+    _recorder->finish();
+    std::erase_if(_finishing, [](auto const& finishing) { return finishing.expired(); });
+    _finishing.push_back(_recorder);
     _recorder.reset();
 }
 

@@ -51,7 +51,8 @@ public:
     virtual int readFrame(AVPacket* packet);
     virtual void freeFrame(AVPacket* packet);
 
-    /// Seeks a stream to a time stamp in its own time base, blocking; FFmpeg's running read gives way. Returns
+    /// Seeks a stream to a time stamp in its own time base, blocking; FFmpeg's running read gives way. Backwards, it
+    /// finds the key frame before, whatever the format; a cover is sought by the sound. Returns
     /// FFmpeg's result, negative on failure, AVERROR_EXIT when interrupted.
     virtual int seekFrame(AVStream* stream, long long timestamp, int flags);
 
@@ -70,6 +71,11 @@ public:
     AVStream* videoStream() const { return _streams.video; }
     AVStream* audioStream() const { return _streams.audio; }
 
+    /// What they were when they were opened, with null parameters when absent. For any thread from opened() to
+    /// close(), which the streams themselves are not: FFmpeg may change them while it reads.
+    StreamSnapshot const& videoSnapshot() const { return _streams.videoSnapshot; }
+    StreamSnapshot const& audioSnapshot() const { return _streams.audioSnapshot; }
+
     /// The time stamp of the film's beginning in seconds, 0 when it is not known.
     double startTime() const { return _streams.startTime; }
 
@@ -80,8 +86,8 @@ public:
 
     /// Records from the next key frame on to "<directory>/<name><yyMMddhhmmss>.mkv", making the directory when needed
     /// and adding a number to a name that is taken; with `dump`, also each packet's raw bytes, from now on, to the
-    /// same name with ".dump". Does nothing unless open. A failure, now or later, is told by recordingFailed(). A
-    /// stream that opens anew must be told again.
+    /// same name with ".dump". Does nothing unless open. A failure, now or later, is told by recordingFailed(), also
+    /// when what was left has failed after stopRecording(). A stream that opens anew must be told again.
     void startRecording(QString const& directoryAndName, bool dump = false);
     void stopRecording();
     bool isRecording() const;
@@ -92,7 +98,7 @@ signals:
     /// A text for the viewer; the empty text says that the last error has passed.
     void error(GLMovieDataSource* source, QString text);
     void stateChanged(GLMovieDataSource* source, QString text);
-    /// Recording has ended by itself, with a reason for the viewer.
+    /// Recording has ended by itself, or its end could not be written, with a reason for the viewer.
     void recordingFailed(GLMovieDataSource* source, QString reason);
     /// Crosses from the reader thread to the watchdog's.
     void resetErrorTimer();
@@ -154,4 +160,5 @@ private:
     unsigned int _recordingNumber = 0; ///< Tells the recording of now from those before. On the owner's thread.
     mutable std::mutex _recordMutex;   ///< Guards the pointer, set on the owner's thread and fed from by the reader.
     std::shared_ptr<PacketRecorder> _recorder;
+    std::vector<std::weak_ptr<PacketRecorder>> _finishing; ///< May still tell of a failure. On the owner's thread.
 };

@@ -77,10 +77,20 @@ bool GLMovieScaler::prepare(Kind const& kind)
     return true;
 }
 
+bool GLMovieScaler::isWithin(GLMovieTexture const& texture, GLMovieCut const& cut)
+{
+    QRect const picture(0, 0, texture.planeWidth(0), texture.planeHeight(0));
+    if (!cut.source.isEmpty() && picture.contains(cut.source))
+        return true;
+    LOG_ERROR("Could not take %d x %d pixels out of a picture of %d x %d", cut.source.width(), cut.source.height(),
+              picture.width(), picture.height());
+    return false;
+}
+
 bool GLMovieScaler::scale(GLMovieTexture const& texture, GLMovieCut const& cut, unsigned char* target, int stride)
 {
     Frame const picture(av_frame_alloc());
-    if (!picture)
+    if (!picture || !isWithin(texture, cut))
         return false;
     bool const isYUV = texture.planeCount() > 1;
     for (int plane = 0; plane < texture.planeCount(); ++plane) {

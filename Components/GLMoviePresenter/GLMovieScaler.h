@@ -41,6 +41,7 @@ private:
 
     using Frame = std::unique_ptr<AVFrame, Deleter>;
 
+    static bool isWithin(GLMovieTexture const& texture, GLMovieCut const& cut);
     bool prepare(Kind const& kind);
     bool convertPixels(AVFrame const& picture, unsigned char* target, int stride);
     bool scaleFrame(AVFrame& picture, QSize const& size, unsigned char* target, int stride);

@@ -5,7 +5,8 @@
 #include <QTimer>
 
 /// Joins requests to paint into one for each frame of the screen: several streams that are not in step cost no more
-/// paints than the screen can show. A request that comes a frame or more after the last paint is not held back.
+/// paints than the screen can show. A request that comes a frame or more after the last paint is not held back. GUI
+/// thread only.
 class PaintPacer : public QObject
 {
     Q_OBJECT
@@ -16,9 +17,9 @@ public:
     /// Frames per second of the screen.
     void setRefreshRate(double rate);
 
-    /// Asks for a paint; any thread of control but from within paint() itself is served by the same one.
+    /// Asks for a paint(), which comes from the event loop; further requests until then are served by the same one.
     void request();
-    /// Somebody has painted, asked or not.
+    /// Somebody paints now, asked or not: what was requested before is served by that.
     void painted();
 
 signals:

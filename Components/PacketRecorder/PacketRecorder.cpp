@@ -1,5 +1,6 @@
 #include "PacketRecorder.h"
 
+#include "DetachedThreads.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "MatroskaFile.h"
@@ -14,45 +15,18 @@ extern "C" {
 #include <QFileInfo>
 #include <QObject>
 
-#include <chrono>
 #include <system_error>
-#include <thread>
 
 Logger* PacketRecorder::log = LoggerManager::logger();
 
 namespace
 {
 
-/// Recorders at work. The end of the program gives them a moment for what they have yet to write.
-class Recorders
+/// The end of the program gives recorders a moment for what they have yet to write.
+DetachedThreads& recorders()
 {
-public:
-    void wait()
-    {
-        std::unique_lock lock(_mutex);
-        _changed.wait_for(lock, std::chrono::seconds(3), [this] { return _count == 0; });
-    }
-    void add(int count)
-    {
-        std::lock_guard const lock(_mutex);
-        _count += count;
-        _changed.notify_all();
-    }
-
-private:
-    std::mutex _mutex; ///< Guards _count.
-    std::condition_variable _changed;
-    int _count = 0;
-};
-
-Recorders& recorders()
-{
-    static auto* const theRecorders = new Recorders; // Outlives the threads that come back to it.
-    struct Farewell {
-        ~Farewell() { theRecorders->wait(); }
-    };
-    static Farewell const farewell;
-    return *theRecorders;
+    static DetachedThreads& threads = DetachedThreads::make(std::chrono::seconds(3));
+    return threads;
 }
 
 } // namespace
@@ -62,15 +36,9 @@ std::shared_ptr<PacketRecorder> PacketRecorder::start(QString const& directoryAn
                                                       std::function<void(QString)> failed)
 {
     auto recorder = std::make_shared<PacketRecorder>(directoryAndName, streams, dump, listener, std::move(failed));
-    recorders().add(1);
     try {
-        std::thread([recorder]() mutable {
-            recorder->run();
-            recorder.reset();
-            recorders().add(-1);
-        }).detach();
+        recorders().start([recorder] { recorder->run(); });
     } catch (std::system_error const& failure) {
-        recorders().add(-1);
         recorder->fail(QString::fromLocal8Bit(failure.what()));
     }
     return recorder;
@@ -92,7 +60,7 @@ PacketRecorder::~PacketRecorder()
 void PacketRecorder::write(AVPacket const& packet)
 {
     std::lock_guard const lock(_mutex);
-    if (!_listener || _tooSlow)
+    if (_finished || !_listener || _tooSlow)
         return;
     _tooSlow = _queuedBytes + packet.size > maximumQueuedBytes;
     if (AVPacket* const reference = _tooSlow ? nullptr : av_packet_clone(&packet)) {
@@ -106,8 +74,13 @@ void PacketRecorder::finish()
 {
     std::lock_guard const lock(_mutex);
     _finished = true;
-    _listener = nullptr;
     _changed.notify_one();
+}
+
+void PacketRecorder::forgetListener()
+{
+    std::lock_guard const lock(_mutex);
+    _listener = nullptr;
 }
 
 void PacketRecorder::run()
@@ -154,7 +127,7 @@ bool PacketRecorder::openFiles()
     if (film && _dumps)
         _dump = openFile(stem, ".dump");
     if (film)
-        _film = std::make_unique<MatroskaFile>(std::move(film), _streams.snapshots);
+        _film = std::make_unique<MatroskaFile>(std::move(film), _streams.recordable());
     return _film && (_dump || !_dumps);
 }
 

@@ -21,7 +21,7 @@ public:
 
     /// Starts to record these streams to "<directory>/<name><yyMMddhhmmss>.mkv", and with `dump` to the same with
     /// ".dump", which never overwrite a file. `failed` is called with a reason for the viewer, on the thread of
-    /// `listener`, which must call finish() before it goes; nothing more is written then.
+    /// `listener`, which must call finish() and forgetListener() before it goes; nothing more is written then.
     static std::shared_ptr<PacketRecorder> start(QString const& directoryAndName, StreamInfo const& streams,
                                                  bool dump, QObject* listener, std::function<void(QString)> failed);
 
@@ -34,8 +34,11 @@ public:
     /// Takes a reference to a packet's bytes. Does not wait.
     void write(AVPacket const& packet);
 
-    /// Lets the thread write what it has, and complete the files. Does not wait.
+    /// Lets the thread write what it has, and complete the files. Does not wait. A failure of that is told, too.
     void finish();
+
+    /// From now on a failure is only logged.
+    void forgetListener();
 
 private:
     void run();
@@ -58,7 +61,7 @@ private:
 
     std::mutex _mutex; ///< Guards what follows.
     std::condition_variable _changed;
-    QObject* _listener; ///< Null once finished or failed.
+    QObject* _listener; ///< Null once it is forgotten, or has been told of a failure.
     std::function<void(QString)> const _failed;
     std::deque<AVPacket*> _queue;
     qint64 _queuedBytes = 0;

@@ -47,6 +47,17 @@ QString Clips::videoOnly(int seconds)
     return make("picture%1.ts", seconds, picture + h264);
 }
 
+QString Clips::rareKeyFrames(int seconds)
+{
+    return make("rare%1.ts", seconds, picture + tone + h264 + "-g 250 -sc_threshold 0 -c:a aac");
+}
+
+QString Clips::withCover(QString const& suffix)
+{
+    QString const cover = "-f lavfi -i color=red:size=64x64,trim=end_frame=1 ";
+    return make("cover%1." + suffix, 4, tone + cover + "-map 0 -map 1 -c:v mjpeg -disposition:v attached_pic");
+}
+
 QByteArray Clips::bytes(QString const& path)
 {
     QFile file(path);

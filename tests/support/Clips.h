@@ -16,6 +16,9 @@ public:
     static QString asf(int videoStreams, int audioStreams);
     static QString audioOnly();                ///< Two seconds of MP3.
     static QString videoOnly(int seconds = 2); ///< MPEG transport stream with H.264.
+    static QString rareKeyFrames(int seconds); ///< The same with AAC, and ten seconds from one key frame to the next.
+    /// Four seconds of sound with a cover, in the container that the suffix names.
+    static QString withCover(QString const& suffix);
 
     /// The bytes of a file.
     static QByteArray bytes(QString const& path);

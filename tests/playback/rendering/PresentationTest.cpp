@@ -158,3 +158,21 @@ TEST_F(PresentationTest, PaintsWhatIsNewAndAllOfItWhenSomethingElseHasDrawn)
     present(pictures);
     EXPECT_EQ(seen(), now);
 }
+
+TEST(GLMovieScaler, TakesNothingFromOutsideOfThePicture)
+{
+    Frame const frame = testPicture(64, 48, AV_PIX_FMT_YUV420P);
+    auto const texture = textureOf(frame.get(), AV_PIX_FMT_YUV420P);
+    constexpr int stride = 512;
+    std::vector<unsigned char> target(stride * 100);
+    GLMovieScaler scaler;
+    std::lock_guard const lock(*texture);
+    for (auto const& [source, fits] : {std::pair{QRect(0, 0, 64, 48), true},
+                                       {QRect(0, 0, 64, 64), false},
+                                       {QRect(2, 0, 64, 48), false},
+                                       {QRect(0, -2, 64, 48), false},
+                                       {QRect(), false}}) {
+        GLMovieCut const cut{.source = source, .scaled = source.size(), .shown = source};
+        EXPECT_EQ(scaler.scale(*texture, cut, target.data(), stride), fits) << source.height();
+    }
+}
