@@ -12,7 +12,8 @@ namespace
 {
 
 constexpr double longSearch = 60.0; ///< Seconds without a key frame, of a stream that may not tell them.
-constexpr std::int64_t maximumBytes = std::int64_t(64) << 20; ///< To keep between a key frame and the target.
+constexpr std::int64_t maximumBytesWithout = std::int64_t(8) << 20; ///< To keep while no picture comes.
+constexpr std::int64_t maximumBytes = std::int64_t(64) << 20;       ///< To keep between a key frame and the target.
 
 bool isPicture(AVPacket const& packet, AVStream const& stream)
 {
@@ -56,12 +57,13 @@ int KeyFrameSeek::seek(int index, std::int64_t timestamp, int flags)
 bool KeyFrameSeek::isAtKeyFrame(AVStream const& stream)
 {
     Packet packet;
-    while (read(packet) >= 0) {
+    for (std::int64_t bytes = 0; bytes < maximumBytesWithout && read(packet) >= 0;) {
+        bytes += packet->size;
         _packets.push_back(std::move(packet));
         if (isPicture(*_packets.back(), stream))
             return isKey(*_packets.back());
     }
-    return true; // Behind the last picture: there is nothing to decode.
+    return true; // Behind the last picture, or far from the next: there is nothing to decode.
 }
 
 int KeyFrameSeek::seekBefore(AVStream const& stream, std::int64_t timestamp, int flags)
