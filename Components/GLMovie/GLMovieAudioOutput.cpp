@@ -23,6 +23,7 @@ namespace
 {
 constexpr double shortestLateStart = 0.1; // Seconds; below this, picture and sound begin together.
 constexpr double longestLateStart = 10.0;
+constexpr double longestLead = 1.0;             // Seconds; as far ahead of what is heard as the source's ring may be.
 constexpr qint64 longestWaitForPicture = 10000; // ms
 constexpr int patience = 25; // Packets in a row that cannot be converted; an advert's odd beginning has fewer.
 constexpr qint64 shortestPause = 1000; // µs
@@ -95,6 +96,8 @@ void GLMovieAudioOutput::handleAudioPacket(AVPacket const* packet)
     QList<GLMovieSound> const sounds = _decoder.decodeAudioPacket(packet);
     if (!sounds.isEmpty())
         takeUp();
+    else if (packet && _begun)
+        paceSilence(*packet);
     for (GLMovieSound const& sound : sounds) {
         if (_context.requests.watchersMustEnd())
             return;
@@ -203,6 +206,18 @@ void GLMovieAudioOutput::passUnheard(double at)
 {
     GLMovieClock& clock = _context.clock;
     while (!clock.waitingForFirstAudio() && at > clock.time({}))
+        if (!pause(longestPause))
+            return;
+}
+
+void GLMovieAudioOutput::paceSilence(AVPacket const& packet)
+{
+    if (packet.pts == AV_NOPTS_VALUE)
+        return;
+    double const seconds = static_cast<double>(packet.pts) * av_q2d(_stream->time_base);
+    GLMovieClock& clock = _context.clock;
+    while (clock.soundDue(seconds, _context.source.audioTime()).at - clock.time(_context.source.audioTime()) >
+           longestLead)
         if (!pause(longestPause))
             return;
 }

@@ -43,6 +43,7 @@ private:
     double waitUntilDue(double seconds);
     void queueAudioPacket(GLMovieSound const& sound, double seconds, double at);
     void passUnheard(double at);
+    void paceSilence(AVPacket const& packet);
     void giveUp();
     void takeUp();
     bool pause(qint64 microseconds) const;

@@ -162,12 +162,13 @@ bool GLMovie::resetMovie()
     stopWatchers();
     double const start = _dataSource->startTime();
     bool sought = true;
-    if (_videoStream && !seekStream(_videoStream, start)) {
-        LOG_WARNING("Seeking video stream to beginning failed");
-        sought = false;
-    }
+    // The pictures last: it is their key frame that everything has to begin with.
     if (_audioStream && !seekStream(_audioStream, start)) {
         LOG_WARNING("Seeking audio stream to beginning failed");
+        sought = false;
+    }
+    if (_videoStream && !seekStream(_videoStream, start)) {
+        LOG_WARNING("Seeking video stream to beginning failed");
         sought = false;
     }
     flushOutputs({});
