@@ -2,6 +2,7 @@
 
 #include "ArgumentList.h"
 #include "ChannelManager.h"
+#include "DetachedThreads.h"
 #include "EventLoopWatchdog.h"
 #include "GLWidget.h"
 #include "LocalhostInfo.h"
@@ -71,6 +72,7 @@ Application::Application(QString const& appId, int& argc, char** argv) : SingleA
     parseSwitches(arguments);
     isAlive = true;
     std::atexit(&endAtOnce);
+    DetachedThreads::setAtEnd(&endAtOnce);
 }
 
 Application::~Application()

@@ -1,10 +1,21 @@
 #include "DetachedThreads.h"
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
+
+namespace
+{
+std::atomic<void (*)()> atEnd{nullptr}; // One process, one end.
+}
+
+void DetachedThreads::setAtEnd(void (*call)())
+{
+    atEnd = call;
+}
 
 DetachedThreads& DetachedThreads::make(std::chrono::milliseconds farewell)
 {
@@ -12,6 +23,8 @@ DetachedThreads& DetachedThreads::make(std::chrono::milliseconds farewell)
     // Not a destructor: it could not tell the status that the process ends with.
     on_exit(
         [](int status, void* self) {
+            if (auto* const call = atEnd.load())
+                call();
             if (static_cast<DetachedThreads*>(self)->wait())
                 return;
             std::fflush(nullptr);

@@ -125,10 +125,17 @@ class Program:
                 return window
         return None
 
+    @staticmethod
+    def _text_of(file):
+        try:
+            return file.read_text(errors="replace")
+        except FileNotFoundError:  # Rolled over meanwhile.
+            return ""
+
     def log_lines(self):
         """All lines of the log, the rolled files included, oldest first; a line without a head continues the last."""
         files = sorted(self.log.parent.glob(self.log.name + ".*"), reverse=True) + [self.log]
-        text = "".join(file.read_text(errors="replace") for file in files if file.exists())
+        text = "".join(map(self._text_of, files))
         return [LogLine(*match) for match in
                 re.findall(r"^\[(\w+)\] [\d-]+ [\d:.]+ (\S+):\d+ (.*(?:\n(?!\[\w+\] ).*)*)", text, re.MULTILINE)]
 
