@@ -13,10 +13,10 @@
 class DetachedThreads
 {
 public:
-    /// Waits at the exit of the process for so long at most. Never destroyed: the threads come back to it.
     /// What is called first when the process ends: a program that has lost what it needs may rather end at once.
     static void setAtEnd(void (*call)());
 
+    /// Waits at the exit of the process for so long at most. Never destroyed: the threads come back to it.
     static DetachedThreads& make(std::chrono::milliseconds farewell);
 
     /// Runs work, and what destroying it does, on a thread of its own. Throws std::system_error when the machine has
