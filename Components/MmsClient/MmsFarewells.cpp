@@ -27,7 +27,7 @@ public:
             _client->setHost(url.host(), HttpClient::ConnectionModeHttps, url.port(0));
         else
             _client->setHost(url.host(), url.port(80));
-        QTimer::singleShot(limit, this, &QObject::deleteLater);
+        QTimer::singleShot(farewells._limit, this, &QObject::deleteLater);
         sayNext();
     }
     ~Speech() override
@@ -60,7 +60,7 @@ public:
     {
         connect(&_socket, &QTcpSocket::readyRead, this, [this] { _socket.readAll(); });
         connect(&_socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
-        QTimer::singleShot(limit, this, &QObject::deleteLater);
+        QTimer::singleShot(farewells._limit, this, &QObject::deleteLater);
         if (!_socket.setSocketDescriptor(descriptor)) {
             ::close(descriptor);
             deleteLater();
@@ -80,7 +80,8 @@ private:
     QTcpSocket _socket{this};
 };
 
-MmsFarewells::MmsFarewells(HttpClientFactory* httpClientFactory) : _httpClientFactory(httpClientFactory)
+MmsFarewells::MmsFarewells(HttpClientFactory* httpClientFactory, int limit)
+    : _httpClientFactory(httpClientFactory), _limit(limit)
 {
     _thread.setObjectName("MmsFarewells");
 }
@@ -89,7 +90,7 @@ MmsFarewells::~MmsFarewells()
 {
     {
         std::unique_lock lock(_mutex);
-        _allSaid.wait_for(lock, std::chrono::milliseconds(limit), [this] { return _pending == 0; });
+        _allSaid.wait_for(lock, std::chrono::milliseconds(_limit), [this] { return _pending == 0; });
     }
     _thread.quit();
     _thread.wait();

@@ -18,7 +18,7 @@ class Logger;
 class MmsFarewells
 {
 public:
-    static constexpr int limit = 2000;        ///< ms for each farewell, and at the end for all together.
+    static constexpr int defaultLimit = 2000; ///< ms for each farewell, and at the end for all together.
     static constexpr int maximumPending = 64; ///< Farewells at a time; more are left out.
 
     /// A request of HTTP.
@@ -27,8 +27,8 @@ public:
         QByteArray body;
     };
 
-    /// The factory is borrowed, and makes clients on any thread.
-    explicit MmsFarewells(HttpClientFactory* httpClientFactory);
+    /// The factory is borrowed, and makes clients on any thread. The limit is in ms.
+    explicit MmsFarewells(HttpClientFactory* httpClientFactory, int limit = defaultLimit);
 
     /// Waits until all has been said, or for the limit.
     ~MmsFarewells();
@@ -50,6 +50,7 @@ private:
     static Logger* log;
 
     HttpClientFactory* const _httpClientFactory;
+    int const _limit; ///< ms
     QThread _thread;
     std::mutex _mutex; ///< Guards what follows.
     std::condition_variable _allSaid;
