@@ -4,10 +4,17 @@ target_compile_features(ombravision_settings INTERFACE cxx_std_20)
 target_compile_options(ombravision_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wcast-qual
   -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
+if(OMBRAVISION_UNITY)
+  # A class of a source file may have a field of that file's own types.
+  target_compile_options(ombravision_settings INTERFACE -Wno-subobject-linkage)
+  set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
+endif()
 if(OMBRAVISION_WERROR)
   target_compile_options(ombravision_settings INTERFACE -Werror)
 endif()
-target_compile_definitions(ombravision_settings INTERFACE
+# The headers that asn1c makes ask the C library for more with a name that is no longer current, which the library warns
+# of without _DEFAULT_SOURCE; everywhere, since precompiled headers are for the same macros only.
+target_compile_definitions(ombravision_settings INTERFACE _DEFAULT_SOURCE
   QT_DISABLE_DEPRECATED_BEFORE=0x060400 QT_NO_FOREACH QT_USE_QSTRINGBUILDER)
 target_link_libraries(ombravision_settings INTERFACE Qt6::Core)
 

@@ -10,3 +10,6 @@ struct AsnEnvelopeDeleter {
 
 /// An owned message of the generated code.
 using AsnEnvelope = std::unique_ptr<BiscEnvelope, AsnEnvelopeDeleter>;
+
+/// Bytes of room for what the generated code says of a constraint that is not met.
+constexpr size_t constraintTextBytes = 128;

@@ -14,8 +14,6 @@ Logger* CentralisedBiscottiMessageDecoder::log = LoggerManager::logger();
 namespace
 {
 
-constexpr size_t constraintTextBytes = 128;
-
 /// asn1c calls itself as deep as the schema goes, and in BER as deep as the structure guard lets it. Its own watch is
 /// off: it takes the difference of two addresses for the depth of the stack, which it is not where a sanitizer keeps
 /// local variables elsewhere.

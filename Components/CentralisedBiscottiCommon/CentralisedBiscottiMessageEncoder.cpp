@@ -19,8 +19,6 @@ Logger* CentralisedBiscottiMessageEncoder::log = LoggerManager::logger();
 namespace
 {
 
-constexpr size_t constraintTextBytes = 128;
-
 int appendToStream(void const* bytes, size_t size, void* stream)
 {
     int const length = static_cast<int>(size);

@@ -13,7 +13,7 @@ extern "C" {
 
 namespace
 {
-constexpr int interruptPoll = 50; // ms
+constexpr int pipeWait = 50; // ms
 }
 
 bool PipeReader::isNeededFor(QByteArray const& path)
@@ -57,7 +57,7 @@ int PipeReader::waitForBytes() const
         if (_interrupt(_interruptOpaque))
             return AVERROR_EXIT;
         pollfd waiting = {_descriptor, POLLIN, 0};
-        int const ready = poll(&waiting, 1, interruptPoll);
+        int const ready = poll(&waiting, 1, pipeWait);
         if (ready > 0)
             return 0;
         if (ready < 0 && errno != EINTR)

@@ -18,8 +18,8 @@ Logger* GLMovieAudioSource::log = LoggerManager::logger();
 
 namespace
 {
-constexpr qint64 shortestPause = 1000; // µs
-constexpr qint64 longestPause = 20000; // µs
+constexpr qint64 shortestRest = 1000; // µs
+constexpr qint64 longestRest = 20000; // µs
 
 /// While one lives, the OpenAL context stays.
 using ContextLock = std::shared_lock<std::shared_mutex>;
@@ -122,7 +122,7 @@ bool GLMovieAudioSource::waitForAudioQueue(GLMovieSound::Format format, Pause co
             if (queued == 0 || (queued < ringSize && format == _format))
                 return true;
             // A buffer later is soon enough to notice, with a whole ring still to be heard.
-            wait = std::clamp(static_cast<qint64>(_lastBufferTime * 1000000.0), shortestPause, longestPause);
+            wait = std::clamp(static_cast<qint64>(_lastBufferTime * 1000000.0), shortestRest, longestRest);
         }
         if (!pause(wait))
             return false;

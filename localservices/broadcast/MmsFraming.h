@@ -15,6 +15,7 @@ public:
     };
 
     static constexpr qsizetype maximumPayload = 65527;
+    static constexpr int packetOfCut = 10; ///< A connection that is to be cut ends after so many packets.
 
     /// Flags of the pieces of a header.
     static constexpr quint8 moreFollows = 0x04;

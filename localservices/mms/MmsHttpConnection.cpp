@@ -14,7 +14,6 @@ Logger* MmsHttpConnection::log = LoggerManager::logger();
 
 namespace
 {
-constexpr int packetOfCut = 10;
 constexpr quint32 reasonEnd = 0;       // Of an "E" chunk.
 constexpr quint32 reasonNextEntry = 1; // Of an "E" chunk: another entry follows.
 char const* const describeType = "Content-Type: application/vnd.ms.wms-hdr.asfv1";
@@ -181,7 +180,7 @@ bool MmsHttpConnection::handleFault(MmsHttpRequest const& request)
             _bytesOfHeaderUntilCut = broadcast->header().size() / 2;
         return false;
     case Kind::CutPacket:
-        _packetsUntilCut = packetOfCut;
+        _packetsUntilCut = MmsFraming::packetOfCut;
         return false;
     default:
         return false;

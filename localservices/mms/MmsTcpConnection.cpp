@@ -16,7 +16,6 @@ Logger* MmsTcpConnection::log = LoggerManager::logger();
 
 namespace
 {
-constexpr int packetOfCut = 10;
 constexpr qsizetype largestHeaderPiece = 8192;
 constexpr qsizetype smallestHeaderPiece = 512;
 
@@ -160,7 +159,7 @@ bool MmsTcpConnection::passes(Fault::Step step, quint32& result)
         _cutHeader = true;
         return true;
     case Kind::CutPacket:
-        _packetsUntilCut = packetOfCut;
+        _packetsUntilCut = MmsFraming::packetOfCut;
         return true;
     default:
         return true;

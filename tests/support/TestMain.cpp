@@ -1,5 +1,4 @@
 #include "TestEnvironment.h"
-#include "VirtualDisplay.h"
 
 #include <QApplication>
 #include <QSurfaceFormat>
@@ -30,14 +29,15 @@ void keepLibraries()
 
 } // namespace
 
+/// Without a display, unless QT_QPA_PLATFORM names another platform.
 int main(int argc, char** argv)
 {
     testing::InitGoogleMock(&argc, argv);
     if (GTEST_FLAG_GET(list_tests))
         return RUN_ALL_TESTS();
     TestEnvironment const environment;
-    VirtualDisplay const display;
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QSurfaceFormat format;
     format.setVersion(2, 1);
     QSurfaceFormat::setDefaultFormat(format);
