@@ -19,6 +19,17 @@ set(common_headers
   <QByteArray> <QHash> <QList> <QMutex> <QObject> <QString> <QStringList> <QTimer>
   <algorithm> <array> <atomic> <functional> <memory> <mutex> <optional> <utility> <vector>)
 
+# keep_apart(SOURCE...): those of these files that include Xlib, whose names are macros and common words, are compiled
+# alone where several are compiled at a time.
+function(keep_apart)
+  foreach(source IN LISTS ARGN)
+    file(STRINGS ${source} xlib REGEX "^#include <X11/")
+    if(xlib)
+      set_source_files_properties(${source} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    endif()
+  endforeach()
+endfunction()
+
 # add_subsystem(NAME COMPONENTS dir... LINK target...)
 #
 # Turns a list of component directories into one static library, ombravision_NAME. Its include path is its own
@@ -36,6 +47,7 @@ function(add_subsystem name)
     list(APPEND directories ${directory})
     list(APPEND sources ${files})
   endforeach()
+  keep_apart(${sources})
   add_library(ombravision_${name} STATIC ${sources})
   target_include_directories(ombravision_${name} PUBLIC ${directories})
   target_link_libraries(ombravision_${name} PUBLIC ombravision_settings ${ARG_LINK})

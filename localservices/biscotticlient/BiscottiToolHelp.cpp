@@ -2,7 +2,7 @@
 
 namespace
 {
-char const* const text = R"(NAME
+char const* const helpPage = R"(NAME
     ombravision-biscotti - talk to a Biscotti server from the command line
 
 SYNOPSIS
@@ -64,5 +64,5 @@ SEE ALSO
 
 QString BiscottiToolOptions::helpText()
 {
-    return QString::fromUtf8(text);
+    return QString::fromUtf8(helpPage);
 }
