@@ -2,24 +2,38 @@
 
 #include "SimpleAsfObject.h"
 
-#include <QList>
-#include <QString>
-
 /// The Language List object.
-///
-/// Body: record count (u16), then for each record: length in bytes (u8), the language's name as RFC 1766 writes it,
-/// in 16-bit units with a terminator.
-class LanguageListObject : public ClonedAsfObject<LanguageListObject>
+class LanguageListObject : public ParsedAsfObject<LanguageListObject>
 {
 public:
-    LanguageListObject(QDataStream& stream, long long size);
+    /// The language's name as RFC 1766 writes it, in 16-bit units with a terminator.
+    struct LanguageRecord {
+        QByteArray name;
+
+        template<typename Archive>
+        void fields(Archive& archive)
+        {
+            archive.counted(quint8(), name);
+        }
+    };
 
     /// A language without its terminator, or the empty text for an index that there is none at.
-    QString language(int index) const;
+    QString language(int index) const
+    {
+        QByteArray const name = records.value(index).name;
+        QString text;
+        LittleEndianReader(name).arrayUpTo(text, name.size());
+        qsizetype const end = text.indexOf(QChar(0));
+        return end < 0 ? text : text.left(end);
+    }
 
     quint16 recordCount = 0;
-    QList<QByteArray> records; ///< Those that are whole, as they came.
+    QList<LanguageRecord> records; ///< Those that are whole.
 
-protected:
-    void writeFields(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(recordCount);
+        archive.records(recordCount, records);
+    }
 };

@@ -2,29 +2,36 @@
 
 #include "SimpleAsfObject.h"
 
-#include <QList>
-
 /// The Stream Bitrate Properties object.
-///
-/// Body: record count (u16), then for each record: flags (u16, the stream number in the low 7 bits), average bit rate
-/// (u32, bits a second).
-class StreamBitratePropertiesObject : public ClonedAsfObject<StreamBitratePropertiesObject>
+class StreamBitratePropertiesObject : public ParsedAsfObject<StreamBitratePropertiesObject>
 {
 public:
     struct BitrateRecord {
         quint16 flags = 0;
-        int streamNumber = 0;
-        quint32 averageBitrate = 0;
+        quint32 averageBitrate = 0; ///< Bits a second.
+
+        int streamNumber() const { return flags & 0x7F; }
+
+        template<typename Archive>
+        void fields(Archive& archive)
+        {
+            archive(flags, averageBitrate);
+        }
     };
 
-    StreamBitratePropertiesObject(QDataStream& stream, long long size);
-
-    /// Removes what is said of that stream and lowers the count.
-    void removeStream(int streamNumber);
+    void removeStream(int streamNumber) override
+    {
+        auto const isOfStream = [&](BitrateRecord const& record) { return record.streamNumber() == streamNumber; };
+        recordCount -= static_cast<quint16>(records.removeIf(isOfStream));
+    }
 
     quint16 recordCount = 0;
     QList<BitrateRecord> records; ///< Those that are whole.
 
-protected:
-    void writeFields(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(recordCount);
+        archive.records(recordCount, records);
+    }
 };

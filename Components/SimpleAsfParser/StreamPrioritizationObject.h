@@ -2,24 +2,30 @@
 
 #include "SimpleAsfObject.h"
 
-#include <QList>
-
 /// The Stream Prioritization object: the streams, the most important first.
-///
-/// Body: record count (u16), then for each record: stream number (u16), priority flags (u16, bit 0 mandatory).
-class StreamPrioritizationObject : public ClonedAsfObject<StreamPrioritizationObject>
+class StreamPrioritizationObject : public ParsedAsfObject<StreamPrioritizationObject>
 {
 public:
     struct StreamPriorityRecord {
         quint16 streamNumber = 0;
-        bool mandatory = false;
-    };
+        bool mandatory = false; ///< The lowest bit of its flags; the others are not kept.
 
-    StreamPrioritizationObject(QDataStream& stream, long long size);
+        template<typename Archive>
+        void fields(Archive& archive)
+        {
+            quint16 flags = mandatory;
+            archive(streamNumber, flags);
+            mandatory = flags & 1;
+        }
+    };
 
     quint16 recordCount = 0;
     QList<StreamPriorityRecord> records; ///< Those that are whole.
 
-protected:
-    void writeFields(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(recordCount);
+        archive.records(recordCount, records);
+    }
 };
