@@ -192,7 +192,7 @@ void MmsLatteClient::onMmsData(QByteArray const& data)
             emit descriptorChanged(this, result.descriptorSize);
             _private->releaseSoon();
         }
-        emit progressChanged(this, playingProgress);
+        announcePlaying();
     }
     if (result.isReadable)
         emit readyRead(this);

@@ -188,7 +188,7 @@ void MmsLatteClientPrivate::goOnWhenThereIsRoom()
             return;
         _client->setReading(true);
         if (_intake.exchange(Intake::Open) == Intake::Full)
-            emit _latteClient->progressChanged(_latteClient, LatteClient::playingProgress);
+            _latteClient->announcePlaying();
     };
     QMetaObject::invokeMethod(this, goOn, Qt::QueuedConnection);
 }
