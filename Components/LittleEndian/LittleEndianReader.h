@@ -8,6 +8,8 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <concepts>
 
 /// What each element of an array is on the wire: a byte, or a 16-bit unit.
@@ -28,7 +30,7 @@ public:
     /// The bytes are borrowed.
     explicit LittleEndianReader(QByteArrayView bytes) : _bytes(bytes), _left(bytes) {}
 
-    /// Reads numbers, GUIDs and structures.
+    /// Reads numbers, GUIDs, structures, and fixed arrays of them.
     template<typename... Fields>
     void operator()(Fields&... values)
     {
@@ -117,6 +119,15 @@ private:
             _left = _left.sliced(sizeof(Number));
         else
             fail();
+    }
+
+    void field(double& value) { value = std::bit_cast<double>(read<quint64>()); }
+
+    template<typename Element, std::size_t size>
+    void field(std::array<Element, size>& elements)
+    {
+        for (Element& element : elements)
+            field(element);
     }
 
     void field(QUuid& guid)

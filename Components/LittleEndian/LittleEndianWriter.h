@@ -55,6 +55,15 @@ private:
         _bytes.append(reinterpret_cast<char const*>(&bytes), sizeof bytes);
     }
 
+    void field(double value) { field(std::bit_cast<quint64>(value)); }
+
+    template<typename Element, std::size_t size>
+    void field(std::array<Element, size> const& elements)
+    {
+        for (Element const& element : elements)
+            field(element);
+    }
+
     void field(QUuid const& guid)
     {
         (*this)(guid.data1, guid.data2, guid.data3);

@@ -11,16 +11,18 @@ class MmsLinkMacToViewerReportOpenFile
     : public TcpMmsMessageOf<MmsLinkMacToViewerReportOpenFile, TcpMmsMessage::LinkMacToViewerReportOpenFile>
 {
 public:
-    explicit MmsLinkMacToViewerReportOpenFile(QDataStream& stream);
-
     int result() const { return static_cast<int>(_file.result); }
 
     /// All of the report, but for the path, which it does not hold.
     TcpMmsFileInfo const& file() const { return _file; }
 
-private:
-    void writeBody(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_file);
+    }
 
+private:
     TcpMmsFileInfo _file;
 };
 
@@ -28,10 +30,6 @@ private:
 class MmsLinkMacToViewerReportReadBlock
     : public MmsNumbersMessage<MmsLinkMacToViewerReportReadBlock, TcpMmsMessage::LinkMacToViewerReportReadBlock, 3>
 {
-public:
-    explicit MmsLinkMacToViewerReportReadBlock(QDataStream& stream) : MmsNumbersMessage(stream) {}
-
-    int result() const { return static_cast<int>(number(0)); }
 };
 
 /// 0x40021, answers StreamSwitch: result u32.
@@ -39,10 +37,6 @@ class MmsLinkMacToViewerReportStreamSwitch
     : public MmsNumbersMessage<MmsLinkMacToViewerReportStreamSwitch, TcpMmsMessage::LinkMacToViewerReportStreamSwitch,
                                1>
 {
-public:
-    explicit MmsLinkMacToViewerReportStreamSwitch(QDataStream& stream) : MmsNumbersMessage(stream) {}
-
-    int result() const { return static_cast<int>(number(0)); }
 };
 
 /// 0x40005, answers StartPlaying: result u32; three u32.
@@ -50,10 +44,6 @@ class MmsLinkMacToViewerReportStartedPlaying
     : public MmsNumbersMessage<MmsLinkMacToViewerReportStartedPlaying,
                                TcpMmsMessage::LinkMacToViewerReportStartedPlaying, 4>
 {
-public:
-    explicit MmsLinkMacToViewerReportStartedPlaying(QDataStream& stream) : MmsNumbersMessage(stream) {}
-
-    int result() const { return static_cast<int>(number(0)); }
 };
 
 /// 0x4000A: three u32.
@@ -61,8 +51,6 @@ class MmsLinkMacToViewerReportStartStriding
     : public MmsNumbersMessage<MmsLinkMacToViewerReportStartStriding,
                                TcpMmsMessage::LinkMacToViewerReportStartStriding, 3>
 {
-public:
-    explicit MmsLinkMacToViewerReportStartStriding(QDataStream& stream) : MmsNumbersMessage(stream) {}
 };
 
 /// 0x4001E, the file has been played to its end: two u32.
@@ -70,8 +58,6 @@ class MmsLinkMacToViewerReportEndOfStream
     : public MmsNumbersMessage<MmsLinkMacToViewerReportEndOfStream, TcpMmsMessage::LinkMacToViewerReportEndOfStream,
                                2>
 {
-public:
-    explicit MmsLinkMacToViewerReportEndOfStream(QDataStream& stream) : MmsNumbersMessage(stream) {}
 };
 
 /// 0x40020: six u32.
@@ -79,6 +65,4 @@ class MmsLinkMacToViewerReportStreamChange
     : public MmsNumbersMessage<MmsLinkMacToViewerReportStreamChange, TcpMmsMessage::LinkMacToViewerReportStreamChange,
                                6>
 {
-public:
-    explicit MmsLinkMacToViewerReportStreamChange(QDataStream& stream) : MmsNumbersMessage(stream) {}
 };

@@ -17,17 +17,26 @@ public:
     /// The mark of a server that wants to be asked for its funnel before one is connected.
     static constexpr quint32 funnelInfoMark = 0xF0F0F0F0;
 
-    explicit MmsLinkMacToViewerReportConnectedEx(QDataStream& stream);
     void verify() const override;
 
     int result() const { return static_cast<int>(_result); }
     quint32 serverMark() const { return _serverMark; }
-    QString serverVersionInfo() const { return _texts[0]; }
-    QString authenticationPackage() const { return _texts[3]; }
+    QString serverVersionInfo() const { return _texts[0].section(QChar(0), 0, 0); }
+    QString authenticationPackage() const { return _texts[3].section(QChar(0), 0, 0); }
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        std::array<quint32, 4> lengths{};
+        for (std::size_t i = 0; i < lengths.size(); ++i)
+            lengths[i] = static_cast<quint32>(_texts[i].size());
+        archive(_result, _serverMark, _macToViewerProtocolRevision, _viewerToMacProtocolRevision, _blockGroupPlayTime,
+                _blockGroupBlocks, _nMaxOpenFiles, _nBlockMaxBytes, _maxBitRate, lengths);
+        for (std::size_t i = 0; i < lengths.size(); ++i)
+            archive.array(_texts[i], lengths[i]);
+    }
 
 private:
-    void writeBody(QDataStream& stream) const override;
-
     quint32 _result = 0;
     quint32 _serverMark = 0;
     quint32 _macToViewerProtocolRevision = 0;
@@ -37,7 +46,8 @@ private:
     quint32 _nMaxOpenFiles = 0;
     quint32 _nBlockMaxBytes = 0;
     quint32 _maxBitRate = 0;
-    std::array<QString, 4> _texts; ///< Server version, version, address of versions, authentication package.
+    /// Server version, version, address of versions, authentication package; with their 0 units.
+    std::array<QString, 4> _texts;
 };
 
 /// 0x40002, answers ConnectFunnel: result u32; play incarnation u32; u32; `_funnelName` in UTF-16.
@@ -46,19 +56,22 @@ class MmsLinkMacToViewerReportConnectedFunnel
                              TcpMmsMessage::LinkMacToViewerReportConnectedFunnel>
 {
 public:
-    explicit MmsLinkMacToViewerReportConnectedFunnel(QDataStream& stream);
     void verify() const override;
 
     int result() const { return static_cast<int>(_result); }
     quint32 playIncarnation() const { return _playIncarnation; }
 
-private:
-    void writeBody(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_result, _playIncarnation, _number, _funnelName);
+    }
 
+private:
     quint32 _result = 0;
     quint32 _playIncarnation = 0;
     quint32 _number = 0;
-    QString _funnelName;
+    MmsText _funnelName;
 };
 
 /// 0x40003: two u32.
@@ -66,8 +79,6 @@ class MmsLinkMacToViewerReportDisconnectedFunnel
     : public MmsNumbersMessage<MmsLinkMacToViewerReportDisconnectedFunnel,
                                TcpMmsMessage::LinkMacToViewerReportDisconnectedFunnel, 2>
 {
-public:
-    explicit MmsLinkMacToViewerReportDisconnectedFunnel(QDataStream& stream) : MmsNumbersMessage(stream) {}
 };
 
 /// 0x40015, answers FunnelInfo: result u32; u32; `_transportMask` u32; `_nBlockFragments` u32; `_fragmentBytes` u32;
@@ -76,15 +87,10 @@ class MmsLinkMacToViewerReportFunnelInfo
     : public MmsNumbersMessage<MmsLinkMacToViewerReportFunnelInfo, TcpMmsMessage::LinkMacToViewerReportFunnelInfo, 10>
 {
 public:
-    explicit MmsLinkMacToViewerReportFunnelInfo(QDataStream& stream) : MmsNumbersMessage(stream) {}
     void verify() const override;
-
-    int result() const { return static_cast<int>(number(0)); }
 };
 
 /// 0x4001B, wants MmsLinkViewerToMacPong for an answer: two u32.
 class MmsLinkMacToViewerPing : public MmsNumbersMessage<MmsLinkMacToViewerPing, TcpMmsMessage::LinkMacToViewerPing, 2>
 {
-public:
-    explicit MmsLinkMacToViewerPing(QDataStream& stream) : MmsNumbersMessage(stream) {}
 };

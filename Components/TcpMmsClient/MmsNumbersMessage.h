@@ -2,31 +2,25 @@
 
 #include "TcpMmsMessage.h"
 
-#include <QDataStream>
-
-#include <array>
-#include <cstddef>
-
 /// A message whose body is nothing but `count` numbers, each u32.
 template<typename Message, TcpMmsMessage::MmsMessageType id, std::size_t count>
 class MmsNumbersMessage : public TcpMmsMessageOf<Message, id>
 {
+public:
+    /// The first number of a report that answers a request.
+    int result() const { return static_cast<int>(number(0)); }
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_numbers);
+    }
+
 protected:
     using Numbers = std::array<quint32, count>;
 
+    MmsNumbersMessage() = default;
     explicit MmsNumbersMessage(Numbers const& numbers) : _numbers(numbers) {}
-
-    explicit MmsNumbersMessage(QDataStream& stream) : TcpMmsMessageOf<Message, id>(stream)
-    {
-        for (quint32& number : _numbers)
-            stream >> number;
-    }
-
-    void writeBody(QDataStream& stream) const override
-    {
-        for (quint32 const number : _numbers)
-            stream << number;
-    }
 
     quint32 number(std::size_t index) const { return _numbers.at(index); }
 

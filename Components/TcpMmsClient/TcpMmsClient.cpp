@@ -5,12 +5,9 @@
 #include "LoggerManager.h"
 #include "MemoQueue.h"
 #include "MmsFarewells.h"
-#include "MmsReadTimerHandler.h"
-#include "MmsSessionEndHandler.h"
-#include "MmsSliceHandler.h"
-#include "MmsTimerHandler.h"
 #include "TcpMmsFileInfo.h"
 #include "TcpMmsPacketizer.h"
+#include "TcpMmsSessionHandlers.h"
 #include "TcpSocket.h"
 #include "TcpSocketFactory.h"
 

@@ -3,8 +3,8 @@
 #include "AsfStreamFilter.h"
 #include "FFwrapper.h"
 #include "Logger.h"
-#include "MmsDisconnectHandler.h"
 #include "TcpMmsClient.h"
+#include "TcpMmsSessionHandlers.h"
 
 #include <QtEndian>
 

@@ -2,8 +2,6 @@
 
 #include <QtGlobal>
 
-class QDataStream;
-
 /// What every message begins with: 32 bytes, little-endian.
 ///
 /// | offset | width | field           | value                                                            |
@@ -28,13 +26,13 @@ public:
     static constexpr quint32 sessionId = 0xB00BFACE;
     static constexpr quint32 seal = 0x20534D4D;
 
-    /// The header of a message to be sent; its lengths follow from setChunkLength().
-    TcpMmsHeader() = default;
-
-    /// Takes it from a stream that is set to little-endian; what is missing is 0.
-    explicit TcpMmsHeader(QDataStream& stream);
-
-    void getObjectData(QDataStream& stream) const;
+    /// The lengths of a message to be sent follow from setChunkLength().
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_rep, _version, _versionMinor, _padding, _sessionId, _messageLength, _seal, _chunkCount, _sequence,
+                _mbz, _timeSent);
+    }
 
     /// Throws std::out_of_range with the first field that has not the value it must have.
     void verify() const;

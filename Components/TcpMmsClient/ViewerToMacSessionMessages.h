@@ -15,17 +15,20 @@ public:
     static constexpr quint32 macToViewerProtocolVersion = 0x0004000B;
     static constexpr quint32 viewerToMacProtocolVersion = 0x0003001C;
 
-    explicit MmsLinkViewerToMacConnect(QString const& player) : _player(player) {}
-    explicit MmsLinkViewerToMacConnect(QDataStream& stream);
+    explicit MmsLinkViewerToMacConnect(QString const& player = {}) : _player{player} {}
     void verify() const override;
 
-private:
-    void writeBody(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_viewerMark, _macToViewerProtocolVersion, _viewerToMacProtocolVersion, _player);
+    }
 
+private:
     quint32 _viewerMark = 0xF0F0F0EF;
     quint32 _macToViewerProtocolVersion = macToViewerProtocolVersion;
     quint32 _viewerToMacProtocolVersion = viewerToMacProtocolVersion;
-    QString _player;
+    MmsText _player;
 };
 
 /// 0x30002, says where the data is to go: u32 0; u32 0xFFFFFFFF; u32 0; u32 10000000; u32 2; the transport text in
@@ -34,14 +37,17 @@ class MmsLinkViewerToMacConnectFunnel
     : public TcpMmsMessageOf<MmsLinkViewerToMacConnectFunnel, TcpMmsMessage::LinkViewerToMacConnectFunnel>
 {
 public:
-    explicit MmsLinkViewerToMacConnectFunnel(QString const& transport) : _transport(transport) {}
-    explicit MmsLinkViewerToMacConnectFunnel(QDataStream& stream);
+    explicit MmsLinkViewerToMacConnectFunnel(QString const& transport = {}) : _transport{transport} {}
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_numbers, _transport);
+    }
 
 private:
-    void writeBody(QDataStream& stream) const override;
-
     std::array<quint32, 5> _numbers{0, 0xFFFFFFFF, 0, 10000000, 2};
-    QString _transport;
+    MmsText _transport;
 };
 
 /// 0x30018, asks what the server's funnel can do: u32 2; u32 0.
@@ -50,7 +56,6 @@ class MmsLinkViewerToMacFunnelInfo
 {
 public:
     MmsLinkViewerToMacFunnelInfo() : MmsNumbersMessage({2, 0}) {}
-    explicit MmsLinkViewerToMacFunnelInfo(QDataStream& stream) : MmsNumbersMessage(stream) {}
 };
 
 /// 0x3001B, answers MmsLinkMacToViewerPing: u32 0; u32 0.
@@ -58,5 +63,4 @@ class MmsLinkViewerToMacPong : public MmsNumbersMessage<MmsLinkViewerToMacPong, 
 {
 public:
     MmsLinkViewerToMacPong() : MmsNumbersMessage({0, 0}) {}
-    explicit MmsLinkViewerToMacPong(QDataStream& stream) : MmsNumbersMessage(stream) {}
 };
