@@ -86,7 +86,7 @@ void MmsLatteClientPrivate::prepare()
 
 void MmsLatteClientPrivate::makeFactories()
 {
-    auto tcp = std::make_unique<TcpMmsClientFactory>(_name, _factories.tcpSocketFactory, _factories.timerFactory,
+    auto tcp = std::make_unique<TcpMmsClientFactory>(_name, _factories.timerFactory, _factories.tcpSocketFactory,
                                                      _factories.dateTimeBuilder, _queue);
     auto http = std::make_unique<HttpMmsClientFactory>(_name, _factories.httpClientFactory, _factories.timerFactory,
                                                        _factories.dateTimeBuilder, _queue);
@@ -114,8 +114,6 @@ void MmsLatteClientPrivate::destructMmsClient()
     if (!client)
         return;
     client->disconnect(_latteClient);
-    if (client->state() != MmsClient::Unconnected && client->state() != MmsClient::Closed)
-        client->disconnectFromServer();
     client->setParent(nullptr); // Goes before the queue, which it uses to the end.
     _clientFactory->disposeMmsClient(client);
 }

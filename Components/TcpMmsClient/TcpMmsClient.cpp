@@ -20,8 +20,8 @@ Logger* TcpMmsClient::log = LoggerManager::logger();
 
 TcpMmsClient::TcpMmsClient(QString const& guid, TimerFactory* timerFactory, TcpSocketFactory* tcpSocketFactory,
                            DateTimeBuilder* dateTimeBuilder, MemoQueue* memoQueue, QObject* parent)
-    : MmsClient(parent), _guid(guid), _timerFactory(timerFactory), _tcpSocketFactory(tcpSocketFactory),
-      _dateTimeBuilder(dateTimeBuilder), _memoQueue(memoQueue)
+    : AbstractMmsClient(guid, dateTimeBuilder, memoQueue, parent), _timerFactory(timerFactory),
+      _tcpSocketFactory(tcpSocketFactory)
 {
     _memoQueue->acquire(this);
 }

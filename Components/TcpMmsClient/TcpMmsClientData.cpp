@@ -1,7 +1,5 @@
 // The data packets that the client receives: first the ASF header, then the stream.
 
-#include "AsfStreamFilter.h"
-#include "FFwrapper.h"
 #include "Logger.h"
 #include "TcpMmsClient.h"
 #include "TcpMmsSessionHandlers.h"
@@ -87,31 +85,8 @@ void TcpMmsClient::headerCompleted()
 
 bool TcpMmsClient::processHeader()
 {
-    bool valid = openHeader();
-    if (valid) {
-        AsfStreamFilter filter(_headerBuffer);
-        filter.useBandwidthLimit(bandwidthLimit, _selection, _headerBuffer);
-        _streamBitrate = filter.bitrateOf(_selection, static_cast<int>(_streamBitrate));
-        valid = !_headerBuffer.isEmpty();
-    }
-    if (!valid)
+    bool const isValid = openHeader(_headerBuffer) && !_headerBuffer.isEmpty() && _packetSize <= maximumPacketSize;
+    if (!isValid)
         LOG_ERROR("Invalid ASF header");
-    return valid;
-}
-
-/// Takes bit rate and packet size from the header; false when it is none.
-bool TcpMmsClient::openHeader()
-{
-    FormatContextPointer const context(
-        FFwrapper::contextFromHeader(_headerBuffer.constData(), static_cast<int>(_headerBuffer.size())));
-    if (!context)
-        return false;
-    int const packetSize = FFwrapper::getAsfPacketSize(context.get());
-    if (packetSize > maximumPacketSize)
-        return false;
-    int const bitrate = FFwrapper::getMaxBitrate(context.get());
-    _streamBitrate = bitrate == 0 ? 1 : bitrate;
-    _packetSize = packetSize;
-    _selection.clear();
-    return true;
+    return isValid;
 }
