@@ -99,9 +99,11 @@ private:
     MmsFarewells::Words stopWords() const;
     MmsFarewells::Words reportWords() const;
 
+    HttpRequestHeader plainHeader(QUrl const& url, QString const& method) const;
     HttpRequestHeader constructHeader(QUrl const& url, QString const& method = QStringLiteral("GET")) const;
     void addSelection(HttpRequestHeader& header) const;
     void addOffsets(HttpRequestHeader& header) const;
+    void addClientId(HttpRequestHeader& header) const;
     void addReferrer(HttpRequestHeader& header) const;
     bool isInState(bool isRight, char const* operation) const;
     HttpMmsRequest* send(HttpRequestHeader const& header, bool withStream);

@@ -210,10 +210,10 @@ QString SimpleAsfParser::streamLanguage(int streamNumber) const
     return {};
 }
 
-QList<StreamPrioritizationObject::StreamPriorityRecord> SimpleAsfParser::streamPrioritization() const
+QList<StreamPriorityRecord> SimpleAsfParser::streamPrioritization() const
 {
     auto const* const object = first<StreamPrioritizationObject>(_objects, asfStreamPrioritizationGuid);
-    return object ? object->records : QList<StreamPrioritizationObject::StreamPriorityRecord>();
+    return object ? object->records : QList<StreamPriorityRecord>();
 }
 
 QList<int> SimpleAsfParser::inBitrateMutex(int streamNumber) const

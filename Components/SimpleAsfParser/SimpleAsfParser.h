@@ -70,7 +70,7 @@ public:
 
     /// As RFC 1766 writes it, or empty.
     QString streamLanguage(int streamNumber) const;
-    QList<StreamPrioritizationObject::StreamPriorityRecord> streamPrioritization() const;
+    QList<StreamPriorityRecord> streamPrioritization() const;
 
     /// The streams that are not played together with this one.
     QList<int> inBitrateMutex(int streamNumber) const;

@@ -1,37 +1,28 @@
 #pragma once
 
-#include "SimpleAsfObject.h"
+#include "AsfRecordsObject.h"
 
-/// The Stream Bitrate Properties object.
-class StreamBitratePropertiesObject : public ParsedAsfObject<StreamBitratePropertiesObject>
-{
-public:
-    struct BitrateRecord {
-        quint16 flags = 0;
-        quint32 averageBitrate = 0; ///< Bits a second.
+/// What one stream takes.
+struct BitrateRecord {
+    quint16 flags = 0;
+    quint32 averageBitrate = 0; ///< Bits a second.
 
-        int streamNumber() const { return flags & 0x7F; }
-
-        template<typename Archive>
-        void fields(Archive& archive)
-        {
-            archive(flags, averageBitrate);
-        }
-    };
-
-    void removeStream(int streamNumber) override
-    {
-        auto const isOfStream = [&](BitrateRecord const& record) { return record.streamNumber() == streamNumber; };
-        recordCount -= static_cast<quint16>(records.removeIf(isOfStream));
-    }
-
-    quint16 recordCount = 0;
-    QList<BitrateRecord> records; ///< Those that are whole.
+    int streamNumber() const { return flags & 0x7F; }
 
     template<typename Archive>
     void fields(Archive& archive)
     {
-        archive(recordCount);
-        archive.records(recordCount, records);
+        archive(flags, averageBitrate);
+    }
+};
+
+/// The Stream Bitrate Properties object.
+class StreamBitratePropertiesObject
+    : public ParsedAsfObject<StreamBitratePropertiesObject, AsfRecordsObject<BitrateRecord>>
+{
+public:
+    void removeStream(int streamNumber) override
+    {
+        removeIf([&](BitrateRecord const& record) { return record.streamNumber() == streamNumber; });
     }
 };

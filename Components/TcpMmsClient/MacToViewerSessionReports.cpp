@@ -28,8 +28,8 @@ void MmsLinkMacToViewerReportFunnelInfo::verify() const
 {
     TcpMmsMessage::verify();
     char const* const name = "MmsLinkMacToViewerReportFunnelInfo";
-    expect(name, "_transportMask", number(2), 8);
-    expect(name, "_nBlockFragments", number(3), 1);
-    expect(name, "_fragmentBytes", number(4), 0x10000);
-    expect(name, "_nDisks", number(7), 1);
+    expect(name, "_transportMask", _numbers[2], 8);
+    expect(name, "_nBlockFragments", _numbers[3], 1);
+    expect(name, "_fragmentBytes", _numbers[4], 0x10000);
+    expect(name, "_nDisks", _numbers[7], 1);
 }

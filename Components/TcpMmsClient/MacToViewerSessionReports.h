@@ -7,9 +7,7 @@
 // What the server says about the session; MacToViewerFileReports.h holds what it says about a file. A result is an
 // HRESULT: negative for a failure. Fields without a name have no known meaning; they are read and kept.
 
-/// 0x40001, answers Connect: result u32; server mark u32; macToViewer revision u32; viewerToMac revision u32; double;
-/// `_blockGroupBlocks` u32; `_nMaxOpenFiles` u32; `_nBlockMaxBytes` u32; `_maxBitRate` u32; four lengths u32, in
-/// UTF-16 units; four texts in UTF-16 of those lengths. A length of more than is left ends the texts.
+/// 0x40001, answers Connect. A length of more than is left ends the texts.
 class MmsLinkMacToViewerReportConnectedEx
     : public TcpMmsMessageOf<MmsLinkMacToViewerReportConnectedEx, TcpMmsMessage::LinkMacToViewerReportConnectedEx>
 {
@@ -50,7 +48,7 @@ private:
     std::array<QString, 4> _texts;
 };
 
-/// 0x40002, answers ConnectFunnel: result u32; play incarnation u32; u32; `_funnelName` in UTF-16.
+/// 0x40002, answers ConnectFunnel.
 class MmsLinkMacToViewerReportConnectedFunnel
     : public TcpMmsMessageOf<MmsLinkMacToViewerReportConnectedFunnel,
                              TcpMmsMessage::LinkMacToViewerReportConnectedFunnel>
@@ -75,22 +73,27 @@ private:
 };
 
 /// 0x40003: two u32.
-class MmsLinkMacToViewerReportDisconnectedFunnel
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportDisconnectedFunnel,
-                               TcpMmsMessage::LinkMacToViewerReportDisconnectedFunnel, 2>
-{
-};
+using MmsLinkMacToViewerReportDisconnectedFunnel =
+    MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerReportDisconnectedFunnel, 2>;
 
 /// 0x40015, answers FunnelInfo: result u32; u32; `_transportMask` u32; `_nBlockFragments` u32; `_fragmentBytes` u32;
 /// two u32; `_nDisks` u32; two u32.
 class MmsLinkMacToViewerReportFunnelInfo
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportFunnelInfo, TcpMmsMessage::LinkMacToViewerReportFunnelInfo, 10>
+    : public TcpMmsMessageOf<MmsLinkMacToViewerReportFunnelInfo, TcpMmsMessage::LinkMacToViewerReportFunnelInfo>
 {
 public:
+    int result() const { return static_cast<int>(_numbers[0]); }
     void verify() const override;
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_numbers);
+    }
+
+private:
+    std::array<quint32, 10> _numbers{};
 };
 
 /// 0x4001B, wants MmsLinkViewerToMacPong for an answer: two u32.
-class MmsLinkMacToViewerPing : public MmsNumbersMessage<MmsLinkMacToViewerPing, TcpMmsMessage::LinkMacToViewerPing, 2>
-{
-};
+using MmsLinkMacToViewerPing = MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerPing, 2>;

@@ -62,7 +62,7 @@ void TcpMmsClient::sendLinkViewerToMacConnectFunnel()
 
 void TcpMmsClient::sendLinkViewerToMacFunnelInfo()
 {
-    MmsLinkViewerToMacFunnelInfo message;
+    MmsLinkViewerToMacFunnelInfo message({2, 0});
     sendRequest(message);
 }
 
@@ -105,7 +105,7 @@ void TcpMmsClient::sendLinkViewerToMacStopPlaying()
 
 void TcpMmsClient::sendLinkViewerToMacCloseFile()
 {
-    MmsLinkViewerToMacCloseFile message(_file ? _file->fileId : 0);
+    MmsLinkViewerToMacCloseFile message({0, _file ? _file->fileId : 0});
     sendMessage(message);
 }
 

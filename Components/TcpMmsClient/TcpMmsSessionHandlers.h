@@ -21,25 +21,20 @@ private:
     MmsData const _data;
 };
 
-/// Disconnects its client.
-class MmsDisconnectHandler : public TcpMmsMessageHandler
+/// Calls one operation of the client.
+template<void (TcpMmsClient::*work)()>
+class MmsWorkHandler : public TcpMmsMessageHandler
 {
 public:
-    explicit MmsDisconnectHandler(TcpMmsClient* client) : TcpMmsMessageHandler(client) {}
+    explicit MmsWorkHandler(TcpMmsClient* client) : TcpMmsMessageHandler(client) {}
 
 protected:
-    void act() override { client().disconnectFromServer(); }
+    void act() override { (client().*work)(); }
 };
 
+using MmsDisconnectHandler = MmsWorkHandler<&TcpMmsClient::disconnectFromServer>;
 /// Comes when all memos of the bytes that were read last have been handled.
-class MmsSliceHandler : public TcpMmsMessageHandler
-{
-public:
-    explicit MmsSliceHandler(TcpMmsClient* client) : TcpMmsMessageHandler(client) {}
-
-protected:
-    void act() override { client().sliceHandled(); }
-};
+using MmsSliceHandler = MmsWorkHandler<&TcpMmsClient::sliceHandled>;
 
 /// Ends the session after all that was received before has been handled.
 class MmsSessionEndHandler : public TcpMmsMessageHandler

@@ -8,7 +8,7 @@
 
 // What the viewer sends about a file; ViewerToMacSessionMessages.h holds what it sends about the session.
 
-/// 0x30005: open counter u32; u32 0; blob position u32 0; blob length u32 0; the path in UTF-16, a 0 unit.
+/// 0x30005. Its numbers are the open counter, 0, and the position and the length of a blob, which we have not.
 class MmsLinkViewerToMacOpenFile
     : public TcpMmsMessageOf<MmsLinkViewerToMacOpenFile, TcpMmsMessage::LinkViewerToMacOpenFile>
 {
@@ -30,8 +30,7 @@ private:
     MmsText _path;
 };
 
-/// 0x30015, asks for the header: file id u32; `_fileBlockId` u32 0; `_offset` u32 0; `_length` u32 0x8000; `_flags`
-/// u32 0xFFFFFFFF; u32 0; `_tEarliest` double 0.0; `_tDeadline` double 3600.0; u32 2; `_playSequence` u32 0.
+/// 0x30015, asks for the header.
 class MmsLinkViewerToMacReadBlock
     : public TcpMmsMessageOf<MmsLinkViewerToMacReadBlock, TcpMmsMessage::LinkViewerToMacReadBlock>
 {
@@ -60,13 +59,9 @@ private:
 };
 
 /// 0x30025, takes that back: two u32. We know it and never send it.
-class MmsLinkViewerToMacCancelReadBlock
-    : public MmsNumbersMessage<MmsLinkViewerToMacCancelReadBlock, TcpMmsMessage::LinkViewerToMacCancelReadBlock, 2>
-{
-};
+using MmsLinkViewerToMacCancelReadBlock = MmsNumbersMessage<TcpMmsMessage::LinkViewerToMacCancelReadBlock, 2>;
 
-/// 0x30033, selects streams: entry count u32; then the entries, 6 bytes each (StreamSwitchEntry). With no entry the
-/// server chooses.
+/// 0x30033, selects streams. With no entry the server chooses.
 class MmsLinkViewerToMacStreamSwitch
     : public TcpMmsMessageOf<MmsLinkViewerToMacStreamSwitch, TcpMmsMessage::LinkViewerToMacStreamSwitch>
 {
@@ -85,7 +80,7 @@ private:
     QList<StreamSwitchEntry> _entries;
 };
 
-/// 0x30007: file id u32; u32 0; position double 0.0; u32 0xFFFFFFFF; u32 0xFFFFFFFF; u32 0; u32 4.
+/// 0x30007.
 class MmsLinkViewerToMacStartPlaying
     : public TcpMmsMessageOf<MmsLinkViewerToMacStartPlaying, TcpMmsMessage::LinkViewerToMacStartPlaying>
 {
@@ -106,9 +101,4 @@ private:
 };
 
 /// 0x3000D: u32 0; file id u32.
-class MmsLinkViewerToMacCloseFile
-    : public MmsNumbersMessage<MmsLinkViewerToMacCloseFile, TcpMmsMessage::LinkViewerToMacCloseFile, 2>
-{
-public:
-    explicit MmsLinkViewerToMacCloseFile(quint32 fileId = 0) : MmsNumbersMessage({0, fileId}) {}
-};
+using MmsLinkViewerToMacCloseFile = MmsNumbersMessage<TcpMmsMessage::LinkViewerToMacCloseFile, 2>;

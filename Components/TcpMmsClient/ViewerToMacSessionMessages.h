@@ -6,8 +6,7 @@
 
 // What the viewer sends about the session; ViewerToMacFileMessages.h holds what it sends about a file.
 
-/// 0x30001, begins the session: u32 0xF0F0F0EF; `_macToViewerProtocolVersion` u32 0x0004000B;
-/// `_viewerToMacProtocolVersion` u32 0x0003001C; the player text in UTF-16, a 0 unit.
+/// 0x30001, begins the session.
 class MmsLinkViewerToMacConnect
     : public TcpMmsMessageOf<MmsLinkViewerToMacConnect, TcpMmsMessage::LinkViewerToMacConnect>
 {
@@ -31,8 +30,7 @@ private:
     MmsText _player;
 };
 
-/// 0x30002, says where the data is to go: u32 0; u32 0xFFFFFFFF; u32 0; u32 10000000; u32 2; the transport text in
-/// UTF-16, a 0 unit.
+/// 0x30002, says where the data is to go.
 class MmsLinkViewerToMacConnectFunnel
     : public TcpMmsMessageOf<MmsLinkViewerToMacConnectFunnel, TcpMmsMessage::LinkViewerToMacConnectFunnel>
 {
@@ -51,16 +49,7 @@ private:
 };
 
 /// 0x30018, asks what the server's funnel can do: u32 2; u32 0.
-class MmsLinkViewerToMacFunnelInfo
-    : public MmsNumbersMessage<MmsLinkViewerToMacFunnelInfo, TcpMmsMessage::LinkViewerToMacFunnelInfo, 2>
-{
-public:
-    MmsLinkViewerToMacFunnelInfo() : MmsNumbersMessage({2, 0}) {}
-};
+using MmsLinkViewerToMacFunnelInfo = MmsNumbersMessage<TcpMmsMessage::LinkViewerToMacFunnelInfo, 2>;
 
 /// 0x3001B, answers MmsLinkMacToViewerPing: u32 0; u32 0.
-class MmsLinkViewerToMacPong : public MmsNumbersMessage<MmsLinkViewerToMacPong, TcpMmsMessage::LinkViewerToMacPong, 2>
-{
-public:
-    MmsLinkViewerToMacPong() : MmsNumbersMessage({0, 0}) {}
-};
+using MmsLinkViewerToMacPong = MmsNumbersMessage<TcpMmsMessage::LinkViewerToMacPong, 2>;
