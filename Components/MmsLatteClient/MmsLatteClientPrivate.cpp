@@ -10,6 +10,7 @@
 #include "Timer.h"
 #include "TimerFactory.h"
 
+#include <QMetaEnum>
 #include <QUrl>
 
 #include <algorithm>
@@ -40,6 +41,7 @@ void MmsLatteClientPrivate::setMmsClientFactories(std::unique_ptr<MmsClientFacto
 
 void MmsLatteClientPrivate::enter(State state)
 {
+    LOG_DEBUG("%s", QMetaEnum::fromType<State>().valueToKey(state));
     _state = state;
 }
 

@@ -28,7 +28,8 @@ class TimerFactory;
 /// The work behind a MmsLatteClient: finds out what an address is, builds the transport for it, and goes to the same
 /// address again or on to the next one. Moves with its client, and works on the client's thread.
 ///
-/// One attempt is made at a time: whatever begins another one ends what is under way.
+/// One attempt is made at a time: whatever begins another one ends what is under way. How it stands is one state;
+/// whether the viewer is played to is the buffer's, as it goes on while another address is looked at.
 class MmsLatteClientPrivate : public QObject
 {
     Q_OBJECT
@@ -44,6 +45,7 @@ public:
         TestingNetwork, ///< What the last failure means depends on whether there is a network.
         Finished        ///< There will be none any more.
     };
+    Q_ENUM(State)
 
     /// What can be created is created with these, which are borrowed.
     struct Factories {
@@ -125,8 +127,8 @@ public:
     /// Finished.
     void cancel();
 
-    /// Whether the network is there; nothing when the test will tell later. The first result is
-    /// only kept: the network counts as unavailable until it has been seen before.
+    /// Whether the network is there; nothing when the test will tell later. The first result is only kept: the
+    /// network counts as unavailable until it has been seen before.
     std::optional<bool> isNetworkAvailable();
 
 signals:

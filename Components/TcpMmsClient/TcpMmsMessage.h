@@ -8,7 +8,7 @@
 /// A command to the server or a report from it.
 ///
 /// On the wire, little-endian: the TcpMmsHeader (32 bytes); at 32 the chunk length (u32), which counts in units of 8
-/// bytes from itself to the end; at 36 the type (u32); at 40 the body, which each class describes; zero bytes up to
+/// bytes from itself to the end; at 36 the type (u32); at 40 the body, which each class lists; zero bytes up to
 /// a multiple of 8, counted from 32. No message, either way, is longer than `maximumBytes`.
 ///
 /// A class of its own for each type, named after it, says what the body holds. Those from the server may be shorter
