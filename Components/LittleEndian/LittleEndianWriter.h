@@ -20,6 +20,8 @@ public:
     template<typename Sequence>
     void array(Sequence const& sequence, qint64 = 0)
     {
+        if (sequence.isEmpty())
+            return;
         qsizetype const end = _bytes.size();
         _bytes.resize(end + sequence.size() * qsizetype(sizeof(LittleEndianUnit<Sequence>)));
         qToLittleEndian<LittleEndianUnit<Sequence>>(sequence.constData(), sequence.size(), _bytes.data() + end);
