@@ -4,7 +4,6 @@
 #include "GLControl.h"
 #include "GLControlLayout.h"
 #include "GLTextArea.h"
-#include "LatteClient.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
@@ -44,6 +43,7 @@ void Channel::connectStream(ChannelStream* stream)
     connect(stream, &ChannelStream::opened, this, &Channel::onStreamOpened);
     connect(stream, &ChannelStream::error, this, &Channel::onStreamError);
     connect(stream, &ChannelStream::stateChanged, this, &Channel::onStreamStateChanged);
+    connect(stream, &ChannelStream::playing, this, &Channel::onStreamPlaying);
     connect(stream, &ChannelStream::notice, this, &Channel::onStreamNotice);
     connect(stream, &ChannelStream::pictureUpdated, this, &Channel::pictureUpdated);
     connect(stream, &ChannelStream::timeUpdated, this,
@@ -341,10 +341,15 @@ void Channel::onStreamError(ChannelStream* stream, QString text)
 
 void Channel::onStreamStateChanged(ChannelStream* stream, QString text)
 {
-    bool const isBack = stream->isOpen() && text == QLatin1String(LatteClient::playingProgress);
     if (!_hasError)
-        setOverlayText(isBack ? QString() : text);
+        setOverlayText(text);
     emit streamStateChanged(this, stream, text);
+}
+
+void Channel::onStreamPlaying(ChannelStream* stream)
+{
+    if (stream->isOpen() && !_hasError)
+        setOverlayText({});
 }
 
 void Channel::onStreamNotice(ChannelStream*, QString text)

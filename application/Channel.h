@@ -110,6 +110,7 @@ public slots:
     void onStreamOpened(ChannelStream* stream);
     void onStreamError(ChannelStream* stream, QString text);
     void onStreamStateChanged(ChannelStream* stream, QString text);
+    void onStreamPlaying(ChannelStream* stream);
     void onStreamNotice(ChannelStream* stream, QString text);
     void onCloseTimer();
 

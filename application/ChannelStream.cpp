@@ -95,6 +95,7 @@ void ChannelStream::open(bool forceFile)
 
     _dataSource = createSource(forceFile);
     connect(_dataSource.get(), &GLMovieDataSource::recordingFailed, this, &ChannelStream::onRecordingFailed);
+    connect(_dataSource.get(), &GLMovieDataSource::playing, this, [this] { emit playing(this); });
     // The renderer passes on what the source says, and says what the movie cannot play.
     connect(_renderer.get(), &GLMovieRenderer::error, this,
             [this](GLMovieRenderer*, QString const& text) { onError(_dataSource.get(), text); });

@@ -91,6 +91,8 @@ signals:
     void closing(ChannelStream* stream);
     void closed(ChannelStream* stream);
     void stateChanged(ChannelStream* stream, QString text);
+    /// What stateChanged() told of is over.
+    void playing(ChannelStream* stream);
     /// A text for the viewer that is to stand for a few seconds; the picture goes on.
     void notice(ChannelStream* stream, QString text);
     void fadeInComplete(ChannelStream* stream);

@@ -3,9 +3,6 @@
 #include "ViewerToMacFileMessages.h"
 #include "ViewerToMacSessionMessages.h"
 
-#include <QDataStream>
-#include <QIODevice>
-
 #include <cstdint>
 #include <cstdlib>
 #include <iterator>
@@ -15,7 +12,7 @@
 namespace
 {
 
-using FromStream = TcpMmsMessage* (*)(QDataStream&);
+using FromStream = TcpMmsMessage* (*)(LittleEndianReader&);
 
 FromStream const types[] = {
     &MmsLinkViewerToMacConnect::fromStream,
@@ -44,18 +41,15 @@ FromStream const types[] = {
 
 QByteArray written(FromStream fromStream, QByteArray const& bytes)
 {
-    QDataStream in(bytes);
-    in.setByteOrder(QDataStream::LittleEndian);
+    LittleEndianReader in(bytes);
     std::unique_ptr<TcpMmsMessage> const message(fromStream(in));
     try {
         message->verify();
     } catch (std::out_of_range const&) {
     }
-    QByteArray out;
-    QDataStream stream(&out, QIODevice::WriteOnly);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    message->getObjectData(stream);
-    return out;
+    LittleEndianWriter out;
+    message->getObjectData(out);
+    return out.bytes();
 }
 
 } // namespace

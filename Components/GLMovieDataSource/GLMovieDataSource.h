@@ -98,6 +98,8 @@ signals:
     /// A text for the viewer; the empty text says that the last error has passed.
     void error(GLMovieDataSource* source, QString text);
     void stateChanged(GLMovieDataSource* source, QString text);
+    /// What stateChanged() told of is over: a stream that can be lost is there, at first or again.
+    void playing(GLMovieDataSource* source);
     /// Recording has ended by itself, or its end could not be written, with a reason for the viewer.
     void recordingFailed(GLMovieDataSource* source, QString reason);
     /// Crosses from the reader thread to the watchdog's.

@@ -1,7 +1,5 @@
 #include "HttpMmsClient.h"
 
-#include "AsfStreamFilter.h"
-#include "FFwrapper.h"
 #include "HttpMmsMemos.h"
 #include "HttpMmsRequest.h"
 #include "Logger.h"
@@ -37,10 +35,10 @@ QString acceptLanguage()
 
 HttpMmsClient::HttpMmsClient(QString const& guid, HttpClientFactory* httpClientFactory, TimerFactory* timerFactory,
                              DateTimeBuilder* dateTimeBuilder, MemoQueue* memoQueue, QObject* parent)
-    : MmsClient(parent), _guid(guid), _acceptLanguage(acceptLanguage()), _memoQueue(memoQueue),
-      _httpClientFactory(httpClientFactory, timerFactory), _timerFactory(timerFactory),
-      _dateTimeBuilder(dateTimeBuilder)
+    : AbstractMmsClient(guid, dateTimeBuilder, memoQueue, parent), _acceptLanguage(acceptLanguage()),
+      _httpClientFactory(httpClientFactory, timerFactory), _timerFactory(timerFactory)
 {
+    _packetSize = 1300;
     _memoQueue->acquire(this);
 }
 
@@ -183,25 +181,16 @@ void HttpMmsClient::onHeaderReceived(QByteArray const& header)
     LOG_INFO("onHeaderReceived() size=%d", static_cast<int>(header.size()));
     if (header == _receivedHeader || header == _header)
         return;
-    FormatContextPointer context(FFwrapper::contextFromHeader(header.constData(), static_cast<int>(header.size())));
-    if (!context) {
+    QByteArray rewritten = header;
+    if (!openHeader(rewritten)) {
         LOG_WARNING("ContextFromHeader failed!");
         return;
     }
-    _streamBitrate = std::max(FFwrapper::getMaxBitrate(context.get()), 1);
-    _packetSize = std::clamp(FFwrapper::getAsfPacketSize(context.get()), 0, HttpMmsRequest::maximumPacketSize);
-    _selection.clear();
-    context.reset();
+    _packetSize = std::clamp(_packetSize, 0, HttpMmsRequest::maximumPacketSize);
     _receivedHeader = header;
-    _header = header;
-    AsfStreamFilter filter(header);
-    filter.useBandwidthLimit(bandwidthLimit, _selection, _header);
-    if (_header.isEmpty()) {
+    _header = rewritten.isEmpty() ? header : rewritten;
+    if (rewritten.isEmpty())
         LOG_WARNING("The header cannot be rewritten. All streams are taken as they are.");
-        _selection.clear();
-        _header = header;
-    }
-    _streamBitrate = filter.bitrateOf(_selection, static_cast<int>(_streamBitrate));
     emit onHeader(_header);
 }
 
@@ -209,7 +198,7 @@ void HttpMmsClient::onDataReceived(QByteArray const& packet)
 {
     if (auto* const request = qobject_cast<HttpMmsRequest*>(sender()))
         _streamingRequest = request;
-    _totalBytesReceived += packet.size();
+    _totalBytes += packet.size();
     if (!std::exchange(_hasDelivered, true))
         _memoQueue->handleSoon(ReconnectionPolicy::lastingPlay, new HttpMmsLastingMemo(this));
     emit onData(packet);

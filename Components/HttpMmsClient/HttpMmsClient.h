@@ -1,30 +1,23 @@
 #pragma once
 
-#include "MmsClient.h"
+#include "AbstractMmsClient.h"
 #include "MmsFarewells.h"
 #include "ReconnectionPolicy.h"
 #include "TimedHttpClientFactory.h"
 
-#include <QByteArray>
 #include <QList>
-#include <QMap>
-#include <QString>
-#include <QUrl>
-#include <QUuid>
 
-class DateTimeBuilder;
 class HttpClientFactory;
 class HttpMmsRequest;
 class HttpRequestHeader;
 class Logger;
-class MemoQueue;
 class TimerFactory;
 
 /// MMS over HTTP: a describe request brings the stream's header, a play request the stream, a select request what a
 /// server's playlist goes on with, and a stop ends it. Each is a HttpMmsRequest.
 ///
 /// Addresses of mms are asked over HTTP, on their port or else 80. Threads and errors are as in MmsClient.
-class HttpMmsClient : public MmsClient
+class HttpMmsClient : public AbstractMmsClient
 {
     Q_OBJECT
 
@@ -56,26 +49,14 @@ public:
     /// is dropped without a word.
     void disconnectFromServer() override;
 
-    QString remoteUrl() const override { return _url.toString(); }
-    MmsClientState state() const override { return _state; }
     HttpMmsClientState httpMmsState() const { return _httpMmsState; }
-    MmsClientError error() const override { return _error; }
     bool isSeekable() const override { return !_isBroadcast; }
     bool isBroadcast() const override { return _isBroadcast; }
-    qint64 streamBitrate() const override { return _streamBitrate; }
-    qint64 totalBytesReceived() const override { return _totalBytesReceived; }
-    qint64 downstreamBandwidth() const override { return _downstreamBandwidth; }
-    int packetSize() const override { return _packetSize; }
     StreamingProtocol protocol() override { return MmsHttp; }
-    void setClientId(QString const& id) override { _clientId = id; }
-    QString clientId() const override { return _clientId; }
 
     void setReading(bool reading) override;
 
     void setGUID(QString const& guid);
-
-    /// What servers have not been told when the client is deleted goes this way; borrowed, null for none.
-    void setFarewells(MmsFarewells* farewells) { _farewells = farewells; }
 
     /// Says of an ASF stream whether it is wanted (0) or switched off (2).
     void addStreamEntry(int stream, int value) { _selection.insert(stream, value); }
@@ -118,9 +99,11 @@ private:
     MmsFarewells::Words stopWords() const;
     MmsFarewells::Words reportWords() const;
 
+    HttpRequestHeader plainHeader(QUrl const& url, QString const& method) const;
     HttpRequestHeader constructHeader(QUrl const& url, QString const& method = QStringLiteral("GET")) const;
     void addSelection(HttpRequestHeader& header) const;
     void addOffsets(HttpRequestHeader& header) const;
+    void addClientId(HttpRequestHeader& header) const;
     void addReferrer(HttpRequestHeader& header) const;
     bool isInState(bool isRight, char const* operation) const;
     HttpMmsRequest* send(HttpRequestHeader const& header, bool withStream);
@@ -129,34 +112,20 @@ private:
 
     static Logger* log;
 
-    QUuid _guid;
-    QMap<int, int> _selection; ///< ASF stream number to 0, wanted, or 2, switched off.
     QString _referrer;
     QString _playlistGenId;
-    QUrl _url;
-    int _timeout = 0; ///< ms
-    MmsClientError _error = NoError;
-    MmsClientState _state = Unconnected;
     HttpMmsClientState _httpMmsState = None;
-    qint64 _streamBitrate = 1;
-    qint64 _totalBytesReceived = 0;
-    qint64 _downstreamBandwidth = 0;
     quint32 _streamOffsetHigh = 4294967295U;
     quint32 _streamOffsetLow = 4294967295U;
     bool _isBroadcast = false;
     bool _isLive = false;
-    QString _clientId;
     QByteArray _receivedHeader; ///< As the server sent it.
     QByteArray _header;         ///< Rewritten for the selection.
-    int _packetSize = 1300;
     QString const _acceptLanguage;
-    MemoQueue* const _memoQueue;
     TimedHttpClientFactory _httpClientFactory;
     TimerFactory* const _timerFactory;
-    DateTimeBuilder* const _dateTimeBuilder;
     int _detours = 0;
-    bool _hasDelivered = false; ///< Since the session began anew.
-    MmsFarewells* _farewells = nullptr;
+    bool _hasDelivered = false;                  ///< Since the session began anew.
     QList<MmsFarewells::Words> _lastWords;       ///< What the server has not heard yet of stop and report.
     bool _isHeaderWanted = false;                ///< And nothing but the header: getHeader() is waiting.
     QList<HttpMmsRequest*> _requests;            ///< Those of the session. Children.

@@ -32,12 +32,19 @@ QString hostOf(QUrl const& url)
 
 } // namespace
 
-HttpRequestHeader HttpMmsClient::constructHeader(QUrl const& url, QString const& method) const
+/// What every request begins with.
+HttpRequestHeader HttpMmsClient::plainHeader(QUrl const& url, QString const& method) const
 {
     HttpRequestHeader header(method, pathOf(url), 1, 1);
     header.addValue("Host", hostOf(url));
     header.addValue("Accept", "*/*");
     header.addValue("User-Agent", HttpMmsTexts::userAgent);
+    return header;
+}
+
+HttpRequestHeader HttpMmsClient::constructHeader(QUrl const& url, QString const& method) const
+{
+    HttpRequestHeader header = plainHeader(url, method);
     header.addValue("Supported", HttpMmsTexts::supported);
     header.addValue("Accept-Language", _acceptLanguage);
     header.addValue("Pragma", HttpMmsTexts::pragmaClientInfo + _guid.toString());
@@ -48,8 +55,7 @@ HttpRequestHeader HttpMmsClient::constructHeader(QUrl const& url, QString const&
 void HttpMmsClient::addSelection(HttpRequestHeader& header) const
 {
     header.addValue("Pragma", HttpMmsTexts::pragmaStreamCount + QString::number(_selection.size()));
-    if (!_clientId.isEmpty())
-        header.addValue("Pragma", HttpMmsTexts::pragmaClientId + _clientId);
+    addClientId(header);
     if (_selection.isEmpty())
         return;
     QString entries = HttpMmsTexts::pragmaStreamEntry;
@@ -68,6 +74,12 @@ void HttpMmsClient::addOffsets(HttpRequestHeader& header) const
     header.addValue("Pragma", QString(HttpMmsTexts::pragmaSeekable).arg(_streamOffsetHigh).arg(_streamOffsetLow));
     if (!_playlistGenId.isEmpty())
         header.addValue("Pragma", HttpMmsTexts::pragmaPlaylistGenId + _playlistGenId);
+}
+
+void HttpMmsClient::addClientId(HttpRequestHeader& header) const
+{
+    if (!_clientId.isEmpty())
+        header.addValue("Pragma", HttpMmsTexts::pragmaClientId + _clientId);
 }
 
 void HttpMmsClient::addReferrer(HttpRequestHeader& header) const
@@ -191,13 +203,9 @@ void HttpMmsClient::mmsLog()
 
 void HttpMmsClient::tryPipeline()
 {
-    HttpRequestHeader header("GET", pathOf(_url), 1, 1);
-    header.addValue("Host", hostOf(_url));
-    header.addValue("Accept", "*/*");
-    header.addValue("User-Agent", HttpMmsTexts::userAgent);
+    HttpRequestHeader header = plainHeader(_url, "GET");
     header.addValue("Pragma", "no-cache");
-    if (!_clientId.isEmpty())
-        header.addValue("Pragma", HttpMmsTexts::pragmaClientId + _clientId);
+    addClientId(header);
     header.addValue("Connection", "keep-alive");
     LOG_INFO("tryPipeline(%s)", qPrintable(_url.toString()));
     sendAside(header, {});
@@ -212,12 +220,8 @@ void HttpMmsClient::sendLog()
 
 MmsFarewells::Words HttpMmsClient::reportWords() const
 {
-    HttpRequestHeader header("POST", pathOf(_url), 1, 1);
-    header.addValue("Host", hostOf(_url));
-    header.addValue("Accept", "*/*");
-    header.addValue("User-Agent", HttpMmsTexts::userAgent);
-    if (!_clientId.isEmpty())
-        header.addValue("Pragma", HttpMmsTexts::pragmaClientId + _clientId);
+    HttpRequestHeader header = plainHeader(_url, "POST");
+    addClientId(header);
     header.addValue("Pragma", HttpMmsTexts::pragmaClientInfo + _guid.toString());
     header.addValue("Content-Type", HttpMmsReport::contentType);
     HttpMmsReport const report{_url.toString(), _referrer, _guid.toString(), _dateTimeBuilder->currentDateTime()};

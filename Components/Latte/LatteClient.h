@@ -22,9 +22,6 @@ public:
     enum LatteClientState { Delivering = 0, Idle = 1, Finished = 2 };
     Q_ENUM(LatteClientState)
 
-    /// The progress of a client that delivers, at first and again after each loss of its link.
-    static constexpr char const* playingProgress = "Playing...";
-
     using QObject::QObject;
 
     /// Starts and stops delivering.
@@ -66,4 +63,13 @@ signals:
     void descriptorChanged(LatteClient* client, qint64 offset);
     /// A text for the viewer.
     void progressChanged(LatteClient* client, QString text);
+    /// The stream is delivered, at first and again after each loss of the link; the text for that came before.
+    void playing(LatteClient* client);
+
+protected:
+    void announcePlaying()
+    {
+        emit progressChanged(this, QStringLiteral("Playing..."));
+        emit playing(this);
+    }
 };

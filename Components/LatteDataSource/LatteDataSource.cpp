@@ -63,6 +63,7 @@ void LatteDataSource::open()
     connect(_client, &LatteClient::stateChanged, this, &LatteDataSource::onLatteStateChanged, Qt::QueuedConnection);
     connect(_client, &LatteClient::error, this, &LatteDataSource::onLatteError, Qt::QueuedConnection);
     connect(_client, &LatteClient::progressChanged, this, &LatteDataSource::onProgressChanged, Qt::QueuedConnection);
+    connect(_client, &LatteClient::playing, this, &LatteDataSource::onLattePlaying, Qt::QueuedConnection);
     _thread = std::make_unique<LatteDataSourceThread>(*_client, thread());
     _openTime = currentMilliseconds();
     start();
@@ -280,4 +281,10 @@ void LatteDataSource::onProgressChanged(LatteClient* client, QString const& text
         return;
     LOG_INFO("Progress changed: %s", qPrintable(text));
     emit stateChanged(this, text);
+}
+
+void LatteDataSource::onLattePlaying(LatteClient* client)
+{
+    if (client == _client)
+        emit playing(this);
 }

@@ -57,6 +57,7 @@ public slots:
     void onLatteError(LatteClient* client, NetworkErrors::NetworkError code);
     void onReset();
     void onProgressChanged(LatteClient* client, QString const& text);
+    void onLattePlaying(LatteClient* client);
 
 protected:
     void onOpeningEnded(bool success) override;

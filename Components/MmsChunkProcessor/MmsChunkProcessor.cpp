@@ -2,7 +2,6 @@
 
 #include "AsfDataObject.h"
 #include "AsfGuids.h"
-#include "AsfStream.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
@@ -297,12 +296,10 @@ void MmsChunkProcessor::processHeader(QByteArray const& payload)
         _headerBytesMissing -= payload.size();
     } else {
         _header = payload;
-        QDataStream stream(payload);
-        AsfStream::littleEndian(stream);
-        QUuid const guid = SimpleAsfParser::uuidFromStream(stream);
-        quint64 size = 0;
-        stream >> size;
-        if (guid != asfHeaderGuid || stream.status() != QDataStream::Ok) {
+        LittleEndianReader in(payload);
+        QUuid const guid = SimpleAsfParser::uuidFromStream(in);
+        auto const size = in.read<quint64>();
+        if (guid != asfHeaderGuid || in.hasFailed()) {
             _header.clear();
         } else if (size > static_cast<quint64>(maximumHeaderBytes)) {
             LOG_WARNING("ASF header of %llu bytes refused", static_cast<unsigned long long>(size));

@@ -12,6 +12,7 @@ public:
     /// A new, unconnected client on the calling thread.
     virtual MmsClient* createMmsClient(QObject* parent) = 0;
 
-    /// Takes back a client that this factory created: it is silent from now on and deleted later. Null is ignored.
+    /// Takes back a client that this factory created: it is silent from now on, leaves its server and is deleted
+    /// later. Null is ignored.
     virtual void disposeMmsClient(MmsClient* client) = 0;
 };

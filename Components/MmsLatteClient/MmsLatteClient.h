@@ -3,9 +3,6 @@
 #include "LatteClient.h"
 #include "MmsClient.h"
 
-#include <atomic>
-#include <optional>
-
 class DateTimeBuilder;
 class HttpClientFactory;
 class Logger;
@@ -36,7 +33,7 @@ public:
     /// Does not wait for anything. May be called from any signal of this object.
     void stopBuffering() override;
     Uri uri() const override { return _uri; }
-    LatteClientState state() const override { return _state; }
+    LatteClientState state() const override;
     qint64 bufferByteLength() const override;
     /// Ignores 0 and less. Stops when there is more in the buffer already.
     void setBufferByteLength(qint64 length) override;
@@ -57,19 +54,8 @@ public slots:
     void onMmsDone(MmsClient::MmsClientError error);
 
 private:
-    friend class MmsLatteClientPrivate;
-
-    bool takeOver(MmsClient::MmsClientError error);
-    bool retryAfterRemoteClose();
-    void settle(NetworkErrors::NetworkError code, bool isNetworkAvailable);
-    void networkTested(bool isAvailable);
-    void finish(NetworkErrors::NetworkError code);
-    void setState(LatteClientState state);
-
     static Logger* log;
 
     Uri const _uri;
-    std::atomic<LatteClientState> _state{Idle};               ///< Changed on the client's thread only.
-    MmsLatteClientPrivate* const _private;                    ///< A child, so that it moves along.
-    std::optional<NetworkErrors::NetworkError> _pendingError; ///< Waits for the network test.
+    MmsLatteClientPrivate* const _private; ///< A child, so that it moves along.
 };

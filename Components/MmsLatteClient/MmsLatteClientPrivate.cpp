@@ -10,9 +10,11 @@
 #include "Timer.h"
 #include "TimerFactory.h"
 
+#include <QMetaEnum>
 #include <QUrl>
 
 #include <algorithm>
+#include <climits>
 #include <utility>
 
 Logger* MmsLatteClientPrivate::log = LoggerManager::logger();
@@ -37,6 +39,24 @@ void MmsLatteClientPrivate::setMmsClientFactories(std::unique_ptr<MmsClientFacto
     _hasOwnFactories = false;
 }
 
+void MmsLatteClientPrivate::enter(State state)
+{
+    LOG_DEBUG("%s", QMetaEnum::fromType<State>().valueToKey(state));
+    _state = state;
+}
+
+LatteClient::LatteClientState MmsLatteClientPrivate::latteState() const
+{
+    switch (_state) {
+    case Stopped:
+        return LatteClient::Idle;
+    case Finished:
+        return LatteClient::Finished;
+    default:
+        return LatteClient::Delivering;
+    }
+}
+
 void MmsLatteClientPrivate::prepare()
 {
     _buffer.interrupt();
@@ -49,16 +69,26 @@ void MmsLatteClientPrivate::prepare()
     _connectTimeout = firstConnectTimeout;
     _reconnectAttempts = 0;
     _policy.reset();
-    if (_queue)
-        return;
     _queue = new SortedMemoQueue(_clock, _factories.timerFactory, this);
     _queue->acquire(this);
     _contentChecker = new HttpContentChecker(_factories.httpClientFactory, _factories.timerFactory, this);
     connect(_contentChecker, &HttpContentChecker::finished, this, &MmsLatteClientPrivate::onContentCheckerFinished);
     connect(_contentChecker, &HttpContentChecker::silent, this, &MmsLatteClientPrivate::onContentCheckerSilent);
-    if (!_hasOwnFactories)
-        return;
-    auto tcp = std::make_unique<TcpMmsClientFactory>(_name, _factories.tcpSocketFactory, _factories.timerFactory,
+    _statusTimer = _factories.timerFactory->createTimer();
+    connect(_statusTimer, &Timer::timeout, this, &MmsLatteClientPrivate::onCheckStatus);
+    _statusTimer->start(statusInterval);
+    _bitrateTimer = _factories.timerFactory->createTimer();
+    connect(_bitrateTimer, &Timer::timeout, this, &MmsLatteClientPrivate::onCheckBitrate);
+    _changeTimer = _factories.timerFactory->createTimer();
+    _changeTimer->setSingleShot(true);
+    connect(_changeTimer, &Timer::timeout, this, &MmsLatteClientPrivate::release);
+    if (_hasOwnFactories)
+        makeFactories();
+}
+
+void MmsLatteClientPrivate::makeFactories()
+{
+    auto tcp = std::make_unique<TcpMmsClientFactory>(_name, _factories.timerFactory, _factories.tcpSocketFactory,
                                                      _factories.dateTimeBuilder, _queue);
     auto http = std::make_unique<HttpMmsClientFactory>(_name, _factories.httpClientFactory, _factories.timerFactory,
                                                        _factories.dateTimeBuilder, _queue);
@@ -86,21 +116,21 @@ void MmsLatteClientPrivate::destructMmsClient()
     if (!client)
         return;
     client->disconnect(_latteClient);
-    if (client->state() != MmsClient::Unconnected && client->state() != MmsClient::Closed)
-        client->disconnectFromServer();
     client->setParent(nullptr); // Goes before the queue, which it uses to the end.
     _clientFactory->disposeMmsClient(client);
 }
 
 void MmsLatteClientPrivate::cancel()
 {
-    stopBitrateTimer();
-    disposeTimer(_statusTimer);
-    disposeTimer(_changeTimer);
+    if (_state != Finished)
+        enter(Stopped);
     _networkTest->cancel();
-    _checking = false;
     if (!_queue)
         return;
+    for (Timer** const timer : {&_statusTimer, &_bitrateTimer, &_changeTimer}) {
+        (*timer)->stop();
+        _factories.timerFactory->disposeTimer(std::exchange(*timer, nullptr));
+    }
     _contentChecker->disconnect(this);
     _contentChecker->cancel();
     std::exchange(_contentChecker, nullptr)->deleteLater();
@@ -112,39 +142,19 @@ void MmsLatteClientPrivate::cancel()
     std::exchange(_queue, nullptr)->deleteLater();
 }
 
-void MmsLatteClientPrivate::disposeTimer(Timer*& timer)
-{
-    if (!timer)
-        return;
-    timer->stop();
-    _factories.timerFactory->disposeTimer(std::exchange(timer, nullptr));
-}
-
-void MmsLatteClientPrivate::startStatusTimer()
-{
-    if (_statusTimer)
-        return;
-    _statusTimer = _factories.timerFactory->createTimer();
-    connect(_statusTimer, &Timer::timeout, this, &MmsLatteClientPrivate::onCheckStatus);
-    _statusTimer->start(statusInterval);
-}
-
 void MmsLatteClientPrivate::startBitrateTimer()
 {
     _bitrateWatch.restart(_normalBitrate);
     _lastLook = _clock->msSinceEpoch();
     _hasLeapt = false;
     _buffer.takeBytesThisSecond(); // What came faster than that to begin with does not count.
-    if (!_bitrateTimer) {
-        _bitrateTimer = _factories.timerFactory->createTimer();
-        connect(_bitrateTimer, &Timer::timeout, this, &MmsLatteClientPrivate::onCheckBitrate);
-    }
     _bitrateTimer->start(bitrateInterval);
 }
 
 void MmsLatteClientPrivate::stopBitrateTimer()
 {
-    disposeTimer(_bitrateTimer);
+    if (_bitrateTimer)
+        _bitrateTimer->stop();
 }
 
 void MmsLatteClientPrivate::onCheckStatus(Timer*)
@@ -153,18 +163,40 @@ void MmsLatteClientPrivate::onCheckStatus(Timer*)
     LOG_DEBUG("Current mms state %d", _client ? _client->state() : MmsClient::Unconnected);
 }
 
-void MmsLatteClientPrivate::releaseSoon()
+void MmsLatteClientPrivate::takeHeader(QByteArray const& header)
 {
-    if (!_changeTimer) {
-        _changeTimer = _factories.timerFactory->createTimer();
-        _changeTimer->setSingleShot(true);
-        connect(_changeTimer, &Timer::timeout, this, [this] {
-            _buffer.release();
-            if (_buffer.bytesAvailable() > 0)
-                emit _latteClient->readyRead(_latteClient);
-        });
+    if (!_client)
+        return;
+    if (_state != Checking || !_buffer.isPlaying()) {
+        _contentChecker->cancel();
+        enter(Receiving);
     }
-    _changeTimer->start(changeDelay);
+    updateContent(_currentUrl);
+    _firstConnect = false;
+    _connectTimeout = firstConnectTimeout;
+    if (!_buffer.setHeader(header, _client->streamBitrate(), _client->packetSize())) {
+        if (_buffer.isPlaying())
+            startBitrateTimer(); // Of the address that has taken over.
+        return;
+    }
+    _normalBitrate = static_cast<int>(std::clamp<qint64>(_client->streamBitrate(), 1, INT_MAX));
+    LOG_INFO("New media descriptor length %d", static_cast<int>(header.size()));
+    stopBitrateTimer();
+}
+
+void MmsLatteClientPrivate::hasStarted(bool isNewStream)
+{
+    _policy.succeeded();
+    startBitrateTimer();
+    if (isNewStream)
+        _changeTimer->start(changeDelay);
+}
+
+void MmsLatteClientPrivate::release()
+{
+    _buffer.release();
+    if (_buffer.bytesAvailable() > 0)
+        emit released();
 }
 
 bool MmsLatteClientPrivate::hold(bool isFull)
@@ -188,7 +220,7 @@ void MmsLatteClientPrivate::goOnWhenThereIsRoom()
             return;
         _client->setReading(true);
         if (_intake.exchange(Intake::Open) == Intake::Full)
-            emit _latteClient->progressChanged(_latteClient, LatteClient::playingProgress);
+            emit hasRoomAgain();
     };
     QMetaObject::invokeMethod(this, goOn, Qt::QueuedConnection);
 }
@@ -244,5 +276,6 @@ std::optional<bool> MmsLatteClientPrivate::isNetworkAvailable()
 void MmsLatteClientPrivate::onNetworkTested(bool isAvailable)
 {
     _networkWasAvailable = _networkWasAvailable || isAvailable;
-    _latteClient->networkTested(isAvailable);
+    if (_state == TestingNetwork)
+        settle(_failure, isAvailable);
 }

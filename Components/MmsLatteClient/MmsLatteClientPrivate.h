@@ -2,11 +2,11 @@
 
 #include "BitrateWatch.h"
 #include "HttpContentChecker.h"
+#include "LatteClient.h"
 #include "MmsClient.h"
 #include "MmsPlaylist.h"
 #include "MmsStreamBuffer.h"
 #include "MonotonicTickCounter.h"
-#include "NetworkErrors.h"
 #include "ReconnectionPolicy.h"
 
 #include <atomic>
@@ -28,12 +28,25 @@ class TimerFactory;
 /// The work behind a MmsLatteClient: finds out what an address is, builds the transport for it, and goes to the same
 /// address again or on to the next one. Moves with its client, and works on the client's thread.
 ///
-/// One attempt is made at a time: whatever begins another one ends what is under way.
+/// One attempt is made at a time: whatever begins another one ends what is under way. How it stands is one state;
+/// whether the viewer is played to is the buffer's, as it goes on while another address is looked at.
 class MmsLatteClientPrivate : public QObject
 {
     Q_OBJECT
 
 public:
+    /// How the present attempt stands. Changed by enter() alone.
+    enum State {
+        Stopped,        ///< Nothing is under way.
+        Checking,       ///< What an address is is being found out; a transport may be tried, or play, meanwhile.
+        Connecting,     ///< A transport is to bring the header,
+        Receiving,      ///< and has.
+        Waiting,        ///< The next attempt has a time.
+        TestingNetwork, ///< What the last failure means depends on whether there is a network.
+        Finished        ///< There will be none any more.
+    };
+    Q_ENUM(State)
+
     /// What can be created is created with these, which are borrowed.
     struct Factories {
         TimerFactory* timerFactory = nullptr;
@@ -62,6 +75,13 @@ public:
     void setClock(TickCounter& clock) { _clock = &clock; }
     void setReconnectionPolicy(ReconnectionPolicy const& policy) { _policy = policy; }
 
+    /// What servers are told last goes this way; borrowed. Before prepare().
+    void setFarewells(MmsFarewells* farewells) { _farewells = farewells; }
+
+    /// Any thread.
+    LatteClient::LatteClientState latteState() const;
+    MmsStreamBuffer& buffer() { return _buffer; }
+
     /// Everything as it was before the first attempt. Called before each start.
     void prepare();
 
@@ -83,30 +103,42 @@ public:
     bool checkNextContent();
     void doCheckNextContent();
 
-    /// The transport delivers while the content check of its address is under way: that need not go on.
-    void endCheck();
-
     /// The address delivers: what it is need not be found out again.
     void updateContent(QString const& url);
+
+    /// The transport has brought this header.
+    void takeHeader(QByteArray const& header);
+    /// Playing begins. What is buffered of a new stream can be read after changeDelay, when the demultiplexer of the
+    /// one before has stopped: released() tells then.
+    void hasStarted(bool isNewStream);
+    /// The transport has failed: arranges for another attempt, or gives up. The network is as isNetworkAvailable()
+    /// said before.
+    void mend(MmsClient::MmsClientError error, std::optional<bool> isNetworkAvailable);
 
     /// The buffer has little room left, or none: the server has to wait. Whether it was not so before.
     bool hold(bool isFull);
     /// The other way round, when there is room again. Any thread.
     void goOnWhenThereIsRoom();
 
-    /// What is buffered belongs to a header that has just been announced: it can be read when the demultiplexer of
-    /// the one before has stopped.
-    void releaseSoon();
-
     void startBitrateTimer();
     void stopBitrateTimer();
 
-    /// Ends everything that is under way, and takes the pending memos along.
+    /// Ends everything that is under way, and takes the pending memos along. The state is Stopped then, if it was not
+    /// Finished.
     void cancel();
 
-    /// Whether the network is there; nothing when networkTested() of the client will tell later. The first result is
-    /// only kept: the network counts as unavailable until it has been seen before.
+    /// Whether the network is there; nothing when the test will tell later. The first result is only kept: the
+    /// network counts as unavailable until it has been seen before.
     std::optional<bool> isNetworkAvailable();
+
+signals:
+    /// The server that had to wait for room does so no more.
+    void hasRoomAgain();
+    void released();
+    /// An attempt has failed; there will be another.
+    void failed(NetworkErrors::NetworkError code);
+    /// It was the last one. The state is Finished.
+    void finished(NetworkErrors::NetworkError code);
 
 public slots:
     void onContentCheckerFinished(HttpContentChecker::CheckResponse const& response, bool failed);
@@ -116,8 +148,6 @@ public slots:
     void onNetworkTested(bool isAvailable);
 
 private:
-    friend class MmsLatteClient;
-
     /// Whether the transport reads.
     enum class Intake {
         Open,
@@ -125,6 +155,8 @@ private:
         Full  ///< Nor did that help.
     };
 
+    void enter(State state);
+    void makeFactories();
     void connectTo(bool http, QString const& url, QString const& referrer);
     void openTransport(bool http, QString const& url, QString const& referrer);
     void attempt(MmsPlaylist::Address const& address);
@@ -132,11 +164,14 @@ private:
     void fallBackToTcp(HttpContentChecker::CheckResponse const& response);
     void openPlaylist(HttpContentChecker::CheckResponse const& response);
     void giveUp(QString const& url, NetworkErrors::NetworkError code);
+    bool takeOver(MmsClient::MmsClientError error);
+    void retryAfterRemoteClose();
+    void settle(NetworkErrors::NetworkError code, bool isNetworkAvailable);
+    void finish(NetworkErrors::NetworkError code);
     void postMemo(int ms, Memo* memo);
     void goOnToNext();
-    void startStatusTimer();
     bool catchUp();
-    void disposeTimer(Timer*& timer);
+    void release();
 
     static Logger* log;
 
@@ -147,8 +182,16 @@ private:
     TickCounter* _clock = &_ownClock; ///< Of the queue.
     ReconnectionPolicy _policy;
 
-    SortedMemoQueue* _queue = nullptr;             ///< This client's own; null once cancelled.
-    HttpContentChecker* _contentChecker = nullptr; ///< Likewise.
+    std::atomic<State> _state{Stopped};
+    NetworkErrors::NetworkError _failure = NetworkErrors::NoError; ///< While the network is tested.
+
+    // All of these are null while nothing is under way.
+    SortedMemoQueue* _queue = nullptr; ///< This client's own.
+    HttpContentChecker* _contentChecker = nullptr;
+    Timer* _statusTimer = nullptr;
+    Timer* _bitrateTimer = nullptr;
+    Timer* _changeTimer = nullptr;
+
     NetworkTest* _networkTest;
     std::unique_ptr<MmsClientFactory> _mmsClientFactories[2]; ///< For TCP and for HTTP.
     bool _hasOwnFactories = true;
@@ -161,7 +204,6 @@ private:
     QString _currentUrl;       ///< The address in use.
     QString _currentKey;       ///< What it was redirected from, or the same.
     QString _referrer;         ///< The address of the playlist that it stands in.
-    bool _checking = false;    ///< A content check is under way.
     bool _firstConnect = true; ///< No header has arrived yet.
     bool _networkWasAvailable = false;
     int _connectTimeout = firstConnectTimeout;
@@ -171,7 +213,4 @@ private:
     std::atomic<Intake> _intake{Intake::Open};
     qint64 _lastLook = 0;   ///< At the bit rate, by the clock.
     bool _hasLeapt = false; ///< What was sent while we were frozen is coming.
-    Timer* _statusTimer = nullptr;
-    Timer* _bitrateTimer = nullptr;
-    Timer* _changeTimer = nullptr;
 };

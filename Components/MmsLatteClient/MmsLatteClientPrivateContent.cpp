@@ -5,8 +5,7 @@
 #include "LoggerManager.h"
 #include "MmsLatteClient.h"
 #include "MmsLatteClientPrivate.h"
-#include "MmsReconnectMemo.h"
-#include "MmsReconnectNextContentMemo.h"
+#include "MmsReconnectMemos.h"
 #include "RefPlaylist.h"
 #include "SortedMemoQueue.h"
 
@@ -14,7 +13,6 @@
 
 void MmsLatteClientPrivate::checkContent(QString const& url, QString const& referrer, QString const& text)
 {
-    startStatusTimer();
     _playlist.enter(url, referrer);
     _currentKey = url;
     if (_playlist.isStream(url)) {
@@ -22,20 +20,15 @@ void MmsLatteClientPrivate::checkContent(QString const& url, QString const& refe
         return;
     }
     _contentChecker->cancel();
-    _checking = true;
+    enter(Checking);
     _contentChecker->check(url, referrer, text.isEmpty() ? _name : text, firstCheckTimeout);
 }
 
 void MmsLatteClientPrivate::connectTo(bool http, QString const& url, QString const& referrer)
 {
-    endCheck();
-    openTransport(http, url, referrer);
-}
-
-void MmsLatteClientPrivate::endCheck()
-{
     _contentChecker->cancel();
-    _checking = false;
+    enter(Connecting);
+    openTransport(http, url, referrer);
 }
 
 void MmsLatteClientPrivate::openTransport(bool http, QString const& url, QString const& referrer)
@@ -72,15 +65,15 @@ bool MmsLatteClientPrivate::isTryingTcp(QString const& url) const
 /// stream is taken.
 void MmsLatteClientPrivate::onContentCheckerSilent(HttpContentChecker::CheckResponse const& response)
 {
-    if (_checking && !_buffer.isPlaying() && response.url.startsWith("mms", Qt::CaseInsensitive))
+    if (_state == Checking && !_buffer.isPlaying() && response.url.startsWith("mms", Qt::CaseInsensitive))
         openTransport(false, response.url, response.referrer);
 }
 
 void MmsLatteClientPrivate::onContentCheckerFinished(HttpContentChecker::CheckResponse const& response, bool failed)
 {
-    if (!_checking)
+    if (_state != Checking)
         return;
-    _checking = false;
+    enter(Connecting);
     if (failed) {
         if (isTryingTcp(response.url))
             return;
@@ -136,7 +129,7 @@ void MmsLatteClientPrivate::giveUp(QString const& url, NetworkErrors::NetworkErr
 {
     _playlist.remove(url);
     if (_playlist.isEmpty())
-        _latteClient->finish(code);
+        finish(code);
     else
         goOnToNext();
 }
@@ -144,18 +137,19 @@ void MmsLatteClientPrivate::giveUp(QString const& url, NetworkErrors::NetworkErr
 /// The next attempt, in place of any other that was to come.
 void MmsLatteClientPrivate::postMemo(int ms, Memo* memo)
 {
+    enter(Waiting);
     _queue->clear(this);
     _queue->handleSoon(static_cast<unsigned int>(ms), memo);
 }
 
 void MmsLatteClientPrivate::goOnToNext()
 {
-    postMemo(_policy.nextDelay(_playlist.addressCount()), new MmsReconnectNextContentMemo(_latteClient, this));
+    postMemo(_policy.nextDelay(_playlist.addressCount()), new MmsReconnectNextContentMemo(this));
 }
 
 void MmsLatteClientPrivate::reconnectCurrentContent()
 {
-    postMemo(_policy.nextDelay(), new MmsReconnectMemo(_latteClient, this));
+    postMemo(_policy.nextDelay(), new MmsReconnectMemo(this));
 }
 
 void MmsLatteClientPrivate::reconnectLater()
@@ -178,6 +172,7 @@ void MmsLatteClientPrivate::doReconnectCurrentContent()
     } else if (_playlist.contains(address.url)) {
         checkContent(address.url, address.referrer, "");
     } else if (_client) {
+        enter(Connecting);
         _client->connectToServer(QUrl(address.url), address.referrer, _connectTimeout);
     } else {
         connectTo(false, address.url, address.referrer);

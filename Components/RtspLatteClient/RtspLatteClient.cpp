@@ -146,7 +146,7 @@ void RtspLatteClient::startPlaying()
         emit descriptorChanged(this, descriptor(0).size());
     if (_withheld)
         _changeTimer->start(changeDelay);
-    emit progressChanged(this, playingProgress);
+    announcePlaying();
 }
 
 void RtspLatteClient::watchForDrops(qint64 dropped)

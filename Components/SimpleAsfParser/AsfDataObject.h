@@ -2,22 +2,28 @@
 
 #include "SimpleAsfObject.h"
 
-/// The head of the Data object; the data packets that follow it on the wire do not belong to the header.
-///
-/// Body: file id (GUID), total data packets (u64), reserved (u16). The size counts the packets, and is 0 when the
-/// server does not know how many there will be.
-class AsfDataObject : public ClonedAsfObject<AsfDataObject, SimpleAsfObject>
+/// The head of the Data object; the data packets that follow it on the wire do not belong to the header. Its size
+/// counts them, and is 0 when the server does not know how many there will be.
+class AsfDataObject : public ParsedAsfObject<AsfDataObject>
 {
 public:
     /// Bytes of GUID, size and fields.
     static constexpr int bytes = 50;
 
-    AsfDataObject(QDataStream& stream, long long size);
-
-    /// A size of 0 is written as 50.
-    void toStream(QDataStream& stream) override;
-
     QUuid fileId;
     quint64 totalDataPackets = 0;
     quint16 reserved = 0;
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(fileId, totalDataPackets, reserved);
+    }
+
+    /// A size of 0 is written as 50.
+    void toStream(LittleEndianWriter& out) override
+    {
+        out(guid, objectSize ? objectSize : quint64(bytes));
+        fields(out);
+    }
 };

@@ -1,24 +1,14 @@
 #include "AsfEntryFinder.h"
 
-#include "AsfReader.h"
 #include "SimpleAsfParser.h"
 
 namespace
 {
 
 /// A field whose width is in two of these bits: none, u8, u16 or u32.
-quint32 field(AsfReader& in, unsigned int bits)
+quint32 field(LittleEndianReader& in, unsigned int bits)
 {
-    switch (bits & 3) {
-    case 0:
-        return 0;
-    case 1:
-        return in.read<quint8>();
-    case 2:
-        return in.read<quint16>();
-    default:
-        return in.read<quint32>();
-    }
+    return SimpleAsfParser::getByteWordDWordValue(static_cast<int>(bits & 3), in, 0);
 }
 
 } // namespace
@@ -33,16 +23,16 @@ bool AsfEntryFinder::isEntry(QByteArray const& packet) const
 {
     if (_pictures.isEmpty())
         return true;
-    AsfReader in(packet);
+    LittleEndianReader in(packet);
     auto const first = in.read<quint8>();
     if (!(first & 0x80))
         return false;
-    in.readBytes(first & 0x0F); // Error correction.
+    in.take(first & 0x0F); // Error correction.
     auto const lengthTypes = in.read<quint8>();
     auto const properties = in.read<quint8>();
     for (int const bit : {5, 1, 3}) // Packet length, sequence, padding.
         field(in, lengthTypes >> bit);
-    in.readBytes(6); // Send time and duration.
+    in.take(6); // Send time and duration.
     bool const hasMany = lengthTypes & 1;
     unsigned int const payloads = hasMany ? in.read<quint8>() : 1;
     for (unsigned int i = 0; i < (payloads & 0x3F) && in.left() > 0; ++i) {
@@ -53,9 +43,9 @@ bool AsfEntryFinder::isEntry(QByteArray const& packet) const
         bool const isCompressed = replicated == 1; // The offset is then a time.
         if ((stream & 0x80) && _pictures.contains(stream & 0x7F) && (offset == 0 || isCompressed) && in.left() > 0)
             return true;
-        in.readBytes(replicated);
+        in.take(replicated);
         if (hasMany)
-            in.readBytes(field(in, payloads >> 6));
+            in.take(field(in, payloads >> 6));
     }
     return false;
 }

@@ -2,17 +2,27 @@
 
 #include "SimpleAsfObject.h"
 
-/// The Header object, which the other objects of the header are in; here it stands for its own fields alone.
-///
-/// Body: object count (u32), two reserved bytes, 1 and 2.
-class AsfHeaderObject : public ClonedAsfObject<AsfHeaderObject, SimpleAsfObject>
+/// The Header object, which the other objects of the header are in and counted with; here it stands for its own
+/// fields alone.
+class AsfHeaderObject : public ParsedAsfObject<AsfHeaderObject>
 {
 public:
     /// Bytes of GUID, size and fields.
     static constexpr int bytes = 30;
 
-    AsfHeaderObject(QDataStream& stream, long long size);
-    void toStream(QDataStream& stream) override;
-
     quint32 objectCount = 0;
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        quint8 first = 1; // Reserved: whatever came, these are written.
+        quint8 second = 2;
+        archive(objectCount, first, second);
+    }
+
+    void toStream(LittleEndianWriter& out) override
+    {
+        out(guid, objectSize);
+        fields(out);
+    }
 };

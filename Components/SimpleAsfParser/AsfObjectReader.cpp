@@ -1,8 +1,5 @@
 #include "AsfObjectReader.h"
 
-#include "AsfGuids.h"
-#include "AsfRawObjects.h"
-#include "AsfStream.h"
 #include "CodecListObject.h"
 #include "ExtendedStreamPropertiesObject.h"
 #include "FilePropertiesObject.h"
@@ -13,9 +10,6 @@
 #include "MutualExclusionObject.h"
 #include "StreamBitratePropertiesObject.h"
 #include "StreamPrioritizationObject.h"
-#include "StreamPropertiesObject.h"
-
-#include <QIODevice>
 
 #include <array>
 
@@ -24,38 +18,28 @@ namespace
 using ObjectPointer = std::unique_ptr<SimpleAsfObject>;
 
 template<typename Object>
-ObjectPointer make(QDataStream& stream, long long size, int)
+ObjectPointer make(LittleEndianReader& in, int depth)
 {
-    return std::make_unique<Object>(stream, size);
-}
-
-ObjectPointer makeHeaderExtension(QDataStream& stream, long long size, int depth)
-{
-    return std::make_unique<HeaderExtensionObject>(stream, size, depth);
+    auto object = std::make_unique<Object>();
+    if constexpr (std::same_as<Object, HeaderExtensionObject>)
+        object->depth = depth;
+    object->fields(in);
+    in.rest(object->body);
+    return object;
 }
 
 struct ObjectClass {
     QUuid guid;
-    ObjectPointer (*make)(QDataStream& stream, long long size, int depth);
+    ObjectPointer (*make)(LittleEndianReader& in, int depth);
 };
 
 constexpr std::array objectClasses = {
     ObjectClass{asfFilePropertiesGuid, make<FilePropertiesObject>},
     ObjectClass{asfStreamPropertiesGuid, make<StreamPropertiesObject>},
-    ObjectClass{asfHeaderExtensionGuid, makeHeaderExtension},
+    ObjectClass{asfHeaderExtensionGuid, make<HeaderExtensionObject>},
     ObjectClass{asfCodecListGuid, make<CodecListObject>},
-    ObjectClass{asfScriptCommandGuid, make<ScriptCommandObject>},
-    ObjectClass{asfMarkerGuid, make<MarkerObject>},
     ObjectClass{asfBitrateMutexGuid, make<BitrateMutualExclusionObject>},
-    ObjectClass{asfErrorCorrectionGuid, make<ErrorCorrectionObject>},
-    ObjectClass{asfContentDescriptionGuid, make<ContentDescriptionObject>},
-    ObjectClass{asfExtendedContentDescriptionGuid, make<ExtendedContentDescriptionObject>},
-    ObjectClass{asfContentBrandingGuid, make<ContentBrandingObject>},
     ObjectClass{asfBitratePropertiesGuid, make<StreamBitratePropertiesObject>},
-    ObjectClass{asfContentEncryptionGuid, make<ContentEncryptionObject>},
-    ObjectClass{asfExtendedContentEncryptionGuid, make<ExtendedContentEncryptionObject>},
-    ObjectClass{asfDigitalSignatureGuid, make<DigitalSignatureObject>},
-    ObjectClass{asfPaddingGuid, make<PaddingObject>},
     ObjectClass{asfExtendedStreamPropertiesGuid, make<ExtendedStreamPropertiesObject>},
     ObjectClass{asfMetadataGuid, make<MetadataObject>},
     ObjectClass{asfStreamPrioritizationGuid, make<StreamPrioritizationObject>},
@@ -64,35 +48,41 @@ constexpr std::array objectClasses = {
     ObjectClass{asfMetadataLibraryGuid, make<MetadataLibraryObject>},
     ObjectClass{asfAdvancedMutexGuid, make<AdvancedMutualExclusionObject>},
 };
+
+/// Null for an object that has no class of its own, or does not keep to it.
+ObjectPointer readFields(QUuid const& guid, QByteArrayView body, int depth)
+{
+    auto const found = std::find_if(objectClasses.begin(), objectClasses.end(),
+                                    [&](ObjectClass const& objectClass) { return objectClass.guid == guid; });
+    bool const tooDeep = guid == asfHeaderExtensionGuid && depth >= HeaderExtensionObject::maximumDepth;
+    if (found == objectClasses.end() || tooDeep)
+        return nullptr;
+    LittleEndianReader in(body);
+    ObjectPointer object = found->make(in, depth);
+    return in.hasFailed() ? nullptr : std::move(object);
+}
 } // namespace
 
-ObjectPointer AsfObjectReader::readObject(QDataStream& stream, int depth)
+ObjectPointer AsfObjectReader::readObject(LittleEndianReader& in, int depth)
 {
-    if (AsfStream::left(stream) < SimpleAsfObject::headerBytes)
+    if (in.left() < SimpleAsfObject::headerBytes)
         return nullptr;
-    QUuid const guid = AsfStream::readGuid(stream);
-    quint64 size;
-    stream >> size;
-    return readBody(guid, stream, size, depth);
+    auto const guid = in.read<QUuid>();
+    auto const size = in.read<quint64>();
+    return readBody(guid, in, size, depth);
 }
 
-ObjectPointer AsfObjectReader::readBody(QUuid const& guid, QDataStream& stream, quint64 size, int depth)
+ObjectPointer AsfObjectReader::readBody(QUuid const& guid, LittleEndianReader& in, quint64 size, int depth)
 {
-    if (size < SimpleAsfObject::headerBytes ||
-        size - SimpleAsfObject::headerBytes > static_cast<quint64>(AsfStream::left(stream)))
+    if (size < SimpleAsfObject::headerBytes || size - SimpleAsfObject::headerBytes > static_cast<quint64>(in.left()))
         return nullptr;
-    auto const length = static_cast<long long>(size);
-    bool const tooDeep = guid == asfHeaderExtensionGuid && depth >= HeaderExtensionObject::maximumDepth;
-    for (ObjectClass const& objectClass : objectClasses) {
-        if (objectClass.guid != guid || tooDeep)
-            continue;
-        qint64 const position = stream.device()->pos();
-        ObjectPointer object = objectClass.make(stream, length, depth);
-        if (stream.status() == QDataStream::Ok)
-            return object;
-        stream.resetStatus();
-        stream.device()->seek(position);
-        break;
+    QByteArrayView const body = in.take(static_cast<qint64>(size) - SimpleAsfObject::headerBytes);
+    ObjectPointer object = readFields(guid, body, depth);
+    if (!object) {
+        object = std::make_unique<SimpleAsfObject>();
+        object->body = body.toByteArray();
     }
-    return std::make_unique<SimpleAsfObject>(guid, stream, length);
+    object->guid = guid;
+    object->objectSize = size;
+    return object;
 }

@@ -1,5 +1,7 @@
 #include "AsfStreamFilter.h"
 
+#include "StreamPropertiesObject.h"
+
 #include <QSet>
 
 #include <algorithm>
@@ -93,12 +95,8 @@ int AsfStreamFilter::bitrateOf(QMap<int, int> const& selection, int whole) const
 void AsfStreamFilter::usePrioritization(QMap<int, int>& selection, QByteArray& header)
 {
     QSet<int> numbers;
-    for (StreamObject const& stream : audioStreams())
-        numbers.insert(stream.streamNumber);
-    for (StreamObject const& stream : videoStreams())
-        numbers.insert(stream.streamNumber);
-    for (StreamObject const& stream : otherStreams())
-        numbers.insert(stream.streamNumber);
+    for (StreamPropertiesObject const* const stream : streams())
+        numbers.insert(stream->streamNumber());
 
     QSet<int> wantedStreams;
     for (auto const& record : streamPrioritization()) {

@@ -2,18 +2,12 @@
 
 #include <QByteArray>
 
-class QDataStream;
-
-/// What the Stream Properties object says of pictures.
-///
-/// On the wire: encoded width, encoded height (u32 each), reserved (u8), format data size (u16), then the bitmap
-/// header: size, width, height (u32 each), planes, bit count (u16 each), compression, image size, horizontal and
-/// vertical pixels per metre, colours used, important colours (u32 each), then codec data.
+/// What the Stream Properties object says of pictures; from the header size on it is a bitmap header.
 struct AsfVideoFormat {
     quint32 encodedWidth = 0;
     quint32 encodedHeight = 0;
     quint8 reserved = 0;
-    quint16 formatDataSize = 0;
+    quint16 formatDataSize = 0; ///< Bytes of all that follows, as the header size.
     quint32 headerSize = 0;
     quint32 width = 0;
     quint32 height = 0;
@@ -27,7 +21,12 @@ struct AsfVideoFormat {
     quint32 importantColours = 0;
     QByteArray codecData; ///< All that follows.
 
-    /// Missing bytes read as zeros.
-    static AsfVideoFormat fromBytes(QByteArray const& bytes);
-    void toStream(QDataStream& stream) const;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(encodedWidth, encodedHeight, reserved, formatDataSize, headerSize, width, height, planes, bitCount,
+                compression, imageSize, horizontalPixelsPerMetre, verticalPixelsPerMetre, coloursUsed,
+                importantColours);
+        archive.rest(codecData);
+    }
 };

@@ -2,14 +2,8 @@
 
 #include "SimpleAsfObject.h"
 
-#include <QList>
-#include <QString>
-
 /// The Codec List object: what the streams were encoded with, in words.
-///
-/// Body: reserved GUID, entry count (u32), then for each entry: type (u16), name length in 16-bit units (u16), name,
-/// description length in 16-bit units (u16), description, information length in bytes (u16), information.
-class CodecListObject : public ClonedAsfObject<CodecListObject>
+class CodecListObject : public ParsedAsfObject<CodecListObject>
 {
 public:
     struct CodecEntry {
@@ -17,14 +11,25 @@ public:
         QString name;     ///< Its terminator included, as the description's.
         QString description;
         QByteArray information;
-    };
 
-    CodecListObject(QDataStream& stream, long long size);
+        template<typename Archive>
+        void fields(Archive& archive)
+        {
+            archive(type);
+            archive.counted(quint16(), name);
+            archive.counted(quint16(), description);
+            archive.counted(quint16(), information);
+        }
+    };
 
     QUuid reservedGuid;
     quint32 entryCount = 0;
     QList<CodecEntry> entries; ///< Those that are whole.
 
-protected:
-    void writeFields(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(reservedGuid, entryCount);
+        archive.records(entryCount, entries);
+    }
 };

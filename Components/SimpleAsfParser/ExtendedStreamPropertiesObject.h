@@ -1,30 +1,26 @@
 #pragma once
 
-#include "SimpleAsfObject.h"
 #include "StreamPropertiesObject.h"
 
-#include <QList>
-
-/// The Extended Stream Properties object.
-///
-/// Body: start time, end time (u64 each), data bit rate, buffer size, initial buffer fullness, alternate data bit
-/// rate, alternate buffer size, alternate initial buffer fullness, maximum object size, flags (u32 each), stream
-/// number, language index (u16 each), average time per frame (u64), stream name count, payload extension count (u16
-/// each), stream names, payload extension records (GUID, data size u16, information length u32, information), and to
-/// the end possibly a Stream Properties object.
+/// The Extended Stream Properties object. Behind its fields there is possibly a Stream Properties object.
 ///
 /// The stream name count is taken for the length of the names in bytes, which are carried through unread. Behind
 /// names the records are then not at their place; as all bytes are written as they came, nothing is lost by it.
-class ExtendedStreamPropertiesObject : public ClonedAsfObject<ExtendedStreamPropertiesObject>
+class ExtendedStreamPropertiesObject : public ParsedAsfObject<ExtendedStreamPropertiesObject>
 {
 public:
     struct PayloadExtensionRecord {
         QUuid guid;
         quint16 dataSize = 0;
         QByteArray information;
-    };
 
-    ExtendedStreamPropertiesObject(QDataStream& stream, long long size);
+        template<typename Archive>
+        void fields(Archive& archive)
+        {
+            archive(guid, dataSize);
+            archive.counted(quint32(), information);
+        }
+    };
 
     /// The Stream Properties object at the end, or null.
     StreamPropertiesObject const* embeddedStream() const { return _embeddedStream.get(); }
@@ -47,9 +43,30 @@ public:
     QByteArray streamNames;
     QList<PayloadExtensionRecord> payloadExtensions; ///< Those that are whole; the rest is in the body.
 
-protected:
-    void writeFields(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(startTime, endTime, dataBitrate, bufferSize, initialBufferFullness, alternateDataBitrate,
+                alternateBufferSize, alternateInitialBufferFullness, maximumObjectSize, flags, streamNumber,
+                languageIndex, averageTimePerFrame, streamNameCount, payloadExtensionCount);
+        archive.arrayUpTo(streamNames, streamNameCount);
+        archive.records(payloadExtensionCount, payloadExtensions);
+        if constexpr (Archive::isReader)
+            readStream(LittleEndianReader(archive.ahead()));
+    }
 
 private:
+    /// Its size is not used: the object is all that is left.
+    void readStream(LittleEndianReader in)
+    {
+        if (in.read<QUuid>() != asfStreamPropertiesGuid)
+            return;
+        in.read<quint64>();
+        auto const stream = std::make_shared<StreamPropertiesObject>();
+        stream->fields(in);
+        if (!in.hasFailed())
+            _embeddedStream = stream;
+    }
+
     std::shared_ptr<StreamPropertiesObject const> _embeddedStream; ///< Read from the body; shared by copies.
 };

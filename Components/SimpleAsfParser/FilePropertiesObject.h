@@ -3,10 +3,7 @@
 #include "SimpleAsfObject.h"
 
 /// The File Properties object.
-///
-/// Body: file id (GUID), file size, creation date, data packets count, play duration, send duration, preroll (u64
-/// each), flags, minimum packet size, maximum packet size, maximum bit rate (u32 each).
-class FilePropertiesObject : public ClonedAsfObject<FilePropertiesObject, SimpleAsfObject>
+class FilePropertiesObject : public ParsedAsfObject<FilePropertiesObject>
 {
 public:
     /// Bytes of GUID, size and fields.
@@ -15,11 +12,6 @@ public:
     static constexpr quint32 broadcastFlag = 1U << 0;
     static constexpr quint32 seekableFlag = 1U << 1;
     static constexpr quint32 liveFlag = 1U << 3;
-
-    FilePropertiesObject(QDataStream& stream, long long size);
-
-    /// A size of 0 is written as 104.
-    void toStream(QDataStream& stream) override;
 
     QUuid fileId;
     quint64 fileSize = 0;
@@ -32,4 +24,11 @@ public:
     quint32 minimumPacketSize = 0;
     quint32 maximumPacketSize = 0;
     quint32 maximumBitrate = 0; ///< Bits a second.
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(fileId, fileSize, creationDate, dataPacketsCount, playDuration, sendDuration, preroll, flags,
+                minimumPacketSize, maximumPacketSize, maximumBitrate);
+    }
 };

@@ -1,25 +1,28 @@
 #pragma once
 
-#include "SimpleAsfObject.h"
+#include "AsfRecordsObject.h"
 
-#include <QList>
-#include <QString>
+/// A language's name as RFC 1766 writes it, in 16-bit units with a terminator.
+struct LanguageRecord {
+    QByteArray name;
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive.counted(quint8(), name);
+    }
+};
 
 /// The Language List object.
-///
-/// Body: record count (u16), then for each record: length in bytes (u8), the language's name as RFC 1766 writes it,
-/// in 16-bit units with a terminator.
-class LanguageListObject : public ClonedAsfObject<LanguageListObject>
+class LanguageListObject : public ParsedAsfObject<LanguageListObject, AsfRecordsObject<LanguageRecord>>
 {
 public:
-    LanguageListObject(QDataStream& stream, long long size);
-
     /// A language without its terminator, or the empty text for an index that there is none at.
-    QString language(int index) const;
-
-    quint16 recordCount = 0;
-    QList<QByteArray> records; ///< Those that are whole, as they came.
-
-protected:
-    void writeFields(QDataStream& stream) const override;
+    QString language(int index) const
+    {
+        QByteArray const name = records.value(index).name;
+        QString text;
+        LittleEndianReader(name).arrayUpTo(text, name.size());
+        return text.section(QChar(0), 0, 0);
+    }
 };

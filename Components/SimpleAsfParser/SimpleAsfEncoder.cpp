@@ -2,16 +2,9 @@
 
 #include "AsfDataObject.h"
 #include "AsfHeaderObject.h"
-#include "AsfStream.h"
 #include "ExtendedStreamPropertiesObject.h"
 #include "FilePropertiesObject.h"
 #include "HeaderExtensionObject.h"
-#include "MetadataObject.h"
-#include "MutualExclusionObject.h"
-#include "StreamBitratePropertiesObject.h"
-#include "StreamPropertiesObject.h"
-
-#include <QIODevice>
 
 #include <algorithm>
 
@@ -32,7 +25,7 @@ bool describesOneOf(QSet<int> const& streams, SimpleAsfObject const& object)
     if (!extended || streams.contains(extended->streamNumber))
         return extended != nullptr;
     StreamPropertiesObject const* const embedded = extended->embeddedStream();
-    return embedded && streams.contains(embedded->streamNumber);
+    return embedded && streams.contains(embedded->streamNumber());
 }
 
 void removeStreams(AsfObjectList& objects, QSet<int> const& streams)
@@ -40,21 +33,11 @@ void removeStreams(AsfObjectList& objects, QSet<int> const& streams)
     QSet<int> left = streams; // Only the first object of each number goes.
     std::erase_if(objects, [&](auto const& object) {
         auto const* const properties = dynamic_cast<StreamPropertiesObject const*>(object.get());
-        return properties ? left.remove(properties->streamNumber) : describesOneOf(streams, *object);
+        return properties ? left.remove(properties->streamNumber()) : describesOneOf(streams, *object);
     });
-    for (auto const& object : objects) {
-        auto* const bitrates = dynamic_cast<StreamBitratePropertiesObject*>(object.get());
-        auto* const mutex = dynamic_cast<MutualExclusionObject*>(object.get());
-        auto* const metadata = dynamic_cast<MetadataObject*>(object.get());
-        for (int const stream : streams) {
-            if (bitrates)
-                bitrates->removeStream(stream);
-            else if (mutex)
-                mutex->removeStream(stream);
-            else if (metadata)
-                metadata->removeStream(stream);
-        }
-    }
+    for (auto const& object : objects)
+        for (int const stream : streams)
+            object->removeStream(stream);
 }
 } // namespace
 
@@ -104,40 +87,35 @@ QByteArray SimpleAsfEncoder::createHeader()
     if (!header || !data || !fileProperties)
         return {};
 
-    QByteArray others;
-    QDataStream otherStream(&others, QIODevice::WriteOnly);
-    AsfStream::littleEndian(otherStream);
+    LittleEndianWriter others;
     header->objectCount = 1;
     for (auto const& object : _objects) {
         if (object.get() == header || object.get() == data || object.get() == fileProperties)
             continue;
-        object->toStream(otherStream);
+        object->toStream(others);
         ++header->objectCount;
     }
-    header->objectSize = static_cast<quint64>(others.size() + AsfHeaderObject::bytes + FilePropertiesObject::bytes);
-    fileProperties->objectSize = FilePropertiesObject::bytes;
+    header->objectSize =
+        static_cast<quint64>(others.bytes().size() + AsfHeaderObject::bytes + FilePropertiesObject::bytes);
     fileProperties->fileSize = header->objectSize + AsfDataObject::bytes;
+    fileProperties->body.clear();
 
-    QByteArray result;
-    QDataStream stream(&result, QIODevice::WriteOnly);
-    AsfStream::littleEndian(stream);
-    header->toStream(stream);
-    fileProperties->toStream(stream);
-    AsfStream::writeBytes(stream, others);
-    data->toStream(stream);
-    return result;
+    LittleEndianWriter out;
+    header->toStream(out);
+    fileProperties->toStream(out);
+    out.rest(others.bytes());
+    data->toStream(out);
+    return out.bytes();
 }
 
 void SimpleAsfEncoder::writeFrame(int, unsigned int, unsigned short, unsigned long long, bool, QByteArray const&) {}
 
-void SimpleAsfEncoder::uuidToStream(QUuid const& uuid, QDataStream& stream)
+void SimpleAsfEncoder::uuidToStream(QUuid const& uuid, LittleEndianWriter& out)
 {
-    AsfStream::writeGuid(stream, uuid);
+    out(uuid);
 }
 
-void SimpleAsfEncoder::unicodeStringToStream(QString const& text, QDataStream& stream)
+void SimpleAsfEncoder::unicodeStringToStream(QString const& text, LittleEndianWriter& out)
 {
-    AsfStream::writeUnits(stream, text);
-    if (!text.endsWith(QChar(0)))
-        stream << quint16(0);
+    out.array(text.endsWith(QChar(0)) ? text : text + QChar(0));
 }

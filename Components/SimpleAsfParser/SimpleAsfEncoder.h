@@ -37,10 +37,10 @@ public:
     void writeFrame(int streamNumber, unsigned int presentationTime, unsigned short duration,
                     unsigned long long sendTime, bool keyFrame, QByteArray const& data);
 
-    static void uuidToStream(QUuid const& uuid, QDataStream& stream);
+    static void uuidToStream(QUuid const& uuid, LittleEndianWriter& out);
 
     /// Writes all 16-bit units, and a terminator when the text does not end in one.
-    static void unicodeStringToStream(QString const& text, QDataStream& stream);
+    static void unicodeStringToStream(QString const& text, LittleEndianWriter& out);
 
 signals:
     void onFrame(QByteArray frame);

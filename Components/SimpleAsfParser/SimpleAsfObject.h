@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QDataStream>
-#include <QUuid>
+#include "LittleEndianWriter.h"
 
 #include <memory>
 #include <vector>
@@ -16,14 +14,15 @@ public:
     /// Bytes of GUID and size.
     static constexpr int headerBytes = 24;
 
-    /// Takes the body of an object of `size` bytes out of a stream that stands behind the object's GUID and size.
-    SimpleAsfObject(QUuid const& objectGuid, QDataStream& stream, long long size);
-
+    SimpleAsfObject() = default;
     virtual ~SimpleAsfObject() = default;
     virtual std::unique_ptr<SimpleAsfObject> clone() const;
 
     /// Writes the object, GUID and size included.
-    virtual void toStream(QDataStream& stream);
+    virtual void toStream(LittleEndianWriter& out);
+
+    /// Forgets what the object says of one stream among others, and lowers its counts.
+    virtual void removeStream(int streamNumber);
 
     QUuid guid;
     quint64 objectSize = 0; ///< GUID and size included.
@@ -32,31 +31,16 @@ public:
     QByteArray body;
 
 protected:
-    /// For a class that reads its fields itself.
-    SimpleAsfObject(QUuid const& objectGuid, long long size);
     SimpleAsfObject(SimpleAsfObject const&) = default;
-    SimpleAsfObject& operator=(SimpleAsfObject const&) = delete;
+    SimpleAsfObject& operator=(SimpleAsfObject const&) = default;
 };
 
 using AsfObjectList = std::vector<std::unique_ptr<SimpleAsfObject>>;
 
-/// An object whose fields are read. It is written from them, so that it comes out with a correct size when records
-/// were removed; what is not understood comes out as it came in.
-class ParsedAsfObject : public SimpleAsfObject
-{
-public:
-    void toStream(QDataStream& stream) override;
-
-protected:
-    using SimpleAsfObject::SimpleAsfObject;
-
-    /// Writes the fields, all that goes between the size and what no class has read.
-    virtual void writeFields(QDataStream& stream) const = 0;
-};
-
-/// Gives a class its clone().
-template<typename Object, typename Base = ParsedAsfObject>
-class ClonedAsfObject : public Base
+/// An object whose fields are read, as its fields() lists them. It is written from them, so that it comes out with a
+/// correct size when records were removed; what is not understood comes out as it came in.
+template<typename Object, typename Base = SimpleAsfObject>
+class ParsedAsfObject : public Base
 {
 public:
     std::unique_ptr<SimpleAsfObject> clone() const override
@@ -64,6 +48,13 @@ public:
         return std::make_unique<Object>(static_cast<Object const&>(*this));
     }
 
-protected:
-    using Base::Base;
+    void toStream(LittleEndianWriter& out) override
+    {
+        LittleEndianWriter fields;
+        static_cast<Object*>(this)->fields(fields);
+        fields.rest(this->body);
+        this->objectSize = static_cast<quint64>(fields.bytes().size() + this->headerBytes);
+        out(this->guid, this->objectSize);
+        out.rest(fields.bytes());
+    }
 };

@@ -4,7 +4,6 @@
 #include "AsfGuids.h"
 #include "AsfHeaderObject.h"
 #include "AsfObjectReader.h"
-#include "AsfStream.h"
 #include "ExtendedStreamPropertiesObject.h"
 #include "HeaderExtensionObject.h"
 #include "LanguageListObject.h"
@@ -14,9 +13,8 @@
 #include "MutualExclusionObject.h"
 #include "StreamBitratePropertiesObject.h"
 
-#include <QIODevice>
-
 #include <algorithm>
+#include <functional>
 #include <limits>
 
 Logger* SimpleAsfParser::log = LoggerManager::logger();
@@ -63,47 +61,53 @@ qint64 SimpleAsfParser::ParseHeader(QByteArray const& header)
 {
     if (header.size() < AsfHeaderObject::bytes)
         return 0;
-    QDataStream stream(header);
-    AsfStream::littleEndian(stream);
-    if (uuidFromStream(stream) != asfHeaderGuid)
+    LittleEndianReader in(header);
+    QUuid const headerGuid = uuidFromStream(in);
+    auto const headerSize = in.read<quint64>();
+    if (headerGuid != asfHeaderGuid || headerSize > static_cast<quint64>(header.size() - 8))
         return 0;
-    quint64 headerSize;
-    stream >> headerSize;
-    if (headerSize > static_cast<quint64>(header.size() - 8))
-        return 0;
-    _objects.push_back(std::make_unique<AsfHeaderObject>(stream, static_cast<long long>(headerSize)));
+    addObject<AsfHeaderObject>(headerGuid, headerSize, in);
 
-    while (stream.device()->pos() + 23 < header.size()) {
-        QUuid const guid = uuidFromStream(stream);
-        quint64 size;
-        stream >> size;
+    while (in.left() >= SimpleAsfObject::headerBytes) {
+        QUuid const guid = uuidFromStream(in);
+        auto const size = in.read<quint64>();
         LOG_DEBUG("ASF object %s length %lld added", qPrintable(guid.toString()), static_cast<long long>(size));
         if (guid == asfDataGuid) {
-            if (AsfStream::left(stream) < AsfDataObject::bytes - SimpleAsfObject::headerBytes)
+            if (in.left() < AsfDataObject::bytes - SimpleAsfObject::headerBytes)
                 return 0;
-            _objects.push_back(std::make_unique<AsfDataObject>(stream, static_cast<long long>(size)));
+            addObject<AsfDataObject>(guid, size, in);
             _streamTypes.reset();
-            _numberOfStreams =
-                static_cast<int>(audioStreams().size() + videoStreams().size() + otherStreams().size());
-            return stream.device()->pos();
+            _numberOfStreams = static_cast<int>(streams().size());
+            return in.position();
         }
-        std::unique_ptr<SimpleAsfObject> object = AsfObjectReader::readBody(guid, stream, size, 0);
+        std::unique_ptr<SimpleAsfObject> object = AsfObjectReader::readBody(guid, in, size, 0);
         if (!object) {
             LOG_WARNING("ASF object %s of %llu bytes does not fit into the header", qPrintable(guid.toString()),
                         static_cast<unsigned long long>(size));
             return 0;
         }
         if (auto const* const properties = dynamic_cast<FilePropertiesObject const*>(object.get()))
-            readFileProperties(*properties);
+            _properties = *properties;
         _objects.push_back(std::move(object));
     }
     return 0;
 }
 
+/// Of a class that is read nowhere else.
+template<typename Object>
+void SimpleAsfParser::addObject(QUuid const& guid, quint64 size, LittleEndianReader& in)
+{
+    auto object = std::make_unique<Object>();
+    object->guid = guid;
+    object->objectSize = size;
+    object->fields(in);
+    _objects.push_back(std::move(object));
+}
+
 void SimpleAsfParser::reset()
 {
     _objects.clear();
-    _flags = _minPacketSize = _maxPacketSize = _maxBitrate = 0;
+    _properties = {};
     _numberOfStreams = 0;
     _incompleteFrames.clear();
     _incompleteBytes = 0;
@@ -125,15 +129,17 @@ QList<SimpleAsfObject*> SimpleAsfParser::findObjects(QUuid const& guid) const
     return found;
 }
 
-void SimpleAsfParser::forEachStream(std::function<void(StreamPropertiesObject const&)> const& use) const
+QList<StreamPropertiesObject const*> SimpleAsfParser::streams() const
 {
+    QList<StreamPropertiesObject const*> found;
     for (SimpleAsfObject const* const object : findObjects(asfStreamPropertiesGuid))
         if (auto const* const stream = dynamic_cast<StreamPropertiesObject const*>(object))
-            use(*stream);
+            found.append(stream);
     for (SimpleAsfObject const* const object : findObjects(asfExtendedStreamPropertiesGuid))
         if (auto const* const extended = dynamic_cast<ExtendedStreamPropertiesObject const*>(object))
             if (StreamPropertiesObject const* const stream = extended->embeddedStream())
-                use(*stream);
+                found.append(stream);
+    return found;
 }
 
 template<typename View, typename Fill>
@@ -142,22 +148,22 @@ QList<View> SimpleAsfParser::streamViews(Fill const& fill) const
     QMap<int, int> bitrates;
     if (auto const* const object = first<StreamBitratePropertiesObject>(_objects, asfBitratePropertiesGuid))
         for (auto record = object->records.crbegin(); record != object->records.crend(); ++record)
-            bitrates.insert(record->streamNumber, asBitrate(record->averageBitrate));
+            bitrates.insert(record->streamNumber(), asBitrate(record->averageBitrate));
 
     QList<View> views;
-    forEachStream([&](StreamPropertiesObject const& stream) {
+    for (StreamPropertiesObject const* const stream : streams()) {
         View view;
-        if (!fill(view, stream))
-            return;
-        view.streamNumber = stream.streamNumber;
-        view.bitrate = std::max(1, bitrates.value(stream.streamNumber));
-        view.flags = stream.flags;
-        view.streamType = stream.streamType;
-        view.errorCorrectionType = stream.errorCorrectionType;
-        view.timeOffset = stream.timeOffset;
-        view.errorCorrectionData = stream.errorCorrectionData;
+        if (!fill(view, *stream))
+            continue;
+        view.streamNumber = stream->streamNumber();
+        view.bitrate = std::max(1, bitrates.value(view.streamNumber));
+        view.flags = stream->flags;
+        view.streamType = stream->streamType;
+        view.errorCorrectionType = stream->errorCorrectionType;
+        view.timeOffset = stream->timeOffset;
+        view.errorCorrectionData = stream->errorCorrectionData;
         views.append(view);
-    });
+    }
     return views;
 }
 
@@ -188,7 +194,7 @@ int SimpleAsfParser::streamBitrate(int streamNumber) const
 {
     if (auto const* const object = first<StreamBitratePropertiesObject>(_objects, asfBitratePropertiesGuid))
         for (auto const& record : object->records)
-            if (record.streamNumber == streamNumber)
+            if (record.streamNumber() == streamNumber)
                 return asBitrate(record.averageBitrate);
     return 0;
 }
@@ -204,10 +210,10 @@ QString SimpleAsfParser::streamLanguage(int streamNumber) const
     return {};
 }
 
-QList<StreamPrioritizationObject::StreamPriorityRecord> SimpleAsfParser::streamPrioritization() const
+QList<StreamPriorityRecord> SimpleAsfParser::streamPrioritization() const
 {
     auto const* const object = first<StreamPrioritizationObject>(_objects, asfStreamPrioritizationGuid);
-    return object ? object->records : QList<StreamPrioritizationObject::StreamPriorityRecord>();
+    return object ? object->records : QList<StreamPriorityRecord>();
 }
 
 QList<int> SimpleAsfParser::inBitrateMutex(int streamNumber) const
@@ -215,7 +221,7 @@ QList<int> SimpleAsfParser::inBitrateMutex(int streamNumber) const
     MutualExclusionObject const* found = nullptr;
     auto const lists = [&](SimpleAsfObject const* object, bool ofBitrates) {
         auto const* const mutex = dynamic_cast<MutualExclusionObject const*>(object);
-        if (mutex && streamNumber >= 0 && mutex->streamNumbers.contains(static_cast<quint16>(streamNumber)) &&
+        if (mutex && std::ranges::count(mutex->streamNumbers, streamNumber) > 0 &&
             (!ofBitrates || mutex->exclusionType == asfMutexBitrate))
             found = mutex;
         return found != nullptr;
@@ -235,104 +241,48 @@ QUuid SimpleAsfParser::getStreamType(int streamNumber)
 {
     if (!_streamTypes) {
         _streamTypes.emplace();
-        for (AudioStreamObject const& stream : audioStreams())
-            _streamTypes->insert(stream.streamNumber, asfAudioMediaGuid);
-        for (VideoStreamObject const& stream : videoStreams())
-            _streamTypes->insert(stream.streamNumber, asfVideoMediaGuid);
-        for (StreamObject const& stream : otherStreams())
-            _streamTypes->insert(stream.streamNumber, stream.streamType);
+        for (StreamPropertiesObject const* const stream : streams())
+            _streamTypes->insert(stream->streamNumber(), stream->streamType);
     }
     return _streamTypes->value(streamNumber);
 }
 
-void SimpleAsfParser::readFileProperties(FilePropertiesObject const& properties)
+void SimpleAsfParser::setProperty(quint32 FilePropertiesObject::*property, quint32 value)
 {
-    _flags = properties.flags;
-    _minPacketSize = properties.minimumPacketSize;
-    _maxPacketSize = properties.maximumPacketSize;
-    _maxBitrate = properties.maximumBitrate;
-}
-
-FilePropertiesObject* SimpleAsfParser::fileProperties() const
-{
-    return first<FilePropertiesObject>(_objects, asfFilePropertiesGuid);
+    _properties.*property = value;
+    if (auto* const object = first<FilePropertiesObject>(_objects, asfFilePropertiesGuid))
+        object->*property = value;
 }
 
 void SimpleAsfParser::setFlag(quint32 flag, bool on)
 {
-    _flags = on ? _flags | flag : _flags & ~flag;
-    if (FilePropertiesObject* const properties = fileProperties())
-        properties->flags = _flags;
+    setProperty(&FilePropertiesObject::flags, on ? _properties.flags | flag : _properties.flags & ~flag);
 }
 
-void SimpleAsfParser::setLive(bool live)
+QUuid SimpleAsfParser::uuidFromStream(LittleEndianReader& in)
 {
-    setFlag(FilePropertiesObject::liveFlag, live);
+    return in.read<QUuid>();
 }
 
-void SimpleAsfParser::setBroadcast(bool broadcast)
+quint32 SimpleAsfParser::getByteWordDWordValue(int type, LittleEndianReader& in, quint32 defaultValue)
 {
-    setFlag(FilePropertiesObject::broadcastFlag, broadcast);
-}
-
-void SimpleAsfParser::setSeekable(bool seekable)
-{
-    setFlag(FilePropertiesObject::seekableFlag, seekable);
-}
-
-void SimpleAsfParser::setMinPacketSize(quint32 size)
-{
-    _minPacketSize = size;
-    if (FilePropertiesObject* const properties = fileProperties())
-        properties->minimumPacketSize = size;
-}
-
-void SimpleAsfParser::setMaxPacketSize(quint32 size)
-{
-    _maxPacketSize = size;
-    if (FilePropertiesObject* const properties = fileProperties())
-        properties->maximumPacketSize = size;
-}
-
-void SimpleAsfParser::setMaxBitrate(quint32 bitrate)
-{
-    _maxBitrate = bitrate;
-    if (FilePropertiesObject* const properties = fileProperties())
-        properties->maximumBitrate = bitrate;
-}
-
-QUuid SimpleAsfParser::uuidFromStream(QDataStream& stream)
-{
-    return AsfStream::readGuid(stream);
-}
-
-quint32 SimpleAsfParser::getByteWordDWordValue(int type, QDataStream& stream, quint32 defaultValue)
-{
-    auto const read = [&stream](auto value) {
-        stream >> value;
-        return static_cast<quint32>(value);
-    };
     switch (type) {
     case 0:
         return defaultValue;
     case 1:
-        return read(quint8());
+        return in.read<quint8>();
     case 2:
-        return read(quint16());
+        return in.read<quint16>();
     case 3:
-        return read(quint32());
+        return in.read<quint32>();
     default:
         return 0;
     }
 }
 
-QString SimpleAsfParser::unicodeStringFromStream(QDataStream& stream, quint32 units)
+QString SimpleAsfParser::unicodeStringFromStream(LittleEndianReader& in, quint32 units)
 {
-    QString text(std::min<qint64>(units, AsfStream::left(stream) / 2), Qt::Uninitialized);
-    for (QChar& unit : text) {
-        quint16 value;
-        stream >> value;
-        unit = QChar(value);
-    }
+    QString text;
+    in.arrayUpTo(text, units);
     return text;
 }

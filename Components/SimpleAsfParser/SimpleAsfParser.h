@@ -9,7 +9,6 @@
 #include <QMap>
 #include <QObject>
 
-#include <functional>
 #include <optional>
 
 class IAsfPacketListener;
@@ -71,7 +70,7 @@ public:
 
     /// As RFC 1766 writes it, or empty.
     QString streamLanguage(int streamNumber) const;
-    QList<StreamPrioritizationObject::StreamPriorityRecord> streamPrioritization() const;
+    QList<StreamPriorityRecord> streamPrioritization() const;
 
     /// The streams that are not played together with this one.
     QList<int> inBitrateMutex(int streamNumber) const;
@@ -79,32 +78,32 @@ public:
     /// The kind of the stream, or the null GUID.
     QUuid getStreamType(int streamNumber);
 
-    bool isSeekable() const { return _flags & FilePropertiesObject::seekableFlag; }
-    bool isBroadcast() const { return _flags & FilePropertiesObject::broadcastFlag; }
-    bool isLive() const { return _flags & FilePropertiesObject::liveFlag; }
-    quint32 minPacketSize() const { return _minPacketSize; }
-    quint32 maxPacketSize() const { return _maxPacketSize; }
-    quint32 maxBitrate() const { return _maxBitrate; }
+    bool isSeekable() const { return _properties.flags & FilePropertiesObject::seekableFlag; }
+    bool isBroadcast() const { return _properties.flags & FilePropertiesObject::broadcastFlag; }
+    bool isLive() const { return _properties.flags & FilePropertiesObject::liveFlag; }
+    quint32 minPacketSize() const { return _properties.minimumPacketSize; }
+    quint32 maxPacketSize() const { return _properties.maximumPacketSize; }
+    quint32 maxBitrate() const { return _properties.maximumBitrate; }
     int numberOfStreams() const { return _numberOfStreams; }
 
     /// These change the File Properties object, too; without one they change what the above return and nothing else.
-    void setLive(bool live);
-    void setBroadcast(bool broadcast);
-    void setSeekable(bool seekable);
-    void setMinPacketSize(quint32 size);
-    void setMaxPacketSize(quint32 size);
-    void setMaxBitrate(quint32 bitrate);
+    void setLive(bool live) { setFlag(FilePropertiesObject::liveFlag, live); }
+    void setBroadcast(bool broadcast) { setFlag(FilePropertiesObject::broadcastFlag, broadcast); }
+    void setSeekable(bool seekable) { setFlag(FilePropertiesObject::seekableFlag, seekable); }
+    void setMinPacketSize(quint32 size) { setProperty(&FilePropertiesObject::minimumPacketSize, size); }
+    void setMaxPacketSize(quint32 size) { setProperty(&FilePropertiesObject::maximumPacketSize, size); }
+    void setMaxBitrate(quint32 bitrate) { setProperty(&FilePropertiesObject::maximumBitrate, bitrate); }
 
     /// Borrowed; null for none.
     void setPacketListener(IAsfPacketListener* listener) { _packetListener = listener; }
 
-    static QUuid uuidFromStream(QDataStream& stream);
+    static QUuid uuidFromStream(LittleEndianReader& in);
 
     /// A field whose type says its width: 0 none, the default value; 1 u8; 2 u16; 3 u32. Another type gives 0.
-    static quint32 getByteWordDWordValue(int type, QDataStream& stream, quint32 defaultValue);
+    static quint32 getByteWordDWordValue(int type, LittleEndianReader& in, quint32 defaultValue);
 
     /// That many 16-bit units, a terminator included, or the fewer that are left.
-    static QString unicodeStringFromStream(QDataStream& stream, quint32 units);
+    static QString unicodeStringFromStream(LittleEndianReader& in, quint32 units);
 
 signals:
     void onPacket(SimpleAsfParser::MediaFrame frame);
@@ -112,32 +111,32 @@ signals:
 protected:
     AsfObjectList const& objects() const { return _objects; }
 
+    /// The objects that describe the streams, in order; borrowed until reset().
+    QList<StreamPropertiesObject const*> streams() const;
+
 private:
     struct Packet;
     enum class PayloadResult { Read, End, Bad };
 
-    void readFileProperties(FilePropertiesObject const& properties);
+    void setProperty(quint32 FilePropertiesObject::*property, quint32 value);
     void setFlag(quint32 flag, bool on);
-    FilePropertiesObject* fileProperties() const;
+    template<typename Object>
+    void addObject(QUuid const& guid, quint64 size, LittleEndianReader& in);
     template<typename View, typename Fill>
     QList<View> streamViews(Fill const& fill) const;
-    void forEachStream(std::function<void(StreamPropertiesObject const&)> const& use) const;
 
     bool readPacketStart(Packet& packet) const;
     PayloadResult readPayload(Packet& packet);
     qint64 singlePayloadLength(Packet const& packet, qint64 replicatedLength) const;
     qint64 multiplePayloadLength(Packet& packet) const;
     bool skipCompressedPayload(Packet& packet) const;
-    void addPayload(Packet const& packet, quint8 streamByte, QByteArray const& replicated, QByteArray const& payload);
+    void addPayload(Packet const& packet, quint8 streamByte, QByteArrayView replicated, QByteArrayView payload);
     void makeRoom(QMap<quint64, MediaFrame>& frames, qsizetype bytes);
 
     static Logger* log;
 
     AsfObjectList _objects;
-    quint32 _flags = 0;
-    quint32 _minPacketSize = 0;
-    quint32 _maxPacketSize = 0;
-    quint32 _maxBitrate = 0;
+    FilePropertiesObject _properties; ///< A copy of the last in the header.
     int _numberOfStreams = 0;
     QMap<int, QMap<quint64, MediaFrame>> _incompleteFrames; ///< By stream number and presentation time.
     qint64 _incompleteBytes = 0;

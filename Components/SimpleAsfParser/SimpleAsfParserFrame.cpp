@@ -1,15 +1,11 @@
 // Data packets: checked, and their payloads put together to media objects.
 
-#include "AsfStream.h"
 #include "IAsfPacketListener.h"
 #include "Logger.h"
 #include "SimpleAsfParser.h"
 
-#include <QIODevice>
-
 struct SimpleAsfParser::Packet {
-    QDataStream in;
-    qint64 size = 0;
+    LittleEndianReader in;
     quint8 propertyFlags = 0;
     quint32 length = 0;
     quint32 padding = 0;
@@ -19,9 +15,7 @@ struct SimpleAsfParser::Packet {
     int payloadCount = 1;
     int payloadLengthType = 0;
 
-    explicit Packet(QByteArray const& bytes) : in(bytes), size(bytes.size()) { AsfStream::littleEndian(in); }
-
-    qint64 position() const { return in.device()->pos(); }
+    explicit Packet(QByteArray const& bytes) : in(bytes) {}
 
     /// A field whose type is in the property flags from that bit on.
     quint32 field(int bit) { return getByteWordDWordValue((propertyFlags >> bit) & 3, in, 0); }
@@ -36,42 +30,41 @@ qint64 SimpleAsfParser::ParseFrame(QByteArray const& bytes)
         return 1;
 
     qint64 lastPosition = 1;
-    for (int i = 0; i < packet.payloadCount && lastPosition < _maxPacketSize; ++i) {
+    for (int i = 0; i < packet.payloadCount && lastPosition < maxPacketSize(); ++i) {
         PayloadResult const result = readPayload(packet);
         if (result != PayloadResult::Read)
             return result == PayloadResult::Bad ? 0 : lastPosition;
-        lastPosition = packet.position();
+        lastPosition = packet.in.position();
     }
-    AsfStream::readBytes(packet.in, packet.padding);
-    return packet.position();
+    packet.in.take(packet.padding);
+    return packet.in.position();
 }
 
 /// Reads up to the first payload; whether the packet is of the form that is understood here.
 bool SimpleAsfParser::readPacketStart(Packet& packet) const
 {
-    quint8 first;
-    packet.in >> first;
+    qint64 const size = packet.in.left();
+    auto const first = packet.in.read<quint8>();
     int const errorCorrectionLength = first & 0x80 ? first & 0x0F : 0;
-    if (errorCorrectionLength >= packet.size)
+    if (errorCorrectionLength >= size)
         return false;
-    AsfStream::readBytes(packet.in, errorCorrectionLength);
+    packet.in.take(errorCorrectionLength);
     if (first != 0x82) {
         LOG_DEBUG("Skipping the bytes.....");
         return false;
     }
 
-    quint8 lengthTypeFlags;
-    packet.in >> lengthTypeFlags >> packet.propertyFlags;
+    auto const lengthTypeFlags = packet.in.read<quint8>();
+    packet.in(packet.propertyFlags);
     packet.multiplePayloads = lengthTypeFlags & 1;
     packet.length = getByteWordDWordValue((lengthTypeFlags >> 5) & 3, packet.in, 0);
     getByteWordDWordValue((lengthTypeFlags >> 1) & 3, packet.in, 0); // The sequence.
     packet.padding = getByteWordDWordValue((lengthTypeFlags >> 3) & 3, packet.in, 0);
-    if (packet.length > _maxPacketSize || packet.padding > _maxPacketSize)
+    if (packet.length > maxPacketSize() || packet.padding > maxPacketSize())
         return false;
-    packet.in >> packet.sendTime >> packet.duration;
+    packet.in(packet.sendTime, packet.duration);
     if (packet.multiplePayloads) {
-        quint8 payloadFlags;
-        packet.in >> payloadFlags;
+        auto const payloadFlags = packet.in.read<quint8>();
         packet.payloadCount = payloadFlags & 0x3F;
         packet.payloadLengthType = payloadFlags >> 6;
     }
@@ -80,33 +73,32 @@ bool SimpleAsfParser::readPacketStart(Packet& packet) const
 
 SimpleAsfParser::PayloadResult SimpleAsfParser::readPayload(Packet& packet)
 {
-    quint8 streamByte;
-    packet.in >> streamByte;
+    auto const streamByte = packet.in.read<quint8>();
     packet.field(4); // The media object's number,
     packet.field(2); // and the offset in it: payloads come in order.
     qint64 const replicatedLength = packet.field(0);
-    if (replicatedLength == 0 || replicatedLength > _maxPacketSize ||
-        replicatedLength + packet.padding > _maxPacketSize)
+    if (replicatedLength == 0 || replicatedLength > maxPacketSize() ||
+        replicatedLength + packet.padding > maxPacketSize())
         return PayloadResult::End;
     if (replicatedLength == 1)
         return skipCompressedPayload(packet) ? PayloadResult::Read : PayloadResult::Bad;
 
     // With multiple payloads, the length is behind the replicated data.
     qint64 length = packet.multiplePayloads ? 0 : singlePayloadLength(packet, replicatedLength);
-    QByteArray const replicated = AsfStream::readBytes(packet.in, replicatedLength);
+    QByteArrayView const replicated = packet.in.take(replicatedLength);
     if (packet.multiplePayloads)
         length = multiplePayloadLength(packet);
-    if (length < 0 || length > AsfStream::left(packet.in) || replicated.size() < replicatedLength)
+    if (length < 0 || length > packet.in.left() || replicated.size() < replicatedLength)
         return PayloadResult::Bad;
-    addPayload(packet, streamByte, replicated, AsfStream::readBytes(packet.in, length));
+    addPayload(packet, streamByte, replicated, packet.in.take(length));
     return PayloadResult::Read;
 }
 
 /// Bytes of the one payload, negative when there is no room for it.
 qint64 SimpleAsfParser::singlePayloadLength(Packet const& packet, qint64 replicatedLength) const
 {
-    qint64 const before = packet.position() + replicatedLength + packet.padding;
-    qint64 const byMaximum = _maxPacketSize - before;
+    qint64 const before = packet.in.position() + replicatedLength + packet.padding;
+    qint64 const byMaximum = maxPacketSize() - before;
     if (packet.length == 0)
         return byMaximum;
     return byMaximum < packet.length ? packet.length - before : packet.length;
@@ -116,34 +108,28 @@ qint64 SimpleAsfParser::singlePayloadLength(Packet const& packet, qint64 replica
 qint64 SimpleAsfParser::multiplePayloadLength(Packet& packet) const
 {
     qint64 const length = getByteWordDWordValue(packet.payloadLengthType, packet.in, 0);
-    return length > _maxPacketSize ? -1 : length;
+    return length > maxPacketSize() ? -1 : length;
 }
 
 /// Walks over several media objects in one payload, which are not put together; false when they run past the packet.
 bool SimpleAsfParser::skipCompressedPayload(Packet& packet) const
 {
-    quint8 presentationTimeDelta;
-    packet.in >> presentationTimeDelta;
+    packet.in.read<quint8>(); // The difference of presentation times.
     qint64 const length = packet.multiplePayloads ? multiplePayloadLength(packet) : singlePayloadLength(packet, 0);
     if (length < 0)
         return false;
-    qint64 const end = packet.position() + length;
-    while (packet.position() < end && !packet.in.atEnd()) {
-        quint8 subPayloadLength;
-        packet.in >> subPayloadLength;
-        AsfStream::readBytes(packet.in, subPayloadLength);
-    }
+    qint64 const end = packet.in.position() + length;
+    while (packet.in.position() < end && packet.in.left() > 0)
+        packet.in.take(packet.in.read<quint8>());
     return true;
 }
 
-void SimpleAsfParser::addPayload(Packet const& packet, quint8 streamByte, QByteArray const& replicated,
-                                 QByteArray const& payload)
+void SimpleAsfParser::addPayload(Packet const& packet, quint8 streamByte, QByteArrayView replicated,
+                                 QByteArrayView payload)
 {
-    QDataStream replicatedStream(replicated);
-    AsfStream::littleEndian(replicatedStream);
-    quint32 objectSize = 0;
-    quint32 presentationTime = 0;
-    replicatedStream >> objectSize >> presentationTime;
+    LittleEndianReader in(replicated);
+    auto const objectSize = in.read<quint32>();
+    auto const presentationTime = in.read<quint32>();
 
     int const streamNumber = streamByte & 0x7F;
     makeRoom(_incompleteFrames[streamNumber], payload.size());

@@ -1,30 +1,28 @@
 #pragma once
 
-#include "SimpleAsfObject.h"
+#include "AsfRecordsObject.h"
 
-#include <QList>
+/// What one stream takes.
+struct BitrateRecord {
+    quint16 flags = 0;
+    quint32 averageBitrate = 0; ///< Bits a second.
+
+    int streamNumber() const { return flags & 0x7F; }
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(flags, averageBitrate);
+    }
+};
 
 /// The Stream Bitrate Properties object.
-///
-/// Body: record count (u16), then for each record: flags (u16, the stream number in the low 7 bits), average bit rate
-/// (u32, bits a second).
-class StreamBitratePropertiesObject : public ClonedAsfObject<StreamBitratePropertiesObject>
+class StreamBitratePropertiesObject
+    : public ParsedAsfObject<StreamBitratePropertiesObject, AsfRecordsObject<BitrateRecord>>
 {
 public:
-    struct BitrateRecord {
-        quint16 flags = 0;
-        int streamNumber = 0;
-        quint32 averageBitrate = 0;
-    };
-
-    StreamBitratePropertiesObject(QDataStream& stream, long long size);
-
-    /// Removes what is said of that stream and lowers the count.
-    void removeStream(int streamNumber);
-
-    quint16 recordCount = 0;
-    QList<BitrateRecord> records; ///< Those that are whole.
-
-protected:
-    void writeFields(QDataStream& stream) const override;
+    void removeStream(int streamNumber) override
+    {
+        removeIf([&](BitrateRecord const& record) { return record.streamNumber() == streamNumber; });
+    }
 };

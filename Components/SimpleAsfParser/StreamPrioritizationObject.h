@@ -1,25 +1,22 @@
 #pragma once
 
-#include "SimpleAsfObject.h"
+#include "AsfRecordsObject.h"
 
-#include <QList>
+struct StreamPriorityRecord {
+    quint16 streamNumber = 0;
+    bool mandatory = false; ///< The lowest bit of its flags; the others are not kept.
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        quint16 flags = mandatory;
+        archive(streamNumber, flags);
+        mandatory = flags & 1;
+    }
+};
 
 /// The Stream Prioritization object: the streams, the most important first.
-///
-/// Body: record count (u16), then for each record: stream number (u16), priority flags (u16, bit 0 mandatory).
-class StreamPrioritizationObject : public ClonedAsfObject<StreamPrioritizationObject>
+class StreamPrioritizationObject
+    : public ParsedAsfObject<StreamPrioritizationObject, AsfRecordsObject<StreamPriorityRecord>>
 {
-public:
-    struct StreamPriorityRecord {
-        quint16 streamNumber = 0;
-        bool mandatory = false;
-    };
-
-    StreamPrioritizationObject(QDataStream& stream, long long size);
-
-    quint16 recordCount = 0;
-    QList<StreamPriorityRecord> records; ///< Those that are whole.
-
-protected:
-    void writeFields(QDataStream& stream) const override;
 };

@@ -6,79 +6,41 @@
 // What the server says about a file; MacToViewerSessionReports.h holds what it says about the session. A result is an
 // HRESULT: negative for a failure. Fields without a name have no known meaning; they are read and kept.
 
-/// 0x40006, answers OpenFile: result u32; u32; file id u32; three u32; double; u32; 16 bytes; four u32; 36 bytes.
+/// 0x40006, answers OpenFile.
 class MmsLinkMacToViewerReportOpenFile
     : public TcpMmsMessageOf<MmsLinkMacToViewerReportOpenFile, TcpMmsMessage::LinkMacToViewerReportOpenFile>
 {
 public:
-    explicit MmsLinkMacToViewerReportOpenFile(QDataStream& stream);
-
     int result() const { return static_cast<int>(_file.result); }
 
     /// All of the report, but for the path, which it does not hold.
     TcpMmsFileInfo const& file() const { return _file; }
 
-private:
-    void writeBody(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_file);
+    }
 
+private:
     TcpMmsFileInfo _file;
 };
 
 /// 0x40011, answers ReadBlock: result u32; two u32. The header follows in data packets.
-class MmsLinkMacToViewerReportReadBlock
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportReadBlock, TcpMmsMessage::LinkMacToViewerReportReadBlock, 3>
-{
-public:
-    explicit MmsLinkMacToViewerReportReadBlock(QDataStream& stream) : MmsNumbersMessage(stream) {}
-
-    int result() const { return static_cast<int>(number(0)); }
-};
+using MmsLinkMacToViewerReportReadBlock = MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerReportReadBlock, 3>;
 
 /// 0x40021, answers StreamSwitch: result u32.
-class MmsLinkMacToViewerReportStreamSwitch
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportStreamSwitch, TcpMmsMessage::LinkMacToViewerReportStreamSwitch,
-                               1>
-{
-public:
-    explicit MmsLinkMacToViewerReportStreamSwitch(QDataStream& stream) : MmsNumbersMessage(stream) {}
-
-    int result() const { return static_cast<int>(number(0)); }
-};
+using MmsLinkMacToViewerReportStreamSwitch = MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerReportStreamSwitch, 1>;
 
 /// 0x40005, answers StartPlaying: result u32; three u32.
-class MmsLinkMacToViewerReportStartedPlaying
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportStartedPlaying,
-                               TcpMmsMessage::LinkMacToViewerReportStartedPlaying, 4>
-{
-public:
-    explicit MmsLinkMacToViewerReportStartedPlaying(QDataStream& stream) : MmsNumbersMessage(stream) {}
-
-    int result() const { return static_cast<int>(number(0)); }
-};
+using MmsLinkMacToViewerReportStartedPlaying =
+    MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerReportStartedPlaying, 4>;
 
 /// 0x4000A: three u32.
-class MmsLinkMacToViewerReportStartStriding
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportStartStriding,
-                               TcpMmsMessage::LinkMacToViewerReportStartStriding, 3>
-{
-public:
-    explicit MmsLinkMacToViewerReportStartStriding(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkMacToViewerReportStartStriding = MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerReportStartStriding, 3>;
 
 /// 0x4001E, the file has been played to its end: two u32.
-class MmsLinkMacToViewerReportEndOfStream
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportEndOfStream, TcpMmsMessage::LinkMacToViewerReportEndOfStream,
-                               2>
-{
-public:
-    explicit MmsLinkMacToViewerReportEndOfStream(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkMacToViewerReportEndOfStream = MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerReportEndOfStream, 2>;
 
 /// 0x40020: six u32.
-class MmsLinkMacToViewerReportStreamChange
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportStreamChange, TcpMmsMessage::LinkMacToViewerReportStreamChange,
-                               6>
-{
-public:
-    explicit MmsLinkMacToViewerReportStreamChange(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkMacToViewerReportStreamChange = MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerReportStreamChange, 6>;

@@ -4,28 +4,6 @@
 
 #include <stdexcept>
 
-MmsLinkMacToViewerReportConnectedEx::MmsLinkMacToViewerReportConnectedEx(QDataStream& stream)
-    : TcpMmsMessageOf(stream)
-{
-    stream >> _result >> _serverMark >> _macToViewerProtocolRevision >> _viewerToMacProtocolRevision >>
-        _blockGroupPlayTime >> _blockGroupBlocks >> _nMaxOpenFiles >> _nBlockMaxBytes >> _maxBitRate;
-    std::array<quint32, 4> lengths{};
-    for (quint32& length : lengths)
-        stream >> length;
-    for (std::size_t i = 0; i < lengths.size(); ++i)
-        _texts[i] = readText(stream, lengths[i]);
-}
-
-void MmsLinkMacToViewerReportConnectedEx::writeBody(QDataStream& stream) const
-{
-    stream << _result << _serverMark << _macToViewerProtocolRevision << _viewerToMacProtocolRevision
-           << _blockGroupPlayTime << _blockGroupBlocks << _nMaxOpenFiles << _nBlockMaxBytes << _maxBitRate;
-    for (QString const& text : _texts)
-        stream << static_cast<quint32>(text.size() + 1); // With the 0 unit.
-    for (QString const& text : _texts)
-        writeText(stream, text);
-}
-
 void MmsLinkMacToViewerReportConnectedEx::verify() const
 {
     using Connect = MmsLinkViewerToMacConnect;
@@ -39,23 +17,10 @@ void MmsLinkMacToViewerReportConnectedEx::verify() const
     expect(name, "_maxBitRate", _maxBitRate, 10000000);
 }
 
-MmsLinkMacToViewerReportConnectedFunnel::MmsLinkMacToViewerReportConnectedFunnel(QDataStream& stream)
-    : TcpMmsMessageOf(stream)
-{
-    stream >> _result >> _playIncarnation >> _number;
-    _funnelName = readText(stream);
-}
-
-void MmsLinkMacToViewerReportConnectedFunnel::writeBody(QDataStream& stream) const
-{
-    stream << _result << _playIncarnation << _number;
-    writeText(stream, _funnelName);
-}
-
 void MmsLinkMacToViewerReportConnectedFunnel::verify() const
 {
     TcpMmsMessage::verify();
-    if (_funnelName != QLatin1String("Funnel Of The Gods"))
+    if (_funnelName.text != QLatin1String("Funnel Of The Gods"))
         throw std::out_of_range("MmsLinkMacToViewerReportConnectedFunnel _funnelName != Funnel Of The Gods");
 }
 
@@ -63,8 +28,8 @@ void MmsLinkMacToViewerReportFunnelInfo::verify() const
 {
     TcpMmsMessage::verify();
     char const* const name = "MmsLinkMacToViewerReportFunnelInfo";
-    expect(name, "_transportMask", number(2), 8);
-    expect(name, "_nBlockFragments", number(3), 1);
-    expect(name, "_fragmentBytes", number(4), 0x10000);
-    expect(name, "_nDisks", number(7), 1);
+    expect(name, "_transportMask", _numbers[2], 8);
+    expect(name, "_nBlockFragments", _numbers[3], 1);
+    expect(name, "_fragmentBytes", _numbers[4], 0x10000);
+    expect(name, "_nDisks", _numbers[7], 1);
 }

@@ -7,9 +7,7 @@
 // What the server says about the session; MacToViewerFileReports.h holds what it says about a file. A result is an
 // HRESULT: negative for a failure. Fields without a name have no known meaning; they are read and kept.
 
-/// 0x40001, answers Connect: result u32; server mark u32; macToViewer revision u32; viewerToMac revision u32; double;
-/// `_blockGroupBlocks` u32; `_nMaxOpenFiles` u32; `_nBlockMaxBytes` u32; `_maxBitRate` u32; four lengths u32, in
-/// UTF-16 units; four texts in UTF-16 of those lengths. A length of more than is left ends the texts.
+/// 0x40001, answers Connect. A length of more than is left ends the texts.
 class MmsLinkMacToViewerReportConnectedEx
     : public TcpMmsMessageOf<MmsLinkMacToViewerReportConnectedEx, TcpMmsMessage::LinkMacToViewerReportConnectedEx>
 {
@@ -17,17 +15,26 @@ public:
     /// The mark of a server that wants to be asked for its funnel before one is connected.
     static constexpr quint32 funnelInfoMark = 0xF0F0F0F0;
 
-    explicit MmsLinkMacToViewerReportConnectedEx(QDataStream& stream);
     void verify() const override;
 
     int result() const { return static_cast<int>(_result); }
     quint32 serverMark() const { return _serverMark; }
-    QString serverVersionInfo() const { return _texts[0]; }
-    QString authenticationPackage() const { return _texts[3]; }
+    QString serverVersionInfo() const { return _texts[0].section(QChar(0), 0, 0); }
+    QString authenticationPackage() const { return _texts[3].section(QChar(0), 0, 0); }
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        std::array<quint32, 4> lengths{};
+        for (std::size_t i = 0; i < lengths.size(); ++i)
+            lengths[i] = static_cast<quint32>(_texts[i].size());
+        archive(_result, _serverMark, _macToViewerProtocolRevision, _viewerToMacProtocolRevision, _blockGroupPlayTime,
+                _blockGroupBlocks, _nMaxOpenFiles, _nBlockMaxBytes, _maxBitRate, lengths);
+        for (std::size_t i = 0; i < lengths.size(); ++i)
+            archive.array(_texts[i], lengths[i]);
+    }
 
 private:
-    void writeBody(QDataStream& stream) const override;
-
     quint32 _result = 0;
     quint32 _serverMark = 0;
     quint32 _macToViewerProtocolRevision = 0;
@@ -37,54 +44,56 @@ private:
     quint32 _nMaxOpenFiles = 0;
     quint32 _nBlockMaxBytes = 0;
     quint32 _maxBitRate = 0;
-    std::array<QString, 4> _texts; ///< Server version, version, address of versions, authentication package.
+    /// Server version, version, address of versions, authentication package; with their 0 units.
+    std::array<QString, 4> _texts;
 };
 
-/// 0x40002, answers ConnectFunnel: result u32; play incarnation u32; u32; `_funnelName` in UTF-16.
+/// 0x40002, answers ConnectFunnel.
 class MmsLinkMacToViewerReportConnectedFunnel
     : public TcpMmsMessageOf<MmsLinkMacToViewerReportConnectedFunnel,
                              TcpMmsMessage::LinkMacToViewerReportConnectedFunnel>
 {
 public:
-    explicit MmsLinkMacToViewerReportConnectedFunnel(QDataStream& stream);
     void verify() const override;
 
     int result() const { return static_cast<int>(_result); }
     quint32 playIncarnation() const { return _playIncarnation; }
 
-private:
-    void writeBody(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_result, _playIncarnation, _number, _funnelName);
+    }
 
+private:
     quint32 _result = 0;
     quint32 _playIncarnation = 0;
     quint32 _number = 0;
-    QString _funnelName;
+    MmsText _funnelName;
 };
 
 /// 0x40003: two u32.
-class MmsLinkMacToViewerReportDisconnectedFunnel
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportDisconnectedFunnel,
-                               TcpMmsMessage::LinkMacToViewerReportDisconnectedFunnel, 2>
-{
-public:
-    explicit MmsLinkMacToViewerReportDisconnectedFunnel(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkMacToViewerReportDisconnectedFunnel =
+    MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerReportDisconnectedFunnel, 2>;
 
 /// 0x40015, answers FunnelInfo: result u32; u32; `_transportMask` u32; `_nBlockFragments` u32; `_fragmentBytes` u32;
 /// two u32; `_nDisks` u32; two u32.
 class MmsLinkMacToViewerReportFunnelInfo
-    : public MmsNumbersMessage<MmsLinkMacToViewerReportFunnelInfo, TcpMmsMessage::LinkMacToViewerReportFunnelInfo, 10>
+    : public TcpMmsMessageOf<MmsLinkMacToViewerReportFunnelInfo, TcpMmsMessage::LinkMacToViewerReportFunnelInfo>
 {
 public:
-    explicit MmsLinkMacToViewerReportFunnelInfo(QDataStream& stream) : MmsNumbersMessage(stream) {}
+    int result() const { return static_cast<int>(_numbers[0]); }
     void verify() const override;
 
-    int result() const { return static_cast<int>(number(0)); }
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_numbers);
+    }
+
+private:
+    std::array<quint32, 10> _numbers{};
 };
 
 /// 0x4001B, wants MmsLinkViewerToMacPong for an answer: two u32.
-class MmsLinkMacToViewerPing : public MmsNumbersMessage<MmsLinkMacToViewerPing, TcpMmsMessage::LinkMacToViewerPing, 2>
-{
-public:
-    explicit MmsLinkMacToViewerPing(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkMacToViewerPing = MmsNumbersMessage<TcpMmsMessage::LinkMacToViewerPing, 2>;

@@ -2,34 +2,22 @@
 
 #include "TcpMmsMessage.h"
 
-#include <QDataStream>
-
-#include <array>
-#include <cstddef>
-
 /// A message whose body is nothing but `count` numbers, each u32.
-template<typename Message, TcpMmsMessage::MmsMessageType id, std::size_t count>
-class MmsNumbersMessage : public TcpMmsMessageOf<Message, id>
+template<TcpMmsMessage::MmsMessageType id, std::size_t count>
+class MmsNumbersMessage : public TcpMmsMessageOf<MmsNumbersMessage<id, count>, id>
 {
-protected:
-    using Numbers = std::array<quint32, count>;
+public:
+    explicit MmsNumbersMessage(std::array<quint32, count> const& numbers = {}) : _numbers(numbers) {}
 
-    explicit MmsNumbersMessage(Numbers const& numbers) : _numbers(numbers) {}
+    /// The first number of a report that answers a request.
+    int result() const { return static_cast<int>(_numbers[0]); }
 
-    explicit MmsNumbersMessage(QDataStream& stream) : TcpMmsMessageOf<Message, id>(stream)
+    template<typename Archive>
+    void fields(Archive& archive)
     {
-        for (quint32& number : _numbers)
-            stream >> number;
+        archive(_numbers);
     }
-
-    void writeBody(QDataStream& stream) const override
-    {
-        for (quint32 const number : _numbers)
-            stream << number;
-    }
-
-    quint32 number(std::size_t index) const { return _numbers.at(index); }
 
 private:
-    Numbers _numbers{};
+    std::array<quint32, count> _numbers;
 };

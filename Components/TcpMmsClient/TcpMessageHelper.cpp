@@ -9,7 +9,8 @@
 #include <algorithm>
 #include <iterator>
 
-TcpMessageHelper::TcpMessageHelper(unsigned int type, char const* name, TcpMmsMessage* (*fromStream)(QDataStream&),
+TcpMessageHelper::TcpMessageHelper(unsigned int type, char const* name,
+                                   TcpMmsMessage* (*fromStream)(LittleEndianReader&),
                                    Memo* (*create)(TcpMmsClient*, TcpMmsMessage*))
     : _type(type), _name(name)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
+class LittleEndianReader;
 class Memo;
-class QDataStream;
 class TcpMmsClient;
 class TcpMmsMessage;
 
@@ -10,7 +10,7 @@ class TcpMmsMessage;
 class TcpMessageHelper
 {
 public:
-    TcpMessageHelper(unsigned int type, char const* name, TcpMmsMessage* (*fromStream)(QDataStream&),
+    TcpMessageHelper(unsigned int type, char const* name, TcpMmsMessage* (*fromStream)(LittleEndianReader&),
                      Memo* (*create)(TcpMmsClient*, TcpMmsMessage*));
 
     /// The name of the class of a known type, for the log; "unknown message" for another.

@@ -5,12 +5,9 @@
 #include "LoggerManager.h"
 #include "MemoQueue.h"
 #include "MmsFarewells.h"
-#include "MmsReadTimerHandler.h"
-#include "MmsSessionEndHandler.h"
-#include "MmsSliceHandler.h"
-#include "MmsTimerHandler.h"
 #include "TcpMmsFileInfo.h"
 #include "TcpMmsPacketizer.h"
+#include "TcpMmsSessionHandlers.h"
 #include "TcpSocket.h"
 #include "TcpSocketFactory.h"
 
@@ -23,8 +20,8 @@ Logger* TcpMmsClient::log = LoggerManager::logger();
 
 TcpMmsClient::TcpMmsClient(QString const& guid, TimerFactory* timerFactory, TcpSocketFactory* tcpSocketFactory,
                            DateTimeBuilder* dateTimeBuilder, MemoQueue* memoQueue, QObject* parent)
-    : MmsClient(parent), _guid(guid), _timerFactory(timerFactory), _tcpSocketFactory(tcpSocketFactory),
-      _dateTimeBuilder(dateTimeBuilder), _memoQueue(memoQueue)
+    : AbstractMmsClient(guid, dateTimeBuilder, memoQueue, parent), _timerFactory(timerFactory),
+      _tcpSocketFactory(tcpSocketFactory)
 {
     _memoQueue->acquire(this);
 }

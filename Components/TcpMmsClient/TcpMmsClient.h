@@ -1,21 +1,16 @@
 #pragma once
 
-#include "MmsClient.h"
+#include "AbstractMmsClient.h"
 
 #include <QAbstractSocket>
 #include <QDateTime>
 #include <QList>
-#include <QMap>
 #include <QSet>
-#include <QUuid>
 
 #include <memory>
 
-class DateTimeBuilder;
 class Logger;
 class Memo;
-class MemoQueue;
-class MmsFarewells;
 class TcpMmsMessage;
 class TcpSocket;
 class TcpSocketFactory;
@@ -30,7 +25,7 @@ struct TcpMmsFileInfo;
 ///
 /// A session ends with done(), once, or with disconnectFromServer(); its memos and its socket are gone by then. Slots
 /// on the signals may begin a new session or delete the client.
-class TcpMmsClient : public MmsClient
+class TcpMmsClient : public AbstractMmsClient
 {
     Q_OBJECT
 
@@ -52,23 +47,11 @@ public:
     bool getHeader(QUrl const& url, int timeout, QByteArray& header) override;
     void connectToServer(QUrl const& url, QString const& referrer, int timeout) override;
     void disconnectFromServer() override;
-    QString remoteUrl() const override { return _url.toString(); }
-    MmsClientState state() const override { return _state; }
-    MmsClientError error() const override { return _error; }
     bool isSeekable() const override { return false; }
     bool isBroadcast() const override { return false; }
-    qint64 streamBitrate() const override { return _streamBitrate; }
-    qint64 totalBytesReceived() const override { return _totalBytes; }
-    qint64 downstreamBandwidth() const override { return _downstreamBandwidth; }
-    int packetSize() const override { return _packetSize; }
     StreamingProtocol protocol() override { return MmsTcp; }
-    void setClientId(QString const& id) override { _clientId = id; }
-    QString clientId() const override { return _clientId; }
     void setReading(bool reading) override;
     bool isReading() const { return _isReading; }
-
-    /// Connections that are closed while bytes may be on their way go this way; borrowed, null for none.
-    void setFarewells(MmsFarewells* farewells) { _farewells = farewells; }
 
     // What the server told.
     void setPlayIncarnation(unsigned int incarnation) { _playIncarnation = incarnation; }
@@ -138,30 +121,18 @@ private:
     void startTimer();
     void handleHeaderData(unsigned int locationId, QByteArray const& bytes);
     void headerCompleted();
-    bool openHeader();
 
     static Logger* log;
 
-    QUuid const _guid;
     [[maybe_unused]] TimerFactory* const _timerFactory;
     TcpSocketFactory* const _tcpSocketFactory;
-    DateTimeBuilder* const _dateTimeBuilder;
-    MemoQueue* const _memoQueue;
 
-    MmsFarewells* _farewells = nullptr;
     TcpSocket* _socket = nullptr; ///< The factory's; null when there is no session.
     bool _inSession = false;      ///< From connectToServer() until the session ends: done() is due once.
     bool _outOfStep = false;      ///< What comes is not looked at any more.
     bool _isReading = true;
     bool _isSliceUnderWay = false; ///< The memos of the bytes read last are pending.
     bool _isTransportOver = false; ///< What is in the socket still counts.
-    MmsClientState _state = Unconnected;
-    MmsClientError _error = NoError;
-    QUrl _url;
-    QString _clientId;
-    int _timeout = 0; ///< Milliseconds.
-    qint64 _totalBytes = 0;
-    qint64 _downstreamBandwidth = 0;
 
     // Of the session, see resetSession().
     QSet<Memo*> _handlers; ///< Pending ones; the queue owns them.
@@ -179,9 +150,6 @@ private:
     qint64 _headerAllowance = maximumHeaderBytes; ///< Bytes of headers that are not useless yet.
     QByteArray _headerBuffer;
     unsigned int _expectedLocationId = 0;
-    QMap<int, int> _selection; ///< By stream number: 0 wanted, 2 switched off.
     bool _selectionRefused = false;
-    qint64 _streamBitrate = 1;
-    int _packetSize = -1;
     QList<QDateTime> _bandwidthCheckPoints;
 };

@@ -1,29 +1,12 @@
 // The data packets that the client receives: first the ASF header, then the stream.
 
-#include "AsfStreamFilter.h"
-#include "FFwrapper.h"
+#include "AsfDataObject.h"
+#include "AsfGuids.h"
 #include "Logger.h"
-#include "MmsDisconnectHandler.h"
 #include "TcpMmsClient.h"
-
-#include <QtEndian>
+#include "TcpMmsSessionHandlers.h"
 
 #include <algorithm>
-
-namespace
-{
-
-constexpr char headerObjectGuid[] = "\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9\x00\xAA\x00\x62\xCE\x6C";
-constexpr qsizetype guidBytes = 16;
-constexpr qsizetype objectPrefixBytes = 24; ///< GUID and 64-bit size.
-constexpr qint64 dataObjectHeaderBytes = 50;
-
-bool startsWithHeaderObject(QByteArray const& bytes)
-{
-    return bytes.startsWith(QByteArrayView(headerObjectGuid, guidBytes));
-}
-
-} // namespace
 
 void TcpMmsClient::handleData(unsigned int locationId, unsigned char, QByteArray const& bytes)
 {
@@ -48,7 +31,8 @@ void TcpMmsClient::handleHeaderData(unsigned int locationId, QByteArray const& b
     if (locationId == 0)
         _headerBuffer.clear();
     _headerBuffer += bytes;
-    if (!startsWithHeaderObject(_headerBuffer)) {
+    LittleEndianReader in(_headerBuffer);
+    if (in.read<QUuid>() != asfHeaderGuid) {
         _headerBuffer.clear();
         _expectedLocationId = 0;
         LOG_WARNING("Unknown chunk of data with locationId %d", static_cast<int>(locationId));
@@ -58,16 +42,16 @@ void TcpMmsClient::handleHeaderData(unsigned int locationId, QByteArray const& b
     qint64 const useful = std::min<qint64>(bytes.size(), _headerAllowance);
     _headerAllowance -= useful;
     _uselessBytes -= useful;
-    if (_headerBuffer.size() < objectPrefixBytes)
+    auto const objectBytes = in.read<quint64>();
+    if (in.hasFailed())
         return;
-    auto const objectBytes = qFromLittleEndian<quint64>(_headerBuffer.constData() + guidBytes);
     if (objectBytes > maximumHeaderBytes) {
         LOG_ERROR("ASF header of %llu bytes, at most %lld are taken", static_cast<unsigned long long>(objectBytes),
                   static_cast<long long>(maximumHeaderBytes));
         endSession(Unconnected, StreamNotAvailable);
         return;
     }
-    qint64 const whole = static_cast<qint64>(objectBytes) + dataObjectHeaderBytes;
+    qint64 const whole = static_cast<qint64>(objectBytes) + AsfDataObject::bytes;
     if (_headerBuffer.size() < whole)
         return;
     _headerBuffer.truncate(whole); // A server may fill its last packet up.
@@ -87,31 +71,8 @@ void TcpMmsClient::headerCompleted()
 
 bool TcpMmsClient::processHeader()
 {
-    bool valid = openHeader();
-    if (valid) {
-        AsfStreamFilter filter(_headerBuffer);
-        filter.useBandwidthLimit(bandwidthLimit, _selection, _headerBuffer);
-        _streamBitrate = filter.bitrateOf(_selection, static_cast<int>(_streamBitrate));
-        valid = !_headerBuffer.isEmpty();
-    }
-    if (!valid)
+    bool const isValid = openHeader(_headerBuffer) && !_headerBuffer.isEmpty() && _packetSize <= maximumPacketSize;
+    if (!isValid)
         LOG_ERROR("Invalid ASF header");
-    return valid;
-}
-
-/// Takes bit rate and packet size from the header; false when it is none.
-bool TcpMmsClient::openHeader()
-{
-    FormatContextPointer const context(
-        FFwrapper::contextFromHeader(_headerBuffer.constData(), static_cast<int>(_headerBuffer.size())));
-    if (!context)
-        return false;
-    int const packetSize = FFwrapper::getAsfPacketSize(context.get());
-    if (packetSize > maximumPacketSize)
-        return false;
-    int const bitrate = FFwrapper::getMaxBitrate(context.get());
-    _streamBitrate = bitrate == 0 ? 1 : bitrate;
-    _packetSize = packetSize;
-    _selection.clear();
-    return true;
+    return isValid;
 }

@@ -1,15 +1,13 @@
 // What the client sends.
 
 #include "Logger.h"
-#include "MmsSessionEndHandler.h"
 #include "TcpMessageHelper.h"
 #include "TcpMmsClient.h"
 #include "TcpMmsFileInfo.h"
+#include "TcpMmsSessionHandlers.h"
 #include "TcpSocket.h"
 #include "ViewerToMacFileMessages.h"
 #include "ViewerToMacSessionMessages.h"
-
-#include <QDataStream>
 
 bool TcpMmsClient::sendMessage(TcpMmsMessage& message)
 {
@@ -20,10 +18,9 @@ bool TcpMmsClient::sendMessage(TcpMmsMessage& message)
     }
     message.header().setSequence(_sequence);
     message.header().setTimeSent(_timeSent);
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    message.getObjectData(stream);
+    LittleEndianWriter out;
+    message.getObjectData(out);
+    QByteArray const& bytes = out.bytes();
     if (bytes.size() > TcpMmsMessage::maximumBytes) {
         LOG_ERROR("The address is too long: %s would take %lld bytes of at most %d", name,
                   static_cast<long long>(bytes.size()), TcpMmsMessage::maximumBytes);
@@ -65,7 +62,7 @@ void TcpMmsClient::sendLinkViewerToMacConnectFunnel()
 
 void TcpMmsClient::sendLinkViewerToMacFunnelInfo()
 {
-    MmsLinkViewerToMacFunnelInfo message;
+    MmsLinkViewerToMacFunnelInfo message({2, 0});
     sendRequest(message);
 }
 
@@ -108,7 +105,7 @@ void TcpMmsClient::sendLinkViewerToMacStopPlaying()
 
 void TcpMmsClient::sendLinkViewerToMacCloseFile()
 {
-    MmsLinkViewerToMacCloseFile message(_file ? _file->fileId : 0);
+    MmsLinkViewerToMacCloseFile message({0, _file ? _file->fileId : 0});
     sendMessage(message);
 }
 

@@ -12,8 +12,14 @@ struct TcpMmsFileInfo {
     std::array<quint32, 3> numbersAfterFileId{};
     double duration = 0.0; ///< Seconds.
     quint32 blocks = 0;
-    std::array<char, 16> bytesAfterBlocks{};
+    std::array<quint8, 16> bytesAfterBlocks{};
     std::array<quint32, 4> sizes{};
-    std::array<char, 36> bytesAtEnd{};
-    QString path; ///< The one that was asked for.
+    std::array<quint8, 36> bytesAtEnd{};
+    QString path; ///< The one that was asked for; not told by the server.
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(result, number, fileId, numbersAfterFileId, duration, blocks, bytesAfterBlocks, sizes, bytesAtEnd);
+    }
 };

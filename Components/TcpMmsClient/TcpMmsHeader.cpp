@@ -1,7 +1,5 @@
 #include "TcpMmsHeader.h"
 
-#include <QDataStream>
-
 #include <stdexcept>
 
 namespace
@@ -12,18 +10,6 @@ void expect(bool holds, char const* text)
         throw std::out_of_range(text);
 }
 } // namespace
-
-TcpMmsHeader::TcpMmsHeader(QDataStream& stream)
-{
-    stream >> _rep >> _version >> _versionMinor >> _padding >> _sessionId >> _messageLength >> _seal >> _chunkCount >>
-        _sequence >> _mbz >> _timeSent;
-}
-
-void TcpMmsHeader::getObjectData(QDataStream& stream) const
-{
-    stream << _rep << _version << _versionMinor << _padding << _sessionId << _messageLength << _seal << _chunkCount
-           << _sequence << _mbz << _timeSent;
-}
 
 void TcpMmsHeader::verify() const
 {

@@ -1,15 +1,14 @@
 #pragma once
 
+#include "LittleEndianWriter.h"
 #include "TcpMmsHeader.h"
 
 #include <QString>
 
-class QDataStream;
-
 /// A command to the server or a report from it.
 ///
 /// On the wire, little-endian: the TcpMmsHeader (32 bytes); at 32 the chunk length (u32), which counts in units of 8
-/// bytes from itself to the end; at 36 the type (u32); at 40 the body, which each class describes; zero bytes up to
+/// bytes from itself to the end; at 36 the type (u32); at 40 the body, which each class lists; zero bytes up to
 /// a multiple of 8, counted from 32. No message, either way, is longer than `maximumBytes`.
 ///
 /// A class of its own for each type, named after it, says what the body holds. Those from the server may be shorter
@@ -54,8 +53,8 @@ public:
     quint32 type() const { return _type; }
     TcpMmsHeader& header() { return _header; }
 
-    /// Writes the whole message, padded, to a stream that is set to little-endian. The lengths are worked out here.
-    void getObjectData(QDataStream& stream);
+    /// Writes the whole message, padded. The lengths are worked out here.
+    void getObjectData(LittleEndianWriter& out);
 
     /// Throws std::out_of_range with the first field that has not the value it must have.
     virtual void verify() const;
@@ -63,23 +62,17 @@ public:
 protected:
     explicit TcpMmsMessage(MmsMessageType type) : _type(type) {}
 
-    /// Reads what precedes the body; so does each class's constructor with the body.
-    explicit TcpMmsMessage(QDataStream& stream);
+    /// What precedes the body, read or written.
+    template<typename Archive>
+    void headFields(Archive& archive)
+    {
+        archive(_header, _chunkLength, _type);
+    }
 
-    virtual void writeBody(QDataStream& stream) const = 0;
+    virtual void writeBody(LittleEndianWriter& out) = 0;
 
     /// Throws std::out_of_range, "<message> <field> != 0x<expected>", when the value is another.
     static void expect(char const* message, char const* field, quint32 value, quint32 expected);
-
-    /// UTF-16 with a 0 unit at the end.
-    static void writeText(QDataStream& stream, QString const& text);
-
-    /// Reads UTF-16 up to a 0 unit, which is read too, or to the end of the stream.
-    static QString readText(QDataStream& stream);
-
-    /// Reads UTF-16 of so many units, and cuts it at a 0 unit. Reads nothing when the stream holds fewer: its status
-    /// is then ReadPastEnd.
-    static QString readText(QDataStream& stream, quint32 units);
 
 private:
     TcpMmsHeader _header;
@@ -87,17 +80,36 @@ private:
     quint32 _type;
 };
 
-/// What the class of one type of message has besides its body.
+/// What the class of one type of message has besides its body, which its fields() list.
 template<typename Message, TcpMmsMessage::MmsMessageType id>
 class TcpMmsMessageOf : public TcpMmsMessage
 {
 public:
     static constexpr MmsMessageType messageType = id;
 
-    /// A message from a stream that is set to little-endian and ends where the message does. Owned by the caller.
-    static TcpMmsMessage* fromStream(QDataStream& stream) { return new Message(stream); }
+    /// A message out of bytes that end where it does. Owned by the caller.
+    static TcpMmsMessage* fromStream(LittleEndianReader& in)
+    {
+        auto* const message = new Message;
+        message->headFields(in);
+        message->fields(in);
+        return message;
+    }
 
 protected:
     TcpMmsMessageOf() : TcpMmsMessage(id) {}
-    explicit TcpMmsMessageOf(QDataStream& stream) : TcpMmsMessage(stream) {}
+    void writeBody(LittleEndianWriter& out) override { static_cast<Message*>(this)->fields(out); }
+};
+
+/// A text in UTF-16 with a 0 unit at the end; it is read up to the end of the message where there is none.
+struct MmsText {
+    QString text;
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        QString units = text + QChar(0);
+        archive.arrayUpTo(units, TcpMmsMessage::maximumBytes);
+        text = units.section(QChar(0), 0, 0);
+    }
 };

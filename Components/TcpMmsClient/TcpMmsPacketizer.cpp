@@ -2,14 +2,12 @@
 
 #include "Logger.h"
 #include "LoggerManager.h"
-#include "MmsData.h"
-#include "MmsDataReceivedHandler.h"
 #include "TcpMessageHelper.h"
 #include "TcpMmsClient.h"
 #include "TcpMmsMessage.h"
 #include "TcpMmsMessageHandlers.h"
+#include "TcpMmsSessionHandlers.h"
 
-#include <QDataStream>
 #include <QtEndian>
 
 Logger* TcpMmsPacketizer::log = LoggerManager::logger();
@@ -75,7 +73,7 @@ TcpMmsPacketizer::Step TcpMmsPacketizer::probeData(TcpMmsClient* client, QByteAr
         LOG_ERROR("Data packet of impossible size %d received", size);
         return {OutOfStep, 0};
     }
-    client->handleNow(new MmsDataReceivedHandler(client, MmsData::fromBytes(bytes)));
+    client->handleNow(new MmsDataReceivedHandler(client, LittleEndianReader(bytes).read<MmsData>()));
     return {Taken, size};
 }
 
@@ -103,12 +101,10 @@ void TcpMmsPacketizer::takeMessage(TcpMmsClient* client, QByteArrayView bytes) c
         LOG_WARNING("Unknown message with id %d", type);
         return;
     }
-    QByteArray const message = QByteArray::fromRawData(bytes.data(), bytes.size());
-    QDataStream stream(message);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    TcpMmsMessage* const received = fromStream(stream);
+    LittleEndianReader in(bytes);
+    TcpMmsMessage* const received = fromStream(in);
     LOG_DEBUG("Received %s", TcpMessageHelper::nameOf(type));
-    if (stream.status() != QDataStream::Ok)
+    if (in.hasFailed())
         LOG_WARNING("%s ends early", TcpMessageHelper::nameOf(type));
     TcpMmsMessageHandlers::instance().handleMessage(client, received);
 }

@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QHash>
 
+class LittleEndianReader;
 class Logger;
-class QDataStream;
 class TcpMmsClient;
 class TcpMmsMessage;
 
@@ -16,7 +16,7 @@ class TcpMmsMessage;
 class TcpMmsPacketizer
 {
 public:
-    using FromStream = TcpMmsMessage* (*)(QDataStream&);
+    using FromStream = TcpMmsMessage* (*)(LittleEndianReader&);
 
     enum Result {
         Taken = 0,    ///< Something was taken; more may follow.

@@ -8,37 +8,44 @@
 
 // What the viewer sends about a file; ViewerToMacSessionMessages.h holds what it sends about the session.
 
-/// 0x30005: open counter u32; u32 0; blob position u32 0; blob length u32 0; the path in UTF-16, a 0 unit.
+/// 0x30005. Its numbers are the open counter, 0, and the position and the length of a blob, which we have not.
 class MmsLinkViewerToMacOpenFile
     : public TcpMmsMessageOf<MmsLinkViewerToMacOpenFile, TcpMmsMessage::LinkViewerToMacOpenFile>
 {
 public:
     /// The counter tells one opening of a session from another; the path is encoded as in a URL.
-    MmsLinkViewerToMacOpenFile(quint32 openCounter, QString const& path) : _numbers{openCounter, 0, 0, 0}, _path(path)
+    explicit MmsLinkViewerToMacOpenFile(quint32 openCounter = 0, QString const& path = {})
+        : _numbers{openCounter, 0, 0, 0}, _path{path}
     {
     }
-    explicit MmsLinkViewerToMacOpenFile(QDataStream& stream);
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_numbers, _path);
+    }
 
 private:
-    void writeBody(QDataStream& stream) const override;
-
     std::array<quint32, 4> _numbers{};
-    QString _path;
+    MmsText _path;
 };
 
-/// 0x30015, asks for the header: file id u32; `_fileBlockId` u32 0; `_offset` u32 0; `_length` u32 0x8000; `_flags`
-/// u32 0xFFFFFFFF; u32 0; `_tEarliest` double 0.0; `_tDeadline` double 3600.0; u32 2; `_playSequence` u32 0.
+/// 0x30015, asks for the header.
 class MmsLinkViewerToMacReadBlock
     : public TcpMmsMessageOf<MmsLinkViewerToMacReadBlock, TcpMmsMessage::LinkViewerToMacReadBlock>
 {
 public:
-    explicit MmsLinkViewerToMacReadBlock(quint32 fileId) : _fileId(fileId) {}
-    explicit MmsLinkViewerToMacReadBlock(QDataStream& stream);
+    explicit MmsLinkViewerToMacReadBlock(quint32 fileId = 0) : _fileId(fileId) {}
     void verify() const override;
 
-private:
-    void writeBody(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_fileId, _fileBlockId, _offset, _length, _flags, _unused, _tEarliest, _tDeadline, _kind,
+                _playSequence);
+    }
 
+private:
     quint32 _fileId;
     quint32 _fileBlockId = 0;
     quint32 _offset = 0;
@@ -52,41 +59,41 @@ private:
 };
 
 /// 0x30025, takes that back: two u32. We know it and never send it.
-class MmsLinkViewerToMacCancelReadBlock
-    : public MmsNumbersMessage<MmsLinkViewerToMacCancelReadBlock, TcpMmsMessage::LinkViewerToMacCancelReadBlock, 2>
-{
-public:
-    explicit MmsLinkViewerToMacCancelReadBlock(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkViewerToMacCancelReadBlock = MmsNumbersMessage<TcpMmsMessage::LinkViewerToMacCancelReadBlock, 2>;
 
-/// 0x30033, selects streams: entry count u32; then the entries, 6 bytes each (StreamSwitchEntry). With no entry the
-/// server chooses.
+/// 0x30033, selects streams. With no entry the server chooses.
 class MmsLinkViewerToMacStreamSwitch
     : public TcpMmsMessageOf<MmsLinkViewerToMacStreamSwitch, TcpMmsMessage::LinkViewerToMacStreamSwitch>
 {
 public:
-    explicit MmsLinkViewerToMacStreamSwitch(QList<StreamSwitchEntry> const& entries) : _entries(entries) {}
+    explicit MmsLinkViewerToMacStreamSwitch(QList<StreamSwitchEntry> const& entries = {}) : _entries(entries) {}
 
-    /// Entries that the count announces and the stream does not hold are left out.
-    explicit MmsLinkViewerToMacStreamSwitch(QDataStream& stream);
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        auto count = static_cast<quint32>(_entries.size());
+        archive(count);
+        archive.records(count, _entries);
+    }
 
 private:
-    void writeBody(QDataStream& stream) const override;
-
     QList<StreamSwitchEntry> _entries;
 };
 
-/// 0x30007: file id u32; u32 0; position double 0.0; u32 0xFFFFFFFF; u32 0xFFFFFFFF; u32 0; u32 4.
+/// 0x30007.
 class MmsLinkViewerToMacStartPlaying
     : public TcpMmsMessageOf<MmsLinkViewerToMacStartPlaying, TcpMmsMessage::LinkViewerToMacStartPlaying>
 {
 public:
-    explicit MmsLinkViewerToMacStartPlaying(quint32 fileId) : _fileId(fileId) {}
-    explicit MmsLinkViewerToMacStartPlaying(QDataStream& stream);
+    explicit MmsLinkViewerToMacStartPlaying(quint32 fileId = 0) : _fileId(fileId) {}
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_fileId, _unused, _position, _numbers);
+    }
 
 private:
-    void writeBody(QDataStream& stream) const override;
-
     quint32 _fileId;
     quint32 _unused = 0;
     double _position = 0.0;
@@ -94,10 +101,4 @@ private:
 };
 
 /// 0x3000D: u32 0; file id u32.
-class MmsLinkViewerToMacCloseFile
-    : public MmsNumbersMessage<MmsLinkViewerToMacCloseFile, TcpMmsMessage::LinkViewerToMacCloseFile, 2>
-{
-public:
-    explicit MmsLinkViewerToMacCloseFile(quint32 fileId) : MmsNumbersMessage({0, fileId}) {}
-    explicit MmsLinkViewerToMacCloseFile(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkViewerToMacCloseFile = MmsNumbersMessage<TcpMmsMessage::LinkViewerToMacCloseFile, 2>;

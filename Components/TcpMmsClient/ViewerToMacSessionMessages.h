@@ -6,8 +6,7 @@
 
 // What the viewer sends about the session; ViewerToMacFileMessages.h holds what it sends about a file.
 
-/// 0x30001, begins the session: u32 0xF0F0F0EF; `_macToViewerProtocolVersion` u32 0x0004000B;
-/// `_viewerToMacProtocolVersion` u32 0x0003001C; the player text in UTF-16, a 0 unit.
+/// 0x30001, begins the session.
 class MmsLinkViewerToMacConnect
     : public TcpMmsMessageOf<MmsLinkViewerToMacConnect, TcpMmsMessage::LinkViewerToMacConnect>
 {
@@ -15,48 +14,42 @@ public:
     static constexpr quint32 macToViewerProtocolVersion = 0x0004000B;
     static constexpr quint32 viewerToMacProtocolVersion = 0x0003001C;
 
-    explicit MmsLinkViewerToMacConnect(QString const& player) : _player(player) {}
-    explicit MmsLinkViewerToMacConnect(QDataStream& stream);
+    explicit MmsLinkViewerToMacConnect(QString const& player = {}) : _player{player} {}
     void verify() const override;
 
-private:
-    void writeBody(QDataStream& stream) const override;
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_viewerMark, _macToViewerProtocolVersion, _viewerToMacProtocolVersion, _player);
+    }
 
+private:
     quint32 _viewerMark = 0xF0F0F0EF;
     quint32 _macToViewerProtocolVersion = macToViewerProtocolVersion;
     quint32 _viewerToMacProtocolVersion = viewerToMacProtocolVersion;
-    QString _player;
+    MmsText _player;
 };
 
-/// 0x30002, says where the data is to go: u32 0; u32 0xFFFFFFFF; u32 0; u32 10000000; u32 2; the transport text in
-/// UTF-16, a 0 unit.
+/// 0x30002, says where the data is to go.
 class MmsLinkViewerToMacConnectFunnel
     : public TcpMmsMessageOf<MmsLinkViewerToMacConnectFunnel, TcpMmsMessage::LinkViewerToMacConnectFunnel>
 {
 public:
-    explicit MmsLinkViewerToMacConnectFunnel(QString const& transport) : _transport(transport) {}
-    explicit MmsLinkViewerToMacConnectFunnel(QDataStream& stream);
+    explicit MmsLinkViewerToMacConnectFunnel(QString const& transport = {}) : _transport{transport} {}
+
+    template<typename Archive>
+    void fields(Archive& archive)
+    {
+        archive(_numbers, _transport);
+    }
 
 private:
-    void writeBody(QDataStream& stream) const override;
-
     std::array<quint32, 5> _numbers{0, 0xFFFFFFFF, 0, 10000000, 2};
-    QString _transport;
+    MmsText _transport;
 };
 
 /// 0x30018, asks what the server's funnel can do: u32 2; u32 0.
-class MmsLinkViewerToMacFunnelInfo
-    : public MmsNumbersMessage<MmsLinkViewerToMacFunnelInfo, TcpMmsMessage::LinkViewerToMacFunnelInfo, 2>
-{
-public:
-    MmsLinkViewerToMacFunnelInfo() : MmsNumbersMessage({2, 0}) {}
-    explicit MmsLinkViewerToMacFunnelInfo(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkViewerToMacFunnelInfo = MmsNumbersMessage<TcpMmsMessage::LinkViewerToMacFunnelInfo, 2>;
 
 /// 0x3001B, answers MmsLinkMacToViewerPing: u32 0; u32 0.
-class MmsLinkViewerToMacPong : public MmsNumbersMessage<MmsLinkViewerToMacPong, TcpMmsMessage::LinkViewerToMacPong, 2>
-{
-public:
-    MmsLinkViewerToMacPong() : MmsNumbersMessage({0, 0}) {}
-    explicit MmsLinkViewerToMacPong(QDataStream& stream) : MmsNumbersMessage(stream) {}
-};
+using MmsLinkViewerToMacPong = MmsNumbersMessage<TcpMmsMessage::LinkViewerToMacPong, 2>;

@@ -16,7 +16,6 @@ extern "C" {
 
 #include <gmock/gmock.h>
 #include <map>
-#include <unistd.h>
 
 namespace
 {
@@ -57,23 +56,6 @@ QByteArray frameSums(QString const& path)
     EXPECT_TRUE(ffmpeg.waitForFinished(60000));
     EXPECT_EQ(ffmpeg.exitCode(), 0);
     return ffmpeg.readAllStandardOutput();
-}
-
-/// The film as VLC writes it, which refuses to run as root.
-QString fromVlc(QString const& path)
-{
-    QString const written = Clips::scratch("vlc.asf");
-    QStringList command = {
-        "60", "cvlc", "-I", "dummy", "-q", "fd://0", "--sout", "#std{access=file,mux=asf,dst=-}", "vlc://quit"};
-    if (geteuid() == 0)
-        command = QStringList{"60", "setpriv", "--reuid=65534", "--clear-groups"} + command.mid(1);
-    QProcess vlc;
-    vlc.setStandardInputFile(path);
-    vlc.setStandardOutputFile(written);
-    vlc.start("timeout", command);
-    EXPECT_TRUE(vlc.waitForFinished(60000));
-    EXPECT_EQ(vlc.exitCode(), 0) << vlc.readAllStandardError().constData();
-    return written;
 }
 
 /// The same file with a header that was read and written here, all its streams being wanted.
@@ -136,7 +118,7 @@ void expectObjectsOfFFmpeg(QString const& path, size_t streams)
 
 TEST(AsfFiles, HeaderWithAllStreamsDecodesToTheSamePicturesAndSound)
 {
-    for (auto const& [video, audio] : {std::pair(1, 0), {0, 1}, {1, 1}, {2, 1}, {2, 2}, {3, 3}}) {
+    for (auto const& [video, audio] : {std::pair(0, 1), {2, 2}}) {
         SCOPED_TRACE(testing::Message() << video << " and " << audio);
         QString const path = Clips::asf(video, audio);
         QString const written = rewritten(path);
@@ -147,7 +129,7 @@ TEST(AsfFiles, HeaderWithAllStreamsDecodesToTheSamePicturesAndSound)
 
 TEST(AsfFiles, HeaderWithChosenStreamsOpensWithExactlyThose)
 {
-    for (auto const& [video, audio] : {std::pair(2, 0), {1, 1}, {2, 1}, {3, 1}, {3, 2}, {3, 3}}) {
+    for (auto const& [video, audio] : {std::pair(1, 1), {3, 2}}) {
         SCOPED_TRACE(testing::Message() << video << " and " << audio);
         QString const path = Clips::asf(video, audio);
         QByteArray const file = Clips::bytes(path);
@@ -189,13 +171,6 @@ TEST(AsfFiles, MutualExclusionInARealHeaderLeavesOnePicture)
     EXPECT_EQ(streamsIn(Clips::write("written.asf", withHeader(header, changed))), QList<int>({2, 4}));
 }
 
-TEST(AsfFiles, HeadersAndPacketsOfVlc)
-{
-    QString const path = fromVlc(Clips::wmv());
-    EXPECT_TRUE(frameSums(rewritten(path)) == frameSums(path));
-    expectObjectsOfFFmpeg(path, 2);
-}
-
 TEST(AsfFiles, MediaObjectsAreThoseThatFFmpegReads)
 {
     expectObjectsOfFFmpeg(Clips::asf(2, 2), 4);
@@ -230,15 +205,4 @@ TEST(AsfFiles, StreamOfChunksDecodesToTheSamePicturesAndSound)
         processor.processData(stream.mid(at, piece));
     EXPECT_TRUE(received == file.left(received.size()));
     EXPECT_TRUE(frameSums(Clips::write("received.asf", received)) == frameSums(path));
-}
-
-TEST(AsfFiles, PacketsCutAnywhereDoNoHarm)
-{
-    QByteArray const file = Clips::bytes(Clips::wmv());
-    SimpleAsfParser parser;
-    qsizetype const at = parser.ParseHeader(file);
-    for (qsizetype size = 0; size < parser.maxPacketSize(); ++size) {
-        QByteArray const cut(file.constData() + at, size);
-        EXPECT_LE(parser.ParseFrame(cut), size ? size : 0);
-    }
 }

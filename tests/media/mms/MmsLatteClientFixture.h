@@ -41,6 +41,7 @@ protected:
         auto* const c = client.get();
         using L = LatteClient;
         QObject::connect(c, &L::readyRead, c, [this] { ++readyReads; });
+        QObject::connect(c, &L::playing, c, [this] { ++plays; });
         QObject::connect(c, &L::error, c, [this](auto*, auto code) { events << QString("error %1").arg(code); });
         QObject::connect(c, &L::descriptorChanged, c,
                          [this](auto*, qint64 offset) { events << QString("descriptor %1").arg(offset); });
@@ -121,4 +122,5 @@ protected:
     std::unique_ptr<MmsLatteClient> client;
     QStringList events;
     int readyReads = 0;
+    int plays = 0;
 };

@@ -59,6 +59,7 @@ TEST_F(MmsLatteClientTest, ALossIsMadeGoodAtOnceAndHalfTheDataIsEnough)
     EXPECT_EQ(client->bytesAvailable(), 250000);
     QStringList const all = takeEvents();
     EXPECT_EQ(all.last(), "Playing...");
+    EXPECT_EQ(plays, 2);
     EXPECT_FALSE(all.contains("descriptor 6")); // The stream is the same.
 }
 
@@ -413,6 +414,7 @@ TEST_F(MmsLatteClientTest, AFullBufferMakesTheServerWaitUntilThereIsRoom)
     QCoreApplication::processEvents();
     EXPECT_TRUE(stream->isReading);
     EXPECT_THAT(takeEvents(), ElementsAre("Playing..."));
+    EXPECT_EQ(plays, 2);
 
     client->setBufferByteLength(1'000'000); // Fifteen seconds are more.
     EXPECT_EQ(client->bytesBuffered(), 1'500'000);

@@ -136,6 +136,7 @@ TEST(MmsLatteClientOnItsThread, AStreamPlaysThroughADataSourceAcrossAReconnectio
     ClockedLatteSource source(&latte, StreamDescription(Uri(refused)), QString());
     QSignalSpy const opened(&source, &GLMovieDataSource::opened);
     QSignalSpy const progress(&source, &GLMovieDataSource::stateChanged);
+    QSignalSpy const playing(&source, &GLMovieDataSource::playing);
     source.open();
     BufferLatteVisualiser visualiser(factory.client); // Watches from this thread.
     visualiser.start();
@@ -157,6 +158,7 @@ TEST(MmsLatteClientOnItsThread, AStreamPlaysThroughADataSourceAcrossAReconnectio
         texts << arguments.at(1).toString();
     EXPECT_EQ(texts.count("Reconnecting..."), 1);
     EXPECT_EQ(texts.count("Playing..."), 2);
+    EXPECT_EQ(playing.size(), 2);
     source.close();
     visualiser.sample();
     visualiser.grab();

@@ -330,7 +330,7 @@ TEST_F(TcpMmsClientTest, ASlotMayBeginAnewOrDeleteTheClient)
 
 TEST_F(TcpMmsClientTest, TheFactoryTakesAClientBackInMidSession)
 {
-    TcpMmsClientFactory factory("", &sockets, &timers, &dates, &queue);
+    TcpMmsClientFactory factory("", &timers, &sockets, &dates, &queue);
     QPointer<MmsClient> const created = factory.createMmsClient(nullptr);
     created->connectToServer(QUrl("mms://h/f"), QString(), timeout);
     factory.disposeMmsClient(created);

@@ -1,8 +1,0 @@
-#include "MmsDisconnectHandler.h"
-
-#include "TcpMmsClient.h"
-
-void MmsDisconnectHandler::act()
-{
-    client().disconnectFromServer();
-}
