@@ -19,8 +19,8 @@ struct AVPacket;
 
 /// How long a server may be silent, in ms.
 struct RtspPatience {
-    int udp = 3000;     ///< Before the first packet by UDP, when TCP can be tried still.
-    int silence = 6000; ///< Otherwise, before it counts as lost: about what a viewer has buffered.
+    int udp = 3000;      ///< Before the first packet by UDP, when TCP can be tried still.
+    int silence = 10000; ///< Otherwise, before it counts as lost.
 };
 
 /// One RTSP session, which blocks on a worker thread and hands over what happens.

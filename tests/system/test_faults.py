@@ -147,7 +147,7 @@ class Faults(unittest.TestCase):
         for stream in self.streams:
             stream.fault, stream.due = "a stopped player", float("inf")
         os.kill(self.program.pid, signal.SIGSTOP)
-        time.sleep(chance.uniform(1, 12))
+        time.sleep(chance.uniform(1, 6))  # For as long the system keeps what comes by UDP.
         os.kill(self.program.pid, signal.SIGCONT)
         self.ended(self.streams, BACK)
 
