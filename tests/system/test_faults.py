@@ -1,6 +1,7 @@
 """Streams of every transport side by side, whose servers fail at random: each picture is back soon, and nothing is used up."""
 
 import concurrent.futures
+import math
 import os
 import random
 import signal
@@ -20,7 +21,7 @@ SECONDS = int(os.environ.get("OMBRAVISION_TEST_SECONDS", 60))
 PATIENCE = float(os.environ.get("OMBRAVISION_TEST_PATIENCE", 1))  # A factor, for builds that are slow by themselves.
 SEED = os.environ.get("OMBRAVISION_TEST_SEED") or str(random.randrange(1 << 32))
 
-COLUMNS, CELL = 2, (320, 180)
+COLUMNS, CELL = math.isqrt(len(STREAMS) - 1) + 1, (320, 180)
 WIDTH, HEIGHT = CELL[0] * COLUMNS, CELL[1] * -(-len(STREAMS) // COLUMNS)
 START = 15 * PATIENCE
 BACK = 8 * PATIENCE  # Seconds after the end of a fault.

@@ -7,7 +7,7 @@ import signal
 import subprocess
 import tempfile
 
-from . import clips
+from . import clips, wait_for
 from .faulty_proxy import FaultyProxy
 from .foreign_servers import TCP, UDP, GStreamerServer
 from .hostile_servers import RTSP, HostileServer, read_request
@@ -212,6 +212,7 @@ class Hls(HttpTransportStream):
         self._origin = self.enter_context(Origin([], self._directory))
         self.restart()
         self.callback(self.kill)
+        wait_for(pathlib.Path(self._directory, "live.m3u8").exists, 20, "the playlist")
 
     def kill(self):
         self._feeder.kill()
