@@ -30,6 +30,18 @@ TEST(ReconnectionPolicy, WaitsGrowUntilPlayHasLasted)
         EXPECT_EQ(policy.nextDelay(3), expected);
 }
 
+TEST(ReconnectionPolicy, WhatIsBackWithinTwentySecondsIsFoundSoon)
+{
+    FakeTickCounter clock;
+    FixedChance chance;
+    ReconnectionPolicy policy(clock, chance);
+    for (int const expected : {1000, 2000, 2500, 2500, 2500, 2500, 2500, 2500, 2500, 5000, 10000, 20000, 24000}) {
+        int const delay = policy.nextDelay();
+        EXPECT_EQ(delay, expected);
+        clock.advance(delay);
+    }
+}
+
 TEST(ReconnectionPolicy, RedirectionsAreBounded)
 {
     FakeTickCounter clock;
