@@ -62,6 +62,7 @@ void FileDataSource::onOpeningEnded(bool success)
     if (!comesBack)
         _reopener.end();
     setSilenceLimit(comesBack ? silenceLimit : -1);
+    _entry = comesBack ? LiveEntry(streams()) : LiveEntry();
     start();
     emit opened(this);
 }
@@ -91,9 +92,19 @@ void FileDataSource::stop()
     GLMovieDataSource::stop();
 }
 
+int FileDataSource::readWhatIsPlayed(AVPacket* packet)
+{
+    for (;;) {
+        int const result = GLMovieDataSource::readFrame(packet);
+        if (result < 0 || !_entry.isAhead(*packet))
+            return result;
+        freeFrame(packet);
+    }
+}
+
 int FileDataSource::readFrame(AVPacket* packet)
 {
-    int const result = GLMovieDataSource::readFrame(packet);
+    int const result = readWhatIsPlayed(packet);
     if (result >= 0 || result == AVERROR(EAGAIN) || result == AVERROR_EXIT || !_isNetwork)
         return result;
     if (result == AVERROR_EOF && !_isLive)

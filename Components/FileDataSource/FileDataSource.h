@@ -2,6 +2,7 @@
 
 #include "FileOpening.h"
 #include "GLMovieDataSource.h"
+#include "LiveEntry.h"
 #include "StreamReopener.h"
 
 #include <QNetworkProxy>
@@ -10,7 +11,8 @@
 ///
 /// The end of a live address of the network, or its silence, is a loss, not an end: the source opens anew by itself,
 /// as StreamReopener says, while readFrame() waits and stateChanged() tells the viewer. When it is open again, what
-/// was open goes with closed(), and opened() follows. Only what cannot be opened, or not any more, is an error.
+/// was open goes with closed(), and opened() follows, and it begins with a key frame. Only what cannot be opened, or
+/// not any more, is an error.
 class FileDataSource : public GLMovieDataSource
 {
     Q_OBJECT
@@ -40,6 +42,7 @@ private:
     void onAttemptDue();
     void onGivenUp();
     bool isAnswered() const;
+    int readWhatIsPlayed(AVPacket* packet);
     int waitForReopening(AVPacket* packet);
 
     static Logger* log;
@@ -49,5 +52,7 @@ private:
     QNetworkProxy _proxy{QNetworkProxy::NoProxy};
     StreamReopener _reopener;
     std::shared_ptr<FileOpening::Progress const> _progress; ///< Of the last attempt.
-    bool _isLive = false; ///< A network stream without a length. Set before the reader starts.
+    // Set before the reader starts.
+    bool _isLive = false; ///< A network stream without a length.
+    LiveEntry _entry;     ///< Then the reader's.
 };

@@ -35,11 +35,11 @@ TEST(ReconnectionPolicy, WhatIsBackWithinTwentySecondsIsFoundSoon)
     FakeTickCounter clock;
     FixedChance chance;
     ReconnectionPolicy policy(clock, chance);
-    for (int const expected : {1000, 2000, 2500, 2500, 2500, 2500, 2500, 2500, 2500, 5000, 10000, 20000, 24000}) {
-        int const delay = policy.nextDelay();
-        EXPECT_EQ(delay, expected);
-        clock.advance(delay);
-    }
+    EXPECT_EQ(policy.nextDelay(), 1000);
+    for (clock.advance(1000); policy.isEarly(); clock.advance(1500))
+        EXPECT_EQ(policy.nextDelay(), 1500);
+    for (int const expected : {3000, 6000, 12000, 24000, 24000})
+        EXPECT_EQ(policy.nextDelay(), expected);
 }
 
 TEST(ReconnectionPolicy, RedirectionsAreBounded)
