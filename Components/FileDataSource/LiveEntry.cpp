@@ -5,20 +5,10 @@ extern "C" {
 #include <libavutil/avutil.h>
 }
 
-namespace
-{
-
-std::int64_t timeOf(AVPacket const& packet)
-{
-    return packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
-}
-
-} // namespace
-
 LiveEntry::LiveEntry(StreamInfo const& streams)
-    : _video(streams.videoSnapshot.index), _audio(streams.audioSnapshot.index),
-      _videoBase(streams.videoSnapshot.timeBase), _audioBase(streams.audioSnapshot.timeBase),
-      _waitsForKeyFrame(streams.video && !streams.videoSnapshot.isCover), _waitsForSound(_waitsForKeyFrame)
+    : _video{streams.videoSnapshot.index, av_q2d(streams.videoSnapshot.timeBase), {}},
+      _audio{streams.audioSnapshot.index, av_q2d(streams.audioSnapshot.timeBase), {}},
+      _waitsForKeyFrame(streams.video && !streams.videoSnapshot.isCover)
 {
 }
 
@@ -26,28 +16,36 @@ bool LiveEntry::isAhead(AVPacket const& packet)
 {
     if (_waitsForKeyFrame)
         return isAheadOfKeyFrame(packet);
-    if (!_waitsForSound || packet.stream_index != _audio)
+    if (!_waitsForSound || packet.stream_index != _audio.index)
         return false;
-    double const before =
-        static_cast<double>(_begin) * av_q2d(_videoBase) - static_cast<double>(timeOf(packet)) * av_q2d(_audioBase);
-    // Far before it, the sound goes by another clock, or has none.
-    _waitsForSound = before > 0.0 && before < patience;
+    double const before = _begin - secondsOf(packet, _audio).value_or(_begin);
+    _waitsForSound = before > 0.0 && before < patience; // Far before it, the sound goes by another clock.
     return _waitsForSound;
 }
 
 bool LiveEntry::isAheadOfKeyFrame(AVPacket const& packet)
 {
-    if (packet.stream_index != _video)
+    bool const isVideo = packet.stream_index == _video.index;
+    if (!isVideo && packet.stream_index != _audio.index)
         return true;
-    std::int64_t const time = timeOf(packet);
-    bool const hasTime = time != AV_NOPTS_VALUE;
-    if (hasTime && !_first)
-        _first = time;
-    bool const isLate = hasTime && static_cast<double>(time - *_first) * av_q2d(_videoBase) > patience;
-    if ((packet.flags & AV_PKT_FLAG_KEY) == 0 && !isLate)
+    Track& track = isVideo ? _video : _audio;
+    std::optional<double> const seconds = secondsOf(packet, track);
+    if (!track.first)
+        track.first = seconds;
+    bool const isKeyFrame = isVideo && (packet.flags & AV_PKT_FLAG_KEY) != 0;
+    bool const isTooLate = seconds && *seconds - *track.first > patience;
+    if (!isKeyFrame && !isTooLate)
         return true;
     _waitsForKeyFrame = false;
-    _waitsForSound = hasTime;
-    _begin = time;
+    _waitsForSound = isKeyFrame && seconds;
+    _begin = seconds.value_or(0.0);
     return false;
+}
+
+std::optional<double> LiveEntry::secondsOf(AVPacket const& packet, Track const& track)
+{
+    std::int64_t const time = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
+    if (time == AV_NOPTS_VALUE)
+        return {};
+    return static_cast<double>(time) * track.timeBase;
 }

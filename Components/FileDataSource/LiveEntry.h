@@ -7,7 +7,7 @@
 class LiveEntry
 {
 public:
-    static constexpr double patience = 5.0; ///< Seconds of pictures; some streams have no key frames at all.
+    static constexpr double patience = 5.0; ///< Seconds; some streams have no key frames, or no pictures for long.
 
     /// Everything belongs to the stream.
     LiveEntry() = default;
@@ -18,14 +18,18 @@ public:
     bool isAhead(AVPacket const& packet);
 
 private:
-    bool isAheadOfKeyFrame(AVPacket const& packet);
+    struct Track {
+        int index = -1;
+        double timeBase = 0.0;
+        std::optional<double> first; ///< Seconds of its first packet.
+    };
 
-    int _video = -1;
-    int _audio = -1;
-    AVRational _videoBase{0, 1};
-    AVRational _audioBase{0, 1};
+    bool isAheadOfKeyFrame(AVPacket const& packet);
+    static std::optional<double> secondsOf(AVPacket const& packet, Track const& track);
+
+    Track _video;
+    Track _audio;
     bool _waitsForKeyFrame = false;
     bool _waitsForSound = false;
-    std::optional<std::int64_t> _first; ///< Time of the first picture, and of that which it begins with.
-    std::int64_t _begin = 0;
+    double _begin = 0.0; ///< Seconds of the key frame.
 };
