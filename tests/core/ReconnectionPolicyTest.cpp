@@ -26,7 +26,7 @@ TEST(ReconnectionPolicy, WaitsGrowUntilPlayHasLasted)
     EXPECT_EQ(policy.nextDelay(), 0);
     EXPECT_EQ(policy.nextDelay(), 750);
     policy.reset();
-    for (int const expected : {750, 750, 750, 1500, 1500, 1500}) // Three addresses, twice round.
+    for (int const expected : {750, 750, 750, 1125, 1125, 1125}) // Three addresses, twice round.
         EXPECT_EQ(policy.nextDelay(3), expected);
 }
 

@@ -79,7 +79,7 @@ TEST(StreamReopener, OnlyWhatIsRefusedForGoodAtFirstIsGivenUpAtOnce)
     busy.wait(1000);
     busy.reopener.failed(true); // Not there yet.
     busy.wait(2000);
-    EXPECT_EQ(busy.attempts, (QList<double>{0, 1, 3}));
+    EXPECT_EQ(busy.attempts, (QList<double>{0, 1, 2.5}));
     Stream file(false);
     file.reopener.failed(false);
     EXPECT_EQ(file.givenUp.size(), 1);
