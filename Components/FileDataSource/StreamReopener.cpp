@@ -54,15 +54,8 @@ void StreamReopener::attempt()
     _state = Attempting;
     _isExtended = false;
     _began = _means.clock->msSinceEpoch();
-    wait(answerLimit());
+    wait(isHasty() ? earlyAnswer : _isFirst ? firstAnswer : lateAnswer);
     emit attemptDue();
-}
-
-int StreamReopener::answerLimit() const
-{
-    if (_isFirst)
-        return firstAnswer;
-    return _means.policy.isEarly() ? earlyAnswer : lateAnswer;
 }
 
 void StreamReopener::succeeded()
@@ -132,7 +125,7 @@ void StreamReopener::onTimer()
         return timeLeft() > 0 ? attempt() : giveUp();
     if (!_isExtended && _isAnswered()) {
         _isExtended = true;
-        wait((wholeFactor - 1) * answerLimit());
+        wait(isHasty() ? earlyOpening : lateOpening);
         return;
     }
     failed(false);

@@ -23,9 +23,10 @@ class StreamReopener : public QObject
 public:
     static constexpr int maximumOutage = 120000; ///< ms without play, until play lasts; then it gives up.
     static constexpr int firstAnswer = 20000;    ///< ms that the server may let the very first attempt wait.
-    static constexpr int earlyAnswer = 3000;     ///< ms; of a later one: most servers that are back answer at once.
+    static constexpr int earlyAnswer = 2000;     ///< ms; of a later one: most servers that are back answer at once.
     static constexpr int lateAnswer = 15000;     ///< ms; the same, when the server has been away for longer.
-    static constexpr int wholeFactor = 3;        ///< How much longer the whole opening may take.
+    static constexpr int earlyOpening = 10000;   ///< ms that opening may take from then on: up to a key frame.
+    static constexpr int lateOpening = 40000;    ///< ms; the same at first, and when it has been away for longer.
 
     /// What it goes by; clock and factory are borrowed.
     struct Means {
@@ -77,7 +78,7 @@ private:
     void retryIn(qint64 ms);
     qint64 timeLeft() const;
     void giveUp();
-    int answerLimit() const;
+    bool isHasty() const { return !_isFirst && _means.policy.isEarly(); }
 
     static Logger* log;
 

@@ -91,10 +91,10 @@ TEST(StreamReopener, AnAttemptThatIsNotAnsweredMakesRoomForTheNext)
     stream.reopener.succeeded();
     stream.wait(ReconnectionPolicy::lastingPlay);
     stream.reopener.lost();
-    stream.wait(9000); // Silence has been waited for enough.
-    EXPECT_EQ(stream.attempts, (QList<double>{0, 10, 13, 16, 19}));
+    stream.wait(6000); // Silence has been waited for enough.
+    EXPECT_EQ(stream.attempts, (QList<double>{0, 10, 12, 14, 16}));
     stream.isAnswered = true;
-    stream.wait(StreamReopener::wholeFactor * StreamReopener::earlyAnswer - 1);
+    stream.wait(StreamReopener::earlyAnswer + StreamReopener::earlyOpening - 1);
     EXPECT_EQ(stream.attempts.size(), 5);
     stream.wait(1);
     EXPECT_EQ(stream.attempts.size(), 6);
