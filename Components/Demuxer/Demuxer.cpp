@@ -12,6 +12,7 @@ extern "C" {
 #include <QObject>
 
 #include <algorithm>
+#include <chrono>
 #include <system_error>
 
 namespace
@@ -81,13 +82,27 @@ StreamInfo Demuxer::info() const
     return _info;
 }
 
-int Demuxer::read(AVPacket* packet)
+void Demuxer::retire()
+{
+    std::lock_guard const lock(_mutex);
+    _retired = true;
+    _endCall = true;
+    clearResults();
+    _work.notify_all();
+    _answer.notify_all();
+}
+
+int Demuxer::read(AVPacket* packet, int limit)
 {
     std::unique_lock lock(_mutex);
     if (_results.empty()) {
         _wanted = true;
         _work.notify_one();
-        _answer.wait(lock, [this] { return _interrupted || _abandoned || !_results.empty(); });
+        auto const isOver = [this] { return _interrupted || _abandoned || !_results.empty(); };
+        if (limit < 0 || _retired)
+            _answer.wait(lock, isOver);
+        else if (!_answer.wait_for(lock, std::chrono::milliseconds(limit), isOver))
+            return AVERROR(ETIMEDOUT);
     }
     if (_interrupted || _abandoned)
         return AVERROR_EXIT;
@@ -108,19 +123,22 @@ int Demuxer::seek(AVStream const* stream, long long timestamp, int flags)
     std::unique_lock lock(_mutex);
     if (!_isOpen || !stream)
         return AVERROR(EINVAL);
-    if (_interrupted || _abandoned)
+    if (_interrupted || _abandoned || _retired)
         return AVERROR_EXIT;
     unsigned int const number = ++_seekNumber;
     _seek = Seek{stream->index, timestamp, flags, number};
     clearResults();
     _endCall = true;
     _work.notify_one();
-    _answer.wait(lock, [&] { return _interrupted || _abandoned || _seeksServed >= number || _seekNumber != number; });
+    auto const isOver = [&] {
+        return _interrupted || _abandoned || _retired || _seeksServed >= number || _seekNumber != number;
+    };
+    _answer.wait(lock, isOver);
     if (_seeksServed == number)
         return _seekResult;
     if (_seekNumber == number && _seek) {
         _seek.reset();
-        _endCall = _abandoned; // The call that was to give way may go on, if it still does.
+        _endCall = _abandoned || _retired; // The call that was to give way may go on, if it still does.
     } else if (_seekNumber == number)
         _endCall = true;
     return AVERROR_EXIT;
@@ -154,6 +172,19 @@ void Demuxer::run(QObject* listener, std::function<void()> const& opened)
     KeyFrameSeek seeker(*context, _endCall);
     while (serve(*context, seeker)) {
     }
+    std::unique_lock lock(_mutex);
+    if (!_abandoned) {
+        lock.unlock();
+        disconnect(*context);
+        lock.lock();
+    }
+    _work.wait(lock, [this] { return _abandoned; }); // The streams are still in use.
+}
+
+void Demuxer::disconnect(AVFormatContext& context)
+{
+    if (!(context.flags & AVFMT_FLAG_CUSTOM_IO) && !(context.iformat->flags & AVFMT_NOFILE))
+        avio_closep(&context.pb);
 }
 
 bool Demuxer::finishOpening(AVFormatContext* context, QObject* listener, std::function<void()> const& opened)
@@ -173,8 +204,8 @@ bool Demuxer::finishOpening(AVFormatContext* context, QObject* listener, std::fu
 bool Demuxer::serve(AVFormatContext& context, KeyFrameSeek& seeker)
 {
     std::unique_lock lock(_mutex);
-    _work.wait(lock, [this] { return _abandoned || _seek || mayRead(); });
-    if (_abandoned)
+    _work.wait(lock, [this] { return _abandoned || _retired || _seek || mayRead(); });
+    if (_abandoned || _retired)
         return false;
     _endCall = false;
     _callEnded = false;
@@ -219,7 +250,7 @@ void Demuxer::serveRead(AVFormatContext& context, std::unique_lock<std::mutex>& 
         result = context.pb->error; // The end of what came is not the end of the film.
     if (result < 0)
         av_packet_free(&packet);
-    if (_abandoned || _seek || isCutOff) { // What was cut off, or stood before a seek.
+    if (_abandoned || _retired || _seek || isCutOff) { // What was cut off, or stood before a seek.
         av_packet_free(&packet);
         forgetCutOff(context);
         return;

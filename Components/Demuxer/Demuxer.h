@@ -45,6 +45,7 @@ struct StreamInfo {
     double duration = 0.0;  ///< Seconds; 0 when it is not known.
     double startTime = 0.0; ///< The time stamp of the beginning in seconds; 0 when it is not known.
     bool seekable = false;
+    bool endless = false; ///< Has no length, neither in bytes nor in time, as what is sent live.
 
     bool isEmpty() const { return !video && !audio; }
 
@@ -89,9 +90,14 @@ public:
     /// What was opened; empty before.
     StreamInfo info() const;
 
+    /// Ends all reading and seeking, and the connection, as far as FFmpeg has only one; the streams stay. From now on
+    /// read() waits until it is interrupted.
+    void retire();
+
     /// Waits for the next packet, and moves it to `packet`. Returns 0, or FFmpeg's negative error: AVERROR_EXIT when
-    /// interrupted or abandoned. Reading goes on after an error when it is asked for again.
-    int read(AVPacket* packet);
+    /// interrupted or abandoned, AVERROR(ETIMEDOUT) when none came within `limit` milliseconds, -1 for no limit.
+    /// Reading goes on after an error when it is asked for again.
+    int read(AVPacket* packet, int limit = -1);
 
     /// Waits until a stream stands at a time stamp, as KeyFrameSeek does it; what was read ahead is gone then. A
     /// running read or seek of another thread gives way. Returns FFmpeg's result, AVERROR_EXIT when interrupted or
@@ -122,6 +128,7 @@ private:
     void serveSeek(AVFormatContext& context, KeyFrameSeek& seeker, std::unique_lock<std::mutex>& lock);
     void serveRead(AVFormatContext& context, std::unique_lock<std::mutex>& lock);
     bool mayRead() const;
+    static void disconnect(AVFormatContext& context);
     static void forgetCutOff(AVFormatContext& context);
     void clearResults();
     static int interrupted(void* opaque);
@@ -137,6 +144,7 @@ private:
     std::condition_variable _work;   ///< For the demuxer's thread.
     std::condition_variable _answer; ///< For those who wait for it.
     bool _abandoned = false;
+    bool _retired = false;
     bool _interrupted = false;
     bool _wanted = false;         ///< A packet is waited for.
     bool _reading = false;        ///< Reading ahead is worth it: someone has read, and the last result was no error.

@@ -40,6 +40,17 @@ StreamSnapshot snapshotOf(AVStream const* stream)
             .parameters = copy};
 }
 
+/// Whether nobody knows a length. Bitrates and sizes of playlists make FFmpeg guess one, which does not count.
+bool isEndless(AVFormatContext const& context)
+{
+    if (context.flags & AVFMT_FLAG_CUSTOM_IO)
+        return false;
+    if (context.ctx_flags & AVFMTCTX_UNSEEKABLE)
+        return true;
+    bool const isStated = context.duration > 0 && context.duration_estimation_method == AVFMT_DURATION_FROM_STREAM;
+    return !isStated && context.pb && avio_size(context.pb) < 0;
+}
+
 int indexOf(AVStream const* stream)
 {
     return stream ? stream->index : -1;
@@ -102,6 +113,7 @@ StreamInfo StreamOpener::describe(AVFormatContext const& context)
     info.startTime = secondsOf(context.start_time);
     bool const refuses = (context.ctx_flags & AVFMTCTX_UNSEEKABLE) != 0;
     // Formats without an I/O of their own, such as segments, can seek as far as they know their length.
+    info.endless = isEndless(context);
     info.seekable = !refuses && (context.pb ? context.pb->seekable != 0 : info.duration > 0.0);
     return info;
 }

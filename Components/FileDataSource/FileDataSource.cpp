@@ -1,6 +1,5 @@
 #include "FileDataSource.h"
 
-#include "FileOpening.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
@@ -11,8 +10,20 @@ extern "C" {
 Logger* FileDataSource::log = LoggerManager::logger();
 
 FileDataSource::FileDataSource(QString const& path, QObject* parent)
-    : GLMovieDataSource(path, parent), _isNetwork(FileOpening::isNetwork(path))
+    : FileDataSource(path, StreamReopener::machine(), parent)
 {
+}
+
+FileDataSource::FileDataSource(QString const& path, StreamReopener::Means const& means, QObject* parent)
+    : GLMovieDataSource(path, parent), _isNetwork(FileOpening::isNetwork(path)),
+      _goesThere(_isNetwork && !FileOpening::isListening(path)), _reopener(means, [this] { return isAnswered(); })
+{
+    connect(&_reopener, &StreamReopener::attemptDue, this, &FileDataSource::onAttemptDue);
+    connect(&_reopener, &StreamReopener::givenUp, this, &FileDataSource::onGivenUp);
+    connect(&_reopener, &StreamReopener::retrying, this, [this] {
+        emit stateChanged(this, _reopener.hasPlayed() ? QStringLiteral("Reconnecting...")
+                                                      : QStringLiteral("Connecting..."));
+    });
 }
 
 FileDataSource::~FileDataSource()
@@ -23,23 +34,50 @@ FileDataSource::~FileDataSource()
 
 void FileDataSource::open()
 {
-    if (hasDemuxer())
+    if (hasDemuxer() || !_reopener.isIdle())
         return;
     setInterrupted(false);
-    start();
-    startDemuxer(FileOpening(uri(), _proxy));
+    _reopener.begin(_goesThere);
+}
+
+void FileDataSource::onAttemptDue()
+{
+    FileOpening const opening(uri(), _proxy);
+    _progress = opening.progress();
+    startDemuxer(opening, -1); // The reopener looks at the time.
+}
+
+bool FileDataSource::isAnswered() const
+{
+    return !_goesThere || _progress->isAnswered;
 }
 
 void FileDataSource::onOpeningEnded(bool success)
 {
     if (!success)
-        return onErrorTimer();
-    _isLive = _isNetwork && duration() <= 0.0;
+        return _reopener.failed(_progress->isForGood());
+    _isLive = _isNetwork && streams().endless;
+    bool const comesBack = _isLive && _goesThere;
+    _reopener.succeeded();
+    if (!comesBack)
+        _reopener.end();
+    setSilenceLimit(comesBack ? silenceLimit : -1);
+    _entry = comesBack ? LiveEntry(streams()) : LiveEntry();
+    start();
     emit opened(this);
+}
+
+void FileDataSource::onGivenUp()
+{
+    cancelOpening();
+    if (hasDemuxer())
+        setInterrupted(true); // Whoever waits for it to come back need not any more.
+    onErrorTimer();
 }
 
 void FileDataSource::close()
 {
+    _reopener.end();
     stop();
     dropDemuxer();
 }
@@ -54,14 +92,42 @@ void FileDataSource::stop()
     GLMovieDataSource::stop();
 }
 
+int FileDataSource::readWhatIsPlayed(AVPacket* packet)
+{
+    for (;;) {
+        int const result = GLMovieDataSource::readFrame(packet);
+        if (result < 0 || !_entry.isAhead(*packet))
+            return result;
+        freeFrame(packet);
+    }
+}
+
 int FileDataSource::readFrame(AVPacket* packet)
 {
-    int const result = GLMovieDataSource::readFrame(packet);
+    int const result = readWhatIsPlayed(packet);
     if (result >= 0 || result == AVERROR(EAGAIN) || result == AVERROR_EXIT || !_isNetwork)
         return result;
     if (result == AVERROR_EOF && !_isLive)
         return result;
     LOG_ERROR("Lost %s: %s", qPrintable(uri()), qPrintable(FFwrapper::errorText(result)));
+    if (_isLive && _goesThere)
+        return waitForReopening(packet);
     reportLoss();
     return result == AVERROR_EOF ? AVERROR(EIO) : result;
+}
+
+int FileDataSource::waitForReopening(AVPacket* packet)
+{
+    auto const lost = demuxer();
+    if (!lost)
+        return AVERROR(EIO);
+    lost->retire();
+    auto const tell = [this, lost] {
+        if (lost != demuxer())
+            return; // It is back, or closed.
+        stop();     // Silence is no error while it is looked for.
+        _reopener.lost();
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    return GLMovieDataSource::readFrame(packet);
 }

@@ -1,17 +1,27 @@
 #pragma once
 
+#include "FileOpening.h"
 #include "GLMovieDataSource.h"
+#include "LiveEntry.h"
+#include "StreamReopener.h"
 
 #include <QNetworkProxy>
 
-/// Reads a local path, a "file://" address or any address whose protocol FFmpeg opens by itself. The end of a live
-/// address of the network is a loss, not an end.
+/// Reads a local path, a "file://" address or any address whose protocol FFmpeg opens by itself.
+///
+/// The end of a live address of the network, or its silence, is a loss, not an end: the source opens anew by itself,
+/// as StreamReopener says, while readFrame() waits and stateChanged() tells the viewer. When it is open again, what
+/// was open goes with closed(), and opened() follows, and it begins with a key frame. Only what cannot be opened, or
+/// not any more, is an error.
 class FileDataSource : public GLMovieDataSource
 {
     Q_OBJECT
 
 public:
+    static constexpr int silenceLimit = 5000; ///< ms without a packet, which are a loss where it is live.
+
     explicit FileDataSource(QString const& path, QObject* parent = nullptr);
+    FileDataSource(QString const& path, StreamReopener::Means const& means, QObject* parent = nullptr);
     ~FileDataSource() override;
 
     /// For connections that FFmpeg makes, from the next opening on; none by default. The DefaultProxy is the
@@ -29,9 +39,20 @@ protected:
     void onOpeningEnded(bool success) override;
 
 private:
+    void onAttemptDue();
+    void onGivenUp();
+    bool isAnswered() const;
+    int readWhatIsPlayed(AVPacket* packet);
+    int waitForReopening(AVPacket* packet);
+
     static Logger* log;
 
-    bool const _isNetwork; ///< Set by the constructor: the path is an address of another machine.
+    bool const _isNetwork; ///< The path is an address of another machine.
+    bool const _goesThere; ///< It is a server's, which may be asked again.
     QNetworkProxy _proxy{QNetworkProxy::NoProxy};
-    bool _isLive = false; ///< A network stream without a known length. Set before the reader starts.
+    StreamReopener _reopener;
+    std::shared_ptr<FileOpening::Progress const> _progress; ///< Of the last attempt.
+    // Set before the reader starts.
+    bool _isLive = false; ///< A network stream without a length.
+    LiveEntry _entry;     ///< Then the reader's.
 };

@@ -11,6 +11,10 @@ extern "C" {
 }
 
 #include <QCoreApplication>
+#include <QUrl>
+#include <QUrlQuery>
+
+#include <algorithm>
 
 Logger* FileOpening::log = LoggerManager::logger();
 
@@ -39,6 +43,25 @@ IoOpen defaultIoOpen()
 bool FileOpening::isNetwork(QString const& name)
 {
     return name.contains("://") && !FileName::isAddress(name);
+}
+
+bool FileOpening::isListening(QString const& name)
+{
+    QUrl const url(name);
+    QUrlQuery const query(url);
+    static QStringList const connectionless{"udp", "udplite", "rtp", "srtp"};
+    return connectionless.contains(url.scheme()) ||
+           (query.hasQueryItem("listen") && query.queryItemValue("listen") != "0") ||
+           query.queryItemValue("mode") == "listener";
+}
+
+bool FileOpening::Progress::isForGood() const
+{
+    static constexpr int passing[] = {AVERROR(ECONNREFUSED),    AVERROR(ECONNRESET), AVERROR(ECONNABORTED),
+                                      AVERROR(EPIPE),           AVERROR(ETIMEDOUT),  AVERROR(EHOSTUNREACH),
+                                      AVERROR(ENETUNREACH),     AVERROR(ENETDOWN),   AVERROR_EXIT,
+                                      AVERROR_HTTP_SERVER_ERROR};
+    return std::ranges::find(passing, error.load()) == std::end(passing);
 }
 
 FileOpening::FileOpening(QString const& name, QNetworkProxy const& proxy)
@@ -89,5 +112,9 @@ int FileOpening::openNested(AVFormatContext* context, AVIOContext** io, char con
     av_dict_set(&all, "http_proxy", opening->_proxy.forAddress(url).constData(), 0);
     int const result = defaultIoOpen()(context, io, url, flags, &all);
     av_dict_free(&all);
+    if (result >= 0)
+        opening->_progress->isAnswered = true;
+    else
+        opening->_progress->error = result;
     return result;
 }

@@ -3,6 +3,7 @@
 #include "Demuxer.h"
 #include "FFmpegProxy.h"
 
+#include <atomic>
 #include <memory>
 
 class Logger;
@@ -17,10 +18,25 @@ struct AVIOContext;
 class FileOpening
 {
 public:
+    /// What becomes of an opening. Any thread.
+    struct Progress {
+        std::atomic<bool> isAnswered{false}; ///< Something has been opened: the server speaks.
+        std::atomic<int> error{0};           ///< FFmpeg's, of the last connection that failed.
+
+        /// Whether what has failed would fail again: there is no such thing, or it cannot be played. A server that
+        /// does not answer, or has no time, may do so later.
+        bool isForGood() const;
+    };
+
     /// A path, a "file://" address or an address whose protocol FFmpeg knows.
     FileOpening(QString const& name, QNetworkProxy const& proxy);
 
     static bool isNetwork(QString const& name);
+
+    /// Whether an address of the network waits for a sender to come, instead of going to a server.
+    static bool isListening(QString const& name);
+
+    std::shared_ptr<Progress const> progress() const { return _progress; }
 
     FormatContextPointer operator()(Demuxer const& demuxer) const;
 
@@ -35,5 +51,6 @@ private:
     FFmpegProxy _proxy;
     bool _isNetwork;
     QByteArray _path; ///< A local path or an address, in bytes.
+    std::shared_ptr<Progress> _progress = std::make_shared<Progress>();
     mutable std::shared_ptr<PipeReader> _pipe;
 };

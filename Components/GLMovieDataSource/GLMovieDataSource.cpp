@@ -65,7 +65,7 @@ int GLMovieDataSource::readFrame(AVPacket* packet)
     auto const source = demuxer();
     if (!source)
         return AVERROR(EINVAL);
-    if (int const result = source->read(packet); result < 0)
+    if (int const result = source->read(packet, silenceLimit()); result < 0)
         return result;
     countFrame(*packet);
     record(*packet);
@@ -116,30 +116,49 @@ std::shared_ptr<Demuxer> GLMovieDataSource::demuxer() const
 
 void GLMovieDataSource::startDemuxer(Demuxer::Opening opening, int deadline)
 {
-    dropDemuxer();
-    auto const opened = [this, number = _demuxerNumber] {
-        if (number == _demuxerNumber)
+    cancelOpening();
+    auto const opened = [this, number = _openingNumber] {
+        if (number == _openingNumber)
             onDemuxed();
     };
-    std::lock_guard const lock(_demuxerMutex);
-    _demuxer = Demuxer::start(std::move(opening), deadline, this, opened);
-    _demuxer->setInterrupted(_interrupted);
+    _opening = Demuxer::start(std::move(opening), deadline, this, opened);
+}
+
+void GLMovieDataSource::cancelOpening()
+{
+    ++_openingNumber;
+    if (auto const opening = std::exchange(_opening, nullptr))
+        opening->abandon();
 }
 
 void GLMovieDataSource::onDemuxed()
 {
-    bool const success = demuxer()->isOpen();
-    if (success)
-        setStreams(demuxer()->info());
-    else
-        dropDemuxer();
-    onOpeningEnded(success);
+    if (!_opening->isOpen()) {
+        cancelOpening();
+        return onOpeningEnded(false);
+    }
+    unsigned int const number = _openingNumber;
+    if (!_streams.isEmpty())
+        emit closed(this);
+    if (number != _openingNumber)
+        return; // A listener has closed this source.
+    takeDemuxer(std::exchange(_opening, nullptr));
+    onOpeningEnded(true);
+}
+
+void GLMovieDataSource::takeDemuxer(std::shared_ptr<Demuxer> const& opened)
+{
+    dropDemuxer();
+    setStreams(opened->info());
+    std::lock_guard const lock(_demuxerMutex);
+    _demuxer = opened;
+    _demuxer->setInterrupted(_interrupted);
 }
 
 void GLMovieDataSource::dropDemuxer()
 {
+    cancelOpening();
     stopRecording();
-    ++_demuxerNumber;
     setStreams({});
     std::lock_guard const lock(_demuxerMutex);
     if (_demuxer)
@@ -168,6 +187,14 @@ void GLMovieDataSource::reportLoss()
             onErrorTimer();
     };
     QMetaObject::invokeMethod(this, raise, Qt::QueuedConnection);
+}
+
+int GLMovieDataSource::silenceLimit() const
+{
+    if (_silenceLimit < 0)
+        return -1;
+    std::lock_guard const lock(_mutex);
+    return static_cast<int>(std::clamp(_averageFrameTime * 10.0, double(_silenceLimit), 1e9));
 }
 
 qint64 GLMovieDataSource::currentMilliseconds() const

@@ -94,6 +94,8 @@ public:
 
 signals:
     void opened(GLMovieDataSource* source);
+    /// What was open goes, for the source opens anew by itself: whoever reads must have stopped, and forgotten the
+    /// streams, when this returns.
     void closed(GLMovieDataSource* source);
     /// A text for the viewer; the empty text says that the last error has passed.
     void error(GLMovieDataSource* source, QString text);
@@ -110,19 +112,30 @@ protected slots:
     void onErrorTimer();
 
 protected:
-    /// Lets a demuxer open, in place of the one before and within so many milliseconds, -1 for as long as it takes;
-    /// onOpeningEnded() tells the end of it.
+    /// Lets a demuxer open within so many milliseconds, -1 for as long as it takes; onOpeningEnded() tells the end of
+    /// it. What is open stays until another is, and closed() is told before it goes.
     void startDemuxer(Demuxer::Opening opening, int deadline = firstFrameTimeout);
 
-    /// Forgets the streams, and leaves the demuxer, if any, to end by itself. Ends the recording.
+    /// Leaves the demuxer that opens, if any, to end by itself.
+    void cancelOpening();
+
+    /// The same for what is open, too: forgets the streams and ends the recording.
     void dropDemuxer();
-    bool hasDemuxer() const { return demuxer() != nullptr; }
+    bool hasDemuxer() const { return _opening || demuxer(); }
+
+    /// What is open, or null. Any thread.
+    std::shared_ptr<Demuxer> demuxer() const;
 
     /// The demuxer has opened, and its streams are known, or it has failed and is gone. On the owner's thread.
     virtual void onOpeningEnded(bool success) = 0;
 
+    /// Has readFrame() return AVERROR(ETIMEDOUT) after so many milliseconds without a packet, or ten times their
+    /// average distance when that is longer; -1, as at first, for never. While nobody reads.
+    void setSilenceLimit(int milliseconds) { _silenceLimit = milliseconds; }
+
     /// What is played from; on the owner's thread, with no read running.
     void setStreams(StreamInfo const& streams) { _streams = streams; }
+    StreamInfo const& streams() const { return _streams; }
 
     /// Emits error() with a text for the viewer, which stands until the next frame or stop().
     void raiseError(QString const& text);
@@ -134,8 +147,9 @@ protected:
     virtual qint64 currentMilliseconds() const;
 
 private:
-    std::shared_ptr<Demuxer> demuxer() const;
     void onDemuxed();
+    void takeDemuxer(std::shared_ptr<Demuxer> const& opened);
+    int silenceLimit() const;
     void record(AVPacket const& packet);
     void countFrame(AVPacket const& packet);
 
@@ -143,10 +157,12 @@ private:
 
     QString const _uri;
     std::atomic<bool> _interrupted{false};
-    StreamInfo _streams;              ///< Changed on the owner's thread only, while nobody reads.
-    unsigned int _demuxerNumber = 0;  ///< Tells the demuxer of now from those before. On the owner's thread.
-    mutable std::mutex _demuxerMutex; ///< Guards the pointer.
-    std::shared_ptr<Demuxer> _demuxer;
+    StreamInfo _streams;               ///< Changed on the owner's thread only, while nobody reads.
+    std::shared_ptr<Demuxer> _opening; ///< Is not open yet. On the owner's thread, as is the next.
+    unsigned int _openingNumber = 0;   ///< Tells the opening of now from those before.
+    int _silenceLimit = -1;            ///< ms
+    mutable std::mutex _demuxerMutex;  ///< Guards the pointer.
+    std::shared_ptr<Demuxer> _demuxer; ///< What is open.
 
     QTimer _errorTimer;
     mutable std::mutex _mutex; ///< Guards the watchdog's state and the counters below.

@@ -10,8 +10,6 @@
 namespace
 {
 
-constexpr int maximumDoublings = 5;
-
 TickCounter& monotonicClock()
 {
     static MonotonicTickCounter clock; // Has no state.
@@ -44,20 +42,32 @@ bool ReconnectionPolicy::hasLasted() const
     return _successSince && _clock->msSinceEpoch() - *_successSince >= lastingPlay;
 }
 
+bool ReconnectionPolicy::isEarly() const
+{
+    return !_lostSince || _clock->msSinceEpoch() - *_lostSince < earlyOutage;
+}
+
 int ReconnectionPolicy::nextDelay(int alternatives)
 {
     bool const lasted = hasLasted();
     _successSince.reset();
-    if (lasted) {
+    if (lasted)
         reset();
+    if (!_lostSince)
+        _lostSince = _clock->msSinceEpoch();
+    if (lasted)
         return 0;
-    }
-    int const rounds = _failures++ / std::max(alternatives, 1);
-    qreal const delay =
-        std::min<qreal>(firstDelay << std::min(rounds, maximumDoublings), maximumDelay / (1 + spread));
+    if (_failures++ % std::max(alternatives, 1) == 0)
+        grow();
     // Where it goes from thread to thread, chance is that of the thread that asks.
     qreal const random = (_random ? *_random : chance()).qrealrand();
-    return qRound(delay * (1 - spread + 2 * spread * random));
+    return qRound(_delay * (1 - spread + 2 * spread * random));
+}
+
+void ReconnectionPolicy::grow()
+{
+    qreal const limit = isEarly() ? earlyDelay : maximumDelay / (1 + spread);
+    _delay = std::min(std::max<qreal>(firstDelay, 2 * _delay), limit);
 }
 
 bool ReconnectionPolicy::mayRedirect()
@@ -70,6 +80,8 @@ bool ReconnectionPolicy::mayRedirect()
 void ReconnectionPolicy::reset()
 {
     _successSince.reset();
+    _lostSince.reset();
     _failures = 0;
+    _delay = 0;
     _redirections = 0;
 }

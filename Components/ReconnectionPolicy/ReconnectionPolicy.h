@@ -16,7 +16,9 @@ class ReconnectionPolicy
 public:
     static constexpr int lastingPlay = 10000;  ///< ms; success of that length begins the waits anew.
     static constexpr int firstDelay = 1000;    ///< ms; doubles with each attempt ...
-    static constexpr int maximumDelay = 30000; ///< ... up to this, chance included.
+    static constexpr int maximumDelay = 30000; ///< ... up to this, chance included, ...
+    static constexpr int earlyDelay = 1500;    ///< ... and up to this, chance not included, ...
+    static constexpr int earlyOutage = 20000;  ///< ... in the first so many ms: most servers are back by then.
     static constexpr qreal spread = 0.25;      ///< The share of a wait that chance adds or takes.
     static constexpr int maximumRedirections = 5;
 
@@ -37,13 +39,20 @@ public:
     /// A redirection is to be followed: false when that would be one too many since the last success that lasted.
     bool mayRedirect();
 
+    /// Whether that which was lost may be back any moment: it has not been gone for long.
+    bool isEarly() const;
+
     /// Begins anew, for something else or because somebody has asked for it.
     void reset();
 
 private:
+    void grow();
+
     TickCounter* _clock;
     RandomGenerator* _random;
     std::optional<qint64> _successSince; ///< By the clock.
+    std::optional<qint64> _lostSince;    ///< By the clock; when success that had lasted ended.
     int _failures = 0;                   ///< Since success last lasted.
     int _redirections = 0;               ///< Likewise.
+    qreal _delay = 0;                    ///< ms before chance, of the last round.
 };

@@ -26,8 +26,20 @@ TEST(ReconnectionPolicy, WaitsGrowUntilPlayHasLasted)
     EXPECT_EQ(policy.nextDelay(), 0);
     EXPECT_EQ(policy.nextDelay(), 750);
     policy.reset();
-    for (int const expected : {750, 750, 750, 1500, 1500, 1500}) // Three addresses, twice round.
+    for (int const expected : {750, 750, 750, 1125, 1125, 1125}) // Three addresses, twice round.
         EXPECT_EQ(policy.nextDelay(3), expected);
+}
+
+TEST(ReconnectionPolicy, WhatIsBackWithinTwentySecondsIsFoundSoon)
+{
+    FakeTickCounter clock;
+    FixedChance chance;
+    ReconnectionPolicy policy(clock, chance);
+    EXPECT_EQ(policy.nextDelay(), 1000);
+    for (clock.advance(1000); policy.isEarly(); clock.advance(1500))
+        EXPECT_EQ(policy.nextDelay(), 1500);
+    for (int const expected : {3000, 6000, 12000, 24000, 24000})
+        EXPECT_EQ(policy.nextDelay(), expected);
 }
 
 TEST(ReconnectionPolicy, RedirectionsAreBounded)

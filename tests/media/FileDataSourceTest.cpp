@@ -2,7 +2,9 @@
 
 #include "Clips.h"
 #include "FFmpegProxy.h"
+#include "FakeTimerFactory.h"
 #include "FileName.h"
+#include "FixedChance.h"
 #include "LogCapture.h"
 #include "LoopbackHttpServer.h"
 #include "NameLookup.h"
@@ -155,7 +157,6 @@ TEST(FileDataSource, BadInputIsAnErrorAtOnce)
         Clips::write("subtitles.srt", "1\n00:00:00,000 --> 00:00:01,000\nHello\n\n"),
         Clips::scratch("."),
         QString(),
-        "http://127.0.0.1:1/film",
         "nosuchscheme://host/film",
         "concat:" + Clips::audioOnly(),
         "subfile,,start,0,end,0,,:" + Clips::audioOnly(),
@@ -221,13 +222,11 @@ TEST(FileDataSource, EndOfANetworkStream)
     Case const cases[] = {
         {LoopbackHttpServer::Whole, Clips::h264Aac(), false},
         {LoopbackHttpServer::CutOff, Clips::h264Aac(), true},
-        {LoopbackHttpServer::WithoutLength, Clips::videoOnly(), true}, // Live: nobody knows its length.
     };
     for (Case const& c : cases) {
         LoopbackHttpServer server(c.manner, Clips::bytes(c.clip));
         FileDataSource source(server.url());
         ASSERT_TRUE(openSource(source)) << c.manner;
-        EXPECT_FALSE(source.isSeekable() && c.manner == LoopbackHttpServer::WithoutLength);
         QSignalSpy error(&source, &GLMovieDataSource::error);
         EXPECT_EQ(Reader(source).result().end == AVERROR_EOF, !c.loss) << c.manner;
         QCoreApplication::processEvents();
@@ -324,4 +323,104 @@ TEST(FileDataSource, InterruptEndsABlockedRead)
     source.setInterrupted(true);
     EXPECT_EQ(reader.result().end, AVERROR_EXIT);
     EXPECT_LT(timer.elapsed(), 300);
+}
+
+namespace
+{
+
+/// A source of which time is moved by hand, and what it tells of itself.
+class ReopeningSource : public FileDataSource
+{
+public:
+    explicit ReopeningSource(QString const& path, FakeTickCounter& clock, FakeTimerFactory& timers,
+                             FixedChance& chance)
+        : FileDataSource(path, {&clock, &timers, ReconnectionPolicy(clock, chance)})
+    {
+        connect(this, &GLMovieDataSource::opened, [this] { words << "opened"; });
+        connect(this, &GLMovieDataSource::closed, [this] {
+            words << "closed";
+            setInterrupted(true); // As the movie does.
+        });
+        connect(this, &GLMovieDataSource::stateChanged, [this](auto*, QString const& text) { words << text; });
+        connect(this, &GLMovieDataSource::error, [this](auto*, QString const& text) { words << text; });
+    }
+
+    using FileDataSource::setSilenceLimit;
+
+    QStringList words;
+};
+
+class LiveStream : public testing::Test
+{
+protected:
+    bool waitForWords(QStringList const& words)
+    {
+        return waitUntil([&] {
+            _timers.advance(0);
+            return _source.words == words;
+        });
+    }
+
+    FakeTickCounter _clock;
+    FakeTimerFactory _timers{_clock};
+    FixedChance _chance;
+    LoopbackHttpServer _server{LoopbackHttpServer::WithoutLength, Clips::bytes(Clips::videoOnly())};
+    ReopeningSource _source{_server.url("live.ts"), _clock, _timers, _chance};
+};
+
+} // namespace
+
+TEST_F(LiveStream, ComesBackWhateverItWasLostBy)
+{
+    QByteArray const clip = Clips::bytes(Clips::videoOnly());
+    QByteArray const other = Clips::bytes(Clips::rareKeyFrames(2));
+    for (auto const manner : {LoopbackHttpServer::WithoutLength, LoopbackHttpServer::HeldOpen}) {
+        _source.words.clear();
+        _server.serve(manner, clip);
+        _source.open();
+        ASSERT_TRUE(waitForWords({"opened"}));
+        if (manner == LoopbackHttpServer::HeldOpen)
+            _source.setSilenceLimit(1);
+        _server.serve(LoopbackHttpServer::Unavailable, {});
+        {
+            Reader reader(_source);
+            ASSERT_TRUE(waitForWords({"opened", "Reconnecting..."})) << _source.words.join(", ").toStdString();
+            AVStream const* const old = _source.videoStream();
+            for (int i = 0; i < 10; ++i) {
+                _timers.advance(2500);
+                QTest::qWait(1);
+            }
+            EXPECT_EQ(_source.videoStream(), old); // What is shown stays.
+            _server.serve(LoopbackHttpServer::WithoutLength, other);
+            ASSERT_TRUE(waitUntil([&] {
+                _timers.advance(100);
+                return _source.words.contains("closed");
+            }));
+            EXPECT_EQ(reader.result().end, AVERROR_EXIT);
+        }
+        ASSERT_TRUE(waitForWords({"opened", "Reconnecting...", "closed", "opened"}));
+        EXPECT_NE(_source.audioStream(), nullptr); // The new streams.
+        _source.close();
+    }
+}
+
+TEST_F(LiveStream, IsGivenUpInTheEndAndClosesInBetween)
+{
+    _source.open();
+    ASSERT_TRUE(waitForWords({"opened"}));
+    _server.serve(LoopbackHttpServer::Silent, {});
+    Reader reader(_source);
+    ASSERT_TRUE(waitForWords({"opened", "Reconnecting..."}));
+    _timers.advance(StreamReopener::maximumOutage);
+    EXPECT_EQ(reader.result().end, AVERROR_EXIT);
+    EXPECT_EQ(_source.words.last(), "Stream unavailable");
+    _source.close();
+
+    _source.words.clear();
+    _server.serve(LoopbackHttpServer::Unavailable, {});
+    _source.open();
+    ASSERT_TRUE(waitForWords({"Connecting..."}));
+    _source.close();
+    _timers.advance(StreamReopener::maximumOutage);
+    EXPECT_EQ(_source.words, QStringList("Connecting..."));
 }

@@ -16,6 +16,8 @@ public:
         Stalled,      ///< Half of it, then nothing.
         Silent,       ///< Nothing at all.
         NotFound,     ///< 404, with the body as its page.
+        Unavailable,  ///< 503, likewise.
+        HeldOpen,     ///< Whole, without a length, then nothing.
         WithoutLength ///< Whole, its end told by the end of the connection.
     };
 
@@ -30,6 +32,12 @@ public:
         return QString("http://127.0.0.1:" + QString::number(_server.serverPort()) + "/" + name);
     }
     QByteArray request() const { return _request; }
+    /// From the next request on.
+    void serve(Manner manner, QByteArray const& body)
+    {
+        _manner = manner;
+        _body = body;
+    }
 
 private:
     void accept()
@@ -47,8 +55,10 @@ private:
     {
         if (_manner == Silent)
             return;
-        QByteArray head = _manner == NotFound ? "HTTP/1.1 404 Not Found\r\n" : "HTTP/1.1 200 OK\r\n";
-        if (_manner != WithoutLength)
+        QByteArray head = _manner == NotFound      ? "HTTP/1.1 404 Not Found\r\n"
+                          : _manner == Unavailable ? "HTTP/1.1 503 Busy\r\n"
+                                                   : "HTTP/1.1 200 OK\r\n";
+        if (_manner != WithoutLength && _manner != HeldOpen)
             head += "Content-Length: " + QByteArray::number(_body.size()) + "\r\n";
         socket->write(head + "Connection: close\r\n\r\n");
         qsizetype const piece = _manner == Slow                           ? 3000
@@ -65,12 +75,12 @@ private:
                                  sent += piece;
                              });
         socket->write(_body.left(piece));
-        if (_manner != Slow && _manner != Stalled)
+        if (_manner != Slow && _manner != Stalled && _manner != HeldOpen)
             socket->disconnectFromHost();
     }
 
-    Manner const _manner;
-    QByteArray const _body;
+    Manner _manner;
+    QByteArray _body;
     QByteArray _request;
     QTcpServer _server;
 };

@@ -170,7 +170,7 @@ TEST_F(CentralisedBiscottiTest, AServerThatIsOutOfStepIsLeftAndTriedAgainAfterWa
 {
     connect();
     qint64 wait = 0;
-    for (int attempt = 0; attempt < 12; ++attempt) {
+    for (int attempt = 0; attempt < 24; ++attempt) {
         receive("garbage");
         EXPECT_EQ(takeTold(), (QStringList{"connected", "lost"}));
         qint64 const lost = clock.msSinceEpoch();

@@ -187,7 +187,7 @@ TEST_F(MmsLatteClientTest, WithoutANetworkTheFirstConnectionIsTriedForEver)
 {
     LogCapture const capture;
     start(unreachable);
-    int delay = 1000;
+    ReconnectionPolicy expected(clock, chance);
     for (int const timeout : {10000, 20000, 40000, 80000, 80000}) {
         failCheck();
         EXPECT_EQ(connection(), QString("tcp %1 %2").arg(unreachable).arg(timeout));
@@ -195,14 +195,13 @@ TEST_F(MmsLatteClientTest, WithoutANetworkTheFirstConnectionIsTriedForEver)
         transport()->end(MmsClient::CouldNotResolveServer);
         EXPECT_THAT(takeEvents(), ElementsAre("error 3"));
         EXPECT_EQ(client->state(), LatteClient::Delivering);
-        timers.advance(delay);
-        delay *= 2;
+        timers.advance(expected.nextDelay());
     }
     EXPECT_TRUE(capture.contains("could not connected"));
     failCheck();
     transport()->begin("header", 800000, 1000);
     transport()->end(MmsClient::UnknownError);
-    timers.advance(24000);
+    timers.advance(expected.nextDelay());
     EXPECT_EQ(connection(), QString("tcp %1 20000").arg(unreachable)); // From the beginning after a success.
 }
 
@@ -210,10 +209,12 @@ TEST_F(MmsLatteClientTest, AServerThatClosesAgainAndAgainIsNotHammered)
 {
     start(mms);
     answerStream();
-    for (int const delay : {1000, 2000, 4000, 8000, 16000, 24000, 24000}) {
+    ReconnectionPolicy expected(clock, chance);
+    for (int i = 0; i < 20; ++i) {
         play(); // That is much, but does not last.
         MmsClient const* const before = transport();
         transport()->end(MmsClient::RemoteServerClosed);
+        int const delay = expected.nextDelay();
         timers.advance(delay - 1);
         EXPECT_EQ(transport(), before) << delay;
         timers.advance(1);
@@ -255,7 +256,7 @@ TEST_F(MmsLatteClientTest, ADeadAddressIsFollowedByTheNextAndTheLastByTheFirst)
         failCheck();
         EXPECT_TRUE(connection().startsWith("tcp ")) << qPrintable(connection());
         transport()->end(MmsClient::CouldNotConnected);
-        timers.advance(i < 4 ? 1000 : 2000); // The second round is slower.
+        timers.advance(i < 4 ? 1000 : 1500); // The second round is slower.
     }
     EXPECT_EQ(order.join(""), "abcdab");
     EXPECT_TRUE(capture.contains("Connecting to next item in playlist"));
@@ -351,7 +352,7 @@ TEST_F(MmsLatteClientTest, AnEntryThatLeadsNowhereIsLeftOutAfterAWhile)
     EXPECT_EQ(checked(), "127.0.0.1/list2");
     answerPlaylist({"http://127.0.0.1/list", "http://127.0.0.1/list2"});
     EXPECT_TRUE(http.clients().isEmpty());
-    timers.advance(2000);
+    timers.advance(1500);
     EXPECT_EQ(checked(), "127.0.0.1/live");
     answerStream();
     EXPECT_EQ(connection(), QString("http %1 10000").arg(mms));

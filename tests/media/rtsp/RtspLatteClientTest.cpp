@@ -129,17 +129,16 @@ TEST_F(RtspLatteClientTest, ALossIsMendedForEverBehindAReportedError)
     data(128000);
     takeWords();
     QList<int> const codes = {2, 7, 5, 4, 3};
-    int delay = 1000;
+    ReconnectionPolicy expected(_clock, _chance);
     for (int round = 0; round < 4; ++round)
         for (int code : codes) {
             end(static_cast<NetworkErrors::NetworkError>(code));
             EXPECT_EQ(_latte.state(), LatteClient::Delivering);
             qsizetype const before = session().timeouts.size();
-            _timers.advance(delay - 1);
+            _timers.advance(expected.nextDelay() - 1);
             EXPECT_EQ(session().timeouts.size(), before);
             _timers.advance(1);
             EXPECT_EQ(session().timeouts.size(), before + 1);
-            delay = std::min(2 * delay, 24000);
         }
     EXPECT_EQ(session().timeouts.mid(0, 6), (QList<int>{10000, 20000, 40000, 80000, 80000, 80000}));
     EXPECT_EQ(_errors.mid(0, 5), codes);
