@@ -16,7 +16,7 @@ from support.faulty_streams import (ASF, COLOURS, OTHERS, Hls, HttpTransportStre
 from support.picture import number_of, number_points
 from support.program import Program
 
-STREAMS = MmsOverHttp, MmsOverTcp, RtspOverTcp, RtspOverUdp
+STREAMS = MmsOverHttp, MmsOverTcp, RtspOverTcp, RtspOverUdp, HttpTransportStream, Hls
 SECONDS = int(os.environ.get("OMBRAVISION_TEST_SECONDS", 60))
 PATIENCE = float(os.environ.get("OMBRAVISION_TEST_PATIENCE", 1))  # A factor, for builds that are slow by themselves.
 SEED = os.environ.get("OMBRAVISION_TEST_SEED") or str(random.randrange(1 << 32))
