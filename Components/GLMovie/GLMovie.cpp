@@ -133,7 +133,8 @@ int GLMovie::play()
     if (!_opened || isRunning())
         return NoError;
     LOG_INFO("Playing %s", qPrintable(_url));
-    _clock.reset(_videoOutput && !_videoOutput->isStill(), _audioStream && _options.renderAudio);
+    _clock.reset(_videoOutput && !_videoOutput->isStill(), _audioStream && _options.renderAudio,
+                 !_dataSource->isSeekable());
     _counter.reset();
     _repetition.clear();
     _requests.begin();

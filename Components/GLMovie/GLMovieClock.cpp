@@ -23,9 +23,10 @@ GLMovieClock::GLMovieClock() : GLMovieClock([] { return static_cast<qint64>(av_g
 
 GLMovieClock::GLMovieClock(TimeSource now) : _now(std::move(now)) {}
 
-void GLMovieClock::reset(bool hasPicture, bool hasSound)
+void GLMovieClock::reset(bool hasPicture, bool hasSound, bool isLive)
 {
     std::lock_guard const lock(_mutex);
+    _gap = isLive ? gapSeconds : jumpSeconds;
     _video = Track();
     _audio = Track();
     _video.present = hasPicture;
@@ -196,7 +197,7 @@ void GLMovieClock::followVideoLeap(double seconds, Due& due)
         moveTo(_video, seconds, soundHasLed ? sounds : *_video.end + _videoStep);
         if (!goesBySound())
             startAt(seconds + _video.shift);
-    } else if ((now - own > jumpSeconds || own - now > gapSeconds) && soundHasLed) {
+    } else if ((now - own > jumpSeconds || own - now > _gap) && soundHasLed) {
         moveTo(_video, seconds, sounds);
     } else if (own - now > jumpSeconds && !goesBySound() && !_audio.pending) {
         // Nothing else plays: a leap ahead must not hold the picture for as long.
@@ -287,7 +288,7 @@ void GLMovieClock::followSoundLeap(double seconds)
         _audio.first = seconds;
         moveTo(_audio, seconds, pictureHasLed ? pictures : end);
         startAt(now);
-    } else if (own - now > gapSeconds && _video.pending && *_video.pending - now > gapSeconds) {
+    } else if (own - now > _gap && _video.pending && *_video.pending - now > _gap) {
         // What was left out of a live stream is lost for both: nothing is to be seen or heard until then.
         moveTo(_audio, seconds, pictureHasLed ? pictures : std::max(end, now));
     } else if (own - now > jumpSeconds) {

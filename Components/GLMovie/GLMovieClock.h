@@ -23,7 +23,7 @@ public:
     using TimeSource = std::function<qint64()>;
 
     static constexpr double jumpSeconds = 10.0;    ///< Time stamps that leap further belong to a new clock.
-    static constexpr double gapSeconds = 3.0;      ///< A longer gap in picture and sound at once is left out.
+    static constexpr double gapSeconds = 3.0;      ///< A longer gap in live picture and sound at once is left out.
     static constexpr double shortestSilence = 0.1; ///< Seconds; sound that comes later than this waits for its time.
     static constexpr double longestSilence = 1.0;  ///< Seconds; then pictures no longer go by the sound.
 
@@ -37,8 +37,8 @@ public:
     GLMovieClock();
     explicit GLMovieClock(TimeSource now);
 
-    /// Begins anew: nothing has been shown or heard, movie time is 0.
-    void reset(bool hasPicture, bool hasSound);
+    /// Begins anew: nothing has been shown or heard, movie time is 0. What is live has gaps that stand for losses.
+    void reset(bool hasPicture, bool hasSound, bool isLive = true);
 
     /// Begins anew at a movie time; what counts as its zero stays. Returns that time as the streams count it, where
     /// `streamStart` is their first time stamp if nothing has been shown or heard yet.
@@ -121,6 +121,7 @@ private:
     Track _video;
     Track _audio;
     double _videoStep = 0.04; ///< Seconds between the last two pictures.
+    double _gap = gapSeconds; ///< Seconds; in films jumpSeconds.
     bool _soundJumped = false;
     bool _started = false;
     double _baseTime = 0.0; ///< Timeline seconds at _startTime.

@@ -94,6 +94,8 @@ bool GLMovie::readOnePacket(AVPacket* packet)
 
 bool GLMovie::isRepeated(AVPacket const& packet)
 {
+    if (!_dataSource->mayRepeat())
+        return false;
     for (AVStream const* const stream : {_videoStream, _audioStream})
         if (stream && stream->index == packet.stream_index)
             return _repetition.contains(packet, stream->time_base);
@@ -182,7 +184,7 @@ bool GLMovie::resetMovie()
         sought = false;
     }
     flushOutputs({});
-    _clock.reset(_clock.hasVideo(), _clock.hasSound());
+    _clock.reset(_clock.hasVideo(), _clock.hasSound(), !_dataSource->isSeekable());
     _counter.reset();
     _repetition.clear();
     _requests.setPlaying(false);

@@ -11,16 +11,19 @@ bool GLMovieRepetition::contains(AVPacket const& packet, AVRational timeBase)
     if (packet.dts == AV_NOPTS_VALUE)
         return false;
     Stream& stream = _streams[packet.stream_index];
-    std::int64_t const back = stream.latest.value_or(packet.dts) - packet.dts;
-    if (static_cast<double>(back) * av_q2d(timeBase) > longest) {
+    double const back = static_cast<double>(stream.latest.value_or(packet.dts)) - static_cast<double>(packet.dts);
+    if (back * av_q2d(timeBase) > longest) {
         stream = {};
         std::erase_if(_recent, [&](Packet const& recent) { return recent.stream == packet.stream_index; });
     }
     Packet const key{packet.stream_index, packet.pts, packet.dts, packet.size};
     bool const goesBack = stream.latest && (back > 0 || (back == 0 && stream.isRepeating));
-    stream.isRepeating = goesBack && std::find(_recent.begin(), _recent.end(), key) != _recent.end();
-    if (stream.isRepeating)
+    auto const found = goesBack ? std::find(_recent.begin(), _recent.end(), key) : _recent.end();
+    stream.isRepeating = found != _recent.end();
+    if (stream.isRepeating) {
+        _recent.erase(found); // Once only: a film that begins anew for ever is no loss.
         return true;
+    }
     stream.latest = std::max(packet.dts, stream.latest.value_or(packet.dts));
     _recent.push_back(key);
     if (_recent.size() > remembered)

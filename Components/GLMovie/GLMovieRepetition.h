@@ -14,7 +14,7 @@ struct AVPacket;
 /// Finds the packets that a live server sends once more to whoever comes back to it: it begins shortly before now,
 /// and what was received before the loss plays still. Played twice, they would hold the picture until their time has
 /// come again. Only packets that are the same, and that go back in their stream, count: a sender that has set its
-/// clock back sends something else. For one thread.
+/// clock back sends something else. Each is found once. For one thread.
 class GLMovieRepetition
 {
 public:

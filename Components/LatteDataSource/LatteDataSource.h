@@ -42,6 +42,7 @@ public:
     /// Does nothing and returns 0: what is live cannot be sought.
     int seekFrame(AVStream* stream, long long timestamp, int flags) override;
     bool isSeekable() const override { return false; }
+    bool mayRepeat() const override { return true; }
 
     /// What delivers the bytes; null unless open. Lives on a thread of its own.
     LatteClient const* client() const { return _client; }

@@ -57,7 +57,7 @@ void MmsLatteClientPrivate::fallBackToTcp(HttpContentChecker::CheckResponse cons
 
 bool MmsLatteClientPrivate::isTryingTcp(QString const& url) const
 {
-    return _client && _client->protocol() == MmsClient::MmsTcp && _currentUrl == url &&
+    return _client && !_buffer.isPlaying() && _client->protocol() == MmsClient::MmsTcp && _currentUrl == url &&
            _client->state() != MmsClient::Unconnected && _client->state() < MmsClient::Closing;
 }
 

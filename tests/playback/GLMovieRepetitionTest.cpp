@@ -30,4 +30,8 @@ TEST(GLMovieRepetition, WhatIsSentAgainIsFoundAndNothingElse)
     EXPECT_TRUE(comes(1, 114, 7));   // As are those whose sender's time stands still.
     EXPECT_TRUE(comes(0, 101, 101)); // A new clock.
     EXPECT_TRUE(comes(0, 102, 102));
+    EXPECT_FALSE(comes(0, 101, 101)); // Once; a film of two seconds that is sent for ever is played.
+    EXPECT_FALSE(comes(0, 102, 102));
+    EXPECT_TRUE(comes(0, 101, 101));
+    EXPECT_TRUE(comes(0, 102, 102));
 }
