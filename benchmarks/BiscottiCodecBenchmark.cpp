@@ -1,5 +1,5 @@
 // Messages of the Biscotti link written and read: how many a second. The baseline is a copy of the same bytes, the
-// least that anything can cost. messaging/pyasn1_rate.py does the same with another implementation, on the same post.
+// least that anything can cost.
 
 #include "CentralisedBiscottiMessageDecoder.h"
 #include "CentralisedBiscottiMessageEncoder.h"

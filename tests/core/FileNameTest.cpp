@@ -1,7 +1,5 @@
 #include "FileName.h"
 
-#include "Uri.h"
-
 #include <QDir>
 
 #include <gtest/gtest.h>
@@ -37,28 +35,4 @@ TEST(FileName, BytesSurviveEveryWayThroughText)
     }
     EXPECT_EQ(FileName::fromAddress("file:///a/b%20c"), "/a/b c");
     EXPECT_EQ(FileName::fromArgument("http://h/f\xE9?a=%20"), "http://h/f%E9?a=%20");
-}
-
-TEST(Uri, WithoutUserInfo)
-{
-    struct Case {
-        char const* typed;
-        char const* shown;
-    };
-    Case const cases[] = {
-        {"http://u:p@h/x", "http://h/x"},
-        {"rtsp://u@h", "rtsp://h"},
-        {"http://u:p@w@h:80/x", "http://h:80/x"},
-        {"http://u:p@[::1]/x@y", "http://[::1]/x@y"},
-        {"http://h/x@y", "http://h/x@y"},
-        {"http://h?q=a@b", "http://h?q=a@b"},
-        {"http://h#a@b", "http://h#a@b"},
-        {"http://:@h", "http://h"},
-        {"http://u:p@", "http://"},
-        {"http://", "http://"},
-        {"mail@home", "mail@home"},
-        {"", ""},
-    };
-    for (Case const& c : cases)
-        EXPECT_EQ(Uri::withoutUserInfo(c.typed), c.shown) << c.typed;
 }

