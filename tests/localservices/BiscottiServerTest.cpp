@@ -129,19 +129,7 @@ TEST_F(BiscottiServerTest, EachMessageIsAcknowledgedByItsRule)
 
 TEST_F(BiscottiServerTest, WhatCannotBeReadEndsTheConnectionAndFillsNoMemory)
 {
-    using namespace BerBytes;
-    for (QByteArray const& bytes : {
-             QByteArray(768 << 10, '\0'),
-             hex("A184FFFFFFFF"),
-             value(0xA1, value(0x80, "m,1") + value(0xA5, value(0xA9, {})))
-                 .repeated(BiscottiLimits::malformedMessages),
-         }) {
-        auto const client = peer();
-        client->say(bytes);
-        EXPECT_TRUE(client->waitForEnd()) << bytes.left(20).toHex().constData();
-    }
-    auto const good = peer("good");
-    QByteArray const half = good->post("1", "a", QByteArray(1'000'000, 'b')).chopped(1);
+    QByteArray const half = peer()->post("1", "a", QByteArray(1'000'000, 'b')).chopped(1);
     qsizetype const enough = BiscottiLimits::bytesHeld / half.size();
     std::vector<std::unique_ptr<BiscottiPeer>> peers;
     for (int i = 0; i < enough + 3; ++i) {
@@ -150,11 +138,14 @@ TEST_F(BiscottiServerTest, WhatCannotBeReadEndsTheConnectionAndFillsNoMemory)
         ASSERT_TRUE(processEventsUntil(
             [&] { return peers.back()->socket().bytesToWrite() == 0 || peers.back()->isClosed(); }));
     }
-    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == enough + 1; }));
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == enough; }));
     EXPECT_EQ(log.count("that does not come to an end"), 3);
-    peers.clear();
-    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 1; }));
-    EXPECT_EQ(good->ask(half + 'b'), 413) << "there is room again";
+    peers.resize(1);
+    peers[0]->say("b" + QByteArray(4096, '\xff'));
+    EXPECT_TRUE(peers[0]->waitForEnd());
+    EXPECT_EQ(peers[0]->acks.size(), 1);
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 0; }));
+    EXPECT_EQ(server.bytesHeld(), 0);
 }
 
 TEST_F(BiscottiServerTest, AnIdentityStaysWithTheLinkThatAnswers)

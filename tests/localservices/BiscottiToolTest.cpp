@@ -1,25 +1,6 @@
 #include "BiscottiPostPrinter.h"
-#include "BiscottiToolOptions.h"
 
 #include <gtest/gtest.h>
-
-TEST(BiscottiToolOptions, ServersAreNamedWithOrWithoutPort)
-{
-    std::pair<char const*, QString> const cases[] = {
-        {"example", "example 22473"},
-        {"127.0.0.1:65535", "127.0.0.1 65535"},
-        {"[::1]:5", "::1 5"},
-        {"fe80::1", "fe80::1 22473"},
-        {":5", ""},
-        {"example:0", ""},
-        {"a:65536", ""},
-    };
-    for (auto const& [text, expected] : cases) {
-        QString error;
-        auto const options = BiscottiToolOptions::parse({"--server", text, "sub", ".a"}, error);
-        EXPECT_EQ(options ? QString("%1 %2").arg(options->host).arg(options->port) : "", expected) << text;
-    }
-}
 
 TEST(BiscottiPostPrinter, NothingOfAPostBreaksItsLine)
 {
