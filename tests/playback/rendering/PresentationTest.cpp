@@ -61,8 +61,6 @@ protected:
         return surface();
     }
 
-    static int even(int length) { return (length + 1) / 2 * 2; }
-
     static GLMovieQuad quadFor(GLMoviePicture const& picture)
     {
         QRectF const whole = picture.rectangle;
@@ -94,36 +92,17 @@ TEST_F(PresentationTest, ShowsPicturesAsOpenGLDoes)
         QRect area;
         AVPixelFormat format;
         double psnr;
-        AVColorSpace colours = AVCOL_SPC_UNSPECIFIED;
     } const cases[] = {
-        {"its own size", {320, 180}, {90, 61, 320, 180}, all, AV_PIX_FMT_YUV420P, 34.0},
-        {"its own odd size", {319, 179}, {90, 61, 319, 179}, all, AV_PIX_FMT_YUV420P, 34.0},
-        {"its own size, cut at odd places", {640, 360}, {-69, -29, 640, 360}, all, AV_PIX_FMT_YUV420P, 34.0},
+        {"its own size", {320, 180}, {90, 61, 320, 180}, all, AV_PIX_FMT_YUV420P, 40.0},
+        {"its own size, cut at odd places", {640, 360}, {-69, -29, 640, 360}, all, AV_PIX_FMT_YUV420P, 40.0},
         {"converted beforehand", {320, 180}, {90, 61, 320, 180}, all, AV_PIX_FMT_RGB24, 50.0},
-        {"of another matrix", {320, 180}, {90, 61, 320, 180}, all, AV_PIX_FMT_YUV420P, 34.0, AVCOL_SPC_BT709},
-        {"of another matrix, enlarged",
-         {320, 180},
-         {100, 51, 440, 248},
-         all,
-         AV_PIX_FMT_YUV420P,
-         30.0,
-         AVCOL_SPC_BT709},
-        {"enlarged", {320, 180}, {0, 10, 502, 282}, all, AV_PIX_FMT_YUV420P, 29.0},
-        {"twice its size, cut", {320, 180}, {-69, -29, 640, 360}, all, AV_PIX_FMT_YUV420P, 29.0},
-        {"enlarged and cut in a corner",
-         {320, 180},
-         {100, 51, 440, 248},
-         {100, 51, 333, 111},
-         AV_PIX_FMT_YUV420P,
-         27.0},
-        {"reduced", {640, 360}, {60, 20, 382, 214}, all, AV_PIX_FMT_YUV420P, 29.0},
+        {"enlarged and cut", {320, 180}, {100, 51, 440, 248}, {100, 51, 333, 111}, AV_PIX_FMT_YUV420P, 40.0},
+        {"reduced", {640, 360}, {60, 20, 382, 214}, all, AV_PIX_FMT_YUV420P, 34.0},
     };
     for (auto const& one : cases) {
         SCOPED_TRACE(one.name);
-        Frame const frame = testPicture(even(one.picture.width()), even(one.picture.height()), AV_PIX_FMT_YUV420P);
-        frame->width = one.picture.width();
-        frame->height = one.picture.height();
-        frame->colorspace = one.colours;
+        Frame const frame = testPicture(one.picture.width(), one.picture.height(), AV_PIX_FMT_YUV420P);
+        frame->colorspace = AVCOL_SPC_BT709;
         auto const texture = textureOf(frame.get(), one.format);
         std::vector<GLMoviePicture> const pictures{
             {.texture = texture.get(), .rectangle = one.rectangle, .visible = one.rectangle.intersected(one.area)}};

@@ -18,7 +18,7 @@ using Frame = std::unique_ptr<AVFrame, FrameDeleter>;
 /// A frame with room for a picture.
 Frame emptyPicture(int width, int height, AVPixelFormat format);
 
-/// FFmpeg's test picture with text, bars and gradients, in a format. Sides are even.
+/// Soft waves, other ones in each plane, in a format. Sides are even.
 Frame testPicture(int width, int height, AVPixelFormat format);
 
 /// The same picture in RGB as FFmpeg converts it, with the chroma smoothed between its samples.
