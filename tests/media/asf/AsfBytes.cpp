@@ -121,7 +121,6 @@ QList<QByteArray> AsfBytes::everyKind()
         object(asfStreamPrioritizationGuid, u16(2) + u16(1) + u16(1) + u16(4) + u16(0)),
         object(asfLanguageListGuid, u16(2) + u8(12) + text("en-us") + u8(6) + text("fi")),
         object(asfScriptCommandGuid, "carried through"),
-        object(asfPaddingGuid, "carried through"),
         object(asfHeaderGuid, "carried through"),
     };
 }

@@ -33,7 +33,6 @@ TEST(AsfFiles, WantedStreamsOfARealHeaderAreThoseThatFFmpegFinds)
 {
     QByteArray const file = Clips::bytes(Clips::asf(3, 1));
     qsizetype const headerSize = SimpleAsfParser().ParseHeader(file);
-    ASSERT_GT(headerSize, 0);
     for (auto const& [extra, wanted] : {std::pair(QByteArray(), QList{1, 2, 3, 4}), {exclusion + rates, {2, 4}}}) {
         QByteArray changed = file;
         changed.insert(headerSize - 50, extra);

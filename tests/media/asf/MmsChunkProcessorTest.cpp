@@ -58,7 +58,7 @@ QList<QByteArray> of(QByteArray const& bytes, qsizetype piece = 1 << 30)
 QByteArray wholeStream()
 {
     return metadata("broadcast-id=1, ") + metadata(metadataText) + header(asfHeader.left(100)) +
-           header(asfHeader.mid(100)) + data("one $D\x04") + data("$$$$$$") + data("") + data("$H$$") +
+           header(asfHeader.mid(100)) + data("one $D\x04") + data("$$$$$$") + data("") + data("x") + data("$H$$") +
            chunk('Q', data("skipped")) + chunk('Z', "") + packetPair(1, 30) + packetPair(2, 31) + packetPair(3, 32) +
            chunk('T', "test") + chunk('C', AsfBytes::u32(5)) + data("three$") + data("four") +
            chunk('C', AsfBytes::u32(6) + "more") + data("\xA4last") + chunk('E', AsfBytes::u32(1) + "more");
@@ -67,9 +67,10 @@ QByteArray wholeStream()
 
 TEST(MmsChunkProcessor, SaysWhatIsInTheStream)
 {
-    EXPECT_THAT(of(wholeStream()), ElementsAre("metadata broadcast-id=1, " + metadataText, "header " + asfHeader,
-                                               "data one $D\x04", "data $$$$$$", "pair 30", "pair 31", "pair 32",
-                                               "test 0", "reset 5", "data three$", "reset 6", "data four", "end 1"));
+    EXPECT_THAT(of(wholeStream()),
+                ElementsAre("metadata broadcast-id=1, " + metadataText, "header " + asfHeader, "data one $D\x04",
+                            "data $$$$$$", "data x", "pair 30", "pair 31", "pair 32", "test 0", "reset 5",
+                            "data three$", "reset 6", "data four", "end 1"));
 }
 
 TEST(MmsChunkProcessor, SplitAnywhereSaysTheSame)
@@ -124,7 +125,8 @@ TEST(MmsChunkProcessor, PaddingFillsUpAndNeverCuts)
 TEST(MmsChunkProcessor, LastTwoBytesMayBeLateAndAreForgottenByReset)
 {
     Recorder recorder;
-    EXPECT_THAT(recorder.feed(data("one") + data("two").chopped(2)).take(), ElementsAre("data one"));
+    EXPECT_THAT(recorder.feed(data("one") + data("two").chopped(3)).take(), IsEmpty());
+    EXPECT_THAT(recorder.feed("t").take(), ElementsAre("data one"));
     EXPECT_THAT(recorder.feed("wo" + chunk('T', "test").chopped(2)).take(), ElementsAre("test 0"));
     recorder.processor.reset();
     EXPECT_THAT(recorder.feed(data("three")).take(), ElementsAre("data two"));
@@ -149,11 +151,9 @@ TEST(MmsChunkProcessor, FalseStartsAreGivenToWhatTheyBelongTo)
 
 TEST(MmsChunkProcessor, HeaderOfAnImpossibleSizeIsRefused)
 {
-    for (quint64 const size : {~quint64(0), quint64(MmsChunkProcessor::maximumHeaderBytes) + 1}) {
-        Recorder recorder;
-        recorder.feed(header(AsfBytes::guid(asfHeaderGuid) + AsfBytes::u64(size) + "more"));
-        EXPECT_THAT(recorder.feed(header(asfHeader)).take(), ElementsAre("header " + asfHeader)) << size;
-    }
+    Recorder recorder;
+    recorder.feed(header(AsfBytes::guid(asfHeaderGuid) + AsfBytes::u64(MmsChunkProcessor::maximumHeaderBytes + 1)));
+    EXPECT_THAT(recorder.feed(header(asfHeader)).take(), ElementsAre("header " + asfHeader));
 }
 
 TEST(MmsChunkProcessor, PacketPairsHaveThreeLengthsInTurn)
