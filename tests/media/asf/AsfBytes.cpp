@@ -1,38 +1,5 @@
 #include "AsfBytes.h"
 
-#include <QtEndian>
-
-namespace
-{
-template<typename Number>
-QByteArray number(Number value)
-{
-    QByteArray bytes(sizeof(Number), Qt::Uninitialized);
-    qToLittleEndian(value, bytes.data());
-    return bytes;
-}
-} // namespace
-
-QByteArray AsfBytes::u8(quint8 value)
-{
-    return number(value);
-}
-
-QByteArray AsfBytes::u16(quint16 value)
-{
-    return number(value);
-}
-
-QByteArray AsfBytes::u32(quint32 value)
-{
-    return number(value);
-}
-
-QByteArray AsfBytes::u64(quint64 value)
-{
-    return number(value);
-}
-
 QByteArray AsfBytes::guid(QUuid const& value)
 {
     QByteArray bytes = u32(value.data1) + u16(value.data2) + u16(value.data3);
@@ -84,11 +51,11 @@ QByteArray AsfBytes::video(int streamNumber, QByteArray const& codecData)
                                 codecData);
 }
 
-QByteArray AsfBytes::bitrates(QList<Rate> const& rates)
+QByteArray AsfBytes::bitrates(QList<std::pair<int, quint32>> const& rates)
 {
     QByteArray body = u16(static_cast<quint16>(rates.size()));
-    for (Rate const& rate : rates)
-        body += u16(static_cast<quint16>(rate.streamNumber)) + u32(rate.bitrate);
+    for (auto const& [streamNumber, bitrate] : rates)
+        body += u16(static_cast<quint16>(streamNumber)) + u32(bitrate);
     return object(asfBitratePropertiesGuid, body);
 }
 
@@ -110,32 +77,12 @@ QByteArray AsfBytes::extendedStream(int streamNumber, QByteArray const& embedded
     return object(asfExtendedStreamPropertiesGuid, body);
 }
 
-QByteArray AsfBytes::metadata(QUuid const& objectGuid, QList<int> const& streamNumbers, int languageIndex)
+QByteArray AsfBytes::metadata(QUuid const& objectGuid, QList<int> const& streamNumbers)
 {
     QByteArray body = u16(static_cast<quint16>(streamNumbers.size()));
-    QByteArray const name = text("IsVBR");
     for (int const streamNumber : streamNumbers)
-        body += u16(static_cast<quint16>(languageIndex)) + u16(static_cast<quint16>(streamNumber)) +
-                u16(static_cast<quint16>(name.size())) + u16(2) + u32(2) + name + u16(1);
+        body += u16(0) + u16(static_cast<quint16>(streamNumber)) + u16(4) + u16(2) + u32(2) + text("V") + u16(1);
     return object(objectGuid, body);
-}
-
-QByteArray AsfBytes::priorities(QList<int> const& mandatory, QList<int> const& optional)
-{
-    QByteArray body = u16(static_cast<quint16>(mandatory.size() + optional.size()));
-    for (int const streamNumber : mandatory)
-        body += u16(static_cast<quint16>(streamNumber)) + u16(1);
-    for (int const streamNumber : optional)
-        body += u16(static_cast<quint16>(streamNumber)) + u16(0);
-    return object(asfStreamPrioritizationGuid, body);
-}
-
-QByteArray AsfBytes::languages(QList<QByteArray> const& names)
-{
-    QByteArray body = u16(static_cast<quint16>(names.size()));
-    for (QByteArray const& name : names)
-        body += u8(static_cast<quint8>(text(name).size())) + text(name);
-    return object(asfLanguageListGuid, body);
 }
 
 QByteArray AsfBytes::headerExtension(QList<QByteArray> const& objects)
@@ -157,7 +104,7 @@ QList<QByteArray> AsfBytes::everyKind()
 {
     QByteArray const codec = u16(1) + u16(3) + text("ab") + u16(2) + text("c") + u16(4) + "WMV2";
     QByteArray const groups = u16(2) + u16(1) + u16(1) + u16(2) + u16(2) + u16(3);
-    QList<QByteArray> objects = {
+    return {
         fileProperties(),
         audio(1),
         video(2),
@@ -170,14 +117,10 @@ QList<QByteArray> AsfBytes::everyKind()
         extendedStream(4, video(4)),
         extendedStream(5, {}, "names of any length"),
         metadata(asfMetadataGuid, {1, 2}),
-        metadata(asfMetadataLibraryGuid, {1, 2}, 1),
-        priorities({1, 2}, {4}),
-        languages({"en-us", "fi"}),
+        metadata(asfMetadataLibraryGuid, {1, 2}),
+        object(asfStreamPrioritizationGuid, u16(2) + u16(1) + u16(1) + u16(4) + u16(0)),
+        object(asfLanguageListGuid, u16(2) + u8(12) + text("en-us") + u8(6) + text("fi")),
+        object(asfScriptCommandGuid, "carried through"),
+        object(asfHeaderGuid, "carried through"),
     };
-    for (QUuid const& kind : {asfScriptCommandGuid, asfMarkerGuid, asfErrorCorrectionGuid, asfContentDescriptionGuid,
-                              asfExtendedContentDescriptionGuid, asfContentBrandingGuid, asfContentEncryptionGuid,
-                              asfExtendedContentEncryptionGuid, asfDigitalSignatureGuid, asfPaddingGuid,
-                              asfIndexParametersGuid, asfHeaderGuid})
-        objects.append(object(kind, "carried through"));
-    return objects;
 }

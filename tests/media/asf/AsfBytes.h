@@ -4,15 +4,23 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QtEndian>
 
 /// Writes ASF by hand: the bytes of objects and headers, as the format publishes them.
 namespace AsfBytes
 {
-/// A little-endian number.
-QByteArray u8(quint8 value);
-QByteArray u16(quint16 value);
-QByteArray u32(quint32 value);
-QByteArray u64(quint64 value);
+template<typename Number>
+QByteArray littleEndian(Number value)
+{
+    QByteArray bytes(sizeof(Number), Qt::Uninitialized);
+    qToLittleEndian(value, bytes.data());
+    return bytes;
+}
+inline constexpr auto u8 = littleEndian<quint8>;
+inline constexpr auto u16 = littleEndian<quint16>;
+inline constexpr auto u32 = littleEndian<quint32>;
+inline constexpr auto u64 = littleEndian<quint64>;
+
 QByteArray guid(QUuid const& value);
 QByteArray text(char const* ascii); ///< 16-bit units with a terminator.
 
@@ -24,16 +32,10 @@ QByteArray audio(int streamNumber, QByteArray const& codecData = "codec");
 QByteArray video(int streamNumber, QByteArray const& codecData = "codec");
 QByteArray streamProperties(QUuid const& type, int streamNumber, QByteArray const& typeSpecific,
                             QByteArray const& errorCorrection = {});
-struct Rate {
-    int streamNumber;
-    quint32 bitrate;
-};
-QByteArray bitrates(QList<Rate> const& rates);
+QByteArray bitrates(QList<std::pair<int, quint32>> const& rates);
 QByteArray mutex(QUuid const& objectGuid, QUuid const& type, QList<int> const& streamNumbers);
 QByteArray extendedStream(int streamNumber, QByteArray const& embedded = {}, QByteArray const& names = {});
-QByteArray metadata(QUuid const& objectGuid, QList<int> const& streamNumbers, int languageIndex = 0);
-QByteArray priorities(QList<int> const& mandatory, QList<int> const& optional = {});
-QByteArray languages(QList<QByteArray> const& names);
+QByteArray metadata(QUuid const& objectGuid, QList<int> const& streamNumbers);
 QByteArray headerExtension(QList<QByteArray> const& objects);
 
 /// A Header object around the objects, and the Data object's own header.
