@@ -9,11 +9,7 @@ class HttpMmsMemo : public AbstractMemo
 {
 public:
     explicit HttpMmsMemo(HttpMmsClient* client) : AbstractMemo(client), _client(client) {}
-    void handle() override
-    {
-        if constexpr (work != nullptr)
-            (_client->*work)();
-    }
+    void handle() override { (_client->*work)(); }
 
 private:
     HttpMmsClient* const _client;
@@ -24,6 +20,13 @@ using HttpMmsPlayMemo = HttpMmsMemo<&HttpMmsClient::mmsPlay>;
 using HttpMmsSelectStreamMemo = HttpMmsMemo<&HttpMmsClient::mmsSelectStream>;
 using HttpMmsLastingMemo = HttpMmsMemo<&HttpMmsClient::streamHasLasted>;
 
-// These mark the place of a report or a stop in the queue; both are sent at once.
-using HttpMmsLoggingMemo = HttpMmsMemo<nullptr>;
-using HttpMmsStopMemo = HttpMmsMemo<nullptr>;
+/// Marks the place of a report or a stop in the queue; both are sent at once.
+class HttpMmsMark : public AbstractMemo
+{
+public:
+    explicit HttpMmsMark(HttpMmsClient* client) : AbstractMemo(client) {}
+    void handle() override {}
+};
+
+using HttpMmsLoggingMemo = HttpMmsMark;
+using HttpMmsStopMemo = HttpMmsMark;
