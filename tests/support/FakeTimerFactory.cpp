@@ -3,33 +3,6 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <gtest/gtest.h>
-
-Timer* FakeTimerFactory::createTimer()
-{
-    auto* const timer = new FakeTimer(_clock);
-    _timers.append(timer);
-    return timer;
-}
-
-void FakeTimerFactory::disposeTimer(Timer* timer)
-{
-    if (!timer)
-        return;
-    EXPECT_TRUE(_timers.removeOne(qobject_cast<FakeTimer*>(timer))) << "not a timer of this factory";
-    timer->blockSignals(true);
-    timer->deleteLater();
-}
-
-QList<FakeTimer*> FakeTimerFactory::timers() const
-{
-    QList<FakeTimer*> living;
-    for (QPointer<FakeTimer> const& timer : _timers) {
-        if (timer)
-            living.append(timer);
-    }
-    return living;
-}
 
 void FakeTimerFactory::advance(qint64 ms)
 {

@@ -1,11 +1,9 @@
 #pragma once
 
+#include "FakeObjects.h"
 #include "FakeTickCounter.h"
 #include "FakeTimer.h"
 #include "TimerFactory.h"
-
-#include <QList>
-#include <QPointer>
 
 /// Makes FakeTimers and moves their time. For one thread.
 class FakeTimerFactory : public TimerFactory
@@ -14,11 +12,9 @@ public:
     /// The clock is borrowed, and outlives the factory and its timers.
     explicit FakeTimerFactory(FakeTickCounter& clock) : _clock(clock) {}
 
-    Timer* createTimer() override;
-    void disposeTimer(Timer* timer) override;
-
-    /// The timers that exist and have not been given back, the oldest first.
-    QList<FakeTimer*> timers() const;
+    Timer* createTimer() override { return _timers.add(new FakeTimer(_clock)); }
+    void disposeTimer(Timer* timer) override { _timers.dispose(timer); }
+    QList<FakeTimer*> timers() const { return _timers.living(); }
 
     /// Moves the clock on, stopping at each timer that runs out on the way to fire it. Posted events are delivered
     /// before each stop, so that what a timer sets off goes on too.
@@ -28,5 +24,5 @@ private:
     FakeTimer* nextDue(qint64 msLimit) const;
 
     FakeTickCounter& _clock;
-    QList<QPointer<FakeTimer>> _timers; ///< Those that were not given back; null once deleted.
+    FakeObjects<FakeTimer> _timers;
 };

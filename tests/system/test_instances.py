@@ -1,4 +1,4 @@
-"""Starts of the program: switches, a second instance, output, the log's files."""
+"""Starts of the program: switches, a second instance, output."""
 
 import os
 import pathlib
@@ -55,17 +55,6 @@ class Instances(unittest.TestCase):
         with Program(self.display) as program:
             for number, name in ((1, "stdout"), (2, "stderr")):
                 self.assertEqual(os.readlink(f"/proc/{program.pid}/fd/{number}"), str(program.home / name))
-
-    def test_the_log_rolls(self):
-        settings = {"logger/maximumFileSize": 1500, "logger/numberOfOldFiles": 2}
-        with Program(self.display, clips.mp4(), settings=settings) as program:
-            program.wait_for_log(r"^Playing ")
-            program.quit()
-            names = {file.name for file in program.log.parent.iterdir()}
-            self.assertLessEqual({"Ombravision.log.1", "Ombravision.log.2"}, names)
-            self.assertNotIn("Ombravision.log.3", names)
-            for name in names - {"Ombravision.log"}:
-                self.assertLess((program.log.parent / name).stat().st_size, 1500 + 8192, name)
 
 
 if __name__ == "__main__":
