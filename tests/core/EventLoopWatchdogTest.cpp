@@ -13,20 +13,25 @@ TEST(EventLoopWatchdog, TellsEachTimeOverTheLimitAndTheLongest)
 {
     LogCapture capture;
     std::atomic<qint64> now = 0;
-    QSemaphore knocks; // Each knock reads the clock on the watchdog's own thread.
+    QSemaphore knocks; // Those on their way. Each reads the clock on the watchdog's own thread, and here at its end.
+    bool isAnswered = false;
     QThread const* const here = QThread::currentThread();
     {
         EventLoopWatchdog watchdog([&] {
+            qint64 const read = now;
             if (QThread::currentThread() != here)
                 knocks.release();
-            return now.load();
+            else
+                isAnswered = knocks.tryAcquire();
+            return read;
         });
-        knocks.acquire();
         // The first time does not count: the loop had not begun.
         for (qint64 const ms : {500, 16, 17, 3}) {
+            knocks.acquire();
+            knocks.release(); // It stays on its way until it is answered.
             now += ms * 1'000'000;
             int const before = capture.count("was away for");
-            while (!knocks.tryAcquire()) // The next knock comes when the last one has been answered.
+            for (isAnswered = false; !isAnswered;)
                 QCoreApplication::sendPostedEvents(&watchdog);
             EXPECT_EQ(capture.count("was away for") - before, ms == 17 ? 1 : 0) << ms;
         }

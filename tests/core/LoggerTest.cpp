@@ -166,15 +166,15 @@ TEST_F(RollingFileLoggerTest, NumbersOutOfBoundsAreBroughtInsideAndSaid)
     QSettings().setValue("logger/remoteSyslogPort", "nonsense");
     QDir().mkpath(QFileInfo(path()).path());
     for (char const* const number : {".7", ".1000", ".1001"})
-        QFile(path() + number).open(QIODevice::WriteOnly); // More old files than are kept now.
+        QFile(path() + number).open(QIODevice::WriteOnly);
     Logger logger;
     logger.logMessage(Logger::Info, "a.cpp", 1, "%s", QByteArray(100, 'a').constData());
     EXPECT_EQ(files().filter(QRegularExpression("log\\.")), // Each line is more than the least size.
               (QStringList{"test.log.1", "test.log.1001", "test.log.11", "test.log.2", "test.log.3", "test.log.4"}));
     QByteArray const all = contentsOf(path() + ".4") + contentsOf(path() + ".3") + contentsOf(path() + ".2");
-    EXPECT_TRUE(all.contains("logger/numberOfOldFiles is \"1000000000\""));
-    EXPECT_TRUE(all.contains("logger/maximumFileSize is \"0\""));
-    EXPECT_TRUE(all.contains("logger/remoteSyslogPort is \"nonsense\""));
+    for (char const* const text :
+         {"numberOfOldFiles is \"1000000000\"", "maximumFileSize is \"0\"", "Port is \"nonsense\""})
+        EXPECT_TRUE(all.contains(text)) << text;
 }
 
 TEST_F(RollingFileLoggerTest, CountsWhatTheFileHeldBefore)

@@ -29,10 +29,7 @@ TEST(QtTcpSocket, TalksToAServerUntilItIsGivenBack)
     socklen_t size = sizeof noDelay;
     EXPECT_EQ(getsockopt(socket->socketDescriptor(), IPPROTO_TCP, TCP_NODELAY, &noDelay, &size), 0);
     EXPECT_EQ(noDelay, 1);
-    QTcpSocket* const peer = server.nextPendingConnection();
-    EXPECT_EQ(socket->write("ping\n"), 5);
-    ASSERT_TRUE(processEventsUntil([&] { return peer->canReadLine(); }));
-    peer->close();
+    server.nextPendingConnection()->close();
     ASSERT_TRUE(processEventsUntil([&] { return disconnected.count() == 1; }));
     EXPECT_EQ(disconnected.at(0).at(0).value<TcpSocket*>(), socket);
     EXPECT_EQ(errors.takeFirst().at(1).value<QAbstractSocket::SocketError>(), QAbstractSocket::RemoteHostClosedError);

@@ -194,15 +194,3 @@ TEST(CentralisedBiscottiHostile, KeepsTheBytesBehindAnError)
     EXPECT_EQ(decoded.errors, 3);
     EXPECT_EQ(decoded.messages.size(), 4);
 }
-
-TEST(CentralisedBiscottiHostile, RefusesTextThatIsNone)
-{
-    for (char const* const text : {"FF", "C3", "C080", "E2 28 A1"}) {
-        SCOPED_TRACE(text);
-        expectRefusal(postOf(value(0x80, hex(text))));
-    }
-    // A zero is a character like any other.
-    DecodedMessages decoded;
-    decoded.decoder.appendBytes(postOf(value(0x80, hex("610062"))));
-    EXPECT_EQ(decoded.lastPost.postId().toString().size(), 3);
-}

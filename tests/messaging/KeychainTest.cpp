@@ -18,6 +18,7 @@ TEST(Keychain, AnUnknownKeyIsWaitedForWithoutARequest)
     EXPECT_TRUE(keychain.publicKeyFor("ann").isEmpty());
     ASSERT_EQ(factory.clients().size(), 1);
     EXPECT_TRUE(factory.clients().constFirst()->sent().isEmpty()) << "nobody has said what to ask for";
+    factory.clients().constLast()->receive("half a k");
     factory.clients().constLast()->finish(HttpClient::UnexpectedClose);
     ASSERT_EQ(unavailable.size(), 1);
     EXPECT_EQ(unavailable[0][0], "ann");

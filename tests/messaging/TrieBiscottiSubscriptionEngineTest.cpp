@@ -1,7 +1,5 @@
 #include "TrieBiscottiSubscriptionEngine.h"
 
-#include "LogCapture.h"
-
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
@@ -82,17 +80,6 @@ TEST(TrieBiscottiSubscriptionEngine, ForgetsWhatIsRemoved)
     EXPECT_FALSE(engine.isSigned(id));
     EXPECT_TRUE(engine.isValid());
     EXPECT_TRUE(iterator.findNext(id)) << "the iterator is a snapshot";
-}
-
-TEST(TrieBiscottiSubscriptionEngine, NoticesAnIdThatIsFiledTwice)
-{
-    LogCapture log;
-    TrieBiscottiSubscriptionEngine engine;
-    engine.insert(subscriptionTo(BiscottiTopic("a"), "1"), BiscottiSignatureId());
-    EXPECT_TRUE(engine.isValid());
-    engine.insert(subscriptionTo(BiscottiTopic("b"), "1"), BiscottiSignatureId());
-    EXPECT_FALSE(engine.isValid());
-    EXPECT_EQ(log.count("Failed assertion"), 1);
 }
 
 TEST(TrieBiscottiSubscriptionEngine, AnswersAsALookAtEverySubscriptionDoes)

@@ -42,19 +42,6 @@ int FakeHttpClient::setHost(QString const& host, HttpClient::ConnectionMode mode
     return ++_lastId;
 }
 
-int FakeHttpClient::setProxy(QString const& host, int, QString const&, QString const&)
-{
-    _proxyHost = host;
-    return ++_lastId;
-}
-
-int FakeHttpClient::setUser(QString const& user, QString const& password)
-{
-    _user = user;
-    _password = password;
-    return ++_lastId;
-}
-
 int FakeHttpClient::request(HttpRequestHeader const& header, QByteArray const& data)
 {
     return send({header, data, nullptr});
@@ -77,12 +64,6 @@ int FakeHttpClient::send(Sent const& request)
     _error = NoError;
     _body.clear();
     _received = 0;
-    return ++_lastId;
-}
-
-int FakeHttpClient::close()
-{
-    ++_closeCount;
     return ++_lastId;
 }
 

@@ -24,13 +24,9 @@ public:
     QString host() const { return _host; }
     int port() const { return _port; }
     HttpClient::ConnectionMode mode() const { return _mode; }
-    QString user() const { return _user; }
-    QString password() const { return _password; }
-    QString proxyHost() const { return _proxyHost; }
 
     /// All requests so far.
     QList<Sent> sent() const { return _sent; }
-    int closeCount() const { return _closeCount; }
     int abortCount() const { return _abortCount; }
 
     /// The header of a response comes.
@@ -44,12 +40,12 @@ public:
 
     int setHost(QString const& host, int port = 80) override;
     int setHost(QString const& host, HttpClient::ConnectionMode mode, int port = 0) override;
-    int setProxy(QString const& host, int port, QString const& user, QString const& password) override;
-    int setUser(QString const& user, QString const& password) override;
+    int setProxy(QString const&, int, QString const&, QString const&) override { return ++_lastId; }
+    int setUser(QString const&, QString const&) override { return ++_lastId; }
     int request(HttpRequestHeader const& header, QByteArray const& data) override;
     int get(QString const& path, QIODevice* device = nullptr) override;
     int post(QString const& path, QByteArray const& data, QIODevice* device = nullptr) override;
-    int close() override;
+    int close() override { return ++_lastId; }
     void abort() override;
     QByteArray readAll() override;
     qint64 read(char* data, qint64 maxSize) override;
@@ -64,16 +60,12 @@ private:
     QString _host;
     int _port = 0;
     HttpClient::ConnectionMode _mode = ConnectionModeHttp;
-    QString _user;
-    QString _password;
-    QString _proxyHost;
     QList<Sent> _sent;
     HttpResponseHeader _response;
     QByteArray _body;
     qint64 _received = 0;
     bool _isRunning = false;
     HttpClient::Error _error = NoError;
-    int _closeCount = 0;
     int _abortCount = 0;
     int _lastId = 0;
 };
