@@ -69,4 +69,6 @@ TEST_F(TickerTest, TheHighlightStaysWithItsText)
     step(second - 5);
     EXPECT_NEAR(left(true), 5, 3);
     EXPECT_NEAR(left(), 5, 3);
+    step(10);
+    EXPECT_EQ(left(true), 0) << "also when the first one has gone";
 }

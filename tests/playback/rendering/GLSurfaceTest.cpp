@@ -41,9 +41,9 @@ protected:
         _surface.context()->functions()->glBindTexture(GL_TEXTURE_2D, _texture);
     }
 
-    bool isExposed(bool expected = true)
+    bool isExposed()
     {
-        return QTest::qWaitFor([&] { return _surface.isExposed() == expected; });
+        return QTest::qWaitFor([this] { return _surface.isExposed(); });
     }
 
     /// Draws a colour, and tells whether it comes to be seen.
@@ -95,27 +95,29 @@ TEST_F(GLSurfaceTest, IsNotExposedInAWindowThatIsNotOnTheScreen)
 {
     ASSERT_TRUE(isExposed());
     _window.hide();
-    EXPECT_TRUE(isExposed(false));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !_surface.isExposed(); }));
     _window.show();
     EXPECT_TRUE(shows(Qt::green));
     // Minimising is a request to the window manager, if there is one.
     _window.setWindowState(Qt::WindowMinimized);
-    EXPECT_TRUE(isExposed(false));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !_surface.isExposed(); }));
 }
 
 TEST(PaintPacer, JoinsRequestsWithinAFrameOfTheScreen)
 {
     PaintPacer pacer;
+    QElapsedTimer time;
     QSignalSpy paints(&pacer, &PaintPacer::paint);
     QObject::connect(&pacer, &PaintPacer::paint, &pacer, &PaintPacer::painted);
     pacer.setRefreshRate(25.0);
-    QElapsedTimer time;
-    for (int const count : {1, 2}) {
+    for (int i = 0; i < 5; ++i)
         pacer.request();
-        pacer.request();
-        EXPECT_TRUE(paints.count() == count || paints.wait());
-        EXPECT_EQ(paints.count(), count);
-        EXPECT_TRUE(count == 1 || time.elapsed() >= 30) << "Hardly a frame of 40 ms after the one before";
-        time.start();
-    }
+    EXPECT_TRUE(paints.count() == 1 || paints.wait());
+    EXPECT_EQ(paints.count(), 1);
+    time.start();
+    pacer.request();
+    pacer.request();
+    EXPECT_TRUE(paints.wait());
+    EXPECT_GE(time.elapsed(), 30) << "Hardly a frame of 40 ms after the one before";
+    EXPECT_EQ(paints.count(), 2);
 }
