@@ -27,6 +27,14 @@ bool isPlaylistType(QString const& type)
     return type.startsWith("text/") || types.contains(type);
 }
 
+bool isMedia(QString const& type)
+{
+    // Ogg and the playlists of HTTP Live Streaming are registered as applications; FFmpeg plays both.
+    static QStringList const applications{"application/ogg", "application/vnd.apple.mpegurl",
+                                          "application/x-mpegurl"};
+    return type.startsWith("audio/") || type.startsWith("video/") || applications.contains(type);
+}
+
 } // namespace
 
 HttpContentChecker::ContentType ContentClassifier::typeOf(HttpResponseHeader const& header)
@@ -37,7 +45,7 @@ HttpContentChecker::ContentType ContentClassifier::typeOf(HttpResponseHeader con
             return HttpContentChecker::MmsStream;
         if (type == "application/octet-stream" && result != HttpContentChecker::PlainFile)
             result = HttpContentChecker::MmsStream;
-        else if ((type.startsWith("audio/") || type.startsWith("video/")) && !isPlaylistType(type))
+        else if (isMedia(type) && !isPlaylistType(type))
             result = HttpContentChecker::PlainFile;
     }
     return result;

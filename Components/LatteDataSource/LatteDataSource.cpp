@@ -64,6 +64,12 @@ void LatteDataSource::open()
     connect(_client, &LatteClient::error, this, &LatteDataSource::onLatteError, Qt::QueuedConnection);
     connect(_client, &LatteClient::progressChanged, this, &LatteDataSource::onProgressChanged, Qt::QueuedConnection);
     connect(_client, &LatteClient::playing, this, &LatteDataSource::onLattePlaying, Qt::QueuedConnection);
+    _repeatsUntil = never;
+    // At once: what comes again may be read before the event is.
+    connect(
+        _client, &LatteClient::playing, this,
+        [this] { _repeatsUntil = _repeatsUntil == never ? 0 : currentMilliseconds() + repetitionTime; },
+        Qt::DirectConnection);
     _thread = std::make_unique<LatteDataSourceThread>(*_client, thread());
     _openTime = currentMilliseconds();
     start();
@@ -130,6 +136,11 @@ int LatteDataSource::readFrame(AVPacket* packet)
     }
     std::this_thread::sleep_for(resetPoll); // Between two streams there is nothing to read, but this is not the end.
     return AVERROR(EAGAIN);
+}
+
+bool LatteDataSource::mayRepeat() const
+{
+    return currentMilliseconds() < _repeatsUntil;
 }
 
 int LatteDataSource::seekFrame(AVStream*, long long, int)

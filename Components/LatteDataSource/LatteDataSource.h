@@ -22,8 +22,9 @@ class LatteDataSource : public GLMovieDataSource
 public:
     static constexpr int minimumBufferedBytes = 128000;   ///< For schemes that have no start-up rule of their own.
     static constexpr int maximumBufferedBytes = 32 << 20; ///< More waits in the client until the source is open.
-    static constexpr int openDelay = 5000;  ///< ms from a failed attempt to the next; usually also from open().
-    static constexpr int resetDelay = 3000; ///< ms from a new stream header to closed().
+    static constexpr int openDelay = 5000;       ///< ms from a failed attempt to the next; usually also from open().
+    static constexpr int resetDelay = 3000;      ///< ms from a new stream header to closed().
+    static constexpr int repetitionTime = 30000; ///< ms for which mayRepeat(): as long as a client's buffer, twice.
 
     /// The Latte must outlive this object. An empty name stands for the address of the stream.
     LatteDataSource(Latte* latte, StreamDescription const& streamDescription, QString const& name,
@@ -42,7 +43,8 @@ public:
     /// Does nothing and returns 0: what is live cannot be sought.
     int seekFrame(AVStream* stream, long long timestamp, int flags) override;
     bool isSeekable() const override { return false; }
-    bool mayRepeat() const override { return true; }
+    /// For a while after the client has come back to its server.
+    bool mayRepeat() const override;
 
     /// What delivers the bytes; null unless open. Lives on a thread of its own.
     LatteClient const* client() const { return _client; }
@@ -75,6 +77,7 @@ private:
                                            std::shared_ptr<LatteInput> const& input, Demuxer const& demuxer);
 
     static Logger* log;
+    static constexpr qint64 never = -1;
 
     Latte* const _latte;
     StreamDescription const _streamDescription;
@@ -89,4 +92,6 @@ private:
     QByteArray _dataBuffer;             ///< Read from the client before the source was open.
     std::atomic<bool> _opened{false};   ///< These two are told to the reader.
     std::atomic<bool> _resetPending{false};
+    /// By currentMilliseconds(), 0 for not yet. The client's thread sets it.
+    std::atomic<qint64> _repeatsUntil{never};
 };

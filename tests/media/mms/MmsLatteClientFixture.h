@@ -19,7 +19,6 @@ class MmsLatteClientTest : public testing::Test
 {
 protected:
     static constexpr char const* mms = "mms://127.0.0.1/live";
-    static constexpr char const* unreachable = "mms://255.255.255.255/live"; // No datagram goes there.
 
     ~MmsLatteClientTest() override
     {
@@ -32,6 +31,8 @@ protected:
 
     void start(QString const& address)
     {
+        client.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         client = std::make_unique<MmsLatteClient>("{guid}", Uri(address), &timers, &sockets, &http, &dates, nullptr);
         auto* const inner = client->findChild<MmsLatteClientPrivate*>();
         inner->setClock(clock);
@@ -99,15 +100,31 @@ protected:
         transport()->begin("header", 800000, 1000);
         deliver(500000);
     }
+    /// Plays a stream that is the only one, or the first of two.
+    void startPlaying(bool hasAlternative = false)
+    {
+        start(hasAlternative ? "http://127.0.0.1/list" : mms);
+        if (hasAlternative)
+            answerPlaylist({mms, "mms://127.0.0.1/b"});
+        answerStream();
+        play();
+        takeEvents();
+    }
     /// Plays for so long that a loss is made good at once.
     void playOn()
     {
         play();
         timers.advance(ReconnectionPolicy::lastingPlay);
     }
+    void end(MmsClient::MmsClientError error, int milliseconds)
+    {
+        transport()->end(error);
+        timers.advance(milliseconds);
+    }
+    qint64 read(qint64 size) { return client->read(QByteArray(size, '\0').data(), size); }
     void deliver(int bytes)
     {
-        for (int i = 0; i < bytes; i += 1000)
+        for (int i = 0; i < bytes && !transports.isEmpty(); i += 1000)
             transport()->deliver(QByteArray(1000, 'x'));
     }
     QStringList takeEvents() { return std::exchange(events, {}); }

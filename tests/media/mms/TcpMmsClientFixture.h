@@ -61,32 +61,26 @@ protected:
     /// What brings the conversation from this step to the next.
     static QByteArray answer(Step step, quint32 result = 0)
     {
-        switch (step) {
-        case ForConnectedEx:
-            return TcpMmsWire::connectedEx(result, funnelInfoMark);
-        case ForFunnelInfo:
-            return TcpMmsWire::funnelInfo(result);
-        case ForConnectedFunnel:
-            return TcpMmsWire::connectedFunnel(result);
-        case ForOpenFile:
-            return TcpMmsWire::openedFile(result);
-        case ForReadBlock:
-            return TcpMmsWire::readBlock(result);
-        case ForHeader:
-            return TcpMmsWire::header();
-        case ForStreamSwitch:
-            return TcpMmsWire::streamSwitch(result);
-        case ForStartedPlaying:
-            return TcpMmsWire::startedPlaying(result);
-        default:
-            return {};
-        }
+        using namespace TcpMmsWire;
+        QByteArray const answers[] = {"",
+                                      connectedEx(result, funnelInfoMark),
+                                      funnelInfo(result),
+                                      connectedFunnel(result),
+                                      openedFile(result),
+                                      readBlock(result),
+                                      header(),
+                                      streamSwitch(result),
+                                      startedPlaying(result),
+                                      ""};
+        return answers[step];
     }
 
     /// Begins a session and brings it to a step.
     void goTo(Step step)
     {
         connectToServer();
+        ends.clear();
+        packets.clear();
         if (step == ForConnection)
             return;
         socket().accept();
