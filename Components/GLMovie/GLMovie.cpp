@@ -135,6 +135,7 @@ int GLMovie::play()
     LOG_INFO("Playing %s", qPrintable(_url));
     _clock.reset(_videoOutput && !_videoOutput->isStill(), _audioStream && _options.renderAudio);
     _counter.reset();
+    _repetition.clear();
     _requests.begin();
     _sourceLost = false;
     startWatchers();

@@ -4,6 +4,7 @@
 #include "GLMovieClock.h"
 #include "GLMoviePacketDump.h"
 #include "GLMoviePacketStatistics.h"
+#include "GLMovieRepetition.h"
 #include "GLMovieRequests.h"
 
 #include <QByteArray>
@@ -200,6 +201,7 @@ private:
     // The reader thread (GLMovieReader.cpp).
     bool readerMustWait() const;
     bool readOnePacket(AVPacket* packet);
+    bool isRepeated(AVPacket const& packet);
     void takeVideoPacket(AVPacket* packet);
     void takeAudioPacket(AVPacket* packet);
     void drain();
@@ -244,5 +246,6 @@ private:
     bool _muted = false;
     bool _sourceGoesOn = false; ///< A close that the source asked for, to open anew.
 
-    bool _sourceLost = false; ///< The reader's: the source failed before its end.
+    bool _sourceLost = false;      ///< The reader's: the source failed before its end.
+    GLMovieRepetition _repetition; ///< Likewise.
 };

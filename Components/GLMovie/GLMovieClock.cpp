@@ -196,7 +196,7 @@ void GLMovieClock::followVideoLeap(double seconds, Due& due)
         moveTo(_video, seconds, soundHasLed ? sounds : *_video.end + _videoStep);
         if (!goesBySound())
             startAt(seconds + _video.shift);
-    } else if (std::abs(own - now) > jumpSeconds && soundHasLed) {
+    } else if ((now - own > jumpSeconds || own - now > gapSeconds) && soundHasLed) {
         moveTo(_video, seconds, sounds);
     } else if (own - now > jumpSeconds && !goesBySound() && !_audio.pending) {
         // Nothing else plays: a leap ahead must not hold the picture for as long.
@@ -287,11 +287,13 @@ void GLMovieClock::followSoundLeap(double seconds)
         _audio.first = seconds;
         moveTo(_audio, seconds, pictureHasLed ? pictures : end);
         startAt(now);
+    } else if (own - now > gapSeconds && _video.pending && *_video.pending - now > gapSeconds) {
+        // What was left out of a live stream is lost for both: nothing is to be seen or heard until then.
+        moveTo(_audio, seconds, pictureHasLed ? pictures : std::max(end, now));
     } else if (own - now > jumpSeconds) {
         // Pictures that go on mean that only the sound is missing; without any, both have leapt, or there are none.
         bool const pictureGoesOn = static_cast<double>(instant() - _lastShown) / microseconds < longestSilence;
-        bool const pictureIsNear =
-            _video.begun && (_video.pending ? *_video.pending - now <= jumpSeconds : pictureGoesOn);
+        bool const pictureIsNear = _video.begun && (_video.pending || pictureGoesOn);
         if (pictureHasLed)
             moveTo(_audio, seconds, pictures);
         else if (!pictureIsNear)

@@ -23,6 +23,7 @@ public:
     using TimeSource = std::function<qint64()>;
 
     static constexpr double jumpSeconds = 10.0;    ///< Time stamps that leap further belong to a new clock.
+    static constexpr double gapSeconds = 3.0;      ///< A longer gap in picture and sound at once is left out.
     static constexpr double shortestSilence = 0.1; ///< Seconds; sound that comes later than this waits for its time.
     static constexpr double longestSilence = 1.0;  ///< Seconds; then pictures no longer go by the sound.
 

@@ -82,12 +82,22 @@ bool GLMovie::readOnePacket(AVPacket* packet)
         _sourceLost = result != AVERROR_EOF;
         return false;
     }
-    if (_videoStream && packet->stream_index == _videoStream->index)
+    if (isRepeated(*packet))
+        LOG_DEBUG("Packet of stream %d left out, it has come before", packet->stream_index);
+    else if (_videoStream && packet->stream_index == _videoStream->index)
         takeVideoPacket(packet);
     else if (_audioStream && packet->stream_index == _audioStream->index)
         takeAudioPacket(packet);
     _dataSource->freeFrame(packet);
     return true;
+}
+
+bool GLMovie::isRepeated(AVPacket const& packet)
+{
+    for (AVStream const* const stream : {_videoStream, _audioStream})
+        if (stream && stream->index == packet.stream_index)
+            return _repetition.contains(packet, stream->time_base);
+    return false;
 }
 
 void GLMovie::takeVideoPacket(AVPacket* packet)
@@ -174,6 +184,7 @@ bool GLMovie::resetMovie()
     flushOutputs({});
     _clock.reset(_clock.hasVideo(), _clock.hasSound());
     _counter.reset();
+    _repetition.clear();
     _requests.setPlaying(false);
     return sought;
 }
@@ -200,6 +211,7 @@ void GLMovie::seekTo(double seconds)
     }
     flushOutputs(sought ? std::optional(target) : std::nullopt);
     _counter.forgetTimes();
+    _repetition.clear();
     startWatchers();
     _requests.setPlaying(true);
 }

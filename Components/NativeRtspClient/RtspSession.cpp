@@ -5,12 +5,15 @@
 #include "RtspNetwork.h"
 #include "RtspRemuxer.h"
 #include "RtspStreamFinder.h"
+#include "RtspTimeline.h"
 
 extern "C" {
 #include <libavcodec/packet.h>
 #include <libavformat/avformat.h>
 }
 
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 Logger* RtspSession::log = LoggerManager::logger();
@@ -114,10 +117,13 @@ int RtspSession::attempt(RtspTransport transport, int firstPacketTimeout)
     LOG_DEBUG("Accepted with %s after %lld ms", transport == RtspTransport::Udp ? "UDP" : "TCP",
               static_cast<long long>(_sinceStart.elapsed()));
     _phase = Phase::Streaming;
-    _finite = input.context()->duration > 0;
     if (!std::exchange(_everConnected, true))
         push({.kind = Event::Connected});
     int const result = pump(input, transport, firstPacketTimeout);
+    // Who breaks off in the midst of a film has not ended it, and some servers put a range to what is live, too.
+    std::int64_t const told = input.context()->duration;
+    std::int64_t const played = _endTime - _order.startTime - RtspTimeline::delay;
+    _finite = told > 0 && std::abs(played - told) <= std::min(endTolerance, told / 2);
     // A description without streams is no refusal to FFmpeg, which then finds the end at once.
     return result == AVERROR_EOF && input.context()->nb_streams == 0 ? AVERROR_STREAM_NOT_FOUND : result;
 }

@@ -31,6 +31,7 @@ class RtspSession
 {
 public:
     static constexpr qint64 maximumPendingBytes = 8 << 20; ///< Waiting to be fetched; then reading waits.
+    static constexpr std::int64_t endTolerance = 2000000;  ///< µs between the end of a film and that of its packets.
 
     struct Order {
         QByteArray url;
@@ -66,7 +67,7 @@ public:
     RtspTransport transport() const { return _transport; } ///< What brought packets; Unknown before.
     qint64 endTime() const { return _endTime; }            ///< µs, of what was handed over; 0 when nothing was.
     bool isNetworkAvailable() const { return _networkAvailable; } ///< As of the Done event.
-    bool isFinite() const { return _finite; }
+    bool isFinite() const { return _finite; }                     ///< Likewise.
 
 private:
     NetworkErrors::NetworkError play();

@@ -27,7 +27,7 @@ public:
     /// Whether this machine had an address to reach the server from when the last session ended by itself.
     virtual bool isNetworkAvailable() const = 0;
 
-    /// Whether the server has said that the stream has an end. A live one has none.
+    /// Whether the last session ended where the server had said that the stream has its end. A live one has none.
     virtual bool isFinite() const = 0;
 
 signals:

@@ -81,6 +81,13 @@ TEST_F(GLMovieClockTest, ALeapAheadIsAGapWherePicturesGoOnAndANewClockWhereBothL
     EXPECT_NEAR(_clock.videoDue(60.0, 0.4).wait, 59.6, 1e-6);
     EXPECT_NEAR(_clock.soundDue(60.0, 0.4).at, 0.5, 1e-6) << "behind what is queued";
     EXPECT_NEAR(_clock.videoDue(60.0, 0.4).at, 0.5, 1e-6);
+
+    start(0.0, 0.0);
+    EXPECT_NEAR(_clock.videoDue(2.5, 0.4).wait, 2.1, 1e-6);
+    EXPECT_NEAR(_clock.soundDue(2.5, 0.4).wait, 2.1, 1e-6) << "a short gap may be meant";
+    EXPECT_NEAR(_clock.videoDue(8.0, 0.4).wait, 7.6, 1e-6);
+    EXPECT_NEAR(_clock.soundDue(8.0, 0.4).at, 0.5, 1e-6) << "part of a live stream was left out";
+    EXPECT_NEAR(_clock.videoDue(8.0, 0.4).at, 0.5, 1e-6);
 }
 
 TEST_F(GLMovieClockTest, SoundThatDiesLeavesTheTimeToThePictures)

@@ -48,6 +48,15 @@ def asf(seconds=8, frequency=660, rate="6M"):
                 "-c:v", "wmv2", "-b:v", rate, "-g", "50", "-c:a", "wmav2", "-b:a", "128k")
 
 
+def coloured(colour, width, height, codec, rate, seconds=20):
+    """Numbered frames with a patch of that colour (RRGGBB) in the lower half, and a tone; a key frame at each second."""
+    container, sound = ("asf", "wmav2") if "wm" in codec or "msmpeg4" in codec else ("mkv", "aac")
+    picture = _picture(width, height, seconds)
+    picture[-1] += f",drawbox=x=iw/4:y=ih/2:w=iw/2:h=ih/2:color=0x{colour}:t=fill"
+    return make(f"colour-{colour}-{width}x{height}-{codec}-{rate}.{container}", *picture, *_tone(440, seconds), "-c:v", codec,
+                "-b:v", rate, "-maxrate", rate, "-bufsize", rate, "-pix_fmt", "yuv420p", "-g", "25", "-c:a", sound)
+
+
 def picture_only(seconds=8):
     return make(f"picture-only-{seconds}s.mp4", *_picture(640, 360, seconds), *H264)
 

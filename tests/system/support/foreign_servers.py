@@ -51,6 +51,10 @@ class _Server:
             os.killpg(self._process.pid, signal.SIGKILL)
         self._process.wait()
 
+    @property
+    def pid(self):
+        return self._process.pid
+
     def __enter__(self):
         self.start()
         return self
@@ -63,12 +67,13 @@ class _Server:
 class GStreamerServer(_Server):
     """Plays a film again for each client, or once for all with `shared`, over those transports that are selected.
 
-    `launch` is a pipeline in place of a film's. `user` and `password` ask for digest authentication.
+    `launch` is a pipeline in place of a film's; what it is set to later goes for the next start(). `user` and `password` ask
+    for digest authentication.
     """
 
     def __init__(self, clip=None, transports=(UDP, TCP), launch=None, shared=False, user=None, password=None, port=None):
         super().__init__(port)
-        self._launch = launch or (
+        self.launch = launch or (
             f"( filesrc location={clip} ! qtdemux name=d"
             "  d.video_0 ! queue ! h264parse ! rtph264pay name=pay0 pt=96 config-interval=0"
             "  d.audio_0 ! queue ! aacparse ! rtpmp4gpay name=pay1 pt=97 )")
@@ -76,7 +81,7 @@ class GStreamerServer(_Server):
 
     def _command(self):
         # GStreamer's introspection belongs to the system's Python.
-        return ["/usr/bin/python3", __file__, str(self.port), self._launch, *self._options]
+        return ["/usr/bin/python3", __file__, str(self.port), self.launch, *self._options]
 
 
 class _VlcServer(_Server):

@@ -180,13 +180,16 @@ class RedirectsToItself(HostileServer):
     def serve(self, connection):
         while text := read_request(connection):
             self.requests += 1
-            number = next((line for line in text.splitlines() if line.startswith("CSeq")), "CSeq: 0")
-            protocol, found = ("RTSP/1.0", "DESCRIBE") if self.scheme == RTSP else ("HTTP/1.1", "GET")
-            if text.startswith(found):
-                answer = f"302 Found\r\nLocation: {self.address}"
-            else:
-                answer = "200 OK\r\nPublic: DESCRIBE, SETUP, PLAY"
-            connection.sendall(f"{protocol} {answer}\r\n{number}\r\nContent-Length: 0\r\n\r\n".encode())
+            connection.sendall(self.answer_to(text))
+
+    def leads_away(self, text):
+        return text.startswith("DESCRIBE" if self.scheme == RTSP else "GET")
+
+    def answer_to(self, text):
+        number = next((line for line in text.splitlines() if line.startswith("CSeq")), "CSeq: 0")
+        protocol = "RTSP/1.0" if self.scheme == RTSP else "HTTP/1.1"
+        answer = f"302 Found\r\nLocation: {self.address}" if self.leads_away(text) else "200 OK\r\nPublic: DESCRIBE, SETUP, PLAY"
+        return f"{protocol} {answer}\r\n{number}\r\nContent-Length: 0\r\n\r\n".encode()
 
 
 class PingFlood(HostileServer):
