@@ -5,6 +5,7 @@
 #include "FileLatteClient.h"
 #include "FileLatteClientFactory.h"
 #include "Latte.h"
+#include "LatteInput.h"
 #include "LogCapture.h"
 #include "SourceTestSupport.h"
 
@@ -175,7 +176,7 @@ TEST_F(LatteDataSourceTest, AStreamThatCannotBeParsedIsTriedAgainEveryFiveSecond
     EXPECT_TRUE(capture.contains("Cannot play mms://host/live"));
 }
 
-TEST_F(LatteDataSourceTest, AnUnknownFormatIsReportedAsOpenedWithoutStreams)
+TEST_F(LatteDataSourceTest, WhatCannotBePlayedIsReported)
 {
     open("mms://host/live");
     client().setDescriptor(QByteArray(100, '\xA7'));
@@ -185,6 +186,16 @@ TEST_F(LatteDataSourceTest, AnUnknownFormatIsReportedAsOpenedWithoutStreams)
     EXPECT_EQ(_source->videoStream(), nullptr);
     EXPECT_EQ(_source->audioStream(), nullptr);
     EXPECT_LT(readToEnd(*_source).end, 0);
+    open("mms://host/live");
+    client().setDescriptor(Asf(Clips::wmv()).header.left(30));
+    client().setState(LatteClient::Finished); // Nothing comes to try again with.
+    _source->now = 10000;
+    deliver("data");
+    EXPECT_TRUE(waitUntil([this] { return _error->size() == 1; }));
+    open("gopher://host/a");
+    EXPECT_EQ(_factory.client, nullptr);
+    ASSERT_EQ(_error->size(), 1);
+    EXPECT_EQ(_error->first().at(1).toString(), "Stream unavailable");
 }
 
 TEST_F(LatteDataSourceTest, ABlockedReadEndsOnInterruptionAndOnTheClientsState)
@@ -220,8 +231,8 @@ TEST_F(LatteDataSourceTest, ANewHeaderResetsAndOpensAnew)
     QTimer* const reset = _source->timer("resetTimer");
     ASSERT_TRUE(reset->isActive());
     EXPECT_EQ(reset->interval(), 3000);
-    deliver(second.packets.left(320000)); // Belongs to the new header: no read takes it.
-    EXPECT_FALSE(reader.isDone());        // Nor is this the end of the stream.
+    deliver(second.packets.left(320000));
+    EXPECT_FALSE(reader.isDone()); // This is not the end of the stream.
     EXPECT_TRUE(_closed->isEmpty());
 
     QObject::connect(_source.get(), &GLMovieDataSource::closed, _source.get(), [this] {
@@ -236,15 +247,27 @@ TEST_F(LatteDataSourceTest, ANewHeaderResetsAndOpensAnew)
     EXPECT_GT(Reader(*_source).result().videoFrames, 80);
 }
 
+TEST(LatteInput, WhatComesAfterANewHeaderIsLeftToTheNext)
+{
+    FakeLatteClient client(Uri("mms://host/live"));
+    client.deliver("next");
+    LatteInput input(client, {}, "rest");
+    input.setInterrupt({[](void*) { return 0; }, nullptr});
+    input.startReading();
+    input.expectNewHeader();
+    unsigned char buffer[100];
+    EXPECT_EQ(LatteInput::latteReadCallback(&input, buffer, 100), 4);
+    EXPECT_EQ(LatteInput::latteReadCallback(&input, buffer, 100), AVERROR_EOF);
+    EXPECT_EQ(client.bytesAvailable(), 4);
+}
+
 TEST_F(LatteDataSourceTest, ClientLivesOnItsThreadAndComesBack)
 {
     open("mms://host/live");
     QThread* const latteThread = client().thread();
     EXPECT_NE(latteThread, QThread::currentThread());
-    ASSERT_TRUE(waitUntil([this] { return client().threadOfStart() != nullptr; }));
-    EXPECT_EQ(client().threadOfStart(), latteThread);
+    EXPECT_TRUE(waitUntil([&] { return client().threadOfStart() == latteThread; }));
     client().report(NetworkErrors::CouldNotConnect);
-    client().report(NetworkErrors::NoError);
     settle();
     ASSERT_EQ(_error->size(), 1);
     EXPECT_EQ(_error->first().at(1).toString(), "Could not connect to server");
@@ -273,22 +296,11 @@ TEST_F(LatteDataSourceTest, ClosesAtAnyMoment)
             client().deliver(asf.packets.left(i * 8000));
         if (i % 8 > 3)
             settle();
-        std::unique_ptr<Reader> const reader = i % 4 == 3 ? std::make_unique<Reader>(*_source) : nullptr;
-        if (reader) {
-            _source->setInterrupted(true);
-            reader->result();
-        }
+        if (i % 4 == 3)
+            Reader const reader(*_source);
         _source->close();
     }
     EXPECT_EQ(_factory.disposals, 16);
-}
-
-TEST_F(LatteDataSourceTest, UnknownSchemeStaysClosed)
-{
-    open("gopher://host/a");
-    EXPECT_EQ(_factory.client, nullptr);
-    ASSERT_EQ(_error->size(), 1);
-    EXPECT_EQ(_error->first().at(1).toString(), "Stream unavailable");
 }
 
 TEST(FileLatteClient, PlaysAFileThroughADataSource)
