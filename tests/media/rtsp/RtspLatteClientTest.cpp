@@ -6,7 +6,6 @@
 #include "LogCapture.h"
 #include "RtspClient.h"
 #include "RtspClientFactory.h"
-#include "RtspLatteClientFactory.h"
 
 #include <QSignalSpy>
 
@@ -25,12 +24,11 @@ public:
         EXPECT_EQ(uri, Uri("rtsp://host/live"));
         timeouts.append(timeout);
     }
-    void disconnectFromServer() override { ++disconnections; }
+    void disconnectFromServer() override {}
     bool isNetworkAvailable() const override { return networkAvailable; }
     bool isFinite() const override { return finite; }
 
     QList<int> timeouts;
-    int disconnections = 0;
     bool networkAvailable = true;
     bool finite = false;
 };
@@ -38,19 +36,13 @@ public:
 class FakeRtspClientFactory : public RtspClientFactory
 {
 public:
-    RtspClient* createRtspClient(QObject*) override
-    {
-        owned = std::make_unique<FakeRtspClient>();
-        return client = owned.get();
-    }
+    RtspClient* createRtspClient(QObject*) override { return client = new FakeRtspClient; }
     void disposeRtspClient(RtspClient* disposed) override
     {
-        EXPECT_EQ(disposed, client);
-        disposed->blockSignals(true);
+        disposed->deleteLater();
         client = nullptr;
     }
 
-    std::unique_ptr<FakeRtspClient> owned;
     FakeRtspClient* client = nullptr;
 };
 
@@ -67,7 +59,7 @@ protected:
         _latte.startBuffering();
     }
 
-    FakeRtspClient& session() { return *_factory.owned; }
+    FakeRtspClient& session() { return *_factory.client; }
     void end(NetworkErrors::NetworkError error) { emit session().done(error); }
     void header(QByteArray const& bytes)
     {
@@ -130,18 +122,17 @@ TEST_F(RtspLatteClientTest, ALossIsMendedForEverBehindAReportedError)
     takeWords();
     QList<int> const codes = {2, 7, 5, 4, 3};
     ReconnectionPolicy expected(_clock, _chance);
-    for (int round = 0; round < 4; ++round)
-        for (int code : codes) {
-            end(static_cast<NetworkErrors::NetworkError>(code));
-            EXPECT_EQ(_latte.state(), LatteClient::Delivering);
-            qsizetype const before = session().timeouts.size();
-            _timers.advance(expected.nextDelay() - 1);
-            EXPECT_EQ(session().timeouts.size(), before);
-            _timers.advance(1);
-            EXPECT_EQ(session().timeouts.size(), before + 1);
-        }
-    EXPECT_EQ(session().timeouts.mid(0, 6), (QList<int>{10000, 20000, 40000, 80000, 80000, 80000}));
-    EXPECT_EQ(_errors.mid(0, 5), codes);
+    for (int code : codes) {
+        end(static_cast<NetworkErrors::NetworkError>(code));
+        EXPECT_EQ(_latte.state(), LatteClient::Delivering);
+        qsizetype const before = session().timeouts.size();
+        _timers.advance(expected.nextDelay() - 1);
+        EXPECT_EQ(session().timeouts.size(), before);
+        _timers.advance(1);
+        EXPECT_EQ(session().timeouts.size(), before + 1);
+    }
+    EXPECT_EQ(session().timeouts, (QList<int>{10000, 20000, 40000, 80000, 80000, 80000}));
+    EXPECT_EQ(_errors, codes);
     EXPECT_THAT(takeWords(), ElementsAre("Reconnecting..."));
     // The same streams go on: what is buffered stays, and half as much makes it play.
     header("header");
@@ -159,40 +150,34 @@ TEST_F(RtspLatteClientTest, ALossIsMendedForEverBehindAReportedError)
 
 TEST_F(RtspLatteClientTest, AServerThatWasNeverReachedIsFinalOnceTheNetworkIsUp)
 {
-    session().networkAvailable = false;
-    end(NetworkErrors::CouldNotConnect);
-    _timers.advance(1000);
-    session().networkAvailable = true;
-    end(NetworkErrors::CouldNotConnect); // It has only just come up.
-    _timers.advance(2000);
-    EXPECT_EQ(_latte.state(), LatteClient::Delivering);
+    for (bool const isUp : {false, true}) { // The second time it has only just come up.
+        session().networkAvailable = isUp;
+        end(NetworkErrors::CouldNotConnect);
+        EXPECT_EQ(_latte.state(), LatteClient::Delivering);
+        _timers.advance(2000);
+    }
     EXPECT_EQ(session().timeouts.size(), 3);
     end(NetworkErrors::CouldNotConnect);
     EXPECT_EQ(_latte.state(), LatteClient::Idle);
     EXPECT_EQ(_factory.client, nullptr);
     EXPECT_EQ(_errors, (QList<int>{4, 4, 4}));
     _latte.startBuffering(); // The viewer tries again.
-    EXPECT_EQ(_latte.state(), LatteClient::Delivering);
     EXPECT_EQ(session().timeouts, QList<int>{10000});
 }
 
-TEST_F(RtspLatteClientTest, AWrongPasswordIsFinal)
+TEST_F(RtspLatteClientTest, AWrongPasswordAndTheEndOfAFilmAreFinal)
 {
     header("header");
+    data(200000);
     end(NetworkErrors::AuthenticationRequired);
     EXPECT_EQ(_errors, QList<int>{9});
     EXPECT_EQ(_latte.state(), LatteClient::Idle);
     EXPECT_TRUE(_timers.timers().isEmpty());
-}
-
-TEST_F(RtspLatteClientTest, TheEndOfAFilmIsAnEnd)
-{
-    header("header");
-    data(200000);
+    _latte.startBuffering();
     session().finite = true;
     end(NetworkErrors::EndOfStream);
     EXPECT_EQ(_latte.state(), LatteClient::Finished);
-    EXPECT_TRUE(_errors.isEmpty());
+    EXPECT_EQ(_errors.size(), 1);
     EXPECT_EQ(read().size(), 200000);
 }
 
@@ -205,12 +190,12 @@ TEST_F(RtspLatteClientTest, OtherStreamsAreAnnouncedBeforeTheirDataCanBeRead)
     header("other");
     EXPECT_EQ(read(), ""); // The old data went with the old header.
     data(63999);
-    EXPECT_EQ(_latte.bytesAvailable(), 0);
     EXPECT_EQ(_descriptorChanged.size(), 1);
     data(1);
     EXPECT_EQ(_descriptorChanged.size(), 2);
     EXPECT_EQ(_latte.descriptor(0), "other");
     EXPECT_EQ(_latte.bytesAvailable(), 0);
+    EXPECT_EQ(read(), "");
     _timers.advance(RtspLatteClient::changeDelay); // The demultiplexer of the old header has stopped by now.
     EXPECT_EQ(read().size(), 64000);
 }
@@ -227,14 +212,4 @@ TEST_F(RtspLatteClientTest, AViewerWhoDoesNotKeepUpLeapsForward)
     EXPECT_GT(_latte.bytesAvailable(), 200000);
     EXPECT_LE(_latte.bytesAvailable(), 300000);
     EXPECT_EQ(capture.count("buffer full"), 1);
-}
-
-TEST_F(RtspLatteClientTest, AClientThatIsDestroyedWhileItBuffersGivesEverythingBack)
-{
-    auto client = std::make_unique<RtspLatteClient>(Uri("rtsp://host/live"), &_factory, &_timers);
-    _latte.stopBuffering();
-    client->startBuffering();
-    client.reset();
-    EXPECT_EQ(_factory.client, nullptr);
-    EXPECT_TRUE(_timers.timers().isEmpty());
 }

@@ -3,12 +3,11 @@
 #include <QRegularExpression>
 #include <QtEndian>
 
-#include <algorithm>
-
 namespace
 {
 
 constexpr int soundBytes = 160;
+char const sessionHeader[] = "Session: 1;timeout=60\r\n";
 
 template<typename T>
 void put(QByteArray& bytes, T value)
@@ -57,7 +56,6 @@ QByteArray RtspTestServer::describe(Request const& request, QByteArray const& me
 void RtspTestServer::onConnection()
 {
     while (QTcpSocket* const socket = _server.nextPendingConnection()) {
-        _sockets.append(socket);
         connect(socket, &QTcpSocket::readyRead, this, [this, socket] { onReadyRead(socket); });
     }
 }
@@ -96,7 +94,7 @@ QByteArray RtspTestServer::answerTo(Request const& request)
     if (request.method == "DESCRIBE")
         return describe(request, media);
     if (request.method != "SETUP")
-        return reply(request, "200 OK", "Session: " + session + "\r\n");
+        return reply(request, "200 OK", sessionHeader);
     _playing = false;
     _isTcp = request.isTcp();
     static QRegularExpression const port(QStringLiteral("client_port=(\\d+)"));
@@ -105,7 +103,7 @@ QByteArray RtspTestServer::answerTo(Request const& request)
                                    : ";server_port=" + QByteArray::number(_udp.localPort()) + "-" +
                                          QByteArray::number(_udp.localPort() + 1);
     return reply(request, "200 OK",
-                 "Session: " + session + "\r\nTransport: " + request.header("Transport") + more + "\r\n");
+                 QByteArray(sessionHeader) + "Transport: " + request.header("Transport") + more + "\r\n");
 }
 
 void RtspTestServer::sendSound(int packets)
@@ -141,16 +139,9 @@ void RtspTestServer::sendMedia(QByteArray const& packet, int channel)
     _current->write(frame + packet);
 }
 
-int RtspTestServer::openConnections() const
-{
-    return static_cast<int>(std::count_if(_sockets.begin(), _sockets.end(), [](QTcpSocket const* socket) {
-        return socket->state() == QAbstractSocket::ConnectedState;
-    }));
-}
-
 void RtspTestServer::dropConnections()
 {
-    for (QTcpSocket* const socket : _sockets)
+    for (QTcpSocket* const socket : _server.findChildren<QTcpSocket*>())
         socket->abort();
     _playing = false;
 }

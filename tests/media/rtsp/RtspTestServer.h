@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QHash>
-#include <QList>
 #include <QStringList>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -32,12 +31,14 @@ public:
     /// Replaces the answer to a method.
     void on(QByteArray const& method, Answer answer) { _answers[method] = std::move(answer); }
 
+    /// What it says when left alone.
+    QByteArray answerTo(Request const& request);
+
     /// An answer with these header lines, each with its line end, and a body.
     static QByteArray reply(Request const& request, QByteArray const& status = "200 OK",
                             QByteArray const& headers = {}, QByteArray const& body = {});
     static QByteArray describe(Request const& request, QByteArray const& media);
 
-    QByteArray session = "1;timeout=60"; ///< The value of the Session header.
     QByteArray media = "m=audio 0 RTP/AVP 0\r\na=control:sound\r\n";
 
     /// The methods asked for so far, a SETUP with its transport, such as "SETUP UDP".
@@ -49,20 +50,16 @@ public:
     /// Says by RTCP that the stream has ended.
     void sendBye();
     bool isPlaying() const { return _playing; }
-    /// Connections that the other side has not closed.
-    int openConnections() const;
     void dropConnections();
     void stopListening() { _server.close(); }
 
 private:
     void onConnection();
     void onReadyRead(QTcpSocket* socket);
-    QByteArray answerTo(Request const& request);
     void sendMedia(QByteArray const& packet, int channel);
 
     QTcpServer _server;
     QHash<QByteArray, Answer> _answers;
-    QList<QTcpSocket*> _sockets;
     QHash<QTcpSocket*, QByteArray> _received;
     QStringList _asked;
     QUdpSocket _udp;

@@ -38,6 +38,7 @@ TEST(RtspTimeline, StreamsKeepTheirDistance)
     std::int64_t const leapt = timeline.next(1, sound, {-80000, none, 160}).pts;
     EXPECT_EQ(leapt, 6 * 8000 + 4000 + 160);
     EXPECT_EQ(timeline.next(0, picture, {-10 * 90000, none, 3600}).pts, leapt * 90000 / 8000);
+    EXPECT_EQ(timeline.next(1, sound, {none, none, 160}).pts, leapt + 160); // Right after the one before.
 }
 
 TEST(RtspTimeline, ALeapTooLongToBeBelievedIsTakenOut)
@@ -54,17 +55,14 @@ TEST(RtspTimeline, ALeapTooLongToBeBelievedIsTakenOut)
 
 TEST(RtspTimeline, WhateverComesDecodingTimesGrow)
 {
-    std::vector<std::int64_t> const stamps = {none,          0,    0, none, 5,   -1000000000000,
-                                              1000000000000, none, 3, none, none};
-    for (std::int64_t const start : {0, 1, 1000000000}) {
-        RtspTimeline timeline(start);
-        std::int64_t last = -1;
-        for (std::int64_t pts : stamps)
-            for (std::int64_t dts : stamps) {
-                auto const result = timeline.next(0, sound, {pts, dts, -1});
-                ASSERT_GT(result.dts, last);
-                ASSERT_GE(result.pts, result.dts);
-                last = result.dts;
-            }
-    }
+    std::vector<std::int64_t> const stamps = {none, 0, 0, 5, -1000000000000, 1000000000000, none, none};
+    RtspTimeline timeline(0);
+    std::int64_t last = -1;
+    for (std::int64_t pts : stamps)
+        for (std::int64_t dts : stamps) {
+            auto const result = timeline.next(0, sound, {pts, dts, -1});
+            ASSERT_GT(result.dts, last);
+            ASSERT_GE(result.pts, result.dts);
+            last = result.dts;
+        }
 }
