@@ -94,6 +94,9 @@ public:
     /// read() waits until it is interrupted.
     void retire();
 
+    /// Of what is retired: there is nothing to wait for, so that read() returns the end, once.
+    void finish();
+
     /// Waits for the next packet, and moves it to `packet`. Returns 0, or FFmpeg's negative error: AVERROR_EXIT when
     /// interrupted or abandoned, AVERROR(ETIMEDOUT) when none came within `limit` milliseconds, -1 for no limit.
     /// Reading goes on after an error when it is asked for again.

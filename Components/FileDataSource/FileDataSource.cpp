@@ -67,6 +67,17 @@ void FileDataSource::onOpeningEnded(bool success)
     emit opened(this);
 }
 
+bool FileDataSource::goesOnWith(StreamInfo const& opened)
+{
+    if (opened.endless)
+        return true;
+    LOG_INFO("%s is live no more: it has ended", qPrintable(uri()));
+    _reopener.end();
+    demuxer()->finish();
+    emit playing(this); // The viewer need not wait.
+    return false;
+}
+
 void FileDataSource::onGivenUp()
 {
     cancelOpening();

@@ -12,7 +12,7 @@
 /// The end of a live address of the network, or its silence, is a loss, not an end: the source opens anew by itself,
 /// as StreamReopener says, while readFrame() waits and stateChanged() tells the viewer. When it is open again, what
 /// was open goes with closed(), and opened() follows, and it begins with a key frame. Only what cannot be opened, or
-/// not any more, is an error.
+/// not any more, is an error. A broadcast of which the server makes a film when it is over has ended with that.
 class FileDataSource : public GLMovieDataSource
 {
     Q_OBJECT
@@ -37,6 +37,7 @@ public:
 
 protected:
     void onOpeningEnded(bool success) override;
+    bool goesOnWith(StreamInfo const& opened) override;
 
 private:
     void onAttemptDue();

@@ -137,6 +137,8 @@ void GLMovieDataSource::onDemuxed()
         cancelOpening();
         return onOpeningEnded(false);
     }
+    if (!_streams.isEmpty() && !goesOnWith(_opening->info()))
+        return cancelOpening();
     unsigned int const number = _openingNumber;
     if (!_streams.isEmpty())
         emit closed(this);

@@ -123,6 +123,10 @@ protected:
     void dropDemuxer();
     bool hasDemuxer() const { return _opening || demuxer(); }
 
+    /// Whether what has opened anew takes the place of what is open; if not, it is closed, and nothing is told. On
+    /// the owner's thread.
+    virtual bool goesOnWith(StreamInfo const&) { return true; }
+
     /// What is open, or null. Any thread.
     std::shared_ptr<Demuxer> demuxer() const;
 

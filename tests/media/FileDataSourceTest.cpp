@@ -404,6 +404,21 @@ TEST_F(LiveStream, ComesBackWhateverItWasLostBy)
     }
 }
 
+TEST_F(LiveStream, HasEndedWhenTheServerMakesAFilmOfIt)
+{
+    _source.open();
+    ASSERT_TRUE(waitForWords({"opened"}));
+    _server.serve(LoopbackHttpServer::Whole, Clips::bytes(Clips::h264Aac()));
+    Reader reader(_source);
+    ASSERT_TRUE(waitUntil([&] {
+        _timers.advance(100);
+        return reader.isDone();
+    }));
+    EXPECT_EQ(reader.result().end, AVERROR_EOF);
+    _timers.advance(StreamReopener::maximumOutage);
+    EXPECT_EQ(_source.words, (QStringList{"opened", "Reconnecting..."}));
+}
+
 TEST_F(LiveStream, IsGivenUpInTheEndAndClosesInBetween)
 {
     _source.open();
