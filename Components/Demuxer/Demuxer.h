@@ -46,6 +46,7 @@ struct StreamInfo {
     double startTime = 0.0; ///< The time stamp of the beginning in seconds; 0 when it is not known.
     bool seekable = false;
     bool endless = false; ///< Has no length, neither in bytes nor in time, as what is sent live.
+    bool listed = false;  ///< Comes in files of some seconds each, of which a list tells, as HLS and DASH do.
 
     bool isEmpty() const { return !video && !audio; }
 

@@ -18,7 +18,11 @@ class FileDataSource : public GLMovieDataSource
     Q_OBJECT
 
 public:
-    static constexpr int silenceLimit = 5000; ///< ms without a packet, which are a loss where it is live.
+    static constexpr int silenceLimit = 5000;      ///< ms without a packet, which are a loss where it is live ...
+    static constexpr int listSilenceLimit = 12000; ///< ... likewise, where each file has to be finished first.
+
+    /// The ms without a packet that are a loss of a live stream, by what its pictures and sound promise.
+    static int silenceLimitOf(StreamInfo const& streams);
 
     explicit FileDataSource(QString const& path, QObject* parent = nullptr);
     FileDataSource(QString const& path, StreamReopener::Means const& means, QObject* parent = nullptr);

@@ -404,6 +404,18 @@ TEST_F(LiveStream, ComesBackWhateverItWasLostBy)
     }
 }
 
+TEST(FileDataSource, SilenceIsALossOnlyOfWhatPromisesMore)
+{
+    StreamInfo info;
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 20000);
+    info.videoSnapshot.frameRate = {1, 8};
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 20000);
+    info.videoSnapshot.frameRate = {25, 1};
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 5000);
+    info.listed = true;
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 12000);
+}
+
 TEST_F(LiveStream, HasEndedWhenTheServerMakesAFilmOfIt)
 {
     _source.open();
