@@ -92,6 +92,13 @@ void Demuxer::retire()
     _answer.notify_all();
 }
 
+void Demuxer::finish()
+{
+    std::lock_guard const lock(_mutex);
+    _results.push_back({nullptr, AVERROR_EOF});
+    _answer.notify_all();
+}
+
 int Demuxer::read(AVPacket* packet, int limit)
 {
     std::unique_lock lock(_mutex);

@@ -46,6 +46,7 @@ struct StreamInfo {
     double startTime = 0.0; ///< The time stamp of the beginning in seconds; 0 when it is not known.
     bool seekable = false;
     bool endless = false; ///< Has no length, neither in bytes nor in time, as what is sent live.
+    bool listed = false;  ///< Comes in files of some seconds each, of which a list tells, as HLS and DASH do.
 
     bool isEmpty() const { return !video && !audio; }
 
@@ -93,6 +94,9 @@ public:
     /// Ends all reading and seeking, and the connection, as far as FFmpeg has only one; the streams stay. From now on
     /// read() waits until it is interrupted.
     void retire();
+
+    /// Of what is retired: there is nothing to wait for, so that read() returns the end, once.
+    void finish();
 
     /// Waits for the next packet, and moves it to `packet`. Returns 0, or FFmpeg's negative error: AVERROR_EXIT when
     /// interrupted or abandoned, AVERROR(ETIMEDOUT) when none came within `limit` milliseconds, -1 for no limit.

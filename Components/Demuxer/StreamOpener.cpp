@@ -8,6 +8,8 @@ extern "C" {
 #include <libavformat/avformat.h>
 }
 
+#include <string_view>
+
 Logger* StreamOpener::log = LoggerManager::logger();
 
 namespace
@@ -19,6 +21,11 @@ AVStream* firstStream(AVFormatContext const& context, AVMediaType type)
         if (context.streams[i]->codecpar->codec_type == type)
             return context.streams[i];
     return nullptr;
+}
+
+bool is(AVFormatContext const& context, std::string_view name)
+{
+    return context.iformat && context.iformat->name == name;
 }
 
 double secondsOf(std::int64_t time)
@@ -48,7 +55,9 @@ bool isEndless(AVFormatContext const& context)
     if (context.ctx_flags & AVFMTCTX_UNSEEKABLE)
         return true;
     bool const isStated = context.duration > 0 && context.duration_estimation_method == AVFMT_DURATION_FROM_STREAM;
-    return !isStated && context.pb && avio_size(context.pb) < 0;
+    if (is(context, "dash")) // What it reads itself is the list.
+        return !isStated;
+    return !isStated && (!context.pb || avio_size(context.pb) < 0);
 }
 
 int indexOf(AVStream const* stream)
@@ -114,6 +123,7 @@ StreamInfo StreamOpener::describe(AVFormatContext const& context)
     bool const refuses = (context.ctx_flags & AVFMTCTX_UNSEEKABLE) != 0;
     // Formats without an I/O of their own, such as segments, can seek as far as they know their length.
     info.endless = isEndless(context);
+    info.listed = is(context, "hls") || is(context, "dash");
     info.seekable = !refuses && (context.pb ? context.pb->seekable != 0 : info.duration > 0.0);
     return info;
 }

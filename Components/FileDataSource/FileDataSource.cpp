@@ -61,10 +61,30 @@ void FileDataSource::onOpeningEnded(bool success)
     _reopener.succeeded();
     if (!comesBack)
         _reopener.end();
-    setSilenceLimit(comesBack ? silenceLimit : -1);
+    setSilenceLimit(comesBack ? silenceLimitOf(streams()) : -1);
     _entry = comesBack ? LiveEntry(streams()) : LiveEntry();
     start();
     emit opened(this);
+}
+
+int FileDataSource::silenceLimitOf(StreamInfo const& streams)
+{
+    AVRational const rate = streams.videoSnapshot.frameRate;
+    bool const isDense = streams.audioSnapshot.parameters || (rate.num > 0 && rate.num >= rate.den);
+    if (!isDense)
+        return minimumFrameTimeout;
+    return streams.listed ? listSilenceLimit : silenceLimit;
+}
+
+bool FileDataSource::goesOnWith(StreamInfo const& opened)
+{
+    if (opened.endless)
+        return true;
+    LOG_INFO("%s is live no more: it has ended", qPrintable(uri()));
+    _reopener.end();
+    demuxer()->finish();
+    emit playing(this); // The viewer need not wait.
+    return false;
 }
 
 void FileDataSource::onGivenUp()

@@ -12,13 +12,17 @@
 /// The end of a live address of the network, or its silence, is a loss, not an end: the source opens anew by itself,
 /// as StreamReopener says, while readFrame() waits and stateChanged() tells the viewer. When it is open again, what
 /// was open goes with closed(), and opened() follows, and it begins with a key frame. Only what cannot be opened, or
-/// not any more, is an error.
+/// not any more, is an error. A broadcast of which the server makes a film when it is over has ended with that.
 class FileDataSource : public GLMovieDataSource
 {
     Q_OBJECT
 
 public:
-    static constexpr int silenceLimit = 5000; ///< ms without a packet, which are a loss where it is live.
+    static constexpr int silenceLimit = 5000;      ///< ms without a packet, which are a loss where it is live ...
+    static constexpr int listSilenceLimit = 12000; ///< ... likewise, where each file has to be finished first.
+
+    /// The ms without a packet that are a loss of a live stream, by what its pictures and sound promise.
+    static int silenceLimitOf(StreamInfo const& streams);
 
     explicit FileDataSource(QString const& path, QObject* parent = nullptr);
     FileDataSource(QString const& path, StreamReopener::Means const& means, QObject* parent = nullptr);
@@ -37,6 +41,7 @@ public:
 
 protected:
     void onOpeningEnded(bool success) override;
+    bool goesOnWith(StreamInfo const& opened) override;
 
 private:
     void onAttemptDue();

@@ -40,6 +40,7 @@ void GLMovieDataSource::start()
         _framesRead = 0;
         _totalFrameTime = 0.0;
         _averageFrameTime = 0.0;
+        _longestWait = 0;
         _byteCount = 0;
     }
     _errorTimer.start(firstFrameTimeout);
@@ -65,9 +66,10 @@ int GLMovieDataSource::readFrame(AVPacket* packet)
     auto const source = demuxer();
     if (!source)
         return AVERROR(EINVAL);
+    qint64 const asked = currentMilliseconds();
     if (int const result = source->read(packet, silenceLimit()); result < 0)
         return result;
-    countFrame(*packet);
+    countFrame(*packet, currentMilliseconds() - asked);
     record(*packet);
     emit resetErrorTimer();
     return 0;
@@ -137,6 +139,8 @@ void GLMovieDataSource::onDemuxed()
         cancelOpening();
         return onOpeningEnded(false);
     }
+    if (!_streams.isEmpty() && !goesOnWith(_opening->info()))
+        return cancelOpening();
     unsigned int const number = _openingNumber;
     if (!_streams.isEmpty())
         emit closed(this);
@@ -194,7 +198,7 @@ int GLMovieDataSource::silenceLimit() const
     if (_silenceLimit < 0)
         return -1;
     std::lock_guard const lock(_mutex);
-    return static_cast<int>(std::clamp(_averageFrameTime * 10.0, double(_silenceLimit), 1e9));
+    return static_cast<int>(std::clamp<qint64>(3 * _longestWait, _silenceLimit, 1000000000));
 }
 
 qint64 GLMovieDataSource::currentMilliseconds() const
@@ -226,7 +230,7 @@ void GLMovieDataSource::onErrorTimer()
     raiseError(NetworkErrors::stringForError(NetworkErrors::StreamUnavailable));
 }
 
-void GLMovieDataSource::countFrame(AVPacket const& packet)
+void GLMovieDataSource::countFrame(AVPacket const& packet, qint64 waited)
 {
     qint64 const now = currentMilliseconds();
     std::lock_guard const lock(_mutex);
@@ -236,6 +240,7 @@ void GLMovieDataSource::countFrame(AVPacket const& packet)
         _averageFrameTime = _totalFrameTime / static_cast<double>(_framesRead);
     }
     _frameTime = now;
+    _longestWait = std::max(_longestWait, waited);
 }
 
 void GLMovieDataSource::startRecording(QString const& directoryAndName, bool dump)

@@ -126,14 +126,18 @@ protected:
     void dropDemuxer();
     bool hasDemuxer() const { return _opening || demuxer(); }
 
+    /// Whether what has opened anew takes the place of what is open; if not, it is closed, and nothing is told. On
+    /// the owner's thread.
+    virtual bool goesOnWith(StreamInfo const&) { return true; }
+
     /// What is open, or null. Any thread.
     std::shared_ptr<Demuxer> demuxer() const;
 
     /// The demuxer has opened, and its streams are known, or it has failed and is gone. On the owner's thread.
     virtual void onOpeningEnded(bool success) = 0;
 
-    /// Has readFrame() return AVERROR(ETIMEDOUT) after so many milliseconds without a packet, or ten times their
-    /// average distance when that is longer; -1, as at first, for never. While nobody reads.
+    /// Has readFrame() return AVERROR(ETIMEDOUT) after so many milliseconds without a packet, or three times the
+    /// longest wait for one since start() when that is longer; -1, as at first, for never. While nobody reads.
     void setSilenceLimit(int milliseconds) { _silenceLimit = milliseconds; }
 
     /// What is played from; on the owner's thread, with no read running.
@@ -154,7 +158,7 @@ private:
     void takeDemuxer(std::shared_ptr<Demuxer> const& opened);
     int silenceLimit() const;
     void record(AVPacket const& packet);
-    void countFrame(AVPacket const& packet);
+    void countFrame(AVPacket const& packet, qint64 waited);
 
     static Logger* log;
 
@@ -176,6 +180,7 @@ private:
     quint64 _framesRead = 0;
     double _totalFrameTime = 0.0;   ///< ms
     double _averageFrameTime = 0.0; ///< ms
+    qint64 _longestWait = 0;        ///< ms
     quint64 _byteCount = 0;
 
     unsigned int _recordingNumber = 0; ///< Tells the recording of now from those before. On the owner's thread.

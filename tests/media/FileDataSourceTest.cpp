@@ -331,6 +331,33 @@ TEST_F(LiveStream, ComesBackWhateverItWasLostBy)
     }
 }
 
+TEST(FileDataSource, SilenceIsALossOnlyOfWhatPromisesMore)
+{
+    StreamInfo info;
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 20000);
+    info.videoSnapshot.frameRate = {1, 8};
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 20000);
+    info.videoSnapshot.frameRate = {25, 1};
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 5000);
+    info.listed = true;
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 12000);
+}
+
+TEST_F(LiveStream, HasEndedWhenTheServerMakesAFilmOfIt)
+{
+    _source.open();
+    ASSERT_TRUE(waitForWords({"opened"}));
+    _server.serve(LoopbackHttpServer::Whole, Clips::bytes(Clips::h264Aac()));
+    Reader reader(_source);
+    ASSERT_TRUE(waitUntil([&] {
+        _timers.advance(100);
+        return reader.isDone();
+    }));
+    EXPECT_EQ(reader.result().end, AVERROR_EOF);
+    _timers.advance(StreamReopener::maximumOutage);
+    EXPECT_EQ(_source.words, (QStringList{"opened", "Reconnecting..."}));
+}
+
 TEST_F(LiveStream, IsGivenUpInTheEndAndClosesInBetween)
 {
     _source.open();
