@@ -197,6 +197,7 @@ void GLMovie::seekTo(double seconds)
     clearQueues();
     _audio.stop();
     double const target = _clock.seek(seconds, _dataSource->startTime());
+    _requests.seekHasGone();
     bool sought = false;
     if (_videoStream) {
         LOG_DEBUG("Seeking video stream to %s seconds", qPrintable(QString::number(seconds)));

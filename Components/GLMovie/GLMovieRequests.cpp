@@ -11,6 +11,7 @@ void GLMovieRequests::begin()
     _stopRequested = false;
     _restarting = false;
     _seek.reset();
+    _going.reset();
     _reading = true;
     _playing = true;
     _lost = false;
@@ -52,13 +53,20 @@ std::optional<double> GLMovieRequests::takeSeek()
     if (!_seek || _stopRequested)
         return {};
     _interrupt(false);
-    return std::exchange(_seek, {});
+    _going = std::exchange(_seek, {});
+    return _going;
 }
 
 std::optional<double> GLMovieRequests::pendingSeek() const
 {
     std::lock_guard const lock(_mutex);
-    return _seek;
+    return _seek ? _seek : _going;
+}
+
+void GLMovieRequests::seekHasGone()
+{
+    std::lock_guard const lock(_mutex);
+    _going.reset();
 }
 
 void GLMovieRequests::setRestarting(bool restarting)
@@ -128,6 +136,7 @@ void GLMovieRequests::endReader(bool lost)
     _playing = false;
     _lost = lost;
     _seek.reset();
+    _going.reset();
 }
 
 bool GLMovieRequests::isLost() const

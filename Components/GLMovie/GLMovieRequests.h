@@ -31,6 +31,8 @@ public:
     bool requestSeek(double seconds);
     /// The reader's: the place to go to, once. Reads may block again.
     std::optional<double> takeSeek();
+    /// The reader's: the clock stands at the place that was taken.
+    void seekHasGone();
     /// The place that is still to be gone to.
     std::optional<double> pendingSeek() const;
 
@@ -71,4 +73,5 @@ private:
     bool _playing = false;
     bool _lost = false;
     std::optional<double> _seek;
+    std::optional<double> _going; ///< Taken, and not yet told to the clock.
 };
