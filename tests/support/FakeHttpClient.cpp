@@ -82,13 +82,11 @@ int FakeHttpClient::send(Sent const& request)
 
 int FakeHttpClient::close()
 {
-    ++_closeCount;
     return ++_lastId;
 }
 
 void FakeHttpClient::abort()
 {
-    ++_abortCount;
     if (_isRunning)
         finish(Aborted);
 }

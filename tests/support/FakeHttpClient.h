@@ -30,8 +30,6 @@ public:
 
     /// All requests so far.
     QList<Sent> sent() const { return _sent; }
-    int closeCount() const { return _closeCount; }
-    int abortCount() const { return _abortCount; }
 
     /// The header of a response comes.
     void respond(HttpResponseHeader const& header);
@@ -73,7 +71,5 @@ private:
     qint64 _received = 0;
     bool _isRunning = false;
     HttpClient::Error _error = NoError;
-    int _closeCount = 0;
-    int _abortCount = 0;
     int _lastId = 0;
 };
