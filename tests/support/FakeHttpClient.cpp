@@ -69,7 +69,6 @@ int FakeHttpClient::send(Sent const& request)
 
 void FakeHttpClient::abort()
 {
-    ++_abortCount;
     if (_isRunning)
         finish(Aborted);
 }

@@ -27,7 +27,6 @@ public:
 
     /// All requests so far.
     QList<Sent> sent() const { return _sent; }
-    int abortCount() const { return _abortCount; }
 
     /// The header of a response comes.
     void respond(HttpResponseHeader const& header);
@@ -66,6 +65,5 @@ private:
     qint64 _received = 0;
     bool _isRunning = false;
     HttpClient::Error _error = NoError;
-    int _abortCount = 0;
     int _lastId = 0;
 };

@@ -25,7 +25,6 @@ public:
 
     /// The calls of connectToServer() so far.
     QList<Connection> connections;
-    int disconnections = 0;
     qint64 bitrate = 1;
     int packetBytes = -1;
     bool isReading = true;
@@ -53,7 +52,7 @@ public:
         isReading = true;
         _state = Connecting;
     }
-    void disconnectFromServer() override { ++disconnections; }
+    void disconnectFromServer() override {}
     QString remoteUrl() const override { return connections.isEmpty() ? QString() : connections.last().url; }
     MmsClient::MmsClientState state() const override { return _state; }
     MmsClient::MmsClientError error() const override { return NoError; }

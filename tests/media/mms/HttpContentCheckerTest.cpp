@@ -136,6 +136,11 @@ TEST_F(HttpContentCheckerTest, TriesAgainAsOftenAsTheAnswerDeserves)
         {[this] { client().respond(response(200, "Content-Type: application/json\r\n")); },
          HttpContentChecker::maximumAnsweredTries},
         {[this] { _timers.advance(_timers.timers().last()->interval()); }, HttpContentChecker::maximumSilentTries},
+        {[this] { // A page that stalls.
+             client().respond(response(200, "Content-Type: text/html\r\n"));
+             _timers.advance(_timers.timers().last()->interval());
+         },
+         HttpContentChecker::maximumAnsweredTries},
         {[this] { client().respond(response(404)); }, 1},
     };
     for (auto const& [answer, tries] : cases) {

@@ -240,6 +240,7 @@ TEST_F(TcpMmsClientTest, AnImpossibleLengthEndsTheSession)
     }
     goTo(ForData);
     receive(data(0, "", 8) + data(0, "", 7));
+    EXPECT_EQ(packets.size(), 1) << "the least size";
     EXPECT_EQ(ends, QList({MmsClient::StreamNotAvailable}));
 }
 
