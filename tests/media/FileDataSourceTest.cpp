@@ -313,10 +313,11 @@ TEST_F(LiveStream, ComesBackWhateverItWasLostBy)
             Reader reader(_source);
             ASSERT_TRUE(waitForWords({"opened", "Reconnecting..."})) << _source.words.join(", ").toStdString();
             AVStream const* const old = _source.videoStream();
-            for (int i = 0; i < 10; ++i) {
-                _timers.advance(2500);
-                QTest::qWait(1);
-            }
+            qsizetype const requests = _server.request().count("GET ");
+            ASSERT_TRUE(waitUntil([&] {
+                _timers.advance(100);
+                return _server.request().count("GET ") >= requests + 2;
+            }));
             EXPECT_EQ(_source.videoStream(), old); // What is shown stays.
             _server.serve(LoopbackHttpServer::WithoutLength, other);
             ASSERT_TRUE(waitUntil([&] {

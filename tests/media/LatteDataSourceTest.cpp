@@ -2,7 +2,6 @@
 
 #include "Clips.h"
 #include "FakeLatteClient.h"
-#include "FileLatteClient.h"
 #include "FileLatteClientFactory.h"
 #include "Latte.h"
 #include "LatteInput.h"
