@@ -4,10 +4,28 @@
 #include "LoggerManager.h"
 
 extern "C" {
+#include <libavcodec/packet.h>
 #include <libavutil/error.h>
 }
 
+#include <QHashFunctions>
+
+#include <algorithm>
+
 Logger* FileDataSource::log = LoggerManager::logger();
+
+namespace
+{
+
+/// What tells a packet from all others of a stream, but not from itself when it is sent again.
+std::size_t identityOf(AVPacket const& packet)
+{
+    static constexpr int enough = 256; // Bytes, beside the time and the size.
+    std::size_t const content = qHashBits(packet.data, static_cast<std::size_t>(std::min(packet.size, enough)));
+    return qHashMulti(content, packet.stream_index, static_cast<qint64>(packet.dts), packet.size);
+}
+
+} // namespace
 
 FileDataSource::FileDataSource(QString const& path, QObject* parent)
     : FileDataSource(path, StreamReopener::machine(), parent)
@@ -37,6 +55,7 @@ void FileDataSource::open()
     if (hasDemuxer() || !_reopener.isIdle())
         return;
     setInterrupted(false);
+    _newest = _newestAtLoss = 0;
     _reopener.begin(_goesThere);
 }
 
@@ -80,11 +99,16 @@ bool FileDataSource::goesOnWith(StreamInfo const& opened)
 {
     if (opened.endless)
         return true;
-    LOG_INFO("%s is live no more: it has ended", qPrintable(uri()));
+    end();
+    return false;
+}
+
+void FileDataSource::end()
+{
+    LOG_INFO("%s has ended", qPrintable(uri()));
     _reopener.end();
     demuxer()->finish();
     emit playing(this); // The viewer need not wait.
-    return false;
 }
 
 void FileDataSource::onGivenUp()
@@ -116,6 +140,8 @@ int FileDataSource::readWhatIsPlayed(AVPacket* packet)
 {
     for (;;) {
         int const result = GLMovieDataSource::readFrame(packet);
+        if (result >= 0 && _isLive)
+            _newest = identityOf(*packet);
         if (result < 0 || !_entry.isAhead(*packet))
             return result;
         freeFrame(packet);
@@ -131,22 +157,27 @@ int FileDataSource::readFrame(AVPacket* packet)
         return result;
     LOG_ERROR("Lost %s: %s", qPrintable(uri()), qPrintable(FFwrapper::errorText(result)));
     if (_isLive && _goesThere)
-        return waitForReopening(packet);
+        // FFmpeg takes the end of what has no length for a failure.
+        return waitForReopening(packet, result == AVERROR_EOF || result == AVERROR(EIO));
     reportLoss();
     return result == AVERROR_EOF ? AVERROR(EIO) : result;
 }
 
-int FileDataSource::waitForReopening(AVPacket* packet)
+int FileDataSource::waitForReopening(AVPacket* packet, bool isEnd)
 {
     auto const lost = demuxer();
     if (!lost)
         return AVERROR(EIO);
     lost->retire();
-    auto const tell = [this, lost] {
+    bool const broughtNews = std::exchange(_newestAtLoss, _newest) != _newest;
+    auto const tell = [this, lost, isEnd, broughtNews] {
         if (lost != demuxer())
             return; // It is back, or closed.
         stop();     // Silence is no error while it is looked for.
-        _reopener.lost();
+        // Lists are also at their end when the server has none any more.
+        if (isEnd && !broughtNews && !streams().listed && _reopener.hasLasted())
+            return end();
+        _reopener.lost(broughtNews);
     };
     QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
     return GLMovieDataSource::readFrame(packet);

@@ -12,7 +12,9 @@
 /// The end of a live address of the network, or its silence, is a loss, not an end: the source opens anew by itself,
 /// as StreamReopener says, while readFrame() waits and stateChanged() tells the viewer. When it is open again, what
 /// was open goes with closed(), and opened() follows, and it begins with a key frame. Only what cannot be opened, or
-/// not any more, is an error. A broadcast of which the server makes a film when it is over has ended with that.
+/// not any more, is an error. A broadcast of which the server makes a film when it is over has ended with that, and
+/// so has a film without a length that the server sends anew, which shows when it ends a second time as it did
+/// before.
 class FileDataSource : public GLMovieDataSource
 {
     Q_OBJECT
@@ -48,7 +50,8 @@ private:
     void onGivenUp();
     bool isAnswered() const;
     int readWhatIsPlayed(AVPacket* packet);
-    int waitForReopening(AVPacket* packet);
+    int waitForReopening(AVPacket* packet, bool isEnd);
+    void end();
 
     static Logger* log;
 
@@ -59,5 +62,8 @@ private:
     std::shared_ptr<FileOpening::Progress const> _progress; ///< Of the last attempt.
     // Set before the reader starts.
     bool _isLive = false; ///< A network stream without a length.
-    LiveEntry _entry;     ///< Then the reader's.
+    // Then the reader's.
+    LiveEntry _entry;
+    std::size_t _newest = 0;       ///< Tells the newest packet of what is live from others.
+    std::size_t _newestAtLoss = 0; ///< That of the last loss.
 };

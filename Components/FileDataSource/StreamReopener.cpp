@@ -67,17 +67,24 @@ void StreamReopener::succeeded()
     _isTold = false;
     _hasPlayed = true;
     _isFirst = false;
+    _ended = {_means.policy, _away, _outage};
     _outage += _means.clock->msSinceEpoch() - _away;
     _means.policy.succeeded();
 }
 
-void StreamReopener::lost()
+void StreamReopener::lost(bool broughtNews)
 {
     if (_state != Open)
         return;
-    if (_means.policy.hasLasted())
-        _outage = 0;
-    _away = _means.clock->msSinceEpoch();
+    if (!broughtNews) {
+        _means.policy = _ended.policy;
+        _away = _ended.since;
+        _outage = _ended.before;
+    } else {
+        if (_means.policy.hasLasted())
+            _outage = 0;
+        _away = _means.clock->msSinceEpoch();
+    }
     retryIn(_means.policy.nextDelay());
 }
 

@@ -51,8 +51,8 @@ public:
     /// The attempt has failed; at the first one that may be for good.
     void failed(bool forGood);
 
-    /// What was open is lost.
-    void lost();
+    /// What was open is lost. If it has brought nothing new, its success was none: the outage before it goes on.
+    void lost(bool broughtNews = true);
 
     /// Nothing is to be opened any more.
     void end();
@@ -60,6 +60,8 @@ public:
     bool isIdle() const { return _state == Idle; }
     /// Whether it was open once, since begin().
     bool hasPlayed() const { return _hasPlayed; }
+    /// Whether it is open, and has been for so long that it counts as play.
+    bool hasLasted() const { return _state == Open && _means.policy.hasLasted(); }
 
 signals:
     /// It is to be opened, in place of an attempt that may still run.
@@ -71,6 +73,12 @@ signals:
 
 private:
     enum State { Idle, Attempting, Open, Waiting };
+
+    struct Outage {
+        ReconnectionPolicy policy;
+        qint64 since = 0;  ///< By the clock: when it played last.
+        qint64 before = 0; ///< ms without play before that, since play last lasted.
+    };
 
     void onTimer();
     void attempt();
@@ -94,4 +102,5 @@ private:
     qint64 _began = 0;        ///< The attempt; by the clock, as is the next.
     qint64 _away = 0;         ///< Since when it does not play.
     qint64 _outage = 0;       ///< ms without play before that, since play last lasted.
+    Outage _ended;            ///< What the three were before the last success.
 };

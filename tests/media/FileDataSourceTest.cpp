@@ -359,6 +359,23 @@ TEST_F(LiveStream, HasEndedWhenTheServerMakesAFilmOfIt)
     EXPECT_EQ(_source.words, (QStringList{"opened", "Reconnecting..."}));
 }
 
+TEST_F(LiveStream, HasEndedWhenTheSameComesAgain)
+{
+    _source.open();
+    ASSERT_TRUE(waitForWords({"opened"}));
+    _timers.advance(ReconnectionPolicy::lastingPlay);
+    {
+        Reader reader(_source);
+        ASSERT_TRUE(waitForWords({"opened", "Reconnecting...", "closed", "opened"}));
+        EXPECT_EQ(reader.result().end, AVERROR_EXIT);
+    }
+    _timers.advance(ReconnectionPolicy::lastingPlay);
+    _source.setInterrupted(false);
+    EXPECT_EQ(Reader(_source).result().end, AVERROR_EOF);
+    _timers.advance(StreamReopener::maximumOutage);
+    EXPECT_EQ(_source.words.size(), 4);
+}
+
 TEST_F(LiveStream, IsGivenUpInTheEndAndClosesInBetween)
 {
     _source.open();

@@ -104,6 +104,22 @@ TEST(StreamReopener, AnAttemptThatIsNotAnsweredMakesRoomForTheNext)
     EXPECT_TRUE(stream.givenUp.isEmpty());
 }
 
+TEST(StreamReopener, PlayThatBringsNothingNewEndsNoOutage)
+{
+    Stream stream;
+    stream.reopener.succeeded();
+    stream.wait(ReconnectionPolicy::lastingPlay);
+    stream.reopener.lost();
+    for (int i = 0; i < 100 && stream.givenUp.isEmpty(); ++i) {
+        stream.reopener.succeeded();
+        stream.wait(ReconnectionPolicy::lastingPlay);
+        stream.reopener.lost(false);
+        stream.wait(1500);
+    }
+    ASSERT_EQ(stream.givenUp.size(), 1);
+    EXPECT_NEAR(stream.givenUp.first(), 130, 15);
+}
+
 TEST(StreamReopener, ShortPlayIsNoStormAndCountsForLittle)
 {
     Stream stream;
