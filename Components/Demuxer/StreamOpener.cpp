@@ -67,7 +67,8 @@ int indexOf(AVStream const* stream)
 
 } // namespace
 
-FormatContextPointer StreamOpener::open(AVFormatContext* prepared, Input const& input, Demuxer const& demuxer)
+FormatContextPointer StreamOpener::open(AVFormatContext* prepared, Input const& input, Demuxer const& demuxer,
+                                        int* error)
 {
     QByteArray const name = input.name.toUtf8();
     prepared->interrupt_callback = demuxer.interruptCallback();
@@ -77,6 +78,8 @@ FormatContextPointer StreamOpener::open(AVFormatContext* prepared, Input const& 
         LOG_ERROR("Could not open %s: %s", name.constData(), qPrintable(FFwrapper::errorText(result)));
     if (result >= 0)
         result = findStreams(context.get(), input, demuxer);
+    if (error)
+        *error = result < 0 ? result : AVERROR_STREAM_NOT_FOUND;
     if (demuxer.isAbandoned())
         return nullptr;
     if (result < 0 && input.kind == Live)

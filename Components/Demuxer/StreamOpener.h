@@ -25,8 +25,10 @@ public:
     };
 
     /// Takes a prepared context, with its I/O, from avformat_alloc_context(). Returns null when nothing in it can be
-    /// played, which is logged unless the demuxer is abandoned. On the demuxer's thread.
-    static FormatContextPointer open(AVFormatContext* prepared, Input const& input, Demuxer const& demuxer);
+    /// played, which is logged unless the demuxer is abandoned, and tells FFmpeg's `error`, AVERROR_STREAM_NOT_FOUND
+    /// where there is nothing to play. On the demuxer's thread.
+    static FormatContextPointer open(AVFormatContext* prepared, Input const& input, Demuxer const& demuxer,
+                                     int* error = nullptr);
 
     /// The streams to play, and what is known of the whole.
     static StreamInfo describe(AVFormatContext const& context);

@@ -57,11 +57,18 @@ bool FileOpening::isListening(QString const& name)
 
 bool FileOpening::Progress::isForGood() const
 {
-    static constexpr int passing[] = {AVERROR(ECONNREFUSED),    AVERROR(ECONNRESET), AVERROR(ECONNABORTED),
-                                      AVERROR(EPIPE),           AVERROR(ETIMEDOUT),  AVERROR(EHOSTUNREACH),
-                                      AVERROR(ENETUNREACH),     AVERROR(ENETDOWN),   AVERROR_EXIT,
-                                      AVERROR_HTTP_SERVER_ERROR};
-    return std::ranges::find(passing, error.load()) == std::end(passing);
+    int const code = error;
+    if (isAnswered) // What it leads to may come still.
+        return code == AVERROR_INVALIDDATA || code == AVERROR_STREAM_NOT_FOUND;
+    // EIO is FFmpeg's word for a host that nobody knows and for a certificate that nobody trusts.
+    static constexpr int refusals[] = {AVERROR_HTTP_BAD_REQUEST,
+                                       AVERROR_HTTP_UNAUTHORIZED,
+                                       AVERROR_HTTP_FORBIDDEN,
+                                       AVERROR_HTTP_NOT_FOUND,
+                                       AVERROR_PROTOCOL_NOT_FOUND,
+                                       AVERROR(EINVAL),
+                                       AVERROR(EIO)};
+    return std::ranges::find(refusals, code) != std::end(refusals);
 }
 
 FileOpening::FileOpening(QString const& name, QNetworkProxy const& proxy)
@@ -74,17 +81,25 @@ FormatContextPointer FileOpening::operator()(Demuxer const& demuxer) const
 {
     LOG_INFO("Opening %s", qPrintable(_name));
     AVFormatContext* const prepared = avformat_alloc_context();
-    if (_isNetwork) {
-        _proxy.warnUnlessUsable(_path);
-        prepared->opaque = const_cast<FileOpening*>(this); // The demuxer keeps this for as long as the context.
-        prepared->io_open = &openNested;
-        prepared->protocol_whitelist = av_strdup(networkProtocols);
-        return StreamOpener::open(prepared, {StreamOpener::File, _name, _path}, demuxer);
-    }
+    if (_isNetwork)
+        return openAddress(prepared, demuxer);
     if (PipeReader::isNeededFor(_path))
         return openPipe(prepared, demuxer);
     // With its protocol in front, no file name can be taken for an address.
     return StreamOpener::open(prepared, {StreamOpener::File, _name, "file:" + _path}, demuxer);
+}
+
+FormatContextPointer FileOpening::openAddress(AVFormatContext* prepared, Demuxer const& demuxer) const
+{
+    _proxy.warnUnlessUsable(_path);
+    prepared->opaque = const_cast<FileOpening*>(this); // The demuxer keeps this for as long as the context.
+    prepared->io_open = &openNested;
+    prepared->protocol_whitelist = av_strdup(networkProtocols);
+    int error = 0;
+    FormatContextPointer context = StreamOpener::open(prepared, {StreamOpener::File, _name, _path}, demuxer, &error);
+    if (!context && _progress->error == 0)
+        _progress->error = error;
+    return context;
 }
 
 FormatContextPointer FileOpening::openPipe(AVFormatContext* prepared, Demuxer const& demuxer) const

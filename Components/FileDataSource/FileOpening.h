@@ -21,10 +21,11 @@ public:
     /// What becomes of an opening. Any thread.
     struct Progress {
         std::atomic<bool> isAnswered{false}; ///< Something has been opened: the server speaks.
-        std::atomic<int> error{0};           ///< FFmpeg's, of the last connection that failed.
+        std::atomic<int> error{0};           ///< FFmpeg's, of the last connection that failed, else of the whole.
 
-        /// Whether what has failed would fail again: there is no such thing, or it cannot be played. A server that
-        /// does not answer, or has no time, may do so later.
+        /// Whether what has failed would fail again: there is no such thing, or it is whole and cannot be played. All
+        /// else may be better later. FFmpeg does not tell a name that there is not from one that nobody can look up
+        /// now, nor 410 from what a busy server says, such as 429.
         bool isForGood() const;
     };
 
@@ -41,6 +42,7 @@ public:
     FormatContextPointer operator()(Demuxer const& demuxer) const;
 
 private:
+    FormatContextPointer openAddress(AVFormatContext* prepared, Demuxer const& demuxer) const;
     FormatContextPointer openPipe(AVFormatContext* prepared, Demuxer const& demuxer) const;
     static int openNested(AVFormatContext* context, AVIOContext** io, char const* url, int flags,
                           AVDictionary** options);

@@ -33,7 +33,7 @@ bool LiveEntry::isAheadOfKeyFrame(AVPacket const& packet)
     if (!track.first)
         track.first = seconds;
     bool const isKeyFrame = isVideo && (packet.flags & AV_PKT_FLAG_KEY) != 0;
-    bool const isTooLate = seconds && *seconds - *track.first > patience;
+    bool const isTooLate = seconds ? *seconds - *track.first > patience : ++_timeless > maximumPackets;
     if (!isKeyFrame && !isTooLate)
         return true;
     _waitsForKeyFrame = false;

@@ -7,7 +7,8 @@
 class LiveEntry
 {
 public:
-    static constexpr double patience = 5.0; ///< Seconds; some streams have no key frames, or no pictures for long.
+    static constexpr double patience = 5.0; ///< Seconds; some streams have no key frames, or no pictures for long ...
+    static constexpr int maximumPackets = 500; ///< ... and some no time stamps.
 
     /// Everything belongs to the stream.
     LiveEntry() = default;
@@ -31,5 +32,6 @@ private:
     Track _audio;
     bool _waitsForKeyFrame = false;
     bool _waitsForSound = false;
+    int _timeless = 0;   ///< Packets before the key frame.
     double _begin = 0.0; ///< Seconds of the key frame.
 };

@@ -92,7 +92,13 @@ MmsFarewells::~MmsFarewells()
         std::unique_lock lock(_mutex);
         _allSaid.wait_for(lock, std::chrono::milliseconds(_limit), [this] { return _pending == 0; });
     }
-    _thread.quit();
+    if (!_home)
+        return;
+    // What has not been said goes while the loop still runs: the clients' own end needs it.
+    QMetaObject::invokeMethod(_home, [this] {
+        qDeleteAll(QObjectList(_home->children()));
+        _thread.quit();
+    });
     _thread.wait();
 }
 

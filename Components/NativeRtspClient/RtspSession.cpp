@@ -13,7 +13,6 @@ extern "C" {
 }
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 Logger* RtspSession::log = LoggerManager::logger();
@@ -119,11 +118,16 @@ int RtspSession::attempt(RtspTransport transport, int firstPacketTimeout)
     _phase = Phase::Streaming;
     if (!std::exchange(_everConnected, true))
         push({.kind = Event::Connected});
+    QElapsedTimer sincePlay;
+    sincePlay.start();
     int const result = pump(input, transport, firstPacketTimeout);
     // Who breaks off in the midst of a film has not ended it, and some servers put a range to what is live, too.
     std::int64_t const told = input.context()->duration;
     std::int64_t const played = _endTime - _order.startTime - RtspTimeline::delay;
-    _finite = told > 0 && std::abs(played - told) <= std::min(endTolerance, told / 2);
+    std::int64_t const tolerance = std::min(endTolerance, told / 2);
+    // The last picture may stand for long: then it is the time since the beginning that tells.
+    std::int64_t const passed = std::max<std::int64_t>(played, sincePlay.nsecsElapsed() / 1000);
+    _finite = told > 0 && played <= told + tolerance && passed >= told - tolerance;
     // A description without streams is no refusal to FFmpeg, which then finds the end at once.
     return result == AVERROR_EOF && input.context()->nb_streams == 0 ? AVERROR_STREAM_NOT_FOUND : result;
 }

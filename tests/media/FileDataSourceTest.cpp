@@ -50,6 +50,18 @@ protected:
     qint64 currentMilliseconds() const override { return now; }
 };
 
+/// Opens, and waits until there are words for it: whatever may come later is tried again.
+bool isRefused(FileDataSource& source)
+{
+    QSignalSpy const opened(&source, &GLMovieDataSource::opened);
+    QSignalSpy const error(&source, &GLMovieDataSource::error);
+    QSignalSpy const stateChanged(&source, &GLMovieDataSource::stateChanged);
+    source.open();
+    EXPECT_TRUE(waitUntil([&] { return opened.size() + error.size() + stateChanged.size() > 0; }));
+    source.close();
+    return opened.isEmpty();
+}
+
 } // namespace
 
 TEST(Watchdog, AllowsTenAverageIntervalsButNeverLessThanTheFloor)
@@ -149,7 +161,7 @@ TEST(FileDataSource, ANetworkPlaylistLeadsNowhereButToTheNetwork)
         LoopbackHttpServer server(LoopbackHttpServer::Whole,
                                   "#EXTM3U\n#EXT-X-TARGETDURATION:2\n#EXTINF:2,\n" + entry + "\n#EXT-X-ENDLIST\n");
         FileDataSource source(server.url("list.m3u8"));
-        EXPECT_FALSE(openSource(source)) << entry.constData();
+        EXPECT_TRUE(isRefused(source)) << entry.constData();
     }
 }
 
@@ -167,7 +179,7 @@ TEST(FileDataSource, AnUntrustedCertificateGetsNoRequest)
     server.setSslConfiguration(configuration);
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
     FileDataSource source(QString("https://127.0.0.1:" + QString::number(server.serverPort()) + "/film.mp4"));
-    EXPECT_FALSE(openSource(source));
+    EXPECT_TRUE(isRefused(source));
     std::unique_ptr<QTcpSocket> const connection(server.nextPendingConnection());
     ASSERT_TRUE(connection);
     EXPECT_EQ(connection->readAll(), "");
@@ -248,7 +260,7 @@ TEST(FileDataSource, TheProxyHoldsForFFmpegToo)
     source.close();
     qputenv("http_proxy", address.toEncoded());
     source.setProxy(QNetworkProxy::NoProxy); // Nor is that of the environment wanted then.
-    EXPECT_FALSE(openSource(source));
+    EXPECT_TRUE(isRefused(source));
     qunsetenv("http_proxy");
 }
 
@@ -330,6 +342,42 @@ TEST_F(LiveStream, ComesBackWhateverItWasLostBy)
         EXPECT_NE(_source.audioStream(), nullptr); // The new streams.
         _source.close();
     }
+}
+
+TEST(FileDataSource, OnlyWhatWouldFailAgainIsRefusedForGood)
+{
+    struct Case {
+        bool isAnswered;
+        int error;
+        bool isForGood;
+    };
+    Case const cases[] = {
+        {false, AVERROR_HTTP_NOT_FOUND, true}, {false, AVERROR_PROTOCOL_NOT_FOUND, true},
+        {false, AVERROR(EIO), true},           {false, AVERROR_HTTP_OTHER_4XX, false},
+        {false, AVERROR_EOF, false},           {true, AVERROR_HTTP_NOT_FOUND, false},
+        {true, AVERROR_INVALIDDATA, true},     {true, AVERROR(EIO), false},
+    };
+    for (Case const& c : cases) {
+        FileOpening::Progress progress;
+        progress.isAnswered = c.isAnswered;
+        progress.error = c.error;
+        EXPECT_EQ(progress.isForGood(), c.isForGood) << FFwrapper::errorText(c.error).toStdString();
+    }
+}
+
+TEST(FileDataSource, WhatHasNoTimesIsNotWaitedForForEver)
+{
+    StreamInfo info;
+    AVStream stream = {};
+    info.video = &stream;
+    info.videoSnapshot.index = 0;
+    LiveEntry entry(info);
+    AVPacket* packet = av_packet_alloc();
+    int ahead = 0;
+    while (entry.isAhead(*packet) && ahead <= LiveEntry::maximumPackets)
+        ++ahead;
+    EXPECT_EQ(ahead, LiveEntry::maximumPackets);
+    av_packet_free(&packet);
 }
 
 TEST(FileDataSource, SilenceIsALossOnlyOfWhatPromisesMore)
