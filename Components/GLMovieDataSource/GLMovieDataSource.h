@@ -59,7 +59,8 @@ public:
     /// Whether seekFrame() can do anything for what is open. A live stream cannot be sought. Waits for nothing.
     virtual bool isSeekable() const;
 
-    /// Whether the sender, when it was lost and is there again, begins with what it has sent already, without closed().
+    /// Whether the sender, when it was lost and is there again, begins with what it has sent already, without
+    /// closed().
     virtual bool mayRepeat() const { return false; }
 
     /// Seconds; 0 when it is not known.
