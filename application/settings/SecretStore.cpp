@@ -3,6 +3,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "SecretKeeper.h"
+#include "SettingsText.h"
 
 #include <QSettings>
 
@@ -15,7 +16,7 @@ constexpr char const* enciphered = "sealed:";
 
 QString storedText(QSettings const& settings, QString const& key)
 {
-    return settings.value(key).toStringList().join(','); // A list is what a comma makes of text written by hand.
+    return SettingsText::textOf(settings.value(key));
 }
 
 } // namespace
