@@ -25,7 +25,7 @@ public:
     explicit RsaProvider(QString const& keyFile, QObject* parent = nullptr);
     ~RsaProvider() override;
 
-    /// Reads the key, or has one made. ready() follows unless isReady() holds already, or the file cannot be written.
+    /// Reads the key, or has one made. ready() or unavailable() follows unless isReady() holds already.
     void prepare();
     bool isReady() const { return !_key.isNull(); }
 
@@ -38,8 +38,12 @@ public:
 signals:
     void ready();
 
+    /// There will be no key: its file cannot be written.
+    void unavailable();
+
 private:
     void makeKey(std::stop_token const& stop);
+    void onKeyMade(RsaKey const& key, QString const& complaint);
 
     static Logger* log;
 
