@@ -268,13 +268,15 @@ void AppData::onWindowVisibilityChanged(bool visible)
         _channelManager->openLastChannels();
     else
         _channelManager->closeForLater();
-    settings.action("&Show Window")->setEnabled(!visible);
-    for (char const* const text : {"Close Window", "Increase Volume", "Decrease Volume", "Seek Forwards",
-                                   "Seek backwards", "Mute", "Full Screen", "Record"})
-        settings.action(text)->setEnabled(visible);
-    for (QAction* const action : settings.drawModeActions())
+    settings.action(MenuAction::ShowWindow)->setEnabled(!visible);
+    for (MenuAction const action :
+         {MenuAction::CloseWindow, MenuAction::IncreaseVolume, MenuAction::DecreaseVolume, MenuAction::SeekForwards,
+          MenuAction::SeekBackwards, MenuAction::Mute, MenuAction::FullScreen, MenuAction::Record,
+          MenuAction::ChannelCarousel, MenuAction::Tabs})
+        settings.action(action)->setEnabled(visible);
+    for (QAction* const action : settings.actions().drawModes())
         action->setEnabled(visible);
-    settings.action("Close Window")->setChecked(!visible);
+    settings.action(MenuAction::CloseWindow)->setChecked(!visible);
 }
 
 void AppData::createColourConversionPrograms()

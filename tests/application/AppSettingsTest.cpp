@@ -46,9 +46,9 @@ TEST_F(AppSettingsTest, ASetterMirrorsItsActionAndStaysSilentWhenNothingChanges)
         EXPECT_EQ(mute.count(), changes);
         EXPECT_EQ(mode.count(), changes);
     }
-    EXPECT_TRUE(_settings.action("Mute")->isChecked());
-    EXPECT_TRUE(_settings.drawModeActions().at(1)->isChecked());
-    EXPECT_FALSE(_settings.drawModeActions().at(4)->isChecked());
+    EXPECT_TRUE(_settings.action(MenuAction::Mute)->isChecked());
+    EXPECT_TRUE(_settings.action(MenuAction::NormalSize)->isChecked());
+    EXPECT_FALSE(_settings.action(MenuAction::TouchInside)->isChecked());
 }
 
 TEST_F(AppSettingsTest, TheInstallationKeepsItsIdentifier)
@@ -129,7 +129,8 @@ TEST_F(AppSettingsTest, NumbersOutOfBoundsAreBroughtInsideWithALineEach)
 TEST_F(AppSettingsTest, EveryActionHasItsOwnShortcut)
 {
     QStringList seen;
-    for (QAction const* const action : _settings.findChildren<QAction*>() + _settings.speedActions()) {
+    for (int i = 0; i < menuActionCount; ++i) {
+        QAction const* const action = _settings.action(static_cast<MenuAction>(i));
         QString const shortcut = action->shortcut().toString();
         EXPECT_TRUE(shortcut.isEmpty() || !seen.contains(shortcut)) << qPrintable(action->text());
         seen.append(shortcut);
