@@ -123,6 +123,10 @@ void AccountDialog::setBusy(bool isBusy)
             field->setEnabled(!isBusy);
     _progress->setVisible(isBusy);
     _action->setEnabled(!isBusy && isComplete());
+    if (isBusy)
+        return;
+    _password->setFocus(); // It went to Cancel, which Return would press.
+    _password->selectAll();
 }
 
 void AccountDialog::showProgress(QString const& text)
@@ -135,8 +139,6 @@ void AccountDialog::showError(QString const& text)
 {
     setBusy(false);
     tell(text, true);
-    _password->setFocus();
-    _password->selectAll();
 }
 
 void AccountDialog::finish()

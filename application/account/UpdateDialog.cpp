@@ -14,7 +14,7 @@ namespace
 {
 
 constexpr int maximumVersion = 40; // Characters of what the service says; the rest is left out.
-constexpr int maximumMessage = 20000;
+constexpr int maximumUpdateText = 20000;
 constexpr int messageLines = 7;
 constexpr int messageWidth = 60; // Letters.
 
@@ -44,7 +44,7 @@ UpdateDialog::UpdateDialog(SoapLoginResponse const& response, QWidget* parent)
     title->setFont(font);
     layout->addWidget(title);
     if (!response.updateMessage.trimmed().isEmpty()) {
-        auto* const message = new QPlainTextEdit(response.updateMessage.left(maximumMessage), this);
+        auto* const message = new QPlainTextEdit(response.updateMessage.left(maximumUpdateText), this);
         message->setObjectName("updateMessage");
         message->setReadOnly(true);
         message->setTabChangesFocus(true);

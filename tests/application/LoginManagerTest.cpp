@@ -175,11 +175,13 @@ TEST_F(LoginManagerTest, TheDialogTellsWhatIsWrongAndKeepsThePasswordEncipheredF
         EXPECT_EQ(messageOf(dialog), "No <b>such</b> account");
 
         QTest::keyClick(dialog, Qt::Key_Return);
+        EXPECT_TRUE(dialog->isBusy());
         _server.takeRequest();
         QTest::keyClick(dialog, Qt::Key_Escape);
         EXPECT_TRUE(dialog->isVisible() && !dialog->isBusy()) << "the first one ends the asking";
 
         QTest::keyClick(dialog, Qt::Key_Return);
+        EXPECT_TRUE(dialog->isBusy());
         _server.answer(loginAnswer("<authenticated>true</authenticated>"));
     });
     EXPECT_TRUE(manager().loginWithGui(nullptr));
