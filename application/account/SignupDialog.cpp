@@ -29,7 +29,8 @@ QString SignupDialog::hint() const
     if (!email().isEmpty() && !isEmail(email()))
         return tr("This is not an e-mail address yet.");
     if (!password().isEmpty() && missing > 0)
-        return tr("The password needs %n more character(s).", nullptr, static_cast<int>(missing));
+        return missing == 1 ? tr("The password needs one more character.")
+                            : tr("The password needs %1 more characters.").arg(missing);
     if (!password().startsWith(_repetition->text()))
         return tr("The two passwords differ.");
     return {};

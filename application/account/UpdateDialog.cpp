@@ -37,7 +37,7 @@ UpdateDialog::UpdateDialog(SoapLoginResponse const& response, QWidget* parent)
     QString const heading =
         response.isUpdateCritical()
             ? tr("You must install the critical update to version %1 before you can sign in again.")
-            : tr("Version %1 of Ombravision is there.");
+            : tr("Version %1 of Ombravision is available.");
     QLabel* const title = makeLabel(heading.arg(version), "heading");
     QFont font = title->font();
     font.setBold(true);

@@ -229,10 +229,8 @@ TEST_F(LoginManagerTest, ANewAccountIsCheckedAsOneTypesAndFillsInTheSignIn)
             auto* const dialog = shown<SignupDialog>();
             ASSERT_TRUE(dialog);
             std::pair<char const*, char const*> const steps[] = {
-                {"email:ann@", "This is not an e-mail address yet."},
-                {"email:example.com", ""},
-                {"password:sesame", "The password needs 2 more character(s)."},
-                {"password:!!", ""},
+                {"email:ann@", "This is not an e-mail address yet."},         {"email:example.com", ""},
+                {"password:sesame", "The password needs 2 more characters."}, {"password:!!", ""},
                 {"repetition:sesamo", "The two passwords differ."},
             };
             for (auto const& [step, hint] : steps) {
