@@ -39,7 +39,7 @@ public:
     QString version() const { return programVersion; }
     QString localChannelFile() const { return "Channels.xml"; }
     QString logoDirectory() const { return "Logos"; }
-    QString defaultNick() const { return "Viewer"; }
+    QString defaultNick() const { return SettingsValues::defaultNick; }
     QString fontFamily() const { return "Arial"; }
     QString chatFontFamily() const { return "Arial"; }
 

@@ -3,6 +3,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "SecretKeeper.h"
+#include "SettingsText.h"
 
 #include <QSettings>
 
@@ -15,7 +16,7 @@ constexpr char const* enciphered = "sealed:";
 
 QString storedText(QSettings const& settings, QString const& key)
 {
-    return settings.value(key).toStringList().join(','); // A list is what a comma makes of text written by hand.
+    return SettingsText::textOf(settings.value(key));
 }
 
 } // namespace
@@ -32,8 +33,8 @@ QString SecretStore::read(QSettings& settings, QString const& key)
     if (stored.isEmpty())
         return {};
     if (!stored.startsWith(enciphered)) {
-        if (_keeper)
-            write(settings, key, stored);
+        if (QString const text = encrypt(stored); !text.isEmpty())
+            settings.setValue(key, text);
         return stored;
     }
     QString const secret = decrypt(stored);
@@ -51,21 +52,26 @@ bool SecretStore::write(QSettings& settings, QString const& key, QString const& 
     QString const stored = storedText(settings, key);
     if (stored.startsWith(enciphered) && decrypt(stored) == secret)
         return true; // Enciphering is never twice the same: what has not changed leaves the file as it is.
-    if (!_keeper && stored == secret)
-        return true; // As somebody wrote it by hand.
-    QByteArray const bytes = _keeper ? _keeper->encrypt(secret.toUtf8()) : QByteArray();
-    if (bytes.isEmpty()) {
-        LOG_WARNING("The secret %s could not be enciphered and is not stored.", qUtf8Printable(key));
-        return false;
+    if (QString const text = encrypt(secret); !text.isEmpty()) {
+        settings.setValue(key, text);
+        return true;
     }
-    settings.setValue(key, QString(enciphered + QString::fromLatin1(bytes.toBase64())));
-    return true;
+    if (stored == secret)
+        return true; // As somebody wrote it by hand.
+    LOG_WARNING("The secret %s could not be enciphered and is not stored.", qUtf8Printable(key));
+    return false;
 }
 
 bool SecretStore::isUnreadable(QSettings const& settings, QString const& key) const
 {
     QString const stored = storedText(settings, key);
     return stored.startsWith(enciphered) && decrypt(stored).isNull();
+}
+
+QString SecretStore::encrypt(QString const& secret) const
+{
+    QByteArray const bytes = _keeper ? _keeper->encrypt(secret.toUtf8()) : QByteArray();
+    return bytes.isEmpty() ? QString() : QString(enciphered + QString::fromLatin1(bytes.toBase64()));
 }
 
 QString SecretStore::decrypt(QString const& stored) const

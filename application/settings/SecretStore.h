@@ -26,6 +26,7 @@ public:
 private:
     static Logger* log;
 
+    QString encrypt(QString const& secret) const;
     QString decrypt(QString const& stored) const;
 
     SecretKeeper* _keeper = nullptr;

@@ -75,10 +75,11 @@ void SettingsStore::load(Setting const& setting, T& value)
         loadNumber(name, setting, value);
         return;
     }
-    QVariant const stored = _settings.value(name);
-    bool const isAccepted = !setting.accepts || setting.accepts(SettingsText::textOf(stored));
+    QVariant stored = _settings.value(name);
+    if (setting.accepts)
+        stored = SettingsText::textOf(stored).trimmed();
     T read = value;
-    if (!isAccepted || !SettingsText::parse(stored, read))
+    if ((setting.accepts && !setting.accepts(stored.toString())) || !SettingsText::parse(stored, read))
         complain(name);
     else
         value = read;

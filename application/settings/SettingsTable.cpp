@@ -22,36 +22,39 @@ struct Line : Setting {
     using Signal = void (A::*)();
     using ShownBy = std::optional<MenuAction>;
 
-    Line(SettingScope where, char const* in, char const* name, SettingField what, Signal tells = nullptr,
-         ShownBy by = {})
+    constexpr Line(SettingScope where, char const* in, char const* name, SettingField what, Signal tells = nullptr,
+                   ShownBy by = {})
         : Setting{where, in, name, what, tells, by}
     {
     }
 
     /// A setting that no file has.
-    Line(SettingField what, Signal tells, ShownBy by = {}) : Line(SettingScope::Run, "", "", what, tells, by) {}
+    constexpr Line(SettingField what, Signal tells, ShownBy by = {})
+        : Line(SettingScope::Run, "", "", what, tells, by)
+    {
+    }
 
-    Line& otherwise(WhenAbsent absent)
+    constexpr Line& otherwise(WhenAbsent absent)
     {
         whenAbsent = absent;
         return *this;
     }
-    Line& stored(SettingStorage how)
+    constexpr Line& stored(SettingStorage how)
     {
         storage = how;
         return *this;
     }
-    Line& within(double minimum, double maximum, bool takesNearest = true)
+    constexpr Line& within(double minimum, double maximum, bool takesNearest = true)
     {
         bounds = {minimum, maximum, takesNearest};
         return *this;
     }
-    Line& must(bool (*check)(QString const&))
+    constexpr Line& must(bool (*check)(QString const&))
     {
         accepts = check;
         return *this;
     }
-    Line& shownOff()
+    constexpr Line& shownOff()
     {
         actionShowsOff = true;
         return *this;
@@ -77,7 +80,7 @@ constexpr auto OnlyWritten = SettingStorage::OnlyWritten;
 constexpr auto Enciphered = SettingStorage::Enciphered;
 constexpr auto Current = WhenAbsent::Current;
 
-Setting const table[] = {
+constexpr Setting table[] = {
     Line(Global, "audio", "audioDevice", &V::audioDevice, &A::audioDeviceChanged),
     Line(Global, "video", "useHardwareColourConversion", &V::useHardwareColourConversion,
          &A::useHardwareColourConversionChanged),

@@ -26,7 +26,7 @@ constexpr Word<bool> switches[] = {{"true", true}, {"false", false}, {"1", true}
 template<class T, size_t count>
 bool parseWord(Word<T> const (&words)[count], QVariant const& stored, T& value)
 {
-    QString const text = SettingsText::textOf(stored);
+    QString const text = SettingsText::textOf(stored).trimmed();
     auto const isIt = [&text](Word<T> const& word) { return text.compare(word.text, Qt::CaseInsensitive) == 0; };
     auto const found = std::ranges::find_if(words, isIt);
     if (found == std::end(words))
@@ -48,7 +48,8 @@ namespace SettingsText
 
 QString textOf(QVariant const& stored)
 {
-    return stored.toStringList().join(',').trimmed();
+    bool const isList = stored.metaType() == QMetaType::fromType<QStringList>();
+    return isList ? stored.toStringList().join(',') : stored.toString();
 }
 
 bool parse(QVariant const& stored, bool& value)
@@ -67,7 +68,7 @@ bool parse(QVariant const& stored, double& value)
 
 bool parse(QVariant const& stored, QString& value)
 {
-    value = stored.toStringList().join(',');
+    value = textOf(stored);
     return true;
 }
 

@@ -8,7 +8,7 @@
 namespace SettingsText
 {
 
-/// What is stored as text, also where a comma in it has made it a list. White space around it is removed.
+/// What is stored as text, also where a comma in text that was written by hand has made it a list.
 QString textOf(QVariant const& stored);
 
 /// Takes the value from what is stored. Returns whether that made sense; else the value stays as it is.
@@ -24,8 +24,8 @@ bool parse(QVariant const& stored, QHash<QString, bool>& value); ///< A list of 
 template<class T>
 bool parse(QVariant const& stored, T& value)
 {
-    if (!stored.canConvert<T>() || (stored.metaType() == QMetaType::fromType<QString>() &&
-                                    !std::is_constructible_v<T, QStringList> && !std::is_same_v<T, QByteArray>))
+    constexpr bool isTextToo = std::is_same_v<T, QStringList> || std::is_same_v<T, QByteArray>;
+    if (!isTextToo && stored.metaType() != QMetaType::fromType<T>())
         return false;
     value = stored.value<T>();
     return true;

@@ -31,6 +31,6 @@ QList<ChatColour> defaultChatColours()
 SettingsValues::SettingsValues()
     : latteStartDelay(LatteDataSource::openDelay), biscottiHost(Deployment::biscottiHost),
       biscottiPort(Deployment::biscottiPort), keychainUrl(QString(Deployment::keychainUrl)),
-      serviceUrl(QString(Deployment::serviceUrl)), chatNick("Viewer"), chatColours(defaultChatColours())
+      serviceUrl(QString(Deployment::serviceUrl)), chatNick(defaultNick), chatColours(defaultChatColours())
 {
 }

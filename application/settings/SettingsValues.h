@@ -30,6 +30,8 @@ struct SettingsValues {
     /// What shows opaque pictures: OpenGL or MIT-SHM; Automatic is the latter where OpenGL runs on the processor.
     enum class Presentation { Automatic, OpenGl, SharedMemory };
 
+    static constexpr char const* defaultNick = "Viewer";
+
     SettingsValues();
 
     // Sound, picture and network of this installation.
