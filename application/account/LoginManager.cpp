@@ -153,12 +153,11 @@ void LoginManager::remember()
         settings.remove(passwordKey);
         return;
     }
-    RsaProvider* const rsaProvider = _appData.rsaProvider();
     auto const store = [this, email = _attempt.email, password = _attempt.password] {
         storePassword(email, password);
     };
     // The key may still be in the making.
-    if (rsaProvider && !rsaProvider->isReady())
+    if (RsaProvider* const rsaProvider = _appData.rsaProvider(); !rsaProvider->isReady())
         connect(rsaProvider, &RsaProvider::ready, this, store, Qt::SingleShotConnection);
     else
         store();
@@ -168,7 +167,8 @@ void LoginManager::storePassword(QString const& email, QString const& password)
 {
     QSettings settings = settingsFile();
     settings.beginGroup(AppSettings::userGroup(email));
-    _appData.settings.writeEncryptedPassword(settings, passwordKey, password);
+    if (settings.value(automaticKey).toBool()) // The viewer may have thought better of it by now.
+        _appData.settings.writeEncryptedPassword(settings, passwordKey, password);
 }
 
 void LoginManager::onLoginCompleted(bool ok, QString const& text)

@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "LoginDialog.h"
 #include "LoginManager.h"
+#include "RsaProvider.h"
 #include "SettingsFile.h"
 #include "SignupDialog.h"
 #include "UpdateDialog.h"
@@ -13,6 +14,7 @@ bool LoginManager::loginWithGui(QWidget* parent)
         _loginDialog->activateWindow();
         return false;
     }
+    _appData.rsaProvider()->prepare(); // While the viewer types.
     _loginDialog = new LoginDialog(parent);
     QPointer<LoginDialog> const dialog = _loginDialog; // It may go with its parent while it is open.
     QSettings const settings = settingsFile();

@@ -71,7 +71,6 @@ void AppData::initialize(QWidget* mainWidget)
     settings.createActions();
     // Some of what is loaded is enciphered.
     _rsaProvider = new RsaProvider(settings.dataDirectory() + "/PrivateKey.pem");
-    _rsaProvider->prepare();
     settings.initEncryption(_rsaProvider);
     settings.loadGlobalSettings();
     setProxy();
