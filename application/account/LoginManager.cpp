@@ -73,6 +73,7 @@ bool LoginManager::autoLogin()
     if (password.isEmpty())
         return false;
     login(email, password, true);
+    _attempt.keepSignedIn = true;
     return true;
 }
 
@@ -140,12 +141,13 @@ void LoginManager::fail(QString const& text)
     emit loginCompleted(false, text);
 }
 
-/// An automatic sign-in changes nothing of what is stored, nor does one that was called for without a dialog.
+/// A sign-in that was called for without a dialog has no say in whether the next one is automatic. After an automatic
+/// one the password is stored as well: somebody may have written it by hand.
 void LoginManager::remember()
 {
     QSettings settings = settingsFile();
     settings.setValue("application/lastUser", _attempt.email);
-    if (_attempt.isAutomatic || !_loginDialog)
+    if (!_attempt.isAutomatic && !_loginDialog)
         return;
     settings.beginGroup(AppSettings::userGroup(_attempt.email));
     settings.setValue(automaticKey, _attempt.keepSignedIn);

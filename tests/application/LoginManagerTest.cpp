@@ -59,6 +59,15 @@ QString messageOf(QWidget* dialog)
     return in<QLabel>(dialog, "message")->text();
 }
 
+std::string textOfSettings()
+{
+    QSettings settings = settingsFile();
+    settings.sync();
+    QFile file(settings.fileName());
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll().toStdString();
+}
+
 class LoginManagerTest : public testing::Test
 {
 protected:
@@ -187,11 +196,7 @@ TEST_F(LoginManagerTest, TheDialogTellsWhatIsWrongAndKeepsThePasswordEncipheredF
     EXPECT_TRUE(manager().loginWithGui(nullptr));
     EXPECT_TRUE(_appData.rsaProvider()->isReady() ||
                 QSignalSpy(_appData.rsaProvider(), &RsaProvider::ready).wait(100000));
-    QSettings settings = settingsFile();
-    settings.sync();
-    QFile file(settings.fileName());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_THAT(file.readAll().toStdString(), testing::Not(testing::HasSubstr("pass 'w")));
+    EXPECT_THAT(textOfSettings(), testing::Not(testing::HasSubstr("pass 'w")));
     EXPECT_FALSE(capture.contains("pass 'w"));
 
     QSignalSpy automatic(&manager(), &LoginManager::autoLoginCompleted);
@@ -203,6 +208,14 @@ TEST_F(LoginManagerTest, TheDialogTellsWhatIsWrongAndKeepsThePasswordEncipheredF
     _server.send("HTTP/1.1 500 Oops\r\nContent-Length: 0\r\n\r\n");
     ASSERT_TRUE(processEventsUntil([&] { return !automatic.isEmpty(); }));
     EXPECT_EQ(automatic[0], (QVariantList{false, "The service answered with the status 500."}));
+
+    QString const key = AppSettings::userGroup("ann/x@example.com") + "/password";
+    settingsFile().setValue(key, "by hand");
+    EXPECT_THAT(textOfSettings(), testing::HasSubstr("by hand"));
+    ASSERT_TRUE(manager().autoLogin());
+    _server.answer(loginAnswer("<authenticated>true</authenticated>"));
+    ASSERT_TRUE(processEventsUntil([&] { return automatic.count() == 2; }));
+    EXPECT_THAT(textOfSettings(), testing::Not(testing::HasSubstr("by hand")));
 
     whenOpen([this] {
         auto* const dialog = shown<LoginDialog>();
