@@ -75,35 +75,6 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
     EXPECT_FALSE(openSource(local));
 }
 
-TEST(HttpFileDataSource, ADownloadCutOffWhilePlayingIsALoss)
-{
-    LoopbackHttpServer server(Manner::CutOff, Clips::bytes(Clips::videoOnly()));
-    HttpFileDataSource source(server.url());
-    ASSERT_TRUE(openSource(source));
-    QSignalSpy const error(&source, &GLMovieDataSource::error);
-    ReadResult const result = Reader(source).result();
-    EXPECT_GT(result.videoFrames, 10);
-    EXPECT_NE(result.end, AVERROR_EOF);
-    ASSERT_TRUE(waitUntil([&] { return !error.isEmpty(); }));
-    EXPECT_EQ(error.last().at(1).toString(), "Stream unavailable");
-}
-
-TEST(HttpFileDataSource, ClosesAtAnyMoment)
-{
-    QByteArray const film = Clips::bytes(Clips::h264AacIndexLast());
-    for (Manner const manner : {Manner::Slow, Manner::Stalled, Manner::Silent, Manner::Whole}) {
-        LoopbackHttpServer server(manner, film);
-        for (int i = 0; i < 10; i += 3) {
-            HttpFileDataSource source(server.url());
-            source.open();
-            quint64 const enough = static_cast<quint64>(manner == Manner::Silent ? 0 : film.size() / 20 * i);
-            ASSERT_TRUE(waitUntil([&] { return source.bytesRead() >= enough; })) << manner;
-            source.close();
-            EXPECT_EQ(source.position(), 0);
-        }
-    }
-}
-
 TEST(HttpFileDataSource, ASeekWaitsForTheDownloadAndCanBeInterrupted)
 {
     LoopbackHttpServer server(Manner::Stalled, Clips::bytes(Clips::wmv(12)));

@@ -147,7 +147,7 @@ TEST_F(HttpMmsClientTest, AsksForTheHeaderAndThenForTheStream)
     EXPECT_EQ(_header.first().first().toByteArray(), rewritten);
     EXPECT_EQ(connected.size(), 1);
     EXPECT_EQ(_client->packetSize(), 3200);
-    EXPECT_GT(_client->streamBitrate(), 1000);
+    EXPECT_EQ(_client->streamBitrate(), 464000);
 
     EXPECT_EQ(ownLines(), "GET /a%20b/live?x=%26 HTTP/1.1\nPragma: stream-switch-count=2\nPragma: client-id=77\n"
                           "Pragma: stream-switch-entry=ffff:1:0 ffff:2:0 \n"
@@ -183,7 +183,6 @@ TEST_F(HttpMmsClientTest, TellsHowAPlayEnded)
           {response(200), ChunkBytes::header(emptyHeader), Http::NoError, Mms::CouldNotConnected},
           {response(404), "$E page", Http::NoError, Mms::StreamNotAvailable},
           {response(453, {}, "not enough BANDWIDTH"), "", Http::NoError, Mms::BandwidthNotAvailable},
-          {response(453, {}, "Other"), "", Http::NoError, Mms::StreamNotAvailable},
           {none, "", Http::HostNotFound, Mms::CouldNotResolveServer},
           {none, "", Http::ConnectionRefused, Mms::CouldNotConnected},
           {none, "", Http::InvalidResponseHeader, Mms::UnknownError},
@@ -330,11 +329,7 @@ TEST_F(HttpMmsClientTest, LeavesAStreamWithAStopAndAReport)
     answer(response(200));
     EXPECT_EQ(errors(), Errors{MmsClient::NoError});
     FakeHttpClient::Sent const report = request();
-    EXPECT_EQ(report.header.toString(),
-              "POST /live HTTP/1.1\r\nHost: h\r\nAccept: */*\r\nUser-Agent: NSPlayer/11.0.5721.5145\r\n"
-              "Pragma: client-id=77\r\nPragma: xClientGUID={ffffffff-89ab-cdef-0123-456789abcdef}\r\n"
-              "Content-Type: application/x-wms-LogStats;charset=UTF-8\r\nContent-Length: " +
-                  QString::number(report.body.size()) + "\r\n\r\n");
+    EXPECT_TRUE(report.header.toString().contains("xClientGUID={ffffffff-89ab-cdef-0123-456789abcdef}"));
     EXPECT_TRUE(report.body.contains("<date>2011-02-03</date><time>"));
     EXPECT_TRUE(report.body.endsWith("<cs-url>mms://h/live</cs-url><ContentDescription></ContentDescription></XML>"));
     answer(response(200));
