@@ -380,6 +380,18 @@ TEST(FileDataSource, WhatHasNoTimesIsNotWaitedForForEver)
     av_packet_free(&packet);
 }
 
+TEST(FileDataSource, SilenceIsALossOnlyOfWhatPromisesMore)
+{
+    StreamInfo info;
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 20000);
+    info.videoSnapshot.frameRate = {1, 8};
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 20000);
+    info.videoSnapshot.frameRate = {25, 1};
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 5000);
+    info.listed = true;
+    EXPECT_EQ(FileDataSource::silenceLimitOf(info), 12000);
+}
+
 TEST_F(LiveStream, HasEndedWhenTheServerMakesAFilmOfIt)
 {
     _source.open();

@@ -76,3 +76,11 @@ TEST(RefPlaylist, TakesTheWebAddressesOfItsSection)
                                "\n\nRef3=http://c/\n[Other]\nRef1=http://d/"),
         "http://c/");
 }
+
+TEST(Playlist, DecodesWhatServersSend)
+{
+    for (QByteArray const& document :
+         {QByteArray("\xEF\xBB\xBF<\xE2\x82\xAC>"), QByteArray("\xFE\xFF\0<\x20\xAC\0>", 8),
+          QByteArray("<\0\xAC\x20>\0", 6), QByteArray("<\x80>")})
+        EXPECT_EQ(Playlist::decode(document), QString::fromUtf8("<\u20ac>")) << document.toHex().constData();
+}
