@@ -111,7 +111,7 @@ TEST(MmsChunkProcessor, LastTwoBytesMayBeLateAndAreForgottenByReset)
     Recorder recorder;
     EXPECT_THAT(recorder.feed(data("one") + data("two").chopped(3)).take(), IsEmpty());
     EXPECT_THAT(recorder.feed("t").take(), ElementsAre("data one"));
-    EXPECT_THAT(recorder.feed("wo" + chunk('T', "test").chopped(2)).take(), ElementsAre("test 0"));
+    EXPECT_THAT(recorder.feed("w").feed("o").feed(chunk('T', "test").chopped(2)).take(), ElementsAre("test 0"));
     recorder.processor.reset();
     EXPECT_THAT(recorder.feed(data("three")).take(), ElementsAre("data two"));
 }

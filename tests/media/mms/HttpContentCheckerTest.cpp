@@ -174,6 +174,8 @@ TEST(MmsPragmas, ReadsOnlyWhatMakesSense)
         return MmsPragmas::of(response(200, "Pragma: " + value + "\r\n"));
     };
     EXPECT_TRUE(pragmas("client-id=3158,features=\"broadcast,playlist\",timeout=60000").isPlaylist);
+    EXPECT_FALSE(pragmas("playlist,features=\"seekable\",client-id=").isPlaylist);
+    EXPECT_EQ(pragmas("client-id=1 2\t3").clientId, "123");
     EXPECT_EQ(pragmas("client-id=" + QString(30000, '7')).clientId.size(), MmsPragmas::maximumIdLength);
     EXPECT_EQ(pragmas("timeout=-5").timeout, 0);
     EXPECT_EQ(pragmas("timeout=1").timeout, MmsPragmas::minimumTimeout);

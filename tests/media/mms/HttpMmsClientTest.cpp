@@ -183,6 +183,7 @@ TEST_F(HttpMmsClientTest, TellsHowAPlayEnded)
           {response(200), ChunkBytes::header(emptyHeader), Http::NoError, Mms::CouldNotConnected},
           {response(404), "$E page", Http::NoError, Mms::StreamNotAvailable},
           {response(453, {}, "not enough BANDWIDTH"), "", Http::NoError, Mms::BandwidthNotAvailable},
+          {response(453, {}, "Other"), "", Http::NoError, Mms::StreamNotAvailable},
           {none, "", Http::HostNotFound, Mms::CouldNotResolveServer},
           {none, "", Http::ConnectionRefused, Mms::CouldNotConnected},
           {none, "", Http::InvalidResponseHeader, Mms::UnknownError},
