@@ -24,12 +24,26 @@ protected:
         return std::make_unique<BiscottiPeer>(server.port(), identity);
     }
 
+    /// Does not read any more, and has more waiting than its system takes.
+    void stall(BiscottiPeer& slow, BiscottiPeer& sender, QString const& topic)
+    {
+        slow.socket().disconnect();
+        slow.socket().setReadBufferSize(1);
+        qint64 queued = 0;
+        for (int i = 0; i < 1000 && queued == 0; ++i) {
+            ASSERT_EQ(sender.ask(sender.post(QString("fill%1").arg(++posts), topic, QByteArray(60'000, 'b'))), 200);
+            server.forEachConnection([&](ServiceConnection const& one) { queued += one.bytesQueued(); });
+        }
+        ASSERT_GT(queued, 0);
+    }
+
     QString command(QString const& line, QStringList* lines = nullptr)
     {
         QStringList answer;
         return BiscottiCommands(server).run(line.split(' '), lines ? *lines : answer);
     }
 
+    int posts = 0;
     FakeTickCounter clock;
     FakeTimerFactory timers{clock};
     LogCapture log;
@@ -102,6 +116,7 @@ TEST_F(BiscottiServerTest, EachMessageIsAcknowledgedByItsRule)
              Case{"post", client->post("7", ".a"), 200},
              Case{"post again", client->post("7", ".a"), 4092},
              Case{"body too large", client->post("12", ".a", QByteArray(BiscottiLimits::body + 1, 'b')), 413},
+             Case{"body much too large", client->post("13", ".a", QByteArray(1'000'000, 'b')), 413},
              Case{"refused", client->post("14", ".closed.room"), 403},
              Case{"unsigned on sealed", client->post("17", ".sealed.room"), 4011},
              Case{"unknown kind", unknownKind, 400},
@@ -110,7 +125,27 @@ TEST_F(BiscottiServerTest, EachMessageIsAcknowledgedByItsRule)
          })
         EXPECT_EQ(client->ask(one.bytes), one.code) << one.name;
     EXPECT_EQ(client->acks.first().ackMsgId().toString(), "peer,1");
-    EXPECT_TRUE(client->posts.isEmpty()) << "what it has unsubscribed from";
+}
+
+TEST_F(BiscottiServerTest, WhatCannotBeReadEndsTheConnectionAndFillsNoMemory)
+{
+    QByteArray const half = peer()->post("1", "a", QByteArray(1'000'000, 'b')).chopped(1);
+    qsizetype const enough = BiscottiLimits::bytesHeld / half.size();
+    std::vector<std::unique_ptr<BiscottiPeer>> peers;
+    for (int i = 0; i < enough + 3; ++i) {
+        peers.push_back(peer(QString::number(i)));
+        peers.back()->say(half);
+        ASSERT_TRUE(processEventsUntil(
+            [&] { return peers.back()->socket().bytesToWrite() == 0 || peers.back()->isClosed(); }));
+    }
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == enough; }));
+    EXPECT_EQ(log.count("that does not come to an end"), 3);
+    peers.resize(1);
+    peers[0]->say("b" + QByteArray(4096, '\xff'));
+    EXPECT_TRUE(peers[0]->waitForEnd());
+    EXPECT_EQ(peers[0]->acks.size(), 1);
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 0; }));
+    EXPECT_EQ(server.bytesHeld(), 0);
 }
 
 TEST_F(BiscottiServerTest, AnIdentityStaysWithTheLinkThatAnswers)
@@ -128,14 +163,7 @@ TEST_F(BiscottiServerTest, AnIdentityStaysWithTheLinkThatAnswers)
     auto const bob = peer("bob");
     ASSERT_EQ(bob->ask(bob->subscription("1", "s", ".a")), 200);
     ASSERT_EQ(bob->ask(bob->post("2", ".a", "first")), 200);
-    bob->socket().disconnect(); // Does not read any more, and has more waiting than its system takes.
-    bob->socket().setReadBufferSize(1);
-    qint64 queued = 0;
-    for (int i = 0; i < 1000 && queued == 0; ++i) {
-        ASSERT_EQ(ann->ask(ann->post(QString("fill%1").arg(i), ".a", QByteArray(60'000, 'b'))), 200);
-        server.forEachConnection([&](ServiceConnection const& one) { queued += one.bytesQueued(); });
-    }
-    ASSERT_GT(queued, 0);
+    stall(*bob, *ann, ".a");
     auto const back = peer("bob");
     constexpr int subscriptions = 2 * BiscottiLimits::othersRemembered;
     for (int i = 0; i < subscriptions; ++i)
@@ -151,9 +179,30 @@ TEST_F(BiscottiServerTest, AnIdentityStaysWithTheLinkThatAnswers)
     EXPECT_EQ(back->posts.first().body(), "second");
 }
 
+TEST_F(BiscottiServerTest, WhoReadsTooSlowlyGoesAndWhenTooMuchWaitsForAllTheSlowest)
+{
+    auto const good = peer("good");
+    std::array const slow{peer("slow0"), peer("slow1"), peer("slow2")};
+    for (auto const& one : slow) {
+        ASSERT_EQ(one->ask(one->subscription("0", "s", ".a")), 200);
+        stall(*one, *good, ".a");
+    }
+    auto const postUntilThereAre = [&](int count) {
+        for (int i = 0; server.connectionCount() > count && i < 1000; ++i)
+            good->ask(good->post(QString("%1 %2").arg(count).arg(i), ".a", QByteArray(60'000, 'b')));
+        EXPECT_EQ(server.connectionCount(), count);
+    };
+    server.setMaximumQueued(1 << 20);
+    postUntilThereAre(3);
+    server.setMaximumQueued(Service::maximumQueued);
+    postUntilThereAre(1);
+    EXPECT_TRUE(log.contains("reads too slowly"));
+    EXPECT_EQ(good->ask(good->post("1", ".a")), 200);
+}
+
 TEST_F(BiscottiServerTest, CommandsMakeThingsGoWrong)
 {
-    for (QString const& line : QStringList{"jump", "ack 500 times 0", "mdwms -1", "refuse !"})
+    for (QString const& line : QStringList{"jump", "ack 200", "ack 500 times 0", "mdwms -1", "silence", "refuse !"})
         EXPECT_TRUE(command(line).contains("\"")) << qPrintable(line) << qPrintable(command(line));
     auto const client = peer();
     ASSERT_EQ(client->ask(client->subscription("0", "s", ".a")), 200);
@@ -167,6 +216,15 @@ TEST_F(BiscottiServerTest, CommandsMakeThingsGoWrong)
         EXPECT_EQ(client->ask(client->post("1", ".a")), code);
     EXPECT_EQ(client->posts.size(), 1);
 
+    ASSERT_EQ(command("silence on"), QString());
+    client->say(client->post("4", ".a", "unheard"));
+    auto const next = peer("next");
+    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 2; }));
+    timers.advance(BiscottiConnection::msForGreeting + BiscottiConnection::msBetweenHeartbeats);
+    ASSERT_EQ(command("silence off"), QString());
+    EXPECT_EQ(client->ask(client->post("5", ".a")), 200);
+    EXPECT_EQ(client->heartbeats, 0);
+    EXPECT_TRUE(next->serverGreeting.isEmpty());
     ASSERT_EQ(command("drop"), QString());
-    EXPECT_TRUE(client->waitForEnd());
+    EXPECT_TRUE(client->waitForEnd() && next->waitForEnd());
 }
