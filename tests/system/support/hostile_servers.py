@@ -1,10 +1,10 @@
 """Stream servers that do what no server should, each on a free port of this machine."""
 
+import pathlib
 import socket
 import struct
 import threading
 import time
-
 
 RTSP = "rtsp"
 
