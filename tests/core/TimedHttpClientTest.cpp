@@ -81,18 +81,13 @@ TEST_F(TimedHttpClientTest, EverySignOfLifeStartsTheTimeAnewAndIsPassedOn)
 TEST_F(TimedHttpClientTest, NoTimeOutWithoutOneOrAfterTheEnd)
 {
     HttpRequestHeader const header("GET", "/");
-    auto const everyWay = {
-        std::function<void()>([&] { _client->request(header, {}); }),
-        std::function<void()>([&] { _client->request(header, {}, 5), _client->close(); }),
-        std::function<void()>([&] { _client->post("/", {}, 5), _client->abort(); }),
-        std::function<void()>([&] { _client->get("/", 5), _inner->finish(); }),
-    };
-    for (auto const& way : everyWay) {
-        way();
-        _timers.advance(1000000);
-        EXPECT_FALSE(_client->timedOut());
-        _inner->finish();
-    }
+    _client->request(header, {});
+    _timers.advance(1000000);
+    _inner->finish();
+    _client->request(header, {}, 5);
+    _inner->finish();
+    _timers.advance(1000000);
+    EXPECT_FALSE(_client->timedOut());
     _factory.disposeHttpClient(_client);
     EXPECT_TRUE(_inners.clients().isEmpty());
     EXPECT_TRUE(_timers.timers().isEmpty());
