@@ -150,18 +150,6 @@ TEST_F(RollingFileLoggerTest, KeepsTheGivenNumberOfOldFiles)
     EXPECT_EQ(contentsOf(path() + ".1").left(6), "fresh\n") << "what the file held before counts";
 }
 
-TEST_F(RollingFileLoggerTest, NumbersOutOfBoundsAreBroughtInsideAndSaid)
-{
-    configure(100, 1'000'000'000);
-    QSettings().setValue("logger/maximumFileSize", "nonsense");
-    QSettings().setValue("logger/remoteSyslogPort", "-1");
-    Logger().logMessage(Logger::Info, "a.cpp", 1, "first");
-    QByteArray const all = contentsOf(path());
-    for (char const* const text :
-         {"numberOfOldFiles is \"1000000000\"", "maximumFileSize is \"nonsense\"", "Port is \"-1\""})
-        EXPECT_TRUE(all.contains(text)) << text;
-}
-
 TEST_F(RollingFileLoggerTest, AFileThatCannotBeOpenedSilencesIt)
 {
     QSettings().setValue("logger/logFileName", "/proc/no/such/place.log");

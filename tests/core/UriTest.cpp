@@ -37,7 +37,6 @@ TEST(Uri, WithoutUserInfo)
         char const* typed;
         char const* shown;
     } const cases[] = {
-        {"rtsp://u@h", "rtsp://h"},
         {"http://u:p@w@h:80/x", "http://h:80/x"},
         {"http://u:p@[::1]/x@y", "http://[::1]/x@y"},
         {"http://h?q=a@b", "http://h?q=a@b"},

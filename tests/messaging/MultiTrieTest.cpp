@@ -1,17 +1,6 @@
 #include "MultiTrie.h"
 
-#include <gmock/gmock.h>
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-TEST(MultiTrie, SplitsKeysIntoParts)
-{
-    MultiTrie<int> const dots(".", true);
-    EXPECT_THAT(dots.splitKey(""), IsEmpty());
-    EXPECT_THAT(dots.splitKey(".a..B."), ElementsAre("", "a", "", "B", ""));
-    EXPECT_THAT(MultiTrie<int>("X", false).splitKey("AxBXc"), ElementsAre("a", "b", "c"));
-}
+#include <gtest/gtest.h>
 
 TEST(MultiTrie, KeepsNodesForAsLongAsTheyAreInUse)
 {

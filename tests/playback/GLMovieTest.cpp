@@ -2,7 +2,6 @@
 
 #include "AudioDevice.h"
 #include "EventLoop.h"
-#include "GLMoviePacketQueue.h"
 #include "GLMovieTexture.h"
 #include "LogCapture.h"
 #include "ScriptedMovieSource.h"
@@ -72,30 +71,6 @@ protected:
 };
 
 } // namespace
-
-TEST(GLMoviePacketQueue, GivesPacketsInOrderAndOwnsWhatIsLeft)
-{
-    GLMoviePacketQueue queue(2);
-    AVPacket* packet = nullptr;
-    for (int i = 1; i <= 3; ++i) {
-        packet = av_packet_alloc();
-        av_new_packet(packet, i * 10);
-        EXPECT_TRUE(queue.enqueuePacket(packet));
-        EXPECT_EQ(packet->size, 0);
-        av_packet_free(&packet);
-    }
-    EXPECT_TRUE(queue.isFull());
-    queue.enqueueEnd();
-    ASSERT_TRUE(queue.dequeuePacket(&packet));
-    EXPECT_EQ(packet->size, 10);
-    av_packet_free(&packet);
-    EXPECT_EQ(queue.bytes(), 50);
-    queue.endHandled();
-    EXPECT_FALSE(queue.isDrained()) << "there is more before the end";
-    queue.clear();
-    EXPECT_FALSE(queue.dequeuePacket(&packet));
-    EXPECT_EQ(queue.bytes(), 0);
-}
 
 TEST_F(GLMovieTest, PlaysEveryPictureAtItsTime)
 {
@@ -169,7 +144,7 @@ TEST_F(GLMovieTest, PicturesMuchTooLateAreDroppedWithThoseThatBuildOnThem)
     for (int i = 0; i < 30; ++i)
         _source.append({false, 10.0 + i * 0.02});
     for (int i = 0; i < 15; ++i) // Three amid the others are nine seconds late.
-        _source.append({true, (i >= 5 && i < 8 ? 1.0 : 10.0) + i * 0.04, true, i == 0 || i == 12});
+        _source.append({true, (i >= 5 && i < 8 ? 1.0 : 10.0) + i * 0.04, i == 0 || i == 12});
     _source.open();
     ASSERT_TRUE(_completed.wait());
     EXPECT_EQ(capture.count("Dropped video packet with pts"), 3);
@@ -245,7 +220,7 @@ TEST_F(GLMovieTest, AnEmptyPacketIsNotTheEnd)
     addStreams(true, true);
     for (bool const isVideo : {true, false})
         for (bool const isEmpty : {false, true, false})
-            _source.append({isVideo, isVideo ? 0.02 : 0.0, true, true, 0.02, isEmpty});
+            _source.append({isVideo, isVideo ? 0.02 : 0.0, true, isEmpty});
     _source.open();
     ASSERT_TRUE(_completed.wait());
     EXPECT_EQ(_pictures.count(), 2);
@@ -305,7 +280,7 @@ TEST_F(GLMovieTest, SeeksToTheMomentAndNotToTheKeyFrameBeforeIt)
     addStreams(true, true);
     for (int i = 0; i < 1500; ++i) {
         if (i % 2 == 0)
-            _source.append({true, i * 0.02, true, i == 0});
+            _source.append({true, i * 0.02, i == 0});
         _source.append({false, i * 0.02});
     }
     _source.open();

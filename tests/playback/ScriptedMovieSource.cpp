@@ -15,7 +15,8 @@ extern "C" {
 namespace
 {
 constexpr int timeBase = 1000; // Time stamps are milliseconds.
-}
+constexpr double soundSeconds = 0.02;
+} // namespace
 
 ScriptedMovieSource::ScriptedMovieSource() : GLMovieDataSource("scripted")
 {
@@ -80,7 +81,7 @@ QByteArray ScriptedMovieSource::payload(Packet const& packet) const
         return QByteArray(5, '\0'); // Nothing has moved.
     AVCodecParameters const* const parameters = _formatContext->streams[_audioIndex]->codecpar;
     int const bits = av_get_bits_per_sample(parameters->codec_id);
-    auto const samples = static_cast<int>(std::lround(packet.soundSeconds * sampleRate));
+    auto const samples = static_cast<int>(std::lround(soundSeconds * sampleRate));
     return QByteArray(samples * bits / 8 * parameters->ch_layout.nb_channels, '\0');
 }
 
@@ -101,7 +102,7 @@ int ScriptedMovieSource::readFrame(AVPacket* packet)
         return result;
     std::memcpy(packet->data, bytes.constData(), static_cast<size_t>(bytes.size()));
     packet->stream_index = scripted.isVideo ? _videoIndex : _audioIndex;
-    packet->pts = scripted.hasTimestamp ? std::llround(scripted.seconds * timeBase) : AV_NOPTS_VALUE;
+    packet->pts = std::llround(scripted.seconds * timeBase);
     packet->dts = packet->pts;
     packet->flags = scripted.isKey ? AV_PKT_FLAG_KEY : 0;
     return 0;

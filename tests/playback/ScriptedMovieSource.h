@@ -21,9 +21,7 @@ public:
     struct Packet {
         bool isVideo = true;
         double seconds = 0.0;
-        bool hasTimestamp = true;
         bool isKey = true;
-        double soundSeconds = 0.02;
         bool isEmpty = false;
     };
 
