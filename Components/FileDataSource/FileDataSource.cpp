@@ -38,10 +38,7 @@ FileDataSource::FileDataSource(QString const& path, StreamReopener::Means const&
 {
     connect(&_reopener, &StreamReopener::attemptDue, this, &FileDataSource::onAttemptDue);
     connect(&_reopener, &StreamReopener::givenUp, this, &FileDataSource::onGivenUp);
-    connect(&_reopener, &StreamReopener::retrying, this, [this] {
-        emit stateChanged(this, _reopener.hasPlayed() ? QStringLiteral("Reconnecting...")
-                                                      : QStringLiteral("Connecting..."));
-    });
+    connect(&_reopener, &StreamReopener::retrying, this, &FileDataSource::tellState);
 }
 
 FileDataSource::~FileDataSource()
@@ -57,6 +54,14 @@ void FileDataSource::open()
     setInterrupted(false);
     _newest = _newestAtLoss = 0;
     _reopener.begin(_goesThere);
+    if (_isNetwork)
+        tellState();
+}
+
+void FileDataSource::tellState()
+{
+    emit stateChanged(this,
+                      _reopener.hasPlayed() ? QStringLiteral("Reconnecting...") : QStringLiteral("Connecting..."));
 }
 
 void FileDataSource::onAttemptDue()
