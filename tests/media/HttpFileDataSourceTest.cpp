@@ -20,7 +20,7 @@ TEST(HttpFileDataSource, PlaysWhatItDownloads)
     };
     Case const cases[] = {{Manner::Whole, Clips::h264Aac()},
                           {Manner::Slow, Clips::h264AacIndexLast()},
-                          {Manner::WithoutLength, Clips::wmv()}};
+                          {Manner::Chunked, Clips::wmv()}};
     for (Case const& c : cases) {
         LogCapture const capture;
         QByteArray const film = Clips::bytes(c.clip);
@@ -86,6 +86,22 @@ TEST(HttpFileDataSource, ADownloadCutOffWhilePlayingIsALoss)
     EXPECT_NE(result.end, AVERROR_EOF);
     ASSERT_TRUE(waitUntil([&] { return !error.isEmpty(); }));
     EXPECT_EQ(error.last().at(1).toString(), "Stream unavailable");
+}
+
+TEST(HttpFileDataSource, WhatHasNeitherALengthNorAnEndIsLeftToAnother)
+{
+    for (Manner const manner : {Manner::HeldOpen, Manner::CutChunk}) {
+        LoopbackHttpServer server(manner, Clips::bytes(Clips::videoOnly()));
+        HttpFileDataSource source(server.url("radio.mp3"));
+        QSignalSpy const found(&source, &HttpFileDataSource::streamFound);
+        QSignalSpy const error(&source, &GLMovieDataSource::error);
+        std::unique_ptr<Reader> reader;
+        QObject::connect(&source, &GLMovieDataSource::opened, [&] { reader = std::make_unique<Reader>(source); });
+        source.open();
+        EXPECT_TRUE(waitUntil([&] { return !found.isEmpty(); }));
+        EXPECT_EQ(reader != nullptr, manner == Manner::CutChunk); // It may have been a file until then.
+        EXPECT_TRUE(error.isEmpty());
+    }
 }
 
 TEST(HttpFileDataSource, ClosesAtAnyMoment)
