@@ -23,7 +23,7 @@ namespace
 {
 
 constexpr double tooLateSeconds = 5.0;  // A picture later than this is not worth decoding ...
-constexpr double longestStep = 30.0;    // Seconds; ... but for slides, up to so many seconds apart.
+constexpr double longestStep = 15.0;    // Seconds; ... but for slides, up to so many seconds apart.
 constexpr double showTolerance = 0.001; // Seconds that rounding may take from a place that was sought.
 constexpr double skipMargin = 1.0;      // Seconds; reordered pictures may be shown this much after their packet.
 constexpr double shortestWait = 1000.0; // µs
@@ -70,6 +70,10 @@ int GLMovieVideoOutput::openCodec()
         return result;
     _codec->pkt_timebase = _stream->time_base;
     _codec->thread_count = 0; // As many as there are cores.
+    // Whole pictures in parallel come later by as many. Slides, so few that no rate was found, need no speed.
+    AVRational const rate = _stream->avg_frame_rate;
+    if (rate.num <= rate.den)
+        _codec->thread_type = FF_THREAD_SLICE;
     return avcodec_open2(_codec.get(), codec, nullptr);
 }
 
@@ -166,10 +170,10 @@ void GLMovieVideoOutput::noteStep(double seconds)
 
 double GLMovieVideoOutput::lateEnough() const
 {
-    // In a transport stream a picture ends where the next one begins: it comes by as much too late as they are apart.
-    // One long step is a gap.
+    // In a transport stream a picture ends where the next one begins, for the demuxer and then for the parser: it
+    // comes by up to twice as much too late as they are apart. One long step is a gap.
     double const step = _stepBefore > 0.0 ? std::min(_step, _stepBefore) : _step;
-    return tooLateSeconds + std::min(step, longestStep);
+    return tooLateSeconds + 2.0 * std::min(step, longestStep);
 }
 
 void GLMovieVideoOutput::skipWhatIsNotShown(AVPacket const& packet)
