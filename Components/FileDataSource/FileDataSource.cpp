@@ -2,6 +2,7 @@
 
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "NetworkErrors.h"
 
 extern "C" {
 #include <libavcodec/packet.h>
@@ -121,7 +122,9 @@ void FileDataSource::onGivenUp()
     cancelOpening();
     if (hasDemuxer())
         setInterrupted(true); // Whoever waits for it to come back need not any more.
-    onErrorTimer();
+    QString const reason = _isNetwork ? _progress->reason() : QString();
+    raiseError(NetworkErrors::stringForError(NetworkErrors::StreamUnavailable) +
+               (reason.isEmpty() ? QString() : "\n" + reason));
 }
 
 void FileDataSource::close()

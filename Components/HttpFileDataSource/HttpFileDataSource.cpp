@@ -3,6 +3,7 @@
 #include "DownloadBuffer.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "NetworkErrors.h"
 #include "StreamOpener.h"
 #include "Uri.h"
 
@@ -180,7 +181,24 @@ void HttpFileDataSource::onError(QNetworkReply::NetworkError code)
     LOG_ERROR("Network Error %s", qPrintable(_reply->errorString()));
     _buffer->setState(DownloadBuffer::Failed);
     if (!_opened && !hasDemuxer())
-        fail();
+        fail(errorReason());
+}
+
+QString HttpFileDataSource::errorReason() const
+{
+    switch (_reply->error()) {
+    case QNetworkReply::HostNotFoundError:
+        return NetworkErrors::stringForError(NetworkErrors::CouldNotResolve);
+    case QNetworkReply::ConnectionRefusedError:
+        return NetworkErrors::stringForError(NetworkErrors::CouldNotConnect);
+    case QNetworkReply::SslHandshakeFailedError:
+        return NetworkErrors::untrustedCertificate();
+    default:
+        break;
+    }
+    int const status = _reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    NetworkErrors::NetworkError const error = NetworkErrors::ofHttpStatus(status);
+    return error == NetworkErrors::NoError ? QString() : NetworkErrors::stringForError(error);
 }
 
 void HttpFileDataSource::onSslErrors(QList<QSslError> const& errors)
@@ -239,12 +257,13 @@ void HttpFileDataSource::onOpeningEnded(bool success)
     if (*_needsMore && state == DownloadBuffer::Running)
         return;
     stopBuffering();
-    fail();
+    fail(NetworkErrors::nothingToPlay());
 }
 
-void HttpFileDataSource::fail()
+void HttpFileDataSource::fail(QString const& reason)
 {
-    raiseError(tr("Failed to open %1").arg(Uri::withoutUserInfo(uri())));
+    raiseError(tr("Failed to open %1").arg(Uri::withoutUserInfo(uri())) +
+               (reason.isEmpty() ? QString() : "\n" + reason));
 }
 
 FormatContextPointer HttpFileDataSource::tryOpen(QString const& name, DownloadBuffer& buffer,

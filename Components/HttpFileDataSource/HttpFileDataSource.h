@@ -75,7 +75,8 @@ private:
     bool keepsPace();
     void leaveToStream();
     void attempt();
-    void fail();
+    QString errorReason() const;
+    void fail(QString const& reason = {});
     static FormatContextPointer tryOpen(QString const& name, DownloadBuffer& buffer, std::atomic<bool>& needsMore,
                                         Demuxer const& demuxer);
 

@@ -74,7 +74,9 @@ void MmsLatteClientPrivate::onContentCheckerFinished(HttpContentChecker::CheckRe
     if (_state != Checking)
         return;
     enter(Connecting);
+    _refusal = NetworkErrors::NoError;
     if (failed) {
+        noteRefusal(response);
         if (isTryingTcp(response.url))
             return;
         if (auto const address = _playlist.nextOf(response.key))
@@ -101,6 +103,17 @@ void MmsLatteClientPrivate::onContentCheckerFinished(HttpContentChecker::CheckRe
         if (!checkNextContent())
             fallBackToTcp(response);
     }
+}
+
+/// What the server of an address of HTTP has answered, if it may be no server of streams at all.
+void MmsLatteClientPrivate::noteRefusal(HttpContentChecker::CheckResponse const& response)
+{
+    if (!response.url.startsWith("http", Qt::CaseInsensitive) || response.header.statusCode() == 0)
+        return;
+    LOG_ERROR("%s answers %d with %s, which cannot be played", qPrintable(response.url), response.header.statusCode(),
+              qPrintable(response.header.value("Content-Type")));
+    _refusal = response.statusClass == 2 ? NetworkErrors::ResourceNotAvailable
+                                         : NetworkErrors::ofHttpStatus(response.header.statusCode());
 }
 
 void MmsLatteClientPrivate::openPlaylist(HttpContentChecker::CheckResponse const& response)

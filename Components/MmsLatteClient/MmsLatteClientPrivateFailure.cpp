@@ -35,6 +35,8 @@ void MmsLatteClientPrivate::mend(MmsClient::MmsClientError error, std::optional<
     if (_state == Checking || takeOver(error))
         return;
     _failure = networkErrorOf(error);
+    if (_firstConnect && _refusal != NetworkErrors::NoError)
+        _failure = _refusal; // Over TCP there was nothing either, but that is not what the viewer has asked for.
     if (isNetworkAvailable || !_firstConnect)
         settle(_failure, isNetworkAvailable.value_or(true)); // Later on the network makes no difference.
     else

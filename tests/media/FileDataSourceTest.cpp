@@ -179,7 +179,10 @@ TEST(FileDataSource, AnUntrustedCertificateGetsNoRequest)
     server.setSslConfiguration(configuration);
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
     FileDataSource source(QString("https://127.0.0.1:" + QString::number(server.serverPort()) + "/film.mp4"));
+    QSignalSpy const error(&source, &GLMovieDataSource::error);
     EXPECT_TRUE(isRefused(source));
+    ASSERT_FALSE(error.isEmpty());
+    EXPECT_EQ(error.first().at(1).toString(), "Stream unavailable\nThe certificate of the server is not trusted");
     std::unique_ptr<QTcpSocket> const connection(server.nextPendingConnection());
     ASSERT_TRUE(connection);
     EXPECT_EQ(connection->readAll(), "");

@@ -47,13 +47,15 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
         Manner manner;
         QByteArray body;
         char const* logged;
+        char const* said = "";
     };
     QByteArray const film = Clips::bytes(Clips::h264AacIndexLast());
     Case const cases[] = {
-        {Manner::Unavailable, Clips::bytes(Clips::h264Aac()), "Network Error "},
+        {Manner::Unavailable, Clips::bytes(Clips::h264Aac()), "Network Error ",
+         "There was an unexpected server error"},
         {Manner::Stalled, film, "Network Error "},
         {Manner::CutOff, film, "Network Error "},
-        {Manner::Whole, {}, "Failed to determine file format for "},
+        {Manner::Whole, {}, "Failed to determine file format for ", "The server sends nothing that can be played"},
         {Manner::Slow, QByteArray(30000, '\xA7'), "Failed to determine file format for "},
         {Manner::Whole, "1\n00:00:00,000 --> 00:00:01,000\nHello\n\n",
          "No video or audio streams found. Cannot play "},
@@ -69,6 +71,7 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
         QCoreApplication::processEvents();
         ASSERT_EQ(error.size(), 1) << c.manner;
         EXPECT_TRUE(error.first().at(1).toString().startsWith("Failed to open ")) << c.manner;
+        EXPECT_TRUE(error.first().at(1).toString().endsWith(c.said)) << c.manner;
         EXPECT_TRUE(capture.contains(c.logged)) << c.manner << c.logged;
     }
     HttpFileDataSource local("file://" + Clips::h264Aac());
