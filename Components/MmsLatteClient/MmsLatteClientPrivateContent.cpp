@@ -11,6 +11,11 @@
 
 #include <QUrl>
 
+namespace
+{
+constexpr int tooManyRequests = 429;
+}
+
 void MmsLatteClientPrivate::checkContent(QString const& url, QString const& referrer, QString const& text)
 {
     _playlist.enter(url, referrer);
@@ -112,8 +117,10 @@ void MmsLatteClientPrivate::noteRefusal(HttpContentChecker::CheckResponse const&
         return;
     LOG_ERROR("%s answers %d with %s, which cannot be played", qPrintable(response.url), response.header.statusCode(),
               qPrintable(response.header.value("Content-Type")));
-    _refusal = response.statusClass == 2 ? NetworkErrors::ResourceNotAvailable
-                                         : NetworkErrors::ofHttpStatus(response.header.statusCode());
+    if (response.statusClass == 2)
+        _refusal = NetworkErrors::ResourceNotAvailable;
+    else if (response.statusClass == 4 && response.header.statusCode() != tooManyRequests)
+        _refusal = NetworkErrors::ofHttpStatus(response.header.statusCode()); // All else may be better later.
 }
 
 void MmsLatteClientPrivate::openPlaylist(HttpContentChecker::CheckResponse const& response)

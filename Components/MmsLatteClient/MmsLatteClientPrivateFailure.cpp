@@ -35,7 +35,7 @@ void MmsLatteClientPrivate::mend(MmsClient::MmsClientError error, std::optional<
     if (_state == Checking || takeOver(error))
         return;
     _failure = networkErrorOf(error);
-    if (_firstConnect && _refusal != NetworkErrors::NoError)
+    if (isRefused())
         _failure = _refusal; // Over TCP there was nothing either, but that is not what the viewer has asked for.
     if (isNetworkAvailable || !_firstConnect)
         settle(_failure, isNetworkAvailable.value_or(true)); // Later on the network makes no difference.
@@ -57,6 +57,8 @@ bool MmsLatteClientPrivate::takeOver(MmsClient::MmsClientError error)
         LOG_INFO("Connecting to next item in playlist %s", qPrintable(_latteClient->uri().toString()));
         return true;
     case MmsClient::RemoteServerClosed:
+        if (isRefused())
+            return checkNextContent(); // A server of pages does not understand what is said over TCP.
         retryAfterRemoteClose();
         return true;
     default:

@@ -227,7 +227,7 @@ TEST_F(MmsLatteClientTest, WhatTheServerOfAnAddressAnsweredIsTheErrorWhenTcpBrin
     LogCapture const capture;
     start("http://127.0.0.1/live");
     check().respond(HttpResponseHeader(401));
-    transport()->end(MmsClient::CouldNotConnected);
+    transport()->end(MmsClient::RemoteServerClosed);
     timers.advance(10000);
     EXPECT_EQ(takeEvents().last(), "error 9");
     EXPECT_TRUE(capture.contains("http://127.0.0.1/live answers 401"));
