@@ -123,6 +123,8 @@ FormatContextPointer FileOpening::openAddress(AVFormatContext* prepared, Demuxer
     prepared->opaque = const_cast<FileOpening*>(this); // The demuxer keeps this for as long as the context.
     prepared->io_open = &openNested;
     prepared->protocol_whitelist = av_strdup(networkProtocols);
+    // A sender that begins anew is not one that has sent for a day: the movie's clock follows what goes back.
+    prepared->correct_ts_overflow = 0;
     int error = 0;
     FormatContextPointer context = StreamOpener::open(prepared, {StreamOpener::File, _name, _path}, demuxer, &error);
     if (!context && _progress->error == 0)
