@@ -165,6 +165,21 @@ TEST(FileDataSource, ANetworkPlaylistLeadsNowhereButToTheNetwork)
     }
 }
 
+TEST(FileDataSource, ASenderThatBeginsAnewHasNotSentForADay)
+{
+    LoopbackHttpServer first(LoopbackHttpServer::Whole, Clips::bytes(Clips::laterVideo()));
+    LoopbackHttpServer second(LoopbackHttpServer::Whole, Clips::bytes(Clips::videoOnly()));
+    LoopbackHttpServer list(LoopbackHttpServer::Whole, "#EXTM3U\n#EXT-X-TARGETDURATION:2\n#EXTINF:2,\n" +
+                                                           first.url("1.ts").toUtf8() +
+                                                           "\n#EXT-X-DISCONTINUITY\n#EXTINF:2,\n" +
+                                                           second.url("2.ts").toUtf8() + "\n#EXT-X-ENDLIST\n");
+    FileDataSource source(list.url("list.m3u8"));
+    ASSERT_TRUE(openSource(source));
+    ReadResult const result = Reader(source).result();
+    EXPECT_EQ(result.videoFrames, 100);
+    EXPECT_LT(result.latest, 100.0);
+}
+
 TEST(FileDataSource, AnUntrustedCertificateGetsNoRequest)
 {
     QString const key = Clips::scratch("key.pem");
