@@ -151,6 +151,20 @@ TEST_F(GLMovieTest, PicturesMuchTooLateAreDroppedWithThoseThatBuildOnThem)
     EXPECT_EQ(_pictures.count(), 5 + 3) << "before the late ones, and from the next key frame on";
 }
 
+TEST_F(GLMovieTest, PicturesThatAreFarApartMayComeLater)
+{
+    LogCapture capture;
+    addStreams(true, true);
+    for (int i = 0; i < 30; ++i)
+        _source.append({false, 100.0 + i * 0.02});
+    for (double const seconds : {100.0, 94.0, 100.0, 94.0}) // By the third it shows that there are six seconds.
+        _source.append({true, seconds});
+    _source.open();
+    ASSERT_TRUE(_completed.wait());
+    EXPECT_EQ(capture.count("Dropped video packet with pts"), 1);
+    EXPECT_EQ(_pictures.count(), 3);
+}
+
 TEST_F(GLMovieTest, SoundOfAnyFormatIsConverted)
 {
     struct Case {

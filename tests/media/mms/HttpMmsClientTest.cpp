@@ -265,7 +265,8 @@ TEST_F(HttpMmsClientTest, TheLastWordsOutliveTheClient)
     HttpTestServer server;
     auto farewells = std::make_unique<MmsFarewells>(&network, 60000); // A busy machine says them late.
     _client->setFarewells(farewells.get());
-    _client->connectToServer(QUrl(QString("http://127.0.0.1:%1/live").arg(server.port())), {}, 10000);
+    QUrl const url(QString("http://127.0.0.1:%1/live").arg(server.port()));
+    _client->connectToServer(url, {}, 10000);
     answerDescribe();
     request();
     newest()->respond(response(200));
@@ -274,6 +275,9 @@ TEST_F(HttpMmsClientTest, TheLastWordsOutliveTheClient)
     EXPECT_TRUE(server.takeRequest().lines.contains("Pragma: xStopStrm=1"));
     server.send("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
     EXPECT_TRUE(server.takeRequest().body.startsWith("<XML>"));
+    server.send("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
+    farewells->say(url, {{HttpRequestHeader("GET", "/another"), {}}}); // To the thread that runs by now.
+    EXPECT_EQ(server.takeRequest().lines.first(), "GET /another HTTP/1.1");
     server.send("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
     farewells.reset(); // Waits for the end.
 }
