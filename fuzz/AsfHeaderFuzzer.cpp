@@ -1,6 +1,4 @@
 #include "AsfStreamFilter.h"
-#include "Logger.h"
-#include "LoggerManager.h"
 
 #include <QSet>
 
@@ -24,12 +22,6 @@ public:
     }
 };
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-    LoggerManager::logger()->setLevel(Logger::Fatal);
-    return 0;
-}
 
 /// Whatever a server sends, what is written of it can be read, whole, and writing that again changes nothing; the
 /// selected streams are those that the header has.

@@ -1,5 +1,3 @@
-#include "Logger.h"
-#include "LoggerManager.h"
 #include "MmsChunkProcessor.h"
 
 #include <algorithm>
@@ -36,12 +34,6 @@ struct Recorder {
     QList<QByteArray> said;
 };
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-    LoggerManager::logger()->setLevel(Logger::Fatal);
-    return 0;
-}
 
 /// The first byte selects the mode, the next two are the sizes of the pieces, in turn, that the rest comes in. It
 /// says the same as when all comes at once.

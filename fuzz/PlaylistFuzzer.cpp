@@ -1,6 +1,4 @@
 #include "AsxPlaylist.h"
-#include "Logger.h"
-#include "LoggerManager.h"
 #include "RefPlaylist.h"
 
 #include <algorithm>
@@ -28,12 +26,6 @@ void read(QString const& text)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-    LoggerManager::logger()->setLevel(Logger::Fatal);
-    return 0;
-}
 
 /// Whatever a server sends, as a playlist of either kind.
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size)

@@ -7,7 +7,7 @@
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size);
-extern "C" [[gnu::weak]] int LLVMFuzzerInitialize(int* argc, char*** argv);
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
 
 /// Gives a fuzzer each file of a directory once; a finding ends it by a signal.
 int main(int argc, char** argv)
@@ -17,8 +17,7 @@ int main(int argc, char** argv)
         return 2;
     }
     std::filesystem::path const directory = argv[1];
-    if (LLVMFuzzerInitialize)
-        LLVMFuzzerInitialize(&argc, &argv);
+    LLVMFuzzerInitialize(&argc, &argv);
     std::vector<std::filesystem::path> seeds;
     for (auto const& entry : std::filesystem::directory_iterator(directory))
         seeds.push_back(entry.path());

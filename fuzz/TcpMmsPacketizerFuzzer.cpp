@@ -1,7 +1,5 @@
 #include "FakeTcpSocketFactory.h"
 #include "FakeTimerFactory.h"
-#include "Logger.h"
-#include "LoggerManager.h"
 #include "QtDateTimeBuilder.h"
 #include "SortedMemoQueue.h"
 #include "TcpMmsClient.h"
@@ -18,8 +16,6 @@ namespace
 
 /// What all runs share: none of it holds anything of a run.
 struct Surroundings {
-    Surroundings() { LoggerManager::logger()->setLevel(Logger::Fatal); }
-
     int argumentCount = 1;
     char name[5] = "fuzz";
     char* arguments[2] = {name, nullptr};

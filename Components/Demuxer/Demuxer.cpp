@@ -13,6 +13,7 @@ extern "C" {
 
 #include <algorithm>
 #include <chrono>
+#include <malloc.h>
 #include <system_error>
 
 namespace
@@ -41,7 +42,10 @@ std::shared_ptr<Demuxer> Demuxer::start(Opening opening, int deadline, QObject* 
 {
     auto demuxer = std::make_shared<Demuxer>(std::move(opening), deadline);
     try {
-        demuxers().start([demuxer, listener, opened] { demuxer->run(listener, opened); });
+        demuxers().start([demuxer, listener, opened] {
+            if (demuxer->run(listener, opened))
+                malloc_trim(0); // What a stream used lies in the heaps of many threads, which keep it for ever.
+        });
     } catch (std::system_error const&) { // The machine has no thread left.
         demuxer->finishOpening(nullptr, listener, opened);
     }
@@ -171,11 +175,11 @@ int Demuxer::interrupted(void* opaque)
     return demuxer->_callEnded || (!demuxer->_opened && demuxer->_deadline.hasExpired()) ? 1 : 0;
 }
 
-void Demuxer::run(QObject* listener, std::function<void()> const& opened)
+bool Demuxer::run(QObject* listener, std::function<void()> const& opened)
 {
     FormatContextPointer const context = _opening(*this);
     if (!finishOpening(context.get(), listener, opened))
-        return;
+        return false;
     KeyFrameSeek seeker(*context, _endCall);
     while (serve(*context, seeker)) {
     }
@@ -186,6 +190,7 @@ void Demuxer::run(QObject* listener, std::function<void()> const& opened)
         lock.lock();
     }
     _work.wait(lock, [this] { return _abandoned; }); // The streams are still in use.
+    return true;
 }
 
 void Demuxer::disconnect(AVFormatContext& context)

@@ -126,7 +126,8 @@ private:
         unsigned int number;
     };
 
-    void run(QObject* listener, std::function<void()> const& opened);
+    /// Whether it was open; by the end its context has been freed.
+    bool run(QObject* listener, std::function<void()> const& opened);
     bool finishOpening(AVFormatContext* context, QObject* listener, std::function<void()> const& opened);
     bool serve(AVFormatContext& context, KeyFrameSeek& seeker);
     void serveSeek(AVFormatContext& context, KeyFrameSeek& seeker, std::unique_lock<std::mutex>& lock);

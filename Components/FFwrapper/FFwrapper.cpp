@@ -114,7 +114,11 @@ int FFwrapper::setFFHandler(AVFormatContext* context, ReadCallback read, SeekCal
 int FFwrapper::openContext(AVFormatContext*& context, char const* url, AVInputFormat const* format)
 {
     AVIOContext* const io = customIoOf(context);
-    int const result = avformat_open_input(&context, url, format, nullptr);
+    AVDictionary* options = nullptr;
+    if (!context->correct_ts_overflow)
+        av_dict_set(&options, "seg_format_options", "correct_ts_overflow=0", 0);
+    int const result = avformat_open_input(&context, url, format, &options);
+    av_dict_free(&options);
     if (result < 0)
         freeIo(io); // avformat_open_input() has freed all but this.
     return result;

@@ -35,8 +35,9 @@ public:
     /// buffer of the context's own I/O size. Returns -1 for a null context, else 0.
     static int setFFHandler(AVFormatContext* context, ReadCallback read, SeekCallback seek, void* userData);
 
-    /// avformat_open_input() for a context from avformat_alloc_context(): `format` null lets FFmpeg probe. On failure
-    /// the context is freed with its custom I/O, nulled, and FFmpeg's negative error returned.
+    /// avformat_open_input() for a context from avformat_alloc_context(): `format` null lets FFmpeg probe. The
+    /// segments of a playlist are opened with the context's own correct_ts_overflow. On failure the context is freed
+    /// with its custom I/O, nulled, and FFmpeg's negative error returned.
     static int openContext(AVFormatContext*& context, char const* url, AVInputFormat const* format);
 
     /// Closes and frees a context, custom I/O included, and nulls the pointer. Null is fine.

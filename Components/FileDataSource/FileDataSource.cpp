@@ -2,6 +2,7 @@
 
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "NetworkErrors.h"
 
 extern "C" {
 #include <libavcodec/packet.h>
@@ -38,10 +39,7 @@ FileDataSource::FileDataSource(QString const& path, StreamReopener::Means const&
 {
     connect(&_reopener, &StreamReopener::attemptDue, this, &FileDataSource::onAttemptDue);
     connect(&_reopener, &StreamReopener::givenUp, this, &FileDataSource::onGivenUp);
-    connect(&_reopener, &StreamReopener::retrying, this, [this] {
-        emit stateChanged(this, _reopener.hasPlayed() ? QStringLiteral("Reconnecting...")
-                                                      : QStringLiteral("Connecting..."));
-    });
+    connect(&_reopener, &StreamReopener::retrying, this, &FileDataSource::tellState);
 }
 
 FileDataSource::~FileDataSource()
@@ -57,6 +55,14 @@ void FileDataSource::open()
     setInterrupted(false);
     _newest = _newestAtLoss = 0;
     _reopener.begin(_goesThere);
+    if (_isNetwork)
+        tellState();
+}
+
+void FileDataSource::tellState()
+{
+    emit stateChanged(this,
+                      _reopener.hasPlayed() ? QStringLiteral("Reconnecting...") : QStringLiteral("Connecting..."));
 }
 
 void FileDataSource::onAttemptDue()
@@ -116,7 +122,9 @@ void FileDataSource::onGivenUp()
     cancelOpening();
     if (hasDemuxer())
         setInterrupted(true); // Whoever waits for it to come back need not any more.
-    onErrorTimer();
+    QString const reason = _isNetwork ? _progress->reason() : QString();
+    raiseError(NetworkErrors::stringForError(NetworkErrors::StreamUnavailable) +
+               (reason.isEmpty() ? QString() : "\n" + reason));
 }
 
 void FileDataSource::close()

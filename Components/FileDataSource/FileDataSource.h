@@ -48,6 +48,7 @@ protected:
 private:
     void onAttemptDue();
     void onGivenUp();
+    void tellState();
     bool isAnswered() const;
     int readWhatIsPlayed(AVPacket* packet);
     int waitForReopening(AVPacket* packet, bool isEnd);

@@ -1,8 +1,10 @@
 #include "FileOpening.h"
 
+#include "FFmpegErrors.h"
 #include "FileName.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "NetworkErrors.h"
 #include "PipeReader.h"
 #include "StreamOpener.h"
 
@@ -71,6 +73,32 @@ bool FileOpening::Progress::isForGood() const
     return std::ranges::find(refusals, code) != std::end(refusals);
 }
 
+QString FileOpening::Progress::reason() const
+{
+    auto const ofStatus = [](int status) {
+        return NetworkErrors::stringForError(NetworkErrors::ofHttpStatus(status));
+    };
+    switch (error) {
+    case AVERROR_HTTP_BAD_REQUEST:
+    case AVERROR_HTTP_OTHER_4XX:
+        return ofStatus(400);
+    case AVERROR_HTTP_UNAUTHORIZED:
+        return ofStatus(401);
+    case AVERROR_HTTP_FORBIDDEN:
+    case AVERROR_HTTP_NOT_FOUND:
+        return ofStatus(404);
+    case AVERROR_HTTP_SERVER_ERROR:
+        return ofStatus(500);
+    case AVERROR(ECONNREFUSED):
+        return NetworkErrors::stringForError(NetworkErrors::CouldNotConnect);
+    case AVERROR_INVALIDDATA:
+    case AVERROR_STREAM_NOT_FOUND:
+        return NetworkErrors::nothingToPlay();
+    default:
+        return isUntrusted ? NetworkErrors::untrustedCertificate() : QString();
+    }
+}
+
 FileOpening::FileOpening(QString const& name, QNetworkProxy const& proxy)
     : _name(FileName::fromAddress(name)), _proxy(proxy), _isNetwork(isNetwork(name)),
       _path(_isNetwork ? name.toUtf8() : FileName::toLocal8Bit(name))
@@ -95,6 +123,8 @@ FormatContextPointer FileOpening::openAddress(AVFormatContext* prepared, Demuxer
     prepared->opaque = const_cast<FileOpening*>(this); // The demuxer keeps this for as long as the context.
     prepared->io_open = &openNested;
     prepared->protocol_whitelist = av_strdup(networkProtocols);
+    // A sender that begins anew is not one that has sent for a day: the movie's clock follows what goes back.
+    prepared->correct_ts_overflow = 0;
     int error = 0;
     FormatContextPointer context = StreamOpener::open(prepared, {StreamOpener::File, _name, _path}, demuxer, &error);
     if (!context && _progress->error == 0)
@@ -125,11 +155,16 @@ int FileOpening::openNested(AVFormatContext* context, AVIOContext** io, char con
     auto const* const opening = static_cast<FileOpening const*>(context->opaque);
     // Even an empty one, or FFmpeg would take that of the environment.
     av_dict_set(&all, "http_proxy", opening->_proxy.forAddress(url).constData(), 0);
+    FFmpegErrors const errors;
     int const result = defaultIoOpen()(context, io, url, flags, &all);
     av_dict_free(&all);
-    if (result >= 0)
+    if (result >= 0) {
         opening->_progress->isAnswered = true;
-    else
-        opening->_progress->error = result;
+        return result;
+    }
+    opening->_progress->isUntrusted = errors.last().contains("certificate");
+    opening->_progress->error = result;
+    if (result == AVERROR(EIO) && !errors.last().isEmpty()) // Says nothing itself.
+        LOG_ERROR("%s", errors.last().constData());
     return result;
 }

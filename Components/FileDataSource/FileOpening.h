@@ -20,13 +20,17 @@ class FileOpening
 public:
     /// What becomes of an opening. Any thread.
     struct Progress {
-        std::atomic<bool> isAnswered{false}; ///< Something has been opened: the server speaks.
-        std::atomic<int> error{0};           ///< FFmpeg's, of the last connection that failed, else of the whole.
+        std::atomic<bool> isAnswered{false};  ///< Something has been opened: the server speaks.
+        std::atomic<int> error{0};            ///< FFmpeg's, of the last connection that failed, else of the whole.
+        std::atomic<bool> isUntrusted{false}; ///< That one was, by its certificate.
 
         /// Whether what has failed would fail again: there is no such thing, or it is whole and cannot be played. All
         /// else may be better later. FFmpeg does not tell a name that there is not from one that nobody can look up
         /// now, nor 410 from what a busy server says, such as 429.
         bool isForGood() const;
+
+        /// What has failed, for a viewer; empty where that is not known.
+        QString reason() const;
     };
 
     /// A path, a "file://" address or an address whose protocol FFmpeg knows.

@@ -22,7 +22,8 @@ Logger* GLMovieVideoOutput::log = LoggerManager::logger();
 namespace
 {
 
-constexpr double tooLateSeconds = 5.0;  // A picture later than this is not worth decoding.
+constexpr double tooLateSeconds = 5.0;  // A picture later than this is not worth decoding ...
+constexpr double longestStep = 15.0;    // Seconds; ... but for slides, up to so many seconds apart.
 constexpr double showTolerance = 0.001; // Seconds that rounding may take from a place that was sought.
 constexpr double skipMargin = 1.0;      // Seconds; reordered pictures may be shown this much after their packet.
 constexpr double shortestWait = 1000.0; // µs
@@ -69,6 +70,10 @@ int GLMovieVideoOutput::openCodec()
         return result;
     _codec->pkt_timebase = _stream->time_base;
     _codec->thread_count = 0; // As many as there are cores.
+    // Whole pictures in parallel come later by as many. Slides, so few that no rate was found, need no speed.
+    AVRational const rate = _stream->avg_frame_rate;
+    if (rate.num <= rate.den)
+        _codec->thread_type = FF_THREAD_SLICE;
     return avcodec_open2(_codec.get(), codec, nullptr);
 }
 
@@ -87,6 +92,8 @@ void GLMovieVideoOutput::flush(std::optional<double> showFrom)
     avcodec_flush_buffers(_codec.get());
     _codec->skip_frame = AVDISCARD_DEFAULT;
     _deinterlacer.flush();
+    _newestPacket.reset();
+    _step = _stepBefore = 0.0;
     _showFrom = showFrom;
     _dropUntilKeyframe = showFrom.has_value();
     _passedKeyframe = false;
@@ -132,10 +139,12 @@ bool GLMovieVideoOutput::checkIfPacketNeedsDropping(AVPacket const& packet)
 {
     GLMovieClock& clock = _context.clock;
     std::optional<double> const seconds = packetSeconds(packet);
+    if (seconds)
+        noteStep(*seconds);
     if (clock.waitingForFirstVideo() || !seconds)
         return false;
     std::optional<double> const late = clock.videoLateness(*seconds, _context.source.audioTime());
-    if (!late || *late <= tooLateSeconds)
+    if (!late || *late <= lateEnough())
         return false;
     if (!clock.syncToAudio() && _context.videoQueue.length() == 0) {
         // Dropping catches up with what is at hand; after a silence there is nothing, and nobody to catch up with.
@@ -148,6 +157,23 @@ bool GLMovieVideoOutput::checkIfPacketNeedsDropping(AVPacket const& packet)
     LOG_INFO("Dropped video packet with pts %lf seconds as it was %lf seconds later than the audio clock",
              clock.videoMovieTime(*seconds), *late);
     return true;
+}
+
+void GLMovieVideoOutput::noteStep(double seconds)
+{
+    if (_newestPacket && seconds > *_newestPacket) {
+        _stepBefore = _step;
+        _step = seconds - *_newestPacket;
+    }
+    _newestPacket = seconds;
+}
+
+double GLMovieVideoOutput::lateEnough() const
+{
+    // In a transport stream a picture ends where the next one begins, for the demuxer and then for the parser: it
+    // comes by up to twice as much too late as they are apart. One long step is a gap.
+    double const step = _stepBefore > 0.0 ? std::min(_step, _stepBefore) : _step;
+    return tooLateSeconds + 2.0 * std::min(step, longestStep);
 }
 
 void GLMovieVideoOutput::skipWhatIsNotShown(AVPacket const& packet)

@@ -57,6 +57,8 @@ private:
     int openCodec();
     std::optional<double> packetSeconds(AVPacket const& packet) const;
     bool checkIfPacketNeedsDropping(AVPacket const& packet);
+    void noteStep(double seconds);
+    double lateEnough() const;
     void skipWhatIsNotShown(AVPacket const& packet);
     void presentPicture(AVFrame const* frame, std::optional<double> seconds);
     bool isToBeShown(AVFrame const* frame, std::optional<double> seconds);
@@ -76,8 +78,11 @@ private:
     FramePointer _frame;
     GLMovieDeinterlacer _deinterlacer;
     GLMovieVideoTarget _target;
-    double _frameDelay = 0.0;       ///< Seconds that the last picture took to process.
-    double _lastVideoSeconds = 0.0; ///< When the last picture was due, as the stream counts.
+    double _frameDelay = 0.0;            ///< Seconds that the last picture took to process.
+    double _lastVideoSeconds = 0.0;      ///< When the last picture was due, as the stream counts.
+    std::optional<double> _newestPacket; ///< Its seconds.
+    double _step = 0.0;                  ///< Seconds between the newest packet and the one before; 0 for none ...
+    double _stepBefore = 0.0;            ///< ... and between the two before.
     std::optional<double> _showFrom;
     bool _seenKeyframe = false;   ///< A key frame has been shown since time stamps last went back.
     bool _passedKeyframe = false; ///< A key frame was decoded, if only on the way to what is to be shown.

@@ -41,6 +41,12 @@ qsizetype DownloadBuffer::append(QByteArray const& bytes, qint64 contentLength)
     return _bytes.size();
 }
 
+bool DownloadBuffer::hasLength() const
+{
+    std::lock_guard const lock(_mutex);
+    return _contentLength >= 0;
+}
+
 qsizetype DownloadBuffer::size() const
 {
     std::lock_guard const lock(_mutex);

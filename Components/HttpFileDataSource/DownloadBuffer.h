@@ -27,6 +27,9 @@ public:
     /// Takes bytes, and the length of the whole, -1 when it is not known. Returns the size now.
     qsizetype append(QByteArray const& bytes, qint64 contentLength);
 
+    /// Whether the length of the whole is known.
+    bool hasLength() const;
+
     qsizetype size() const;
     qint64 position() const;
 

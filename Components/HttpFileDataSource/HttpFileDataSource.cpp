@@ -3,6 +3,7 @@
 #include "DownloadBuffer.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "NetworkErrors.h"
 #include "StreamOpener.h"
 #include "Uri.h"
 
@@ -14,6 +15,9 @@ extern "C" {
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
 #include <QUrl>
+
+#include <algorithm>
+#include <cstdlib>
 
 Logger* HttpFileDataSource::log = LoggerManager::logger();
 
@@ -44,6 +48,7 @@ void HttpFileDataSource::close()
     dropDemuxer();
     stop();
     _opened = false;
+    _isStream = false;
     _triedBytes = 0;
     _buffer = std::make_shared<DownloadBuffer>(); // The demuxer may still look at the old one.
 }
@@ -65,6 +70,12 @@ int HttpFileDataSource::readFrame(AVPacket* packet)
         return result;
     if (_buffer->state() != DownloadBuffer::Failed)
         return result;
+    auto const broken = demuxer();
+    if (!_buffer->hasLength() && broken) {
+        broken->retire();
+        QMetaObject::invokeMethod(this, &HttpFileDataSource::leaveToStream, Qt::QueuedConnection);
+        return GLMovieDataSource::readFrame(packet); // Until the other source takes its place.
+    }
     reportLoss();
     return result == AVERROR_EOF ? AVERROR(EIO) : result;
 }
@@ -90,6 +101,7 @@ void HttpFileDataSource::startBuffering()
     _manager = std::make_unique<QNetworkAccessManager>();
     _manager->setTransferTimeout(_transferTimeout);
     QNetworkRequest request(url);
+    request.setRawHeader("Accept-Encoding", "identity"); // Or the length would be that of something else.
     request.setHeader(QNetworkRequest::UserAgentHeader, QCoreApplication::applicationName());
     _reply.reset(_manager->get(request));
     connect(_reply.get(), &QNetworkReply::readyRead, this, &HttpFileDataSource::onReadyRead);
@@ -127,16 +139,66 @@ void HttpFileDataSource::onReadyRead()
         _buffer->setState(DownloadBuffer::Failed);
         return stopBuffering();
     }
+    if (_opened && !_buffer->hasLength() && keepsPace())
+        return leaveToStream();
     if (size >= 2 * _triedBytes)
         attempt();
 }
 
-void HttpFileDataSource::onError(QNetworkReply::NetworkError)
+bool HttpFileDataSource::isBroadcast() const
 {
+    if (!_reply || _buffer->hasLength() || _buffer->state() == DownloadBuffer::Finished)
+        return false;
+    // The headers that radio stations have, whatever serves them.
+    auto const isIcy = [](QByteArray const& name) { return name.toLower().startsWith("icy-"); };
+    QList<QByteArray> const names = _reply->rawHeaderList();
+    return std::ranges::any_of(names, isIcy) || !_reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
+}
+
+/// Whether, for long, what has come has been read, but for what was ahead before: nobody sends a file like that.
+bool HttpFileDataSource::keepsPace()
+{
+    Pace const now{currentMilliseconds(), _buffer->size(), _buffer->size() - _buffer->position()};
+    if (now.time - _pace.time < paceTime)
+        return false;
+    Pace const before = std::exchange(_pace, now);
+    return 10 * std::abs(now.unread - before.unread) < now.size - before.size;
+}
+
+void HttpFileDataSource::leaveToStream()
+{
+    if (isInterrupted() || std::exchange(_isStream, true))
+        return;
+    LOG_INFO("%s is a stream", qPrintable(uri()));
+    emit streamFound(); // Before the reader can take the end of the download for that of the film.
+    stopBuffering();
+}
+
+void HttpFileDataSource::onError(QNetworkReply::NetworkError code)
+{
+    if (code == QNetworkReply::ProtocolFailure && _buffer->size() == 0)
+        return leaveToStream(); // Some stations' servers speak a protocol of their own, which FFmpeg knows.
     LOG_ERROR("Network Error %s", qPrintable(_reply->errorString()));
     _buffer->setState(DownloadBuffer::Failed);
     if (!_opened && !hasDemuxer())
-        fail();
+        fail(errorReason());
+}
+
+QString HttpFileDataSource::errorReason() const
+{
+    switch (_reply->error()) {
+    case QNetworkReply::HostNotFoundError:
+        return NetworkErrors::stringForError(NetworkErrors::CouldNotResolve);
+    case QNetworkReply::ConnectionRefusedError:
+        return NetworkErrors::stringForError(NetworkErrors::CouldNotConnect);
+    case QNetworkReply::SslHandshakeFailedError:
+        return NetworkErrors::untrustedCertificate();
+    default:
+        break;
+    }
+    int const status = _reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    NetworkErrors::NetworkError const error = NetworkErrors::ofHttpStatus(status);
+    return error == NetworkErrors::NoError ? QString() : NetworkErrors::stringForError(error);
 }
 
 void HttpFileDataSource::onSslErrors(QList<QSslError> const& errors)
@@ -165,7 +227,7 @@ void HttpFileDataSource::onFinished()
 
 void HttpFileDataSource::attempt()
 {
-    if (_opened || hasDemuxer() || isInterrupted())
+    if (_opened || _isStream || hasDemuxer() || isInterrupted())
         return;
     _triedBytes = _buffer->size();
     _needsMore = std::make_shared<std::atomic<bool>>(false);
@@ -179,8 +241,11 @@ void HttpFileDataSource::onOpeningEnded(bool success)
 {
     if (isInterrupted())
         return;
+    if (success && isBroadcast())
+        return leaveToStream();
     if (success) {
         _opened = true;
+        _pace = {currentMilliseconds(), _buffer->size(), _buffer->size() - _buffer->position()};
         emit opened(this);
         return;
     }
@@ -192,12 +257,13 @@ void HttpFileDataSource::onOpeningEnded(bool success)
     if (*_needsMore && state == DownloadBuffer::Running)
         return;
     stopBuffering();
-    fail();
+    fail(NetworkErrors::nothingToPlay());
 }
 
-void HttpFileDataSource::fail()
+void HttpFileDataSource::fail(QString const& reason)
 {
-    raiseError(tr("Failed to open %1").arg(Uri::withoutUserInfo(uri())));
+    raiseError(tr("Failed to open %1").arg(Uri::withoutUserInfo(uri())) +
+               (reason.isEmpty() ? QString() : "\n" + reason));
 }
 
 FormatContextPointer HttpFileDataSource::tryOpen(QString const& name, DownloadBuffer& buffer,

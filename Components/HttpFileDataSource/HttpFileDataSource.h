@@ -11,6 +11,10 @@ class DownloadBuffer;
 class QNetworkAccessManager;
 
 /// Downloads a whole file over HTTP and plays it meanwhile. The download stays in memory.
+///
+/// What has neither a length nor an end is no file, and not played here, but told by streamFound(). Without a length,
+/// only chunks can tell their end: in chunks it counts as a file until the server calls it a broadcast, it breaks
+/// off, or it has kept pace with play for a minute.
 class HttpFileDataSource : public GLMovieDataSource
 {
     Q_OBJECT
@@ -19,6 +23,8 @@ public:
     static constexpr qsizetype maximumBytes = qsizetype(1) << 30;      ///< A longer download ends as a failure.
     static constexpr qsizetype maximumProbeBytes = qsizetype(1) << 20; ///< By then a format is known, or never.
     static constexpr int defaultTransferTimeout = minimumFrameTimeout; ///< ms of silence that end the download.
+
+    static constexpr qint64 paceTime = 60000; ///< ms that tell a stream in chunks from a file.
 
     explicit HttpFileDataSource(QString const& url, QObject* parent = nullptr);
     ~HttpFileDataSource() override;
@@ -42,6 +48,8 @@ public:
     void setTransferTimeout(int milliseconds) { _transferTimeout = milliseconds; }
 
 signals:
+    /// It is a stream, for a source that goes on when it is lost: told once, and nothing more is to be had here.
+    void streamFound();
     void downloadProgressChanged(qint64 received, qint64 total);
     void downloadComplete();
 
@@ -55,11 +63,20 @@ private slots:
 protected:
     void onOpeningEnded(bool success) override;
 
-    DownloadBuffer& buffer() { return *_buffer; }
-
 private:
+    /// How much had come, and how much of that had not been read, at a time in ms.
+    struct Pace {
+        qint64 time = 0;
+        qint64 size = 0;
+        qint64 unread = 0;
+    };
+
+    bool isBroadcast() const;
+    bool keepsPace();
+    void leaveToStream();
     void attempt();
-    void fail();
+    QString errorReason() const;
+    void fail(QString const& reason = {});
     static FormatContextPointer tryOpen(QString const& name, DownloadBuffer& buffer, std::atomic<bool>& needsMore,
                                         Demuxer const& demuxer);
 
@@ -69,6 +86,8 @@ private:
     std::unique_ptr<QNetworkReply> _reply;
     int _transferTimeout = defaultTransferTimeout;
     bool _opened = false;
+    bool _isStream = false;
+    Pace _pace;                                    ///< When it was looked at last.
     qsizetype _triedBytes = 0;                     ///< How many bytes the last attempt to open had.
     std::shared_ptr<DownloadBuffer> _buffer;       ///< With the demuxer.
     std::shared_ptr<std::atomic<bool>> _needsMore; ///< The last attempt to open had too few bytes to tell.

@@ -80,6 +80,38 @@ private:
     QTcpSocket _socket{this};
 };
 
+/// Takes over what is to be done. What crosses the threads does so in the list; the call that wakes this carries
+/// nothing.
+class MmsFarewells::Home : public QObject
+{
+public:
+    explicit Home(MmsFarewells& farewells) : _farewells(farewells) {}
+
+    void takeOver()
+    {
+        QList<Farewell> farewells;
+        bool isOver = false;
+        {
+            std::lock_guard const lock(_farewells._mutex);
+            farewells.swap(_farewells._toBegin);
+            isOver = _farewells._isOver;
+        }
+        for (Farewell& farewell : farewells)
+            if (farewell.descriptor >= 0)
+                new Connection(_farewells, farewell.descriptor, this);
+            else
+                new Speech(_farewells, farewell.url, std::move(farewell.words), this);
+        if (!isOver)
+            return;
+        // What has not been said goes while the loop still runs: the clients' own end needs it.
+        qDeleteAll(QObjectList(children()));
+        thread()->quit();
+    }
+
+private:
+    MmsFarewells& _farewells;
+};
+
 MmsFarewells::MmsFarewells(HttpClientFactory* httpClientFactory, int limit)
     : _httpClientFactory(httpClientFactory), _limit(limit)
 {
@@ -91,33 +123,33 @@ MmsFarewells::~MmsFarewells()
     {
         std::unique_lock lock(_mutex);
         _allSaid.wait_for(lock, std::chrono::milliseconds(_limit), [this] { return _pending == 0; });
+        if (!_home)
+            return;
+        _isOver = true;
+        QMetaObject::invokeMethod(_home, &Home::takeOver, Qt::QueuedConnection);
     }
-    if (!_home)
-        return;
-    // What has not been said goes while the loop still runs: the clients' own end needs it.
-    QMetaObject::invokeMethod(_home, [this] {
-        qDeleteAll(QObjectList(_home->children()));
-        _thread.quit();
-    });
     _thread.wait();
 }
 
-/// Counts one more; the parent for it, or null when there are too many. The thread begins with the first.
-QObject* MmsFarewells::begin()
+/// Hands one over to the thread, which begins with the first; false when there are too many.
+bool MmsFarewells::begin(Farewell const& farewell)
 {
     std::lock_guard const lock(_mutex);
     if (_pending >= maximumPending) {
         LOG_WARNING("%d servers are being taken leave of already", _pending);
-        return nullptr;
+        return false;
     }
     if (!_home) {
-        _home = new QObject;
+        _home = new Home(*this);
         _home->moveToThread(&_thread);
         QObject::connect(&_thread, &QThread::finished, _home, &QObject::deleteLater);
         _thread.start();
     }
     ++_pending;
-    return _home;
+    _toBegin.append(farewell);
+    if (_toBegin.size() == 1)
+        QMetaObject::invokeMethod(_home, &Home::takeOver, Qt::QueuedConnection);
+    return true;
 }
 
 void MmsFarewells::end()
@@ -129,16 +161,12 @@ void MmsFarewells::end()
 
 void MmsFarewells::say(QUrl const& url, QList<Words> const& words)
 {
-    if (QObject* const home = begin())
-        QMetaObject::invokeMethod(home, [this, url, words, home] { new Speech(*this, url, words, home); });
+    begin({.url = url, .words = words});
 }
 
 void MmsFarewells::letGo(int descriptor)
 {
     int const own = ::dup(descriptor);
-    QObject* const home = own < 0 ? nullptr : begin();
-    if (home)
-        QMetaObject::invokeMethod(home, [this, own, home] { new Connection(*this, own, home); });
-    else if (own >= 0)
+    if (own >= 0 && !begin({.descriptor = own}))
         ::close(own);
 }

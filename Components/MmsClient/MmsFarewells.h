@@ -41,10 +41,18 @@ public:
     void letGo(int descriptor);
 
 private:
+    class Home;
     class Speech;
     class Connection;
 
-    QObject* begin();
+    /// What is to be done on the thread: words for a server, or a connection's end.
+    struct Farewell {
+        QUrl url = {};
+        QList<Words> words = {};
+        int descriptor = -1; ///< Ours; none where there are words.
+    };
+
+    bool begin(Farewell const& farewell);
     void end();
 
     static Logger* log;
@@ -54,6 +62,8 @@ private:
     QThread _thread;
     std::mutex _mutex; ///< Guards what follows.
     std::condition_variable _allSaid;
-    QObject* _home = nullptr; ///< On the thread, which deletes it; the parent of the farewells.
-    int _pending = 0;
+    Home* _home = nullptr;    ///< On the thread, which deletes it; the parent of the farewells.
+    QList<Farewell> _toBegin; ///< What the thread has not taken over yet.
+    int _pending = 0;         ///< With those.
+    bool _isOver = false;     ///< The thread is to end.
 };

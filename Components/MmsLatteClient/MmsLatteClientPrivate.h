@@ -160,6 +160,8 @@ private:
     void connectTo(bool http, QString const& url, QString const& referrer);
     void openTransport(bool http, QString const& url, QString const& referrer);
     void attempt(MmsPlaylist::Address const& address);
+    bool isRefused() const { return _firstConnect && _refusal != NetworkErrors::NoError; }
+    void noteRefusal(HttpContentChecker::CheckResponse const& response);
     bool isTryingTcp(QString const& url) const;
     void fallBackToTcp(HttpContentChecker::CheckResponse const& response);
     void openPlaylist(HttpContentChecker::CheckResponse const& response);
@@ -184,6 +186,8 @@ private:
 
     std::atomic<State> _state{Stopped};
     NetworkErrors::NetworkError _failure = NetworkErrors::NoError; ///< While the network is tested.
+    NetworkErrors::NetworkError _refusal =
+        NetworkErrors::NoError; ///< What the last check came to, if it is for good.
 
     // All of these are null while nothing is under way.
     SortedMemoQueue* _queue = nullptr; ///< This client's own.

@@ -11,6 +11,11 @@
 
 #include <QUrl>
 
+namespace
+{
+constexpr int tooManyRequests = 429;
+}
+
 void MmsLatteClientPrivate::checkContent(QString const& url, QString const& referrer, QString const& text)
 {
     _playlist.enter(url, referrer);
@@ -74,7 +79,9 @@ void MmsLatteClientPrivate::onContentCheckerFinished(HttpContentChecker::CheckRe
     if (_state != Checking)
         return;
     enter(Connecting);
+    _refusal = NetworkErrors::NoError;
     if (failed) {
+        noteRefusal(response);
         if (isTryingTcp(response.url))
             return;
         if (auto const address = _playlist.nextOf(response.key))
@@ -101,6 +108,19 @@ void MmsLatteClientPrivate::onContentCheckerFinished(HttpContentChecker::CheckRe
         if (!checkNextContent())
             fallBackToTcp(response);
     }
+}
+
+/// What the server of an address of HTTP has answered, if it may be no server of streams at all.
+void MmsLatteClientPrivate::noteRefusal(HttpContentChecker::CheckResponse const& response)
+{
+    if (!response.url.startsWith("http", Qt::CaseInsensitive) || response.header.statusCode() == 0)
+        return;
+    LOG_ERROR("%s answers %d with %s, which cannot be played", qPrintable(response.url), response.header.statusCode(),
+              qPrintable(response.header.value("Content-Type")));
+    if (response.statusClass == 2)
+        _refusal = NetworkErrors::ResourceNotAvailable;
+    else if (response.statusClass == 4 && response.header.statusCode() != tooManyRequests)
+        _refusal = NetworkErrors::ofHttpStatus(response.header.statusCode()); // All else may be better later.
 }
 
 void MmsLatteClientPrivate::openPlaylist(HttpContentChecker::CheckResponse const& response)

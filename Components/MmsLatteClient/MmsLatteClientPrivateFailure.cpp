@@ -35,6 +35,8 @@ void MmsLatteClientPrivate::mend(MmsClient::MmsClientError error, std::optional<
     if (_state == Checking || takeOver(error))
         return;
     _failure = networkErrorOf(error);
+    if (isRefused())
+        _failure = _refusal; // Over TCP there was nothing either, but that is not what the viewer has asked for.
     if (isNetworkAvailable || !_firstConnect)
         settle(_failure, isNetworkAvailable.value_or(true)); // Later on the network makes no difference.
     else
@@ -55,6 +57,8 @@ bool MmsLatteClientPrivate::takeOver(MmsClient::MmsClientError error)
         LOG_INFO("Connecting to next item in playlist %s", qPrintable(_latteClient->uri().toString()));
         return true;
     case MmsClient::RemoteServerClosed:
+        if (isRefused())
+            return checkNextContent(); // A server of pages does not understand what is said over TCP.
         retryAfterRemoteClose();
         return true;
     default:

@@ -39,3 +39,29 @@ QString NetworkErrors::stringForError(NetworkErrors::NetworkError error)
     }
     return tr("Unknown error");
 }
+
+NetworkErrors::NetworkError NetworkErrors::ofHttpStatus(int status)
+{
+    switch (status) {
+    case 401:
+        return AuthenticationRequired;
+    case 403:
+    case 404:
+    case 410:
+        return ResourceNotAvailable;
+    case 407:
+        return ProxyAuthenticationRequired;
+    default:
+        return status / 100 == 4 ? UnexpectedClientError : status / 100 == 5 ? UnexpectedServerError : NoError;
+    }
+}
+
+QString NetworkErrors::untrustedCertificate()
+{
+    return tr("The certificate of the server is not trusted");
+}
+
+QString NetworkErrors::nothingToPlay()
+{
+    return tr("The server sends nothing that can be played");
+}

@@ -30,6 +30,13 @@ public:
 
     /// The text for a viewer; any value outside the enumeration is "Unknown error".
     static QString stringForError(NetworkErrors::NetworkError error);
+
+    /// What an answer of HTTP that is no success stands for, by its status; NoError for other numbers.
+    static NetworkError ofHttpStatus(int status);
+
+    // Reasons that have no number.
+    static QString untrustedCertificate();
+    static QString nothingToPlay();
 };
 
 Q_DECLARE_METATYPE(NetworkErrors::NetworkError)

@@ -135,6 +135,9 @@ std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
     if (!forceFile && isMediaFileOnTheWeb(uri)) {
         auto source = std::make_unique<HttpFileDataSource>(uri.toString());
         connect(source.get(), &HttpFileDataSource::downloadProgressChanged, this, &ChannelStream::onDownloadProgress);
+        // Queued: the source goes.
+        connect(source.get(), &HttpFileDataSource::streamFound, this, &ChannelStream::onPlainFileFound,
+                Qt::QueuedConnection);
         return source;
     }
     if (!forceFile && !isSegmentedOnTheWeb(uri) && _appData.latte.hasClientFactory(uri.scheme())) {

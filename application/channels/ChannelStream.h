@@ -114,7 +114,7 @@ public slots:
     void onRecordingFailed(GLMovieDataSource* source, QString reason);
     void onEnableVideoPostProcessingChanged();
     void onVideoPostProcessingChanged();
-    /// Plays by FFmpeg's own access what is no stream.
+    /// Plays by FFmpeg's own access what the source of its address leaves to that.
     void onPlainFileFound();
 
 private:

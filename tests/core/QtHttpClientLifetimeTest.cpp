@@ -96,22 +96,6 @@ TEST_F(QtHttpClientTest, AReceiverMayEndTheClientFromAnySignal)
     endFrom(&HttpClient::done);
 }
 
-TEST_F(QtHttpClientTest, AReceiverMayRunAnEventLoopOfItsOwn)
-{
-    QtHttpClient other;
-    QObject::connect(client.get(), &HttpClient::responseHeaderReceived, &other, [&] {
-        follow(other);
-        other.get("/inner");
-        server.answer(shortResponse);
-        EXPECT_TRUE(untilDone());
-    });
-    client->get("/outer");
-    server.answer("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nouter");
-    ASSERT_TRUE(untilDone(2));
-    EXPECT_EQ(errors, (QList<HttpClient::Error>{HttpClient::NoError, HttpClient::NoError}));
-    EXPECT_EQ(body, "okouter");
-}
-
 TEST_F(QtHttpClientTest, WorksOnTheThreadItIsMovedToAndGoesAfterItsEnd)
 {
     QThread thread;

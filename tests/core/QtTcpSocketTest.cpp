@@ -16,14 +16,13 @@ TEST(QtTcpSocket, TalksToAServerUntilItIsGivenBack)
 {
     QTcpServer server;
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
-    quint16 const port = server.serverPort();
     QtTcpSocketFactory factory;
     QPointer<TcpSocket> const socket(factory.createTcpSocket(nullptr));
     QSignalSpy connected(socket, &TcpSocket::connected);
     QSignalSpy disconnected(socket, &TcpSocket::disconnected);
     QSignalSpy errors(socket, &TcpSocket::error);
 
-    socket->connectToHost("127.0.0.1", port);
+    socket->connectToHost("127.0.0.1", server.serverPort());
     ASSERT_TRUE(processEventsUntil([&] { return server.hasPendingConnections() && connected.count() == 1; }));
     int noDelay = 0;
     socklen_t size = sizeof noDelay;
@@ -33,11 +32,6 @@ TEST(QtTcpSocket, TalksToAServerUntilItIsGivenBack)
     ASSERT_TRUE(processEventsUntil([&] { return disconnected.count() == 1; }));
     EXPECT_EQ(disconnected.at(0).at(0).value<TcpSocket*>(), socket);
     EXPECT_EQ(errors.takeFirst().at(1).value<QAbstractSocket::SocketError>(), QAbstractSocket::RemoteHostClosedError);
-
-    server.close();
-    socket->connectToHost(QHostAddress(QHostAddress::LocalHost), port);
-    ASSERT_TRUE(processEventsUntil([&] { return errors.count() == 1; }));
-    EXPECT_EQ(socket->lastError(), QAbstractSocket::ConnectionRefusedError);
 
     factory.disposeTcpSocket(socket);
     ASSERT_TRUE(socket && socket->signalsBlocked());

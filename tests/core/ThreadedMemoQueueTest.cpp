@@ -1,27 +1,22 @@
 #include "ThreadedMemoQueue.h"
 
 #include "MersenneTwisterRandomGenerator.h"
-#include "SystemTickCounter.h"
 #include "TestMemo.h"
 
 #include <algorithm>
 #include <atomic>
 #include <barrier>
-#include <ctime>
 #include <functional>
 #include <future>
 #include <gtest/gtest.h>
 #include <latch>
 #include <memory>
 #include <stdexcept>
-#include <sys/time.h>
 #include <thread>
 #include <vector>
 
 namespace
 {
-
-std::atomic<qint64> secondsOff = 0; ///< By which the system's clock has been set.
 
 class ThreadedMemoQueueTest : public testing::Test
 {
@@ -60,16 +55,6 @@ void onThreads(int count, std::function<void(int)> const& work)
 
 } // namespace
 
-/// Stands before that of the C library.
-extern "C" int gettimeofday(timeval* __restrict now, void* __restrict) noexcept
-{
-    timespec precise{};
-    clock_gettime(CLOCK_REALTIME, &precise);
-    now->tv_sec = precise.tv_sec + secondsOff;
-    now->tv_usec = precise.tv_nsec / 1000;
-    return 0;
-}
-
 TEST_F(ThreadedMemoQueueTest, RunsMemosOnItsThreadInTheOrderOfPosting)
 {
     char owner = 0;
@@ -83,20 +68,6 @@ TEST_F(ThreadedMemoQueueTest, RunsMemosOnItsThreadInTheOrderOfPosting)
     _queue.release(&owner);
     ASSERT_EQ(ran.size(), 1000);
     EXPECT_TRUE(std::is_sorted(ran.cbegin(), ran.cend()));
-}
-
-TEST_F(ThreadedMemoQueueTest, RunsMemosInTimeWhateverTheClockIsSetTo)
-{
-    int owner = 0;
-    std::promise<void> hasRun;
-    _queue.acquire(&owner);
-    qint64 const before = SystemTickCounter().msSinceEpoch();
-    _queue.handleSoon(50, new TestMemo(&owner, [&] { hasRun.set_value(); }));
-    secondsOff = -3600;
-    EXPECT_LT(SystemTickCounter().msSinceEpoch(), before) << "the clock has been set back";
-    EXPECT_EQ(hasRun.get_future().wait_for(std::chrono::seconds(10)), std::future_status::ready);
-    _queue.release(&owner);
-    secondsOff = 0;
 }
 
 TEST_F(ThreadedMemoQueueTest, ReleaseWaitsForTheRunningMemoWhichMayStillPost)
@@ -122,21 +93,6 @@ TEST_F(ThreadedMemoQueueTest, ReleaseWaitsForTheRunningMemoWhichMayStillPost)
     EXPECT_EQ(TestMemo::living(), 0);
 }
 
-TEST_F(ThreadedMemoQueueTest, ThrowsWhileItsThreadDoesNotRun)
-{
-    char owner = 0;
-    ThreadedMemoQueue neverStarted;
-    stop();
-    for (ThreadedMemoQueue* const queue : {&neverStarted, &_queue}) {
-        EXPECT_THROW(queue->acquire(&owner), std::runtime_error);
-        EXPECT_THROW(queue->handleNow(new TestMemo(&owner, [] {})), std::runtime_error);
-        EXPECT_THROW(queue->release(&owner), std::runtime_error);
-    }
-    _queue.start();
-    _queue.waitUntilReady();
-    EXPECT_NO_THROW(_queue.acquire(&owner));
-}
-
 TEST_F(ThreadedMemoQueueTest, OwnersComeAndGoOnManyThreads)
 {
     onThreads(4, [this](int thread) {
@@ -155,8 +111,6 @@ TEST_F(ThreadedMemoQueueTest, OwnersComeAndGoOnManyThreads)
             _queue.acquire(owner.get());
             for (int posts = random.qint32rand(8); posts > 0; --posts)
                 post(random.qint32rand(4));
-            if (i % 5 == 0)
-                _queue.clear(owner.get());
             if (i % 3 == 0)
                 std::this_thread::yield();
             _queue.release(owner.get());

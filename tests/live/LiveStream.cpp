@@ -3,14 +3,11 @@
 #include "LatteClient.h"
 #include "MmsLatteClientPrivate.h"
 
-#include <QElapsedTimer>
-
 extern "C" {
 #include <libavcodec/packet.h>
 #include <libavformat/avformat.h>
 }
 
-#include <algorithm>
 #include <optional>
 #include <stdexcept>
 
@@ -92,13 +89,10 @@ LiveStream::~LiveStream()
     close();
 }
 
-qint64 LiveStream::close()
+void LiveStream::close()
 {
-    QElapsedTimer elapsed;
-    elapsed.start();
     stopReading();
     _source->close();
-    return elapsed.elapsed();
 }
 
 void LiveStream::stopReading()
@@ -125,10 +119,7 @@ void LiveStream::read()
             break;
         if (video && packet->stream_index == video->index) {
             double const time = static_cast<double>(packet->pts) * av_q2d(video->time_base);
-            if (previous) {
-                _longestStep = std::max<double>(_longestStep, time - *previous);
-                _wentBackwards = _wentBackwards || time < *previous;
-            }
+            _wentBackwards = _wentBackwards || (previous && time < *previous);
             previous = time;
             ++_videoFrames;
         }

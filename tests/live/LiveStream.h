@@ -28,7 +28,6 @@ public:
     void start();
     /// Nobody is told: the sockets close.
     void kill() { _services.reset(); }
-    bool isRunning() const { return _services != nullptr; }
 
     /// As on the control port, and as the switch --fault does it: also at each later start.
     void setCommands(QStringList const& commands) { _options.commands = commands; }
@@ -99,14 +98,12 @@ public:
     /// How often it has opened: again for each change of the stream's header.
     int openings() const { return _openings; }
     int videoFrames() const { return _videoFrames; }
-    /// The largest step between the times of two pictures, and whether none went backwards.
-    double longestStep() const { return _longestStep; }
+    /// Whether a picture had an earlier time than the one before.
     bool wentBackwards() const { return _wentBackwards; }
     QStringList const& progress() const { return _progress; }
     QStringList const& errors() const { return _errors; }
 
-    /// In milliseconds, how long it took.
-    qint64 close();
+    void close();
 
 private:
     void read();
@@ -118,7 +115,6 @@ private:
     int _openings = 0;
     std::atomic<bool> _ends{false};
     std::atomic<int> _videoFrames{0};
-    std::atomic<double> _longestStep{0};
     std::atomic<bool> _wentBackwards{false};
     std::unique_ptr<QThread> _reader; ///< Once the source has opened.
 };

@@ -9,34 +9,23 @@ public:
     int beginsWith() const override { return 1; }
     void packetArrived(SharedPacket const& packet) override
     {
-        locations.append(packet.locationId());
-        packets.append(*AsfPacket::parse(packet.frame({false, 0}, {}).mid(8)));
+        AsfPacket const arrived = *AsfPacket::parse(packet.frame({false, 0}, {}).mid(8));
+        isContinuous = isContinuous && (packets.isEmpty() || (packet.locationId() == lastLocation + 1 &&
+                                                              arrived.sendTime() >= packets.last().sendTime() &&
+                                                              arrived.sendTime() <= packets.last().sendTime() + 500));
+        lastLocation = packet.locationId();
+        packets.append(arrived);
     }
     void headerChanged(Change) override { ++headers; }
     void ended() override { hasEnded = true; }
 
     QList<AsfPacket> packets;
-    QList<quint32> locations;
+    quint32 lastLocation = 0;
     int headers = 0;
     bool hasEnded = false;
+    bool isContinuous = true; ///< For a player it is one stream.
 };
 
-/// Everything that has to grow does, by steps that a player takes for one stream.
-void expectContinuous(Viewer const& viewer)
-{
-    for (qsizetype i = 1; i < viewer.packets.size(); ++i) {
-        AsfPacket const& before = viewer.packets.at(i - 1);
-        AsfPacket const& after = viewer.packets.at(i);
-        EXPECT_EQ(viewer.locations.at(i), viewer.locations.at(i - 1) + 1);
-        EXPECT_GE(after.sendTime(), before.sendTime());
-        EXPECT_LE(after.sendTime() - before.sendTime(), 2U * AsfBuilder::msBetweenPackets);
-        for (qsizetype k = 0; k < after.payloads().size(); ++k) {
-            AsfPacket::Payload const& payload = after.payloads().at(k);
-            EXPECT_GT(payload.presentationTime.value, before.payloads().at(k).presentationTime.value);
-            EXPECT_NE(payload.objectNumber.value, before.payloads().at(k).objectNumber.value);
-        }
-    }
-}
 } // namespace
 
 using BroadcastTest = BroadcastFixture;
@@ -48,34 +37,35 @@ TEST_F(BroadcastTest, ANewViewerBeginsAtAKeyFrameAboutABurstAgo)
         Viewer viewer;
         live().join(&viewer);
         ASSERT_FALSE(viewer.packets.isEmpty());
-        AsfPacket::Payload const& first = viewer.packets.first().payloads().first();
-        EXPECT_TRUE(first.isKeyFrame);
+        EXPECT_TRUE(std::ranges::any_of(viewer.packets.first().payloads(), [](AsfPacket::Payload const& payload) {
+            return payload.stream == 1 && payload.isKeyFrame && payload.startsObject;
+        }));
         qint64 const past = live().position() - viewer.packets.first().sendTime();
         EXPECT_GE(past, msBurst);
-        EXPECT_LE(past, msBurst + AsfBuilder::packetsBetweenKeyFrames * AsfBuilder::msBetweenPackets);
-        EXPECT_LE(live().position() - viewer.packets.last().sendTime(), AsfBuilder::msBetweenPackets);
+        EXPECT_LE(past, msBurst + 1000); // There are two key frames in a second.
+        EXPECT_LE(live().position() - viewer.packets.last().sendTime(), 500);
         live().leave(&viewer);
     }
 }
 
 TEST_F(BroadcastTest, AnEndlessStreamGrowsThroughRepetitionsAndEntries)
 {
-    Broadcast& broadcast = addBroadcast("/list", {AsfBuilder(50).file(), AsfBuilder(33).file()});
+    Broadcast& broadcast = addBroadcast("/list", {Clips::wmv(4), Clips::wmv(2)});
     Viewer viewer;
     broadcast.join(&viewer);
     qsizetype const burst = viewer.packets.size();
-    timers.advance(12'000);
-    EXPECT_NEAR(static_cast<double>(viewer.packets.size() - burst), 120, 1);
+    AsfFile const& first = broadcast.film();
+    timers.advance(3 * static_cast<int>(first.duration()));
+    EXPECT_NEAR(static_cast<double>(viewer.packets.size() - burst), 3 * first.packetCount(), 1);
     broadcast.nextEntry();
     EXPECT_EQ(broadcast.playlistGeneration(), 2U);
-    EXPECT_EQ(broadcast.film().packetCount(), 33);
+    EXPECT_NE(&broadcast.film(), &first);
     timers.advance(7'000);
     EXPECT_EQ(viewer.headers, 1);
     broadcast.nextEntry();
-    EXPECT_EQ(broadcast.film().packetCount(), 50);
+    EXPECT_EQ(&broadcast.film(), &first);
     timers.advance(1'000);
-    EXPECT_NEAR(static_cast<double>(viewer.packets.size() - burst), 200, 4);
-    expectContinuous(viewer);
+    EXPECT_TRUE(viewer.isContinuous);
     broadcast.leave(&viewer);
 }
 
@@ -91,9 +81,10 @@ TEST_F(BroadcastTest, SilenceAndRateShowInWhatArrives)
     live().setSilent(true);
     EXPECT_EQ(arrivedIn(3'000), 0);
     live().setSilent(false);
-    EXPECT_NEAR(arrivedIn(3'000), 30, 1);
+    int const once = static_cast<int>(live().film().duration());
+    EXPECT_NEAR(arrivedIn(once), live().film().packetCount(), 1);
     live().setRate(40);
-    EXPECT_NEAR(arrivedIn(10'000), 40, 1);
+    EXPECT_NEAR(arrivedIn(5 * once), 2 * live().film().packetCount(), 1);
     live().end();
     EXPECT_TRUE(viewer.hasEnded);
     live().leave(&viewer);

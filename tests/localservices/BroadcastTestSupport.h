@@ -1,6 +1,5 @@
 #pragma once
 
-#include "AsfBuilder.h"
 #include "AsfFile.h"
 #include "Broadcast.h"
 #include "BroadcastCatalogue.h"
@@ -11,18 +10,18 @@
 
 #include <gtest/gtest.h>
 
-/// A broadcast "/live" of a film of five seconds, and its clock.
+/// A broadcast "/live" of a film of four seconds, and its clock.
 class BroadcastFixture : public testing::Test
 {
 protected:
     static constexpr int msBurst = 2000;
 
-    Broadcast& addBroadcast(QString const& name, QList<QByteArray> const& films)
+    Broadcast& addBroadcast(QString const& name, QStringList const& films)
     {
         std::vector<std::unique_ptr<AsfFile>> files;
-        for (QByteArray const& film : films) {
+        for (QString const& film : films) {
             QString error;
-            files.push_back(AsfFile::open(Clips::write(QString("film%1.asf").arg(++_films), film), error));
+            files.push_back(AsfFile::open(film, error));
             EXPECT_TRUE(files.back()) << qPrintable(error);
         }
         catalogue.add(std::make_unique<Broadcast>(name, std::move(files), msBurst, clock, timers));
@@ -31,14 +30,11 @@ protected:
 
     Broadcast& live()
     {
-        return catalogue.find("/live") ? *catalogue.find("/live") : addBroadcast("/live", {AsfBuilder().file()});
+        return catalogue.find("/live") ? *catalogue.find("/live") : addBroadcast("/live", {Clips::wmv(4)});
     }
 
     FakeTickCounter clock;
     FakeTimerFactory timers{clock};
     BroadcastCatalogue catalogue;
     FaultPlan faults;
-
-private:
-    int _films = 0;
 };

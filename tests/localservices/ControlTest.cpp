@@ -1,21 +1,48 @@
 #include "BroadcastTestSupport.h"
 #include "ControlCommands.h"
-#include "ControlConnection.h"
 #include "ControlServer.h"
+#include "EventLoop.h"
 #include "LocalServicesOptions.h"
-#include "LoopbackClient.h"
 
+#include <QHostAddress>
+#include <QTcpSocket>
+
+namespace
+{
 using ControlTest = BroadcastFixture;
+
+/// A client that says what it is told to, and keeps what it hears.
+class LoopbackClient
+{
+public:
+    explicit LoopbackClient(quint16 port)
+    {
+        QObject::connect(&_socket, &QTcpSocket::readyRead, &_socket, [this] { _heard += _socket.readAll(); });
+        _socket.connectToHost(QHostAddress::LocalHost, port);
+    }
+
+    void say(QByteArray const& bytes) { _socket.write(bytes); }
+    QByteArray const& heard() const { return _heard; }
+
+    bool waitForEnd()
+    {
+        return processEventsUntil([&] { return _socket.state() == QAbstractSocket::UnconnectedState; });
+    }
+
+private:
+    QTcpSocket _socket;
+    QByteArray _heard;
+};
+} // namespace
 
 TEST_F(ControlTest, CommandsChangeTheStreamsOrSayWhatIsWrong)
 {
     live();
-    addBroadcast("/film", {AsfBuilder(10).file()});
+    addBroadcast("/film", {Clips::wmv()});
     ControlCommands commands(catalogue, faults);
     QList<std::pair<QString, QString>> const wrong = {
-        {"fault /nowhere 453", "no stream"},     {"fault /live", "no fault"},
-        {"fault /live 453 on fire", "on fire"},  {"rate 0%", "1% to 1000%"},
-        {"playlist next /nowhere", "no stream"}, {"biscotti list", "not served"},
+        {"fault /nowhere 453", "no stream"}, {"fault /live", "no fault"},     {"fault /live 453 on fire", "on fire"},
+        {"rate 0%", "1% to 1000%"},          {"biscotti list", "not served"},
     };
     for (auto const& [line, text] : wrong)
         EXPECT_TRUE(commands.run(line).error.contains(text)) << qPrintable(line + ": " + commands.run(line).error);
@@ -59,25 +86,14 @@ TEST_F(ControlTest, TheControlPortAnswersEachLineOfWhoIsTrusted)
         EXPECT_TRUE(page.heard().startsWith("ERROR ")) << page.heard().constData();
     }
     EXPECT_EQ(live().rate(), 50);
-    LoopbackClient endless(server.port());
-    endless.say("token secret\n" + QByteArray(100'000, 'x'));
-    EXPECT_TRUE(endless.waitForEnd());
-    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 0; }));
-    LoopbackClient mute(server.port());
-    ASSERT_TRUE(processEventsUntil([&] { return server.connectionCount() == 1; }));
-    timers.advance(2 * ControlConnection::msForToken);
-    EXPECT_TRUE(mute.waitForEnd());
 }
 
 TEST(LocalServicesOptions, WrongSwitchesAreToldInWords)
 {
     QList<std::pair<QStringList, QString>> const cases = {
         {{"--wrong"}, "unknown option --wrong"},
-        {{"--stream"}, "needs a value"},
         {{"--stream", "film.asf"}, "/live=film.asf"},
         {{"--mms-http-port", "70000"}, "1 to 65535"},
-        {{"--burst", "-1"}, "0 to 60"},
-        {{"--listen", "here"}, "an address"},
     };
     for (auto const& [arguments, text] : cases) {
         QString error;

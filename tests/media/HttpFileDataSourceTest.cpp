@@ -20,7 +20,7 @@ TEST(HttpFileDataSource, PlaysWhatItDownloads)
     };
     Case const cases[] = {{Manner::Whole, Clips::h264Aac()},
                           {Manner::Slow, Clips::h264AacIndexLast()},
-                          {Manner::WithoutLength, Clips::wmv()}};
+                          {Manner::Chunked, Clips::wmv()}};
     for (Case const& c : cases) {
         LogCapture const capture;
         QByteArray const film = Clips::bytes(c.clip);
@@ -47,13 +47,15 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
         Manner manner;
         QByteArray body;
         char const* logged;
+        char const* said = "";
     };
     QByteArray const film = Clips::bytes(Clips::h264AacIndexLast());
     Case const cases[] = {
-        {Manner::Unavailable, Clips::bytes(Clips::h264Aac()), "Network Error "},
+        {Manner::Unavailable, Clips::bytes(Clips::h264Aac()), "Network Error ",
+         "There was an unexpected server error"},
         {Manner::Stalled, film, "Network Error "},
         {Manner::CutOff, film, "Network Error "},
-        {Manner::Whole, {}, "Failed to determine file format for "},
+        {Manner::Whole, {}, "Failed to determine file format for ", "The server sends nothing that can be played"},
         {Manner::Slow, QByteArray(30000, '\xA7'), "Failed to determine file format for "},
         {Manner::Whole, "1\n00:00:00,000 --> 00:00:01,000\nHello\n\n",
          "No video or audio streams found. Cannot play "},
@@ -69,6 +71,7 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
         QCoreApplication::processEvents();
         ASSERT_EQ(error.size(), 1) << c.manner;
         EXPECT_TRUE(error.first().at(1).toString().startsWith("Failed to open ")) << c.manner;
+        EXPECT_TRUE(error.first().at(1).toString().endsWith(c.said)) << c.manner;
         EXPECT_TRUE(capture.contains(c.logged)) << c.manner << c.logged;
     }
     HttpFileDataSource local("file://" + Clips::h264Aac());
@@ -86,6 +89,22 @@ TEST(HttpFileDataSource, ADownloadCutOffWhilePlayingIsALoss)
     EXPECT_NE(result.end, AVERROR_EOF);
     ASSERT_TRUE(waitUntil([&] { return !error.isEmpty(); }));
     EXPECT_EQ(error.last().at(1).toString(), "Stream unavailable");
+}
+
+TEST(HttpFileDataSource, WhatHasNeitherALengthNorAnEndIsLeftToAnother)
+{
+    for (Manner const manner : {Manner::HeldOpen, Manner::CutChunk}) {
+        LoopbackHttpServer server(manner, Clips::bytes(Clips::videoOnly()));
+        HttpFileDataSource source(server.url("radio.mp3"));
+        QSignalSpy const found(&source, &HttpFileDataSource::streamFound);
+        QSignalSpy const error(&source, &GLMovieDataSource::error);
+        std::unique_ptr<Reader> reader;
+        QObject::connect(&source, &GLMovieDataSource::opened, [&] { reader = std::make_unique<Reader>(source); });
+        source.open();
+        EXPECT_TRUE(waitUntil([&] { return !found.isEmpty(); }));
+        EXPECT_EQ(reader != nullptr, manner == Manner::CutChunk); // It may have been a file until then.
+        EXPECT_TRUE(error.isEmpty());
+    }
 }
 
 TEST(HttpFileDataSource, ClosesAtAnyMoment)

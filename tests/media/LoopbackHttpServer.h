@@ -17,6 +17,8 @@ public:
         Silent,       ///< Nothing at all.
         Unavailable,  ///< 503, with the body as its page.
         HeldOpen,     ///< Whole, without a length, then nothing.
+        Chunked,      ///< Whole, in one chunk, without a length.
+        CutChunk,     ///< Half of that.
         WithoutLength ///< Whole, its end told by the end of the connection.
     };
 
@@ -55,12 +57,17 @@ private:
         if (_manner == Silent)
             return;
         QByteArray head = _manner == Unavailable ? "HTTP/1.1 503 Busy\r\n" : "HTTP/1.1 200 OK\r\n";
-        if (_manner != WithoutLength && _manner != HeldOpen)
+        bool const isChunked = _manner == Chunked || _manner == CutChunk;
+        if (isChunked)
+            head += "Transfer-Encoding: chunked\r\n";
+        else if (_manner != WithoutLength && _manner != HeldOpen)
             head += "Content-Length: " + QByteArray::number(_body.size()) + "\r\n";
         socket->write(head + "Connection: close\r\n\r\n");
-        qsizetype const piece = _manner == Slow                           ? 3000
-                                : _manner == CutOff || _manner == Stalled ? _body.size() / 2
-                                                                          : _body.size();
+        if (isChunked)
+            socket->write(QByteArray::number(_body.size(), 16) + "\r\n");
+        qsizetype const piece = _manner == Slow                                                  ? 3000
+                                : _manner == CutOff || _manner == Stalled || _manner == CutChunk ? _body.size() / 2
+                                                                                                 : _body.size();
         if (_manner == Slow)
             QObject::connect(socket, &QTcpSocket::bytesWritten, socket,
                              [this, socket, piece, sent = piece]() mutable {
@@ -72,6 +79,8 @@ private:
                                  sent += piece;
                              });
         socket->write(_body.left(piece));
+        if (_manner == Chunked)
+            socket->write("\r\n0\r\n\r\n");
         if (_manner != Slow && _manner != Stalled && _manner != HeldOpen)
             socket->disconnectFromHost();
     }

@@ -37,7 +37,8 @@ struct ReadResult {
     int videoFrames = 0;
     int audioFrames = 0;
     quint64 bytes = 0;
-    int end = 0; ///< The result that was not a frame.
+    double latest = 0.0; ///< Seconds of a picture's time stamp.
+    int end = 0;         ///< The result that was not a frame.
 };
 
 inline ReadResult readToEnd(GLMovieDataSource& source)
@@ -51,8 +52,11 @@ inline ReadResult readToEnd(GLMovieDataSource& source)
         if (result.end < 0)
             break;
         result.bytes += static_cast<quint64>(packet->size);
-        if (source.videoStream() && packet->stream_index == source.videoStream()->index)
+        if (source.videoStream() && packet->stream_index == source.videoStream()->index) {
             ++result.videoFrames;
+            double const seconds = static_cast<double>(packet->pts) * av_q2d(source.videoSnapshot().timeBase);
+            result.latest = std::max(result.latest, seconds);
+        }
         if (source.audioStream() && packet->stream_index == source.audioStream()->index)
             ++result.audioFrames;
         source.freeFrame(packet);

@@ -14,8 +14,6 @@ TEST(CentralisedBiscottiGreeting, ReadsAServersLine)
         {"~@ 1.0 1.0 " + QByteArray(499, 'x') + "\n", "1.0 1.0", nullptr}, // 511 bytes
         {"~@ 1.0 1.0 " + QByteArray(500, 'x') + "\n", nullptr, nullptr},   // one too many
         {"~@ 1.0 1.0", nullptr, nullptr},                                  // without anything behind the versions
-        {" ~@ 1.0 1.0 \n", nullptr, nullptr},
-        {"~@ 1 1.0 \n", nullptr, nullptr},
         {"~@ 99999999999.0 1.0 \n", nullptr, nullptr},
         {"~@ \xD9\xA1.0 1.0 \n", nullptr, nullptr},
     };
@@ -31,24 +29,4 @@ TEST(CentralisedBiscottiGreeting, ReadsAServersLine)
         }
     }
     EXPECT_EQ(CentralisedBiscottiGreeting({1, 2}, {3, 4}, "MDWMS=5").toLine(), "~@ 1.2 3.4 MDWMS=5\n");
-}
-
-TEST(CentralisedBiscottiGreeting, FindsTheMaximumDataWaitInTheNotes)
-{
-    struct {
-        char const* notes;
-        bool isNamed;
-        std::optional<qint64> milliseconds;
-    } const cases[] = {
-        {"a=1,MDWMS=0;b", true, 0},
-        {"MDWMS=9223372036854775807", true, 9223372036854775807},
-        {"MDWMS=9223372036854775808", true, std::nullopt},
-        {"MDWMS=-1", false, std::nullopt},
-        {"mdwms=1", false, std::nullopt},
-    };
-    for (auto const& [notes, isNamed, milliseconds] : cases) {
-        CentralisedBiscottiGreeting const greeting({1, 0}, {1, 0}, notes);
-        EXPECT_EQ(greeting.hasMaxDataWait(), isNamed) << notes;
-        EXPECT_EQ(greeting.maxDataWaitMs(), milliseconds) << notes;
-    }
 }

@@ -42,29 +42,27 @@ TEST_F(CentralisedBiscottiTest, ARefusalIsToldWithItsCodeAndText)
     connect();
     takeTold();
     RecordingSubscriber subscriber("s");
-    for (int const code : {403, 999}) {
-        CentralisedBiscottiAck ack;
-        ack.setAckCode(static_cast<CentralisedBiscottiAck::AckCode>(code));
-        QString const reason = QString(": %1 %2").arg(code).arg(ack.ackDescription());
-
-        QString const kept = subscribe("kept", subscriber);
-        run();
-        this->ack(sentOne().id);
-        QString const subscription = subscribe("a", subscriber);
-        run();
-        this->ack(sentOne().id, code);
-        EXPECT_FALSE(engine.contains(BiscottiSubscriptionId(subscription))) << "it would be replayed for ever";
-        client->unsubscribe(BiscottiSubscriptionId(kept));
-        run();
-        this->ack(sentOne().id, code);
-        EXPECT_TRUE(engine.contains(BiscottiSubscriptionId(kept)));
-        QString const post = this->post("a", "x");
-        run();
-        this->ack(sentOne().id, code);
-        EXPECT_EQ(takeTold(), (QStringList{"subscribed " + kept, "errorSubscribing " + subscription + reason,
-                                           "errorUnsubscribing " + kept + reason, "errorPosting " + post + reason}));
-        EXPECT_TRUE(sent().isEmpty()) << "nothing is tried again after a refusal";
-    }
+    constexpr int code = 403;
+    CentralisedBiscottiAck refusal;
+    refusal.setAckCode(static_cast<CentralisedBiscottiAck::AckCode>(code));
+    QString const reason = ": 403 " + refusal.ackDescription();
+    QString const kept = subscribe("kept", subscriber);
+    run();
+    ack(sentOne().id);
+    QString const subscription = subscribe("a", subscriber);
+    run();
+    ack(sentOne().id, code);
+    EXPECT_FALSE(engine.contains(BiscottiSubscriptionId(subscription))) << "it would be replayed for ever";
+    client->unsubscribe(BiscottiSubscriptionId(kept));
+    run();
+    ack(sentOne().id, code);
+    EXPECT_TRUE(engine.contains(BiscottiSubscriptionId(kept)));
+    QString const refused = post("a", "x");
+    run();
+    ack(sentOne().id, code);
+    EXPECT_EQ(takeTold(), (QStringList{"subscribed " + kept, "errorSubscribing " + subscription + reason,
+                                       "errorUnsubscribing " + kept + reason, "errorPosting " + refused + reason}));
+    EXPECT_TRUE(sent().isEmpty()) << "nothing is tried again after a refusal";
     client->unsubscribe(BiscottiSubscriptionId("unknown"));
     run();
     EXPECT_EQ(takeTold(), QStringList{"errorUnsubscribing unknown: 404 Subscription not found."});
@@ -180,10 +178,8 @@ TEST_F(CentralisedBiscottiTest, ThrowsAwayWhatIsNoGreetingAndTriesAgain)
     RecordingSubscriber subscriber("s");
     subscribe("a", subscriber);
     for (Case const& c :
-         {Case{QByteArray(511, '~'), "Could not read greeting from server."},
-          Case{good + QByteArray(1 << 20, 'n') + '\n', "Could not read greeting from server."},
+         {Case{good + QByteArray(1 << 20, 'n') + '\n', "Could not read greeting from server."},
           Case{"HTTP/1.1 400 Bad Request\r\n", "Invalid greeting returned by Biscotti server."},
-          Case{"~@ 2.0 1.0 \n", "Biscotti server (2.0 / 1.0) is incompatible with client (1.0 / 1.0)."},
           Case{"~@ 1.0 2.7 \n", "Biscotti server (1.0 / 2.7) is incompatible with client (1.0 / 1.0)."}}) {
         SCOPED_TRACE(c.line);
         int const before = capture.count(c.line);
@@ -197,10 +193,9 @@ TEST_F(CentralisedBiscottiTest, ThrowsAwayWhatIsNoGreetingAndTriesAgain)
     EXPECT_TRUE(told.isEmpty());
     EXPECT_TRUE(subscriber.heard.isEmpty());
     accept();
-    for (char const byte : longest) {
-        EXPECT_EQ(client->state(), Biscotti::Disconnected);
-        receive(QByteArray(1, byte));
-    }
+    receive(longest.first(300));
+    EXPECT_EQ(client->state(), Biscotti::Disconnected);
+    receive(longest.sliced(300));
     EXPECT_EQ(client->state(), Biscotti::Connected);
     EXPECT_EQ(sent().size(), 1) << "whatever the refused links have done, one subscription is sent once";
 }

@@ -2,7 +2,6 @@
 
 #include "CentralisedBiscottiBench.h"
 
-#include <stdexcept>
 #include <vector>
 
 TEST_F(CentralisedBiscottiTest, AnUnreachableServerIsTriedAtOnceAndEvery29Seconds)
@@ -171,21 +170,4 @@ TEST_F(CentralisedBiscottiTest, AMessageThatSwallowsAllOthersIsNotWaitedForForEv
     connect();
     receive(postBytes("a", "whole"));
     EXPECT_EQ(capture.count("Handling post"), 1);
-}
-
-TEST_F(CentralisedBiscottiTest, WhatGoesWrongInAMemoDoesNotEndItsRow)
-{
-    struct FailingOnce : FakeTcpSocketFactory {
-        TcpSocket* createTcpSocket(QObject* parent) override
-        {
-            if (!std::exchange(hasFailed, true))
-                throw std::runtime_error("no more file descriptors");
-            return FakeTcpSocketFactory::createTcpSocket(parent);
-        }
-        bool hasFailed = false;
-    } failing;
-    CentralisedBiscotti other(&clock, nullptr, &queue, &failing, "server", quint16(22473), "other", &engine);
-    advance(29000);
-    ASSERT_EQ(failing.sockets().size(), 1);
-    EXPECT_EQ(failing.sockets()[0]->state(), QAbstractSocket::ConnectingState);
 }

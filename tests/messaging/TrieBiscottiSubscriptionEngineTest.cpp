@@ -15,26 +15,11 @@ BiscottiSubscription subscriptionTo(BiscottiTopic const& topic, QString const& i
     return subscription;
 }
 
-/// Files a subscription that has its topic as its id, too.
-void insert(TrieBiscottiSubscriptionEngine& engine, QString const& topic)
-{
-    EXPECT_TRUE(engine.insert(subscriptionTo(BiscottiTopic(topic), topic), BiscottiSignatureId()));
-}
-
 BiscottiPost postTo(BiscottiTopic const& topic)
 {
     BiscottiPost post;
     post.setTopic(topic);
     return post;
-}
-
-QStringList matches(TrieBiscottiSubscriptionEngine const& engine, QString const& topic)
-{
-    QStringList ids;
-    for (BiscottiSubscriptionId const& id : engine.findMatches(postTo(BiscottiTopic(topic))))
-        ids.append(id.toString());
-    ids.sort();
-    return ids;
 }
 
 /// A topic that shares levels with many others; sometimes the root.
@@ -52,8 +37,9 @@ BiscottiTopic anyTopic(std::mt19937& random)
 TEST(TrieBiscottiSubscriptionEngine, AnswersForTheFirstTopicOfAPostToEveryone)
 {
     TrieBiscottiSubscriptionEngine engine;
-    insert(engine, ".a");
-    insert(engine, ".b");
+    for (char const* const topic : {".a", ".b"})
+        EXPECT_TRUE(engine.insert(subscriptionTo(BiscottiTopic(QString(topic)), topic), BiscottiSignatureId()));
+    EXPECT_EQ(engine.subscription(BiscottiSubscriptionId(".a")).interest().toString(), ".a");
     BiscottiPost post;
     EXPECT_TRUE(engine.findMatches(post).isEmpty());
     post.setTopics({BiscottiTopic("b"), BiscottiTopic("a")});
@@ -62,32 +48,12 @@ TEST(TrieBiscottiSubscriptionEngine, AnswersForTheFirstTopicOfAPostToEveryone)
     EXPECT_TRUE(engine.findMatches(post).isEmpty());
 }
 
-TEST(TrieBiscottiSubscriptionEngine, ForgetsWhatIsRemoved)
-{
-    TrieBiscottiSubscriptionEngine engine;
-    BiscottiSubscriptionId const id("1");
-    engine.insert(subscriptionTo(BiscottiTopic("a.b"), "1"), BiscottiSignatureId("s"));
-    insert(engine, ".a");
-    EXPECT_EQ(engine.count(), 2);
-    EXPECT_EQ(engine.signatureId(id), BiscottiSignatureId("s"));
-    EXPECT_EQ(engine.subscription(id).interest().toString(), ".a.b");
-    QListIterator<BiscottiSubscriptionId> iterator = engine.iterator();
-    engine.remove(BiscottiSubscriptionId(".a"));
-    engine.remove(BiscottiSubscriptionId("unknown"));
-    EXPECT_EQ(matches(engine, ".a"), QStringList{"1"});
-    engine.remove(id);
-    EXPECT_FALSE(engine.contains(id));
-    EXPECT_FALSE(engine.isSigned(id));
-    EXPECT_TRUE(engine.isValid());
-    EXPECT_TRUE(iterator.findNext(id)) << "the iterator is a snapshot";
-}
-
 TEST(TrieBiscottiSubscriptionEngine, AnswersAsALookAtEverySubscriptionDoes)
 {
     std::mt19937 random(5);
     TrieBiscottiSubscriptionEngine engine;
     std::map<BiscottiSubscriptionId, BiscottiTopic> model;
-    for (int i = 0; i < 5000; ++i) {
+    for (int i = 0; i < 1000; ++i) {
         BiscottiTopic const topic = anyTopic(random);
         if (random() % 2 == 0) {
             BiscottiSubscriptionId const id(QString::number(i));

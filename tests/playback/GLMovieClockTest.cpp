@@ -106,22 +106,6 @@ TEST_F(GLMovieClockTest, SoundThatDiesLeavesTheTimeToThePictures)
     EXPECT_FALSE(_clock.syncToAudio());
 }
 
-TEST_F(GLMovieClockTest, PausesAndSpeedHoldForWhatNobodyHears)
-{
-    _clock.reset(true, false);
-    _clock.beginVideo(0.0);
-    _clock.setRate(2.0);
-    pass(1.0);
-    EXPECT_NEAR(_clock.time({}), 2.0, 1e-6);
-    _clock.setPaused(true);
-    pass(60.0);
-    EXPECT_NEAR(_clock.time({}), 2.0, 1e-6);
-    _clock.setPaused(false);
-    pass(0.5);
-    EXPECT_NEAR(_clock.time({}), 3.0, 1e-6);
-    EXPECT_NEAR(*_clock.videoLateness(-3.0, {}), 6.0, 1e-6);
-}
-
 TEST_F(GLMovieClockTest, ASeekTellsItsTargetAndKeepsTheZero)
 {
     start(7.0, 7.0);

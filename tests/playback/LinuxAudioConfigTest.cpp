@@ -44,10 +44,8 @@ protected:
 
 TEST_F(LinuxAudioConfigTest, WritesTheDeviceAndReadsItBack)
 {
-    for (auto const& [name, written] : {std::pair<QString, QString>{"oss", "oss"},
-                                        {"Größe, One (CARD=PCH,DEV=0)", "Größe, One (CARD=PCH,DEV=0)"},
-                                        {"two\nlines", "two lines"},
-                                        {"alsa", "alsa"}}) {
+    for (auto const& [name, written] :
+         {std::pair<QString, QString>{"Größe,\nOne (DEV=0)", "Größe, One (DEV=0)"}, {"alsa", "alsa"}}) {
         _config.setDevice(name);
         EXPECT_TRUE(read(configPath()).startsWith(";Ombravision auto-generated this file.\n"));
         EXPECT_TRUE(read(configPath()).contains(QString("\n(define devices '(%1))\n").arg(written).toUtf8()));

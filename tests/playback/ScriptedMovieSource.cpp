@@ -15,7 +15,8 @@ extern "C" {
 namespace
 {
 constexpr int timeBase = 1000; // Time stamps are milliseconds.
-}
+constexpr double soundSeconds = 0.02;
+} // namespace
 
 ScriptedMovieSource::ScriptedMovieSource() : GLMovieDataSource("scripted")
 {
@@ -28,13 +29,13 @@ void ScriptedMovieSource::setFormatContext(FormatContextPointer context)
     setStreams(StreamOpener::describe(*_formatContext));
 }
 
-void ScriptedMovieSource::addVideo()
+void ScriptedMovieSource::addVideo(int codecId)
 {
     AVStream* const stream = avformat_new_stream(_formatContext.get(), nullptr);
     stream->time_base = {1, timeBase};
     stream->avg_frame_rate = {25, 1};
     stream->codecpar->codec_type = AVMEDIA_TYPE_VIDEO;
-    stream->codecpar->codec_id = AV_CODEC_ID_RAWVIDEO;
+    stream->codecpar->codec_id = static_cast<AVCodecID>(codecId);
     stream->codecpar->format = AV_PIX_FMT_YUV420P;
     stream->codecpar->width = side;
     stream->codecpar->height = side;
@@ -72,11 +73,15 @@ void ScriptedMovieSource::append(Packet const& packet)
 
 QByteArray ScriptedMovieSource::payload(Packet const& packet) const
 {
-    if (packet.isVideo)
+    if (packet.isVideo && _formatContext->streams[_videoIndex]->codecpar->codec_id == AV_CODEC_ID_RAWVIDEO)
         return QByteArray(side * side * 3 / 2, '\x50');
+    if (packet.isVideo && packet.isKey) // Not compressed, 32 bits a pixel, in one block.
+        return QByteArray::fromHex("01000100081010") + QByteArray(4 * side * side, '\x50');
+    if (packet.isVideo)
+        return QByteArray(5, '\0'); // Nothing has moved.
     AVCodecParameters const* const parameters = _formatContext->streams[_audioIndex]->codecpar;
     int const bits = av_get_bits_per_sample(parameters->codec_id);
-    auto const samples = static_cast<int>(std::lround(packet.soundSeconds * sampleRate));
+    auto const samples = static_cast<int>(std::lround(soundSeconds * sampleRate));
     return QByteArray(samples * bits / 8 * parameters->ch_layout.nb_channels, '\0');
 }
 
@@ -97,7 +102,7 @@ int ScriptedMovieSource::readFrame(AVPacket* packet)
         return result;
     std::memcpy(packet->data, bytes.constData(), static_cast<size_t>(bytes.size()));
     packet->stream_index = scripted.isVideo ? _videoIndex : _audioIndex;
-    packet->pts = scripted.hasTimestamp ? std::llround(scripted.seconds * timeBase) : AV_NOPTS_VALUE;
+    packet->pts = std::llround(scripted.seconds * timeBase);
     packet->dts = packet->pts;
     packet->flags = scripted.isKey ? AV_PKT_FLAG_KEY : 0;
     return 0;

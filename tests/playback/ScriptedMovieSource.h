@@ -2,13 +2,17 @@
 
 #include "GLMovieDataSource.h"
 
+extern "C" {
+#include <libavcodec/codec_id.h>
+}
+
 #include <QByteArray>
 #include <QList>
 
 #include <atomic>
 #include <mutex>
 
-/// A data source whose packets a test writes: raw pictures of 16x16 and PCM sound, which decode to themselves.
+/// A data source whose packets a test writes: pictures of 16x16, and PCM sound.
 class ScriptedMovieSource : public GLMovieDataSource
 {
     Q_OBJECT
@@ -17,9 +21,7 @@ public:
     struct Packet {
         bool isVideo = true;
         double seconds = 0.0;
-        bool hasTimestamp = true;
         bool isKey = true;
-        double soundSeconds = 0.02;
         bool isEmpty = false;
     };
 
@@ -28,7 +30,9 @@ public:
 
     ScriptedMovieSource();
 
-    void addVideo();
+    /// Raw pictures, which decode to themselves; or AV_CODEC_ID_ZMBV, whose pictures build on the one before unless
+    /// they are key frames.
+    void addVideo(int codecId = AV_CODEC_ID_RAWVIDEO);
     /// A PCM codec (AV_CODEC_ID_PCM_...), and channels.
     void addAudio(int codecId, int channels);
 

@@ -47,6 +47,11 @@ QString Clips::videoOnly(int seconds)
     return make("picture%1.ts", seconds, picture + h264);
 }
 
+QString Clips::laterVideo()
+{
+    return make("later%1.ts", 2, "-i " + videoOnly() + " -c copy -output_ts_offset 76");
+}
+
 QString Clips::rareKeyFrames(int seconds)
 {
     return make("rare%1.ts", seconds, picture + tone + h264 + "-g 250 -sc_threshold 0 -c:a aac");

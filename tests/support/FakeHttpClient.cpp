@@ -12,11 +12,6 @@ void FakeHttpClient::respond(HttpResponseHeader const& header)
 void FakeHttpClient::receive(QByteArray const& bytes)
 {
     _received += bytes.size();
-    if (QIODevice* const device = _sent.isEmpty() ? nullptr : _sent.last().device.data()) {
-        device->write(bytes);
-        emit dataReadProgress(this, static_cast<int>(_received), static_cast<int>(_response.contentLength()));
-        return;
-    }
     _body += bytes;
     emit dataReadProgress(this, static_cast<int>(_received), static_cast<int>(_response.contentLength()));
     emit readyRead(this, _response);
@@ -44,17 +39,17 @@ int FakeHttpClient::setHost(QString const& host, HttpClient::ConnectionMode mode
 
 int FakeHttpClient::request(HttpRequestHeader const& header, QByteArray const& data)
 {
-    return send({header, data, nullptr});
+    return send({header, data});
 }
 
-int FakeHttpClient::get(QString const& path, QIODevice* device)
+int FakeHttpClient::get(QString const& path, QIODevice*)
 {
-    return send({HttpRequestHeader("GET", path), {}, device});
+    return send({HttpRequestHeader("GET", path), {}});
 }
 
-int FakeHttpClient::post(QString const& path, QByteArray const& data, QIODevice* device)
+int FakeHttpClient::post(QString const& path, QByteArray const& data, QIODevice*)
 {
-    return send({HttpRequestHeader("POST", path), data, device});
+    return send({HttpRequestHeader("POST", path), data});
 }
 
 int FakeHttpClient::send(Sent const& request)

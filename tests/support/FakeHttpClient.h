@@ -2,9 +2,7 @@
 
 #include "HttpClient.h"
 
-#include <QIODevice>
 #include <QList>
-#include <QPointer>
 
 /// An HttpClient whose server is the test: it sees the requests, and says what is answered and how it ends.
 /// One request runs at a time; those behind it are taken for sent with it.
@@ -16,7 +14,6 @@ public:
     struct Sent {
         HttpRequestHeader header; ///< For get() and post() without any lines.
         QByteArray body;
-        QPointer<QIODevice> device;
     };
 
     using HttpClient::HttpClient;

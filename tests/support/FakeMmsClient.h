@@ -15,10 +15,7 @@ class FakeMmsClient : public MmsClient
 public:
     struct Connection {
         QString url;
-        QString referrer;
         int timeout = 0;
-
-        bool operator==(Connection const&) const = default;
     };
 
     FakeMmsClient(MmsClient::StreamingProtocol protocol, QObject* parent) : MmsClient(parent), _protocol(protocol) {}
@@ -46,9 +43,9 @@ public:
     }
 
     bool getHeader(QUrl const&, int, QByteArray&) override { return false; }
-    void connectToServer(QUrl const& url, QString const& referrer, int timeout) override
+    void connectToServer(QUrl const& url, QString const&, int timeout) override
     {
-        connections.append({url.toString(), referrer, timeout});
+        connections.append({url.toString(), timeout});
         isReading = true;
         _state = Connecting;
     }

@@ -77,15 +77,6 @@ void HttpTestServer::send(QByteArray const& bytes)
     _current->flush();
 }
 
-void HttpTestServer::sendByteByByte(QByteArray const& bytes)
-{
-    _current->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    for (char const c : bytes) {
-        send(QByteArray(1, c));
-        processPendingEvents();
-    }
-}
-
 qint64 HttpTestServer::bytesToWrite() const
 {
     return _current->bytesToWrite();

@@ -40,9 +40,6 @@ public:
 
     void send(QByteArray const& bytes);
 
-    /// Sends each byte by itself, with the event loop run in between.
-    void sendByteByByte(QByteArray const& bytes);
-
     /// Bytes that the client's side has not taken yet.
     qint64 bytesToWrite() const;
     void close();

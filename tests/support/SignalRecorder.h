@@ -1,14 +1,13 @@
 #pragma once
 
+#include "EventLoop.h"
+
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QList>
 #include <QObject>
-#include <QThread>
 #include <QVariant>
 
-#include <chrono>
-#include <condition_variable>
 #include <memory>
 #include <mutex>
 
@@ -22,7 +21,7 @@ public:
         auto const record = [state = _state](Arguments const&... arguments) {
             std::lock_guard const lock(state->mutex);
             state->emissions.append(QVariantList{QVariant::fromValue(arguments)...});
-            state->changed.notify_all();
+            QCoreApplication::eventDispatcher()->wakeUp();
         };
         _connection = QObject::connect(sender, signal, sender, record, Qt::DirectConnection);
     }
@@ -49,28 +48,16 @@ public:
         return _state->emissions.value(index);
     }
 
-    /// Runs the thread's event loop until the signal has come so often; false after ten seconds, which only a fault
-    /// takes.
+    /// Runs the main thread's event loop until the signal has come so often; false after ten seconds, which only a
+    /// fault takes.
     bool wait(int wanted = 1) const
     {
-        QElapsedTimer timer;
-        timer.start();
-        while (count() < wanted && timer.elapsed() < patience) {
-            QCoreApplication::processEvents();
-            std::unique_lock lock(_state->mutex);
-            if (_state->emissions.size() < wanted)
-                _state->changed.wait_for(lock, std::chrono::milliseconds(turn));
-        }
-        return count() >= wanted;
+        return processEventsUntil([&] { return count() >= wanted; });
     }
 
 private:
-    static constexpr int patience = 10000; // ms
-    static constexpr int turn = 10;        // ms between two looks at the event loop
-
     struct State {
         std::mutex mutex;
-        std::condition_variable changed;
         QList<QVariantList> emissions;
     };
 

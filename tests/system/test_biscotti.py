@@ -73,19 +73,12 @@ class BiscottiTest(unittest.TestCase):
             for arguments, body, status, text in (
                     (("post", ".closed.room", "x"), None, 3, "403 Server is refusing to fulfill the message."),
                     (("post", ".sealed", "x"), None, 3, "4011 Message must be signed."),
-                    (("sub", ".closed"), None, 3, "403"),
                     (("post", ".a", "-"), b"x" * 65_537, 3, "413 Post body is too large."),
                     (("post", ".a", "-"), b"x" * 2_000_000, 1, "larger than a message"),
                     (("post", "!!"), None, 1, "no topic"),
-                    (("post", ".a&.b"), None, 1, "no topic"),
                     (("post",), None, 1, "needs a topic"),
-                    (("sub",), None, 1, "needs a topic"),
-                    ((), None, 1, "a command is needed"),
-                    (("say", ".a"), None, 1, "no command"),
-                    (("post", ".a", "two", "words"), None, 1, "quoted"),
                     (("--count", "0", "sub", ".a"), None, 1, "1 to"),
                     (("--server", "here:x", "sub", ".a"), None, 1, "a server such as"),
-                    (("--audience", "a|b", "post", ".a"), None, 1, "reserved"),
                     (("--wrong",), None, 1, "unknown option")):
                 with self.subTest(arguments=arguments):
                     found, _, errors = self.run_tool(port, *arguments, body=body)
@@ -126,13 +119,6 @@ class BiscottiTest(unittest.TestCase):
             self.assertNotEqual(first.ports["biscotti"], second.ports["biscotti"])
             self.assertIn("is taken", first.log() + second.log())
             self.assertEqual(self.run_tool(second.ports["biscotti"], "post", ".a", "x")[0], 0)
-
-    def test_the_help_tells_all(self):
-        for program in (TOOL, built("OMBRAVISION_LOCALSERVICES", "localservices/ombravision-localservices")):
-            text = subprocess.run([program, "--help"], capture_output=True, timeout=10, check=True).stdout.decode()
-            for heading in ("NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "EXIT STATUS", "EXAMPLES"):
-                self.assertIn(f"\n{heading}\n", "\n" + text)
-            self.assertLessEqual(max(map(len, text.splitlines())), 120)
 
 
 if __name__ == "__main__":

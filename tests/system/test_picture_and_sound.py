@@ -1,17 +1,15 @@
 """What a viewer sees and hears of a film."""
 
-import time
 import unittest
 
 from support import clips, wait_for
 from support.clips import RATE
 from support.display import VirtualDisplay
-from support.picture import frame_of
+from support.live import check_picture, check_sound
 from support.program import Program
 from support.sound import Sound, WaveClock
 
 PATHS = ("shader", "fragmentProgram", "software")
-MINIMUM_PSNR = 30
 FINISHED = r"Movie finished: Looping"  # Local films begin again after half a second.
 
 
@@ -20,47 +18,23 @@ class PictureAndSound(unittest.TestCase):
     def setUpClass(cls):
         cls.display = cls.enterClassContext(VirtualDisplay())
 
-    def check_pictures(self, program, clip):
-        """Three screenshots show three frames, each as FFmpeg decodes it, and time goes on between them as it should."""
-        rectangle = program.own_size_rectangle(640, 360)
-        wait_for(lambda: self.display.screenshot(rectangle).number() is not None, 10, "the first picture")
-        time.sleep(1)  # It has faded in.
-        previous = None
-        for _ in range(3):
-            shown = self.display.screenshot(rectangle)
-            now = time.monotonic()
-            number = shown.number()
-            self.assertIsNotNone(number, "no frame number on the screen")
-            self.assertGreaterEqual(shown.psnr(frame_of(clip, number, 640, 360)), MINIMUM_PSNR, f"frame {number}")
-            if previous:
-                self.assertAlmostEqual((number - previous[0]) / RATE, now - previous[1], delta=0.3)
-            previous = number, now
-            time.sleep(0.5)
-
-    def check_tone(self, program, frequency, seconds):
-        sound = Sound.of_wave(program.wave)
-        first, last = sound.span()
-        self.assertAlmostEqual(last - first, seconds, delta=0.15)
-        for start in (first + 0.5, last - 1.5):
-            self.assertAlmostEqual(sound.pitch(frequency, start), frequency, delta=frequency / 150)
-
     def test_each_film_on_each_path(self):
         films = ((clips.mp4(), 440), (clips.asf(), 660), (clips.picture_only(), None))
         for path in PATHS:
             for clip, frequency in films:
                 with self.subTest(path=path, clip=clip.name), \
                         Program(self.display, clip, settings={r"application/video\colourConversion": path}) as program:
-                    self.check_pictures(program, clip)
+                    check_picture(self, program, clip, 3)
                     program.wait_for_log(FINISHED)
                     program.quit()
                     if frequency:
-                        self.check_tone(program, frequency, 8)
+                        check_sound(self, program, frequency, 8, delta=0.15)
 
     def test_sound_without_pictures(self):
         with Program(self.display, clips.sound_only()) as program:
             program.wait_for_log(FINISHED)
             program.quit()
-            self.check_tone(program, 880, 5)
+            check_sound(self, program, 880, 5, delta=0.15)
 
     def test_sound_whose_format_changes(self):
         for container in ("aac", "ts"):
@@ -85,23 +59,12 @@ class PictureAndSound(unittest.TestCase):
             program.quit()
             self.assertGreater(Sound.of_wave(program.wave).strength(440, 1, 0.5), 1000)
 
-    def test_full_screen(self):
-        clip = clips.mp4()
-        with Program(self.display, "-fullscreen", clip) as program:
-            x, y, width, height = program.video_rectangle()
-            wait_for(lambda: self.display.geometry(program.window) == (0, 0, self.display.width, self.display.height), 10,
-                     "a window as large as the screen")
-            x, y, width, height = program.video_rectangle()
-            self.assertAlmostEqual(width / height, 640 / 360, delta=0.01)
-            self.assertTrue(width == self.display.width or height == self.display.height, (x, y, width, height))
-            wait_for(lambda: self.display.screenshot((x, y, width, height)).number() is not None, 10, "a frame number")
-
     def test_a_film_past_opengl_is_the_one_that_opengl_draws(self):
         clip = clips.mp4()
         for presentation in ("opengl", "shm"):
             with self.subTest(presentation), \
                     Program(self.display, clip, settings={r"application/video\presentation": presentation}) as program:
-                self.check_pictures(program, clip)
+                check_picture(self, program, clip, 3)
                 rectangle = program.own_size_rectangle(640, 360)
                 self.display.minimise(program.window)
                 wait_for(lambda: not self.display.is_shown(program.window), 10, "the window to go")

@@ -2,10 +2,7 @@
 
 #include "GLControl.h"
 
-#include <QKeyEvent>
 #include <QMouseEvent>
-#include <QStringList>
-#include <QWheelEvent>
 
 #include <gmock/gmock.h>
 #include <memory>
@@ -50,8 +47,6 @@ protected:
         QObject::connect(&control, &GLControl::mousePressed, place("press "));
         QObject::connect(&control, &GLControl::mouseMoved, place("move "));
         QObject::connect(&control, &GLControl::mouseReleased, place("release "));
-        QObject::connect(&control, &GLControl::mouseWheeled, note("wheel "));
-        QObject::connect(&control, &GLControl::keyPressed, note("key "));
     }
 
     bool press(double x, double y) { return mouse(QEvent::MouseButtonPress, {x, y}, Qt::LeftButton); }
@@ -63,11 +58,6 @@ protected:
         if (type == QEvent::MouseButtonPress)
             return _layout.mousePress(point, &event);
         return type == QEvent::MouseMove ? _layout.mouseMove(point, &event) : _layout.mouseRelease(point, &event);
-    }
-    bool key()
-    {
-        QKeyEvent event(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
-        return _layout.keyPress(&event);
     }
     std::vector<std::string> heard() { return std::exchange(_heard, {}); }
 
@@ -114,63 +104,4 @@ TEST_F(GLControlLayoutTest, ThePressedControlKeepsTheMouse)
     EXPECT_FALSE(release(350, 250));
     move(350, 250);
     EXPECT_THAT(heard(), ElementsAre("move video 350,250"));
-}
-
-TEST_F(GLControlLayoutTest, KeysGoToTheControlPressedLastOrElseToTheLowest)
-{
-    press(120, 70);
-    release(120, 70);
-    heard();
-    EXPECT_TRUE(key());
-    EXPECT_THAT(heard(), ElementsAre("key button"));
-    _layout.setFocus(nullptr);
-    EXPECT_TRUE(key());
-    EXPECT_THAT(heard(), ElementsAre("key video"));
-}
-
-TEST_F(GLControlLayoutTest, WhatIsDisabledSwallowsTheMouseAndWhatIgnoresItDoesNot)
-{
-    _button.setEnabled(false);
-    EXPECT_TRUE(press(120, 70));
-    EXPECT_THAT(heard(), ElementsAre("+bar"));
-    QObject::connect(&_video, &GLControl::mousePressed,
-                     [](GLControl*, QPointF, QMouseEvent* event) { event->ignore(); });
-    EXPECT_FALSE(press(10, 10));
-    EXPECT_TRUE(press(250, 70));
-    heard();
-    QWheelEvent event({120, 70}, {120, 70}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    EXPECT_TRUE(_layout.mouseWheel({250, 70}, &event));
-    EXPECT_THAT(heard(), ElementsAre("wheel bar"));
-}
-
-TEST_F(GLControlLayoutTest, ControlsMayGoWhileTheyAreHandled)
-{
-    auto doomed = std::make_unique<GLControl>("doomed");
-    add(*doomed, QRectF(0, 0, 400, 300));
-    _layout.addControl(doomed.get());
-    QObject::connect(doomed.get(), &GLControl::mouseEntered, [&] { doomed.reset(); });
-    move(10, 10);
-    EXPECT_EQ(_layout.controlAt({10, 10}), &_video);
-    move(10, 10);
-    heard();
-    _layout.removeControl(&_video);
-    EXPECT_THAT(heard(), ElementsAre("-video"));
-    EXPECT_FALSE(move(10, 10));
-}
-
-TEST(GLCanvas, HidesAtTheEndOfAFadeOut)
-{
-    GLCanvas canvas;
-    QStringList heard;
-    QObject::connect(&canvas, &GLCanvas::visibilityChanged,
-                     [&](bool visible) { heard.append(visible ? "on" : "off"); });
-    canvas.fadeOut(0);
-    EXPECT_FALSE(canvas.isVisible());
-    canvas.fadeIn(1000000);
-    EXPECT_TRUE(canvas.isVisible());
-    EXPECT_LT(canvas.opacity(), 0.5);
-    canvas.setOpacity(7.0);
-    EXPECT_DOUBLE_EQ(canvas.opacity(), 1.0);
-    EXPECT_FALSE(canvas.isFading());
-    EXPECT_EQ(heard, (QStringList{"off", "on"}));
 }

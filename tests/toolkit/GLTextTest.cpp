@@ -5,12 +5,6 @@
 
 #include <gmock/gmock.h>
 
-TEST(GLTexture, NearestPowerOfTwoHoldsTheNumber)
-{
-    for (auto const& [number, power] : {std::pair{-5, 1}, {3, 4}, {512, 512}, {513, 1024}, {0x7fffffff, 1 << 30}})
-        EXPECT_EQ(GLTexture::nearestPowerOfTwo(number), power) << number;
-}
-
 TEST(GLTexture, TextImagePutsOutlinedTextWhereItIsAligned)
 {
     QFont font;

@@ -92,12 +92,3 @@ TEST(AsfHeader, HeaderExtensionsAreReadOnlySoDeepInsideEachOther)
         EXPECT_EQ(SimpleAsfParser(result).numberOfStreams(), depth <= HeaderExtensionObject::maximumDepth) << depth;
     }
 }
-
-/// As many objects as fit must not make pairs of all of them.
-TEST(AsfHeader, ThousandsOfStreamsOfTheSameNumbers)
-{
-    QList<QByteArray> objects = {fileProperties()};
-    for (int i = 0; i < 20000; ++i)
-        objects.append(i % 2 ? audio(1 + i % 50) : video(51 + i % 50));
-    EXPECT_FALSE(rewritten(header(objects)).isEmpty());
-}

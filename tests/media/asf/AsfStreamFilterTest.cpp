@@ -3,6 +3,12 @@
 #include "AsfStreamFilter.h"
 
 #include "AsfBytes.h"
+#include "Clips.h"
+#include "FFwrapper.h"
+
+extern "C" {
+#include <libavformat/avformat.h>
+}
 
 #include <gmock/gmock.h>
 
@@ -13,6 +19,18 @@ namespace
 QByteArray bitrateMutex(QList<int> const& streamNumbers)
 {
     return mutex(asfBitrateMutexGuid, asfMutexBitrate, streamNumbers);
+}
+
+/// The streams that FFmpeg finds, opened as a viewer's player would.
+QList<int> streamsIn(QString const& path)
+{
+    AVFormatContext* opened = avformat_alloc_context();
+    EXPECT_EQ(FFwrapper::openContext(opened, qPrintable(path), nullptr), 0);
+    FormatContextPointer const context(opened);
+    QList<int> ids;
+    for (unsigned int i = 0; context && i < context->nb_streams; ++i)
+        ids.append(context->streams[i]->id);
+    return ids;
 }
 } // namespace
 
@@ -93,4 +111,21 @@ TEST(AsfStreamFilter, SwitchedOffStreamsLeaveEveryObject)
     };
     after[0] = fileProperties(1300, 2, static_cast<quint64>(header(after).size()));
     EXPECT_EQ(result, header(after).replace(header(after).size() - 34, 8, u64(50)));
+}
+
+TEST(AsfStreamFilter, WantedStreamsOfARealHeaderAreThoseThatFFmpegFinds)
+{
+    QByteArray const file = Clips::bytes(Clips::asf(3, 1));
+    QByteArray const limits = bitrateMutex({1, 2, 3}) + bitrates({{1, 100000}, {2, 300000}, {3, 500000}, {4, 48000}});
+    qsizetype const headerSize = SimpleAsfParser().ParseHeader(file);
+    for (auto const& [extra, wanted] : {std::pair(QByteArray(), QList{1, 2, 3, 4}), {limits, {2, 4}}}) {
+        QByteArray changed = file;
+        changed.insert(headerSize - 50, extra);
+        changed.replace(16, 8, u64(static_cast<quint64>(headerSize - 50 + extra.size())));
+        QMap<int, int> selection;
+        QByteArray rewritten;
+        AsfStreamFilter(changed).useBandwidthLimit(512000, selection, rewritten);
+        EXPECT_EQ(selection.keys(AsfStreamFilter::wanted), wanted);
+        EXPECT_EQ(streamsIn(Clips::write("written.asf", rewritten + file.mid(headerSize))), wanted);
+    }
 }

@@ -147,7 +147,7 @@ TEST_F(HttpMmsClientTest, AsksForTheHeaderAndThenForTheStream)
     EXPECT_EQ(_header.first().first().toByteArray(), rewritten);
     EXPECT_EQ(connected.size(), 1);
     EXPECT_EQ(_client->packetSize(), 3200);
-    EXPECT_GT(_client->streamBitrate(), 1000);
+    EXPECT_EQ(_client->streamBitrate(), 464000);
 
     EXPECT_EQ(ownLines(), "GET /a%20b/live?x=%26 HTTP/1.1\nPragma: stream-switch-count=2\nPragma: client-id=77\n"
                           "Pragma: stream-switch-entry=ffff:1:0 ffff:2:0 \n"
@@ -265,7 +265,8 @@ TEST_F(HttpMmsClientTest, TheLastWordsOutliveTheClient)
     HttpTestServer server;
     auto farewells = std::make_unique<MmsFarewells>(&network, 60000); // A busy machine says them late.
     _client->setFarewells(farewells.get());
-    _client->connectToServer(QUrl(QString("http://127.0.0.1:%1/live").arg(server.port())), {}, 10000);
+    QUrl const url(QString("http://127.0.0.1:%1/live").arg(server.port()));
+    _client->connectToServer(url, {}, 10000);
     answerDescribe();
     request();
     newest()->respond(response(200));
@@ -274,6 +275,9 @@ TEST_F(HttpMmsClientTest, TheLastWordsOutliveTheClient)
     EXPECT_TRUE(server.takeRequest().lines.contains("Pragma: xStopStrm=1"));
     server.send("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
     EXPECT_TRUE(server.takeRequest().body.startsWith("<XML>"));
+    server.send("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
+    farewells->say(url, {{HttpRequestHeader("GET", "/another"), {}}}); // To the thread that runs by now.
+    EXPECT_EQ(server.takeRequest().lines.first(), "GET /another HTTP/1.1");
     server.send("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
     farewells.reset(); // Waits for the end.
 }
@@ -330,11 +334,7 @@ TEST_F(HttpMmsClientTest, LeavesAStreamWithAStopAndAReport)
     answer(response(200));
     EXPECT_EQ(errors(), Errors{MmsClient::NoError});
     FakeHttpClient::Sent const report = request();
-    EXPECT_EQ(report.header.toString(),
-              "POST /live HTTP/1.1\r\nHost: h\r\nAccept: */*\r\nUser-Agent: NSPlayer/11.0.5721.5145\r\n"
-              "Pragma: client-id=77\r\nPragma: xClientGUID={ffffffff-89ab-cdef-0123-456789abcdef}\r\n"
-              "Content-Type: application/x-wms-LogStats;charset=UTF-8\r\nContent-Length: " +
-                  QString::number(report.body.size()) + "\r\n\r\n");
+    EXPECT_TRUE(report.header.toString().contains("xClientGUID={ffffffff-89ab-cdef-0123-456789abcdef}"));
     EXPECT_TRUE(report.body.contains("<date>2011-02-03</date><time>"));
     EXPECT_TRUE(report.body.endsWith("<cs-url>mms://h/live</cs-url><ContentDescription></ContentDescription></XML>"));
     answer(response(200));

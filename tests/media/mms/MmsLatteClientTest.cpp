@@ -222,6 +222,17 @@ TEST_F(MmsLatteClientTest, WhatLeadsNowhereIsAnErrorInWords)
     }
 }
 
+TEST_F(MmsLatteClientTest, WhatTheServerOfAnAddressAnsweredIsTheErrorWhenTcpBringsNothing)
+{
+    LogCapture const capture;
+    start("http://127.0.0.1/live");
+    check().respond(HttpResponseHeader(401));
+    transport()->end(MmsClient::RemoteServerClosed);
+    timers.advance(10000);
+    EXPECT_EQ(takeEvents().last(), "error 9");
+    EXPECT_TRUE(capture.contains("http://127.0.0.1/live answers 401"));
+}
+
 TEST_F(MmsLatteClientTest, AWeakStreamIsLeftForTheNextAddress)
 {
     LogCapture const capture;

@@ -38,28 +38,6 @@ TEST(ByteQueue, GivesBackWhatWentInWhateverTheSizes)
     }
 }
 
-TEST(MmsStreamBuffer, StartsAtAnyBitrate)
-{
-    // The last one is limited by the buffer, or it would never start.
-    for (auto const& [bitrate, start] :
-         {std::pair(qint64(0), 100), {-5, 100}, {std::numeric_limits<qint64>::max(), 33'554'500}}) {
-        MmsStreamBuffer buffer;
-        buffer.setHeader(header, bitrate, -1);
-        while (!buffer.append(QByteArray(100, 'x')).hasStarted && buffer.size() <= start) {
-        }
-        EXPECT_EQ(buffer.size(), start) << bitrate;
-    }
-}
-
-TEST(MmsStreamBuffer, AnEqualHeaderLeavesTheBufferAlone)
-{
-    MmsStreamBuffer buffer;
-    buffer.setHeader(header, 8000, 100);
-    EXPECT_TRUE(buffer.append(QByteArray(5000, 'x')).isNewStream);
-    EXPECT_FALSE(buffer.setHeader(header, 16000, 200));
-    EXPECT_EQ(buffer.bytesAvailable(), 5000);
-}
-
 TEST(MmsStreamBuffer, HandsOutWholePacketsOnly)
 {
     MmsStreamBuffer buffer;

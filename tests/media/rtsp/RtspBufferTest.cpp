@@ -16,19 +16,6 @@ constexpr qint64 upkeep = RtspBuffer::chunkUpkeep;
 
 } // namespace
 
-TEST(RtspBuffer, BytesComeOutInOrderWhateverTheSizesOfReads)
-{
-    RtspBuffer buffer(1 << 20);
-    QByteArray out;
-    for (char const* const chunk : {"abc", "", "defgh", "i"}) {
-        EXPECT_EQ(buffer.append(chunk, true), 0);
-        out += read(buffer, 2);
-    }
-    EXPECT_EQ(buffer.size(), 2);
-    EXPECT_EQ(out + read(buffer), "abcdefghi");
-    EXPECT_EQ(buffer.size(), 0);
-}
-
 TEST(RtspBuffer, ABufferThatIsFullLeapsToTheNextEntry)
 {
     RtspBuffer buffer(5 * (upkeep + 10));

@@ -33,9 +33,9 @@ RtspTestServer::RtspTestServer()
     _udp.bind(QHostAddress::LocalHost);
 }
 
-QString RtspTestServer::address(QString const& user) const
+QString RtspTestServer::address() const
 {
-    return "rtsp://" + user + "127.0.0.1:" + QString::number(_server.serverPort()) + "/live";
+    return "rtsp://127.0.0.1:" + QString::number(_server.serverPort()) + "/live";
 }
 
 QByteArray RtspTestServer::reply(Request const& request, QByteArray const& status, QByteArray const& headers,

@@ -26,7 +26,7 @@ public:
 
     RtspTestServer();
 
-    QString address(QString const& user = {}) const;
+    QString address() const;
 
     /// Replaces the answer to a method.
     void on(QByteArray const& method, Answer answer) { _answers[method] = std::move(answer); }

@@ -27,21 +27,12 @@ TEST_F(OverlayTest, ControlsAreDrawnInOrderAtTheirPlacesWithTheirOpacity)
     layout.addControl(&bar);
 
     beginSurface(100, 80);
-    layout.render(1.0);
-    QImage image = surface();
-    for (QPoint const inBar : {QPoint(10, 20), QPoint(49, 59), QPoint(48, 42)})
-        EXPECT_EQ(image.pixelColor(inBar), QColor(Qt::red));
-    for (QPoint const inButton : {QPoint(15, 25), QPoint(47, 41)})
-        EXPECT_EQ(image.pixelColor(inButton), QColor(Qt::green));
-    EXPECT_EQ(image.pixelColor(50, 60), QColor(Qt::black));
-
-    beginSurface(100, 80);
     bar.setOpacity(0.5);
-    button.setOpacity(0.5);
     layout.render(1.0);
-    image = surface();
-    EXPECT_NEAR(image.pixelColor(12, 22).red(), 128, 2);
-    EXPECT_NEAR(image.pixelColor(20, 30).red(), 96, 2);
-    EXPECT_NEAR(image.pixelColor(20, 30).green(), 64, 2);
+    QImage const image = surface();
+    EXPECT_EQ(image.pixelColor(50, 60), QColor(Qt::black));
+    EXPECT_NEAR(image.pixelColor(49, 59).red(), 128, 2);
+    EXPECT_NEAR(image.pixelColor(15, 25).red(), 64, 2);
+    EXPECT_NEAR(image.pixelColor(47, 41).green(), 128, 2);
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }

@@ -93,7 +93,6 @@ TEST_F(PresentationTest, ShowsPicturesAsOpenGLDoes)
         AVPixelFormat format;
         double psnr;
     } const cases[] = {
-        {"its own size", {320, 180}, {90, 61, 320, 180}, all, AV_PIX_FMT_YUV420P, 40.0},
         {"its own size, cut at odd places", {640, 360}, {-69, -29, 640, 360}, all, AV_PIX_FMT_YUV420P, 40.0},
         {"converted beforehand", {320, 180}, {90, 61, 320, 180}, all, AV_PIX_FMT_RGB24, 50.0},
         {"enlarged and cut", {320, 180}, {100, 51, 440, 248}, {100, 51, 333, 111}, AV_PIX_FMT_YUV420P, 40.0},
@@ -136,22 +135,4 @@ TEST_F(PresentationTest, PaintsWhatIsNewAndAllOfItWhenSomethingElseHasDrawn)
     _presenter.forget();
     present(pictures);
     EXPECT_EQ(seen(), now);
-}
-
-TEST(GLMovieScaler, TakesNothingFromOutsideOfThePicture)
-{
-    Frame const frame = testPicture(64, 48, AV_PIX_FMT_YUV420P);
-    auto const texture = textureOf(frame.get(), AV_PIX_FMT_YUV420P);
-    constexpr int stride = 512;
-    std::vector<unsigned char> target(stride * 100);
-    GLMovieScaler scaler;
-    std::lock_guard const lock(*texture);
-    for (auto const& [source, fits] : {std::pair{QRect(0, 0, 64, 48), true},
-                                       {QRect(0, 0, 64, 64), false},
-                                       {QRect(2, 0, 64, 48), false},
-                                       {QRect(0, -2, 64, 48), false},
-                                       {QRect(), false}}) {
-        GLMovieCut const cut{.source = source, .scaled = source.size(), .shown = source};
-        EXPECT_EQ(scaler.scale(*texture, cut, target.data(), stride), fits) << source.height();
-    }
 }

@@ -107,11 +107,6 @@ def truncated():
     return _changed("truncated.mp4", whole, lambda data: data[:len(data) // 3])
 
 
-def beheaded():
-    """A film whose index, at its end, is missing."""
-    return _changed("beheaded.mp4", mp4(), lambda data: data[:len(data) // 2])
-
-
 def unknown_codecs():
     """A film in which nothing can be decoded."""
     return _changed("unknown-codecs.mp4", mp4(), lambda data: data.replace(b"avc1", b"zzz1").replace(b"mp4a", b"zzz2"))

@@ -8,9 +8,8 @@ import subprocess
 import tempfile
 
 from . import clips, wait_for
-from .faulty_proxy import FaultyProxy
+from .faulty_proxy import RTSP, FaultyProxy, ThreadedServer, read_request
 from .foreign_servers import TCP, UDP, GStreamerServer
-from .hostile_servers import RTSP, HostileServer, read_request
 from .localservices import LocalServices
 
 COLOURS = (200, 0, 0), (0, 140, 0), (0, 0, 200)  # Of the lower half of each film.
@@ -31,11 +30,10 @@ def feed(index, *output):
                              "-c", "copy", *output], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
 
 
-class Origin(HostileServer):
+class Origin(ThreadedServer):
     """Sends whoever connects what is live in `film`, in that format; or over HTTP, for live.ts, and files of a directory."""
 
     def __init__(self, output, directory=None):
-        super().__init__()
         self.film, self._output, self._directory = 0, output, directory
 
     def serve(self, connection):

@@ -22,8 +22,8 @@ def free_port():
 class _Server:
     """A server from entering the context to leaving it."""
 
-    def __init__(self, port=None):
-        self.port = port or free_port()
+    def __init__(self):
+        self.port = free_port()
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="ombravision-server-"))
 
     @property
@@ -65,19 +65,19 @@ class _Server:
 
 
 class GStreamerServer(_Server):
-    """Plays a film again for each client, or once for all with `shared`, over those transports that are selected.
+    """Plays a film again for each client, over those transports that are selected.
 
     `launch` is a pipeline in place of a film's; what it is set to later goes for the next start(). `user` and `password` ask
     for digest authentication.
     """
 
-    def __init__(self, clip=None, transports=(UDP, TCP), launch=None, shared=False, user=None, password=None, port=None):
-        super().__init__(port)
+    def __init__(self, clip=None, transports=(UDP, TCP), launch=None, user=None, password=None):
+        super().__init__()
         self.launch = launch or (
             f"( filesrc location={clip} ! qtdemux name=d"
             "  d.video_0 ! queue ! h264parse ! rtph264pay name=pay0 pt=96 config-interval=0"
             "  d.audio_0 ! queue ! aacparse ! rtpmp4gpay name=pay1 pt=97 )")
-        self._options = [",".join(transports), "shared" if shared else "single", user or "", password or ""]
+        self._options = [",".join(transports), user or "", password or ""]
 
     def _command(self):
         # GStreamer's introspection belongs to the system's Python.
@@ -87,8 +87,8 @@ class GStreamerServer(_Server):
 class _VlcServer(_Server):
     """Plays a film again and again for all clients at once."""
 
-    def __init__(self, clip, port=None):
-        super().__init__(port)
+    def __init__(self, clip):
+        super().__init__()
         self._clip = self.directory / ("film" + pathlib.Path(clip).suffix)
         shutil.copy(clip, self._clip)  # Where the server's user can read it.
         for path in (self.directory, self._clip):
@@ -126,7 +126,7 @@ class VlcMmsServer(_VlcServer):
                 "--sout", f"#std{{access=mmsh,mux=asfh,dst=127.0.0.1:{self.port}/live}}"]
 
 
-def _serve(port, launch, transports, sharing, user, password):
+def _serve(port, launch, transports, user, password):
     import gi
     gi.require_version("Gst", "1.0")
     gi.require_version("GstRtsp", "1.0")
@@ -139,7 +139,6 @@ def _serve(port, launch, transports, sharing, user, password):
     server.set_service(port)
     factory = GstRtspServer.RTSPMediaFactory()
     factory.set_launch(launch)
-    factory.set_shared(sharing == "shared")
     flags = {UDP: GstRtsp.RTSPLowerTrans.UDP, TCP: GstRtsp.RTSPLowerTrans.TCP}
     protocols = GstRtsp.RTSPLowerTrans(0)
     for transport in transports.split(","):

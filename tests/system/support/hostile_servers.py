@@ -3,12 +3,8 @@
 import pathlib
 import socket
 import struct
-import subprocess
-import tempfile
 import threading
 import time
-
-from . import wait_for
 
 RTSP = "rtsp"
 
@@ -230,71 +226,3 @@ class SilentOverHttp(HostileServer):
         except OSError:
             pass
         sink.close()
-
-
-class LiveOverHttp(HostileServer):
-    """A film as live television, a transport stream or, under /live.m3u8, segments of a second, which ffmpeg paces.
-
-    While `silent`, every connection is held and says nothing, for good; leave() and come_back() are the server's own.
-    """
-
-    scheme = "http"
-
-    def __init__(self, clip, segmented):
-        super().__init__()
-        self.silent = False
-        self._segmented = segmented
-        self._clip = ["ffmpeg", "-nostdin", "-loglevel", "quiet", "-re", "-stream_loop", "-1", "-i", str(clip), "-c", "copy"]
-
-    @property
-    def address(self):
-        return super().address + (".m3u8" if self._segmented else ".ts")
-
-    def __enter__(self):
-        self._directory = tempfile.TemporaryDirectory()
-        self._list = pathlib.Path(self._directory.name, "live.m3u8")
-        if self._segmented:
-            self._writer = subprocess.Popen([*self._clip, "-f", "hls", "-hls_time", "1", "-hls_list_size", "4",
-                                             "-hls_flags", "delete_segments+omit_endlist", self._list])
-            wait_for(self._list.exists, 15, "segments")
-        return super().__enter__()
-
-    def __exit__(self, *arguments):
-        self.leave()
-        if self._segmented:
-            self._writer.kill()
-            self._writer.wait()
-        self._directory.cleanup()
-
-    def leave(self):
-        """Nobody is there any more: who comes is refused."""
-        if not self._over.is_set():
-            super().__exit__()
-
-    def come_back(self):
-        self._over = threading.Event()
-        self._listener = socket.create_server(("127.0.0.1", self.port))
-        threading.Thread(target=self._accept, daemon=True).start()
-
-    def serve(self, connection):
-        over = self._over
-        name = pathlib.PurePath((read_request(connection).split() or ["", ""])[1]).name
-        self.requests += 1
-        if self.silent:
-            threading.Event().wait()
-        if self._segmented:
-            file = self._list.with_name(name)
-            body = file.read_bytes() if file.is_file() else b""
-            head = "200 OK" if body else "404 Not Found"
-            self.send(connection, f"HTTP/1.1 {head}\r\nContent-Length: {len(body)}\r\nConnection: close\r\n\r\n".encode() + body)
-            return
-        self.send(connection, b"HTTP/1.0 200 OK\r\nContent-Type: video/mp2t\r\n\r\n")
-        with subprocess.Popen([*self._clip, "-f", "mpegts", "-"], stdout=subprocess.PIPE) as film:
-            try:
-                while not over.is_set():
-                    data = film.stdout.read1(65536)
-                    if self.silent:
-                        threading.Event().wait()
-                    self.send(connection, data)
-            finally:
-                film.kill()

@@ -1,5 +1,6 @@
-"""What a viewer should see and hear of a live stream."""
+"""What a viewer should see and hear of a film or a stream."""
 
+import math
 import os
 import time
 
@@ -35,11 +36,12 @@ def check_picture(test, program, clip, seconds):
         time.sleep(1)
 
 
-def check_sound(test, program, frequency, seconds):
-    """For a program that has ended: a tone of that frequency has sounded for so long."""
+def check_sound(test, program, frequency, seconds, delta=None):
+    """For a program that has ended: a tone of that frequency has sounded for so long, or longer unless a `delta` is given."""
     sound = Sound.of_wave(program.wave)
     first, last = sound.span()
-    test.assertGreater(last - first, seconds)
+    test.assertGreater(last - first, seconds - (delta or 0))
+    test.assertLess(last - first, seconds + (delta or math.inf))
     for start in (first + 0.5, (first + last) / 2, last - 1.5):
         test.assertAlmostEqual(sound.pitch(frequency, start), frequency, delta=frequency / 150)
 
