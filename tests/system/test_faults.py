@@ -108,7 +108,7 @@ class Faults(unittest.TestCase):
             self.assertLess(time.monotonic() - began, CLOSING)
 
     def run_rounds(self, chance):
-        self.watch([])
+        self.watch([self.pool.submit(self.started)])
         usage, end = [], time.monotonic() + SECONDS
         while time.monotonic() < end:
             began, lines = time.monotonic(), len(self.program.log_lines())
@@ -133,6 +133,13 @@ class Faults(unittest.TestCase):
             self.viewer.look()
             self.assertTrue(self.program.is_running(), "the program has gone")
         self.viewer.check()
+
+    def started(self):
+        end = time.monotonic() + START
+        while time.monotonic() < end and not all(stream.good for stream in self.streams):
+            time.sleep(0.1)
+        for stream in self.streams:
+            stream.due = time.monotonic()
 
     def harm(self, stream):
         time.sleep(stream.chance.uniform(0, 2))

@@ -53,7 +53,8 @@ def coloured(colour, width, height, codec, rate, seconds=20):
     container, sound = ("asf", "wmav2") if "wm" in codec or "msmpeg4" in codec else ("mkv", "aac")
     picture = _picture(width, height, seconds)
     picture[-1] += f",drawbox=x=iw/4:y=ih/2:w=iw/2:h=ih/2:color=0x{colour}:t=fill"
-    return make(f"colour-{colour}-{width}x{height}-{codec}-{rate}.{container}", *picture, *_tone(440, seconds), "-c:v", codec,
+    speed = ["-preset", "ultrafast"] if codec.startswith("lib") else []
+    return make(f"colour-{colour}-{width}x{height}-{codec}-{rate}.{container}", *picture, *_tone(440, seconds), "-c:v", codec, *speed,
                 "-b:v", rate, "-maxrate", rate, "-bufsize", rate, "-pix_fmt", "yuv420p", "-g", "25", "-c:a", sound)
 
 
