@@ -29,7 +29,7 @@ void SecretStore::setKeeper(SecretKeeper* keeper)
 
 QString SecretStore::read(QSettings& settings, QString const& key)
 {
-    QString const stored = storedText(settings, key);
+    QString stored = storedText(settings, key);
     if (stored.isEmpty())
         return {};
     if (!stored.startsWith(enciphered)) {
@@ -37,7 +37,7 @@ QString SecretStore::read(QSettings& settings, QString const& key)
             settings.setValue(key, text);
         return stored;
     }
-    QString const secret = decrypt(stored);
+    QString secret = decrypt(stored);
     if (secret.isNull() && !std::exchange(_hasToldUnreadable, true))
         LOG_WARNING("The stored secret %s cannot be read; it has to be given again.", qUtf8Printable(key));
     return secret;

@@ -34,15 +34,15 @@ QString checkSettingsFile()
     if (!file.exists())
         return {};
     if (!file.isFile() || !file.isReadable())
-        return translated("The settings file %1 can't be read. All settings are as at first.").arg(path);
+        return translated("The settings file %1 can't be read. All settings have their defaults.").arg(path);
     if (isWellFormed(path))
         return {};
     QString const copy = path + ".damaged";
     QFile::remove(copy);
     if (!QFile::copy(path, copy))
-        return translated("The settings file %1 is damaged. Some settings are as at first.").arg(path);
+        return translated("The settings file %1 is damaged. Some settings have their defaults.").arg(path);
     return translated(
-               "The settings file %1 is damaged. Some settings are as at first; the damaged file is kept as %2.")
+               "The settings file %1 is damaged. Some settings have their defaults; the damaged file is kept as %2.")
         .arg(path, copy);
 }
 

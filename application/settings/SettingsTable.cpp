@@ -24,7 +24,7 @@ struct Line : Setting {
 
     constexpr Line(SettingScope where, char const* in, char const* name, SettingField what, Signal tells = nullptr,
                    ShownBy by = {})
-        : Setting{where, in, name, what, tells, by}
+        : Setting{in, name, what, tells, by, where}
     {
     }
 

@@ -44,16 +44,16 @@ using SettingField =
 
 /// All that is to be known of one setting.
 struct Setting {
-    SettingScope scope;
     char const* group; ///< Empty for none.
     char const* key;   ///< Empty for a setting of this run.
     SettingField field;
     void (AppSettings::*changed)() = nullptr; ///< The signal, if it has one.
     /// The action whose mark shows it; of a number the action of its 0, which those of the others follow.
     std::optional<MenuAction> action = {};
-    bool actionShowsOff = false; ///< The mark is set while the setting is off.
+    SettingScope scope = SettingScope::Run;
     WhenAbsent whenAbsent = WhenAbsent::Initial;
     SettingStorage storage = SettingStorage::ReadAndWritten;
+    bool actionShowsOff = false; ///< The mark is set while the setting is off.
     std::optional<SettingBounds> bounds = {};
     bool (*accepts)(QString const& text) = nullptr; ///< What a text must be, white space around it removed.
 };

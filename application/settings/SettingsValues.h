@@ -22,8 +22,8 @@ struct ChatColour {
 };
 
 /// Every setting as a plain field, as it is before any file was read. What of it is stored, where, and who hears of a
-/// change is the settings table's. A plain value: copies compare.
-struct SettingsValues {
+/// change is the settings table's. A plain value, by subject.
+struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it is read by people, and there is one.
     /// Which way a picture takes to the screen; Automatic is the best that the driver offers.
     enum class ColourConversion { Automatic, Shader, FragmentProgram, Software };
 
