@@ -48,7 +48,7 @@ RsaKey RsaKeyFile::store(RsaKey const& key)
     bool const isNew = ::link(from.constData(), to.constData()) == 0;
     if (!isNew) {
         // Some other process was faster, or what is there cannot be used.
-        if (RsaKey const other = load(); !other.isNull())
+        if (RsaKey other = load(); !other.isNull())
             return other;
         if (::rename(from.constData(), to.constData()) != 0)
             return fail(QString::fromLocal8Bit(strerror(errno)));

@@ -87,11 +87,10 @@ void SoapReplyReader::readEnvelope()
 void SoapReplyReader::readBody()
 {
     while (nextChild()) {
-        if (_reply._isEnvelope)
-            skip();
-        else if (_reader.name() == QLatin1String("Fault"))
+        bool const isFirst = !_reply._isEnvelope;
+        if (isFirst && _reader.name() == QLatin1String("Fault"))
             readFault();
-        else if (_reader.name() == QString(_method + "Response"))
+        else if (isFirst && _reader.name() == QString(_method + "Response"))
             readResponse();
         else
             skip();

@@ -23,7 +23,7 @@ class SoapTransport : public QObject
     Q_OBJECT
 
 public:
-    static constexpr qint64 maximumBytes = 4 * 1024 * 1024; ///< of an answer
+    static constexpr qint64 maximumBytes = qint64{4} << 20; ///< of an answer
 
     explicit SoapTransport(SoapService const& service, QObject* parent = nullptr);
     ~SoapTransport() override;

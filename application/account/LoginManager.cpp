@@ -46,7 +46,7 @@ LoginManager::~LoginManager() = default;
 QString LoginManager::nodeId(QString const& email, QString const& machineId)
 {
     QByteArray const hash = QCryptographicHash::hash((email + machineId).toUtf8(), QCryptographicHash::Sha256);
-    QString const nodeId = QString::fromLatin1(hash.toHex());
+    QString nodeId = QString::fromLatin1(hash.toHex());
     LoggerManager::logger()->setHostname(nodeId);
     return nodeId;
 }
