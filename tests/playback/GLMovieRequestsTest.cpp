@@ -1,19 +1,10 @@
-// What the threads of a movie share.
-
-#include "GLMoviePacketStatistics.h"
 #include "GLMovieRequests.h"
-
-extern "C" {
-#include <libavcodec/packet.h>
-#include <libavformat/avformat.h>
-}
 
 #include <QThread>
 
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
-#include <thread>
 
 TEST(GLMovieRequests, NobodyRestsOnceThereIsSomethingToDo)
 {
@@ -35,24 +26,5 @@ TEST(GLMovieRequests, NobodyRestsOnceThereIsSomethingToDo)
         EXPECT_TRUE(thread->wait(10000));
         requests.setPaused(true); // Wakes whoever rests all the same.
         thread->wait();
-    }
-}
-
-TEST(GLMoviePacketCounter, WhoLooksWhileItCountsSeesWholePackets)
-{
-    constexpr int count = 200000;
-    GLMoviePacketCounter counter;
-    std::jthread const reader([&] {
-        AVStream const stream = {};
-        AVPacket* packet = av_packet_alloc();
-        packet->size = 3;
-        for (int i = 0; i < count; ++i)
-            counter.countAudio(*packet, &stream);
-        av_packet_free(&packet);
-    });
-    GLMoviePacketStatistics seen;
-    while (seen.audioCount < count) {
-        seen = counter.statistics();
-        ASSERT_EQ(seen.audioBytes, 3 * seen.audioCount);
     }
 }
