@@ -221,7 +221,8 @@ TEST(DetachedThreadsDeathTest, TheEndOfTheProcessAsksThemToFinishWaitsAndKeepsIt
     auto const endWhileAtWork = [](int farewell, bool isAsked) {
         if (isAsked)
             DetachedThreads::setAtEnd([] { asked.set_value(); });
-        DetachedThreads::make(std::chrono::milliseconds(farewell)).start([] {
+        static DetachedThreads& threads = DetachedThreads::make(std::chrono::milliseconds(farewell));
+        threads.start([] {
             asked.get_future().wait();
             std::fputs("finished", stderr);
         });
