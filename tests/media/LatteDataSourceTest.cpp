@@ -1,6 +1,7 @@
 #include "LatteDataSource.h"
 
 #include "Clips.h"
+#include "FFwrapper.h"
 #include "FakeLatteClient.h"
 #include "FileLatteClientFactory.h"
 #include "Latte.h"
@@ -171,6 +172,7 @@ TEST_F(LatteDataSourceTest, AStreamThatCannotBeParsedIsTriedAgainEveryFiveSecond
     _source->now = 10000;
     deliver("");
     EXPECT_TRUE(waitUntil([&] { return capture.count("Opening mms://host/live") == 2; }));
+    EXPECT_EQ(client().emptyReads(), 0) << "a read and a signal would chase each other for ever";
     EXPECT_TRUE(_closed->isEmpty());
     EXPECT_TRUE(capture.contains("Cannot play mms://host/live"));
 }
@@ -260,12 +262,37 @@ TEST(LatteInput, WhatComesAfterANewHeaderIsLeftToTheNext)
     EXPECT_EQ(client.bytesAvailable(), 4);
 }
 
+TEST(LatteInput, WhatRanDryWhileProbingIsAcceptedWhenItsStreamsAreKnown)
+{
+    FakeLatteClient client(Uri("mms://host/live"));
+    LatteInput input(client, {}, {});
+    unsigned char buffer[100];
+    EXPECT_EQ(LatteInput::latteReadCallback(&input, buffer, 100), AVERROR_EOF);
+    FormatContextPointer const context(avformat_alloc_context());
+    FFwrapper::setFFHandler(context.get(), &LatteInput::latteReadCallback, nullptr, &input);
+    AVCodecParameters& video = *avformat_new_stream(context.get(), nullptr)->codecpar;
+    AVCodecParameters& audio = *avformat_new_stream(context.get(), nullptr)->codecpar;
+    video.codec_type = AVMEDIA_TYPE_VIDEO;
+    video.format = AV_PIX_FMT_YUV420P;
+    audio.codec_type = AVMEDIA_TYPE_AUDIO;
+    audio.ch_layout.nb_channels = 2;
+    for (auto const& [width, rate] : {std::pair(0, 0), {0, 44100}, {160, 0}, {160, 44100}}) {
+        video.width = width;
+        audio.sample_rate = rate;
+        EXPECT_EQ(input.accepts(context.get()), width > 0 && rate > 0) << width << ' ' << rate;
+    }
+}
+
 TEST_F(LatteDataSourceTest, ClientLivesOnItsThreadAndComesBack)
 {
     open("mms://host/live");
     QThread* const latteThread = client().thread();
     EXPECT_NE(latteThread, QThread::currentThread());
     EXPECT_TRUE(waitUntil([&] { return client().threadOfStart() == latteThread; }));
+    QSignalSpy const state(_source.get(), &GLMovieDataSource::stateChanged);
+    emit client().progressChanged(&client(), "Acquiring...10%");
+    settle();
+    EXPECT_EQ(state.size(), 1) << "the viewer reads it";
     client().report(NetworkErrors::CouldNotConnect);
     settle();
     ASSERT_EQ(_error->size(), 1);
