@@ -1,0 +1,50 @@
+#pragma once
+
+#include "RsaKey.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+#include <thread>
+
+class Logger;
+
+/// Enciphers the secrets in the settings with a key pair of this user's own, which is made on this machine at the
+/// first use and never leaves it.
+///
+/// A key that is gone, damaged, or may have been read by others is replaced, with a line in the log; what was
+/// enciphered with it cannot be read any more, and has to be asked for again. Lives on one thread, which reads the
+/// key's file and never makes a key: that happens on a thread of its own.
+class RsaProvider : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit RsaProvider(QString const& keyFile, QObject* parent = nullptr);
+    ~RsaProvider() override;
+
+    /// Reads the key, or has one made. ready() follows unless isReady() holds already, or the file cannot be written.
+    void prepare();
+    bool isReady() const { return !_key.isNull(); }
+
+    /// Empty as long as the key is being made, and for what is longer than 20,000 bytes.
+    QByteArray encrypt(QByteArray const& plain);
+
+    /// Nothing when it was enciphered with another key.
+    std::optional<QByteArray> decrypt(QByteArray const& enciphered);
+
+signals:
+    void ready();
+
+private:
+    void makeKey(std::stop_token const& stop);
+
+    static Logger* log;
+
+    QString const _keyFile;
+    bool _isPrepared = false;
+    RsaKey _key;
+    std::jthread _maker; ///< Stopped and waited for at the end; that takes as long as one number is tested.
+};
