@@ -13,56 +13,49 @@ ChannelDirectory::ChannelDirectory(QList<ChannelDocumentReader::Entry> const& en
     _channels.reserve(entries.size());
     for (ChannelDocumentReader::Entry const& entry : entries) {
         ChannelDescription channel = entry.description;
-        if (_rowOfId.contains(channel.id())) {
+        if (_placeOfId.contains(channel.id())) {
             LOG_WARNING("The id %s stands for more than one channel.", qPrintable(channel.id()));
             continue;
         }
+        qsizetype const place = _channels.size();
+        _placeOfId.insert(channel.id(), place);
+        _rowOfPlace.append(place);
+        if (!entry.logo.isNull()) {
+            _placesOfLogo.insert(entry.logo, place);
+            _logos.insert(entry.logo);
+        }
         channel.setLogo(entry.logo.isNull() ? noLogo : defaultLogo);
-        append(channel, entry.logo);
+        _channels.append(channel);
         LOG_DEBUG("Inserted channel description %s", qPrintable(channel.toString()));
     }
 }
 
-void ChannelDirectory::append(ChannelDescription const& channel, Uri const& logo)
-{
-    _rowOfId.insert(channel.id(), _channels.size());
-    _channels.append(channel);
-    if (logo.isNull())
-        return;
-    _idsOfLogo.insert(logo, channel.id());
-    _logoOfId.insert(channel.id(), logo);
-}
-
 ChannelDirectory ChannelDirectory::only(QSet<QString> const& ids) const
 {
-    ChannelDirectory directory;
-    for (ChannelDescription const& channel : _channels)
-        if (ids.contains(channel.id()))
-            directory.append(channel, _logoOfId.value(channel.id()));
-    directory._images = _images;
-    return directory;
-}
-
-QSet<Uri> ChannelDirectory::logos() const
-{
-    QSet<Uri> logos;
-    for (Uri const& logo : _logoOfId)
-        logos.insert(logo);
-    return logos;
+    ChannelDirectory part = *this;
+    part._channels.clear();
+    part._rowOfPlace.fill(-1);
+    for (ChannelDescription const& channel : _channels) {
+        if (!ids.contains(channel.id()))
+            continue;
+        part._rowOfPlace[_placeOfId.value(channel.id())] = part._channels.size();
+        part._channels.append(channel);
+    }
+    return part;
 }
 
 QList<ChannelDescription> ChannelDirectory::setLogo(Uri const& logo, QImage const& image)
 {
-    QList<qsizetype> rows;
-    for (auto id = _idsOfLogo.constFind(logo); id != _idsOfLogo.cend() && id.key() == logo; ++id)
-        rows.append(_rowOfId.value(*id));
-    if (rows.isEmpty())
+    if (!hasLogo(logo))
         return {};
     _images.insert(logo, image);
+    QList<qsizetype> rows;
+    for (qsizetype const place : _placesOfLogo.values(logo))
+        rows.append(_rowOfPlace.at(place));
     std::sort(rows.begin(), rows.end());
     QList<ChannelDescription> changed;
     for (qsizetype const row : std::as_const(rows)) {
-        if (_channels.at(row).logo() == image)
+        if (row < 0 || _channels.at(row).logo() == image)
             continue;
         _channels[row].setLogo(image);
         changed.append(_channels.at(row));

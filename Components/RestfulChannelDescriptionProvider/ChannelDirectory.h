@@ -27,9 +27,9 @@ public:
     /// Those of the channels that have one of these ids.
     ChannelDirectory only(QSet<QString> const& ids) const;
 
-    /// The addresses of all logos.
-    QSet<Uri> logos() const;
-    bool hasLogo(Uri const& logo) const { return _idsOfLogo.contains(logo); }
+    /// The addresses of all logos; of the whole document.
+    QSet<Uri> logos() const { return _logos; }
+    bool hasLogo(Uri const& logo) const { return _logos.contains(logo); }
     bool isLogoSet(Uri const& logo) const { return _images.contains(logo); }
 
     /// Sets the image at an address. Returns the channels that have another logo now.
@@ -39,13 +39,15 @@ public:
     void adoptLogos(ChannelDirectory const& other);
 
 private:
-    void append(ChannelDescription const& channel, Uri const& logo);
-
     static Logger* log;
 
     QList<ChannelDescription> _channels;
-    QHash<QString, qsizetype> _rowOfId;
-    QMultiHash<Uri, QString> _idsOfLogo;
-    QHash<QString, Uri> _logoOfId;
-    QHash<Uri, QImage> _images; ///< Those that were set.
+
+    // Of the whole document, and shared with those that have only a part of it.
+    QHash<QString, qsizetype> _placeOfId;     ///< In the document.
+    QMultiHash<Uri, qsizetype> _placesOfLogo; ///< Likewise.
+    QSet<Uri> _logos;
+
+    QList<qsizetype> _rowOfPlace; ///< Where in the list a channel of the document is; -1 for nowhere.
+    QHash<Uri, QImage> _images;   ///< Those that were set.
 };

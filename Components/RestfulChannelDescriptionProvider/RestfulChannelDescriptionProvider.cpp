@@ -9,20 +9,9 @@
 #include "SoapAllowedChannels.h"
 #include "WebCache.h"
 
-#include <QCryptographicHash>
 #include <QNetworkAccessManager>
 
 #include <utility>
-
-namespace
-{
-
-QByteArray digestOf(QByteArray const& bytes)
-{
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
-}
-
-} // namespace
 
 Logger* RestfulChannelDescriptionProvider::log = LoggerManager::logger();
 
@@ -155,110 +144,6 @@ void RestfulChannelDescriptionProvider::refresh()
     post([](RestfulChannelDescriptionProvider& provider) { provider.readCachedDocument(); });
 }
 
-void RestfulChannelDescriptionProvider::readCachedDocument()
-{
-    if (_webCache->isAvailable(_channelsUri))
-        parse(_webCache->content(_channelsUri));
-}
-
-void RestfulChannelDescriptionProvider::onUpdated(Uri const& uri, bool hasChanged, QDateTime const&)
-{
-    LOG_DEBUG("Update from WebCache for %s", qPrintable(uri.toString()));
-    if (uri == _channelsUri) {
-        LOG_DEBUG("It's the channel XML.");
-        parse(_webCache->content(uri));
-    } else if (hasChanged || isMissingLogo(uri)) {
-        loadLogo(uri);
-    }
-}
-
-/// What was in the cache before it was watched.
-void RestfulChannelDescriptionProvider::onAvailable(Uri const& uri)
-{
-    if (uri == _channelsUri)
-        readCachedDocument();
-    else if (isMissingLogo(uri))
-        loadLogo(uri);
-}
-
-void RestfulChannelDescriptionProvider::onRefused(Uri const& uri, QString const& fault)
-{
-    if (uri == _channelsUri)
-        parsingFailed(fault);
-}
-
-void RestfulChannelDescriptionProvider::onUnavailable(Uri const& uri, NetworkErrors::NetworkError error)
-{
-    if (uri == _channelsUri)
-        later([this, error] { reportMissingList(NetworkErrors::stringForError(error)); });
-}
-
-bool RestfulChannelDescriptionProvider::isMissingLogo(Uri const& uri) const
-{
-    QMutexLocker const locker(&_mutex);
-    return _directory.hasLogo(uri) && !_directory.isLogoSet(uri);
-}
-
-void RestfulChannelDescriptionProvider::parse(QByteArray const& xml)
-{
-    LOG_INFO("Parsing %d bytes.", static_cast<int>(xml.size()));
-    QByteArray const digest = digestOf(xml);
-    if (digest == _parsedDigest) {
-        // The channels are the same, but perhaps not those that are allowed.
-        later([this] { readAllowedChannels(); });
-        return;
-    }
-    ChannelDocumentReader::Document const document = ChannelDocumentReader::read(xml);
-    if (!document.error.isEmpty()) {
-        parsingFailed(document.error);
-        return;
-    }
-    ChannelDirectory directory(document.entries, _defaultLogo, _noLogo);
-    loadCachedLogos(directory);
-    _parsedDigest = digest;
-    later([this, directory] { takeDirectory(directory); });
-}
-
-void RestfulChannelDescriptionProvider::parsingFailed(QString const& fault)
-{
-    LOG_ERROR("Error parsing channels.xml\n%s", qPrintable(fault));
-    _webCache->update(_channelsUri);
-    later([this] { emit channelParsingError(tr("Error parsing channels\nRetrying...")); });
-}
-
-/// The logos that have been decoded before are adopted later, and those beyond the limit come when they are watched.
-void RestfulChannelDescriptionProvider::loadCachedLogos(ChannelDirectory& directory) const
-{
-    QMutexLocker locker(&_mutex);
-    ChannelDirectory const known = _directory;
-    locker.unlock();
-    int loaded = 0;
-    for (Uri const& logo : directory.logos()) {
-        if (loaded == logosWithList)
-            return;
-        if (known.isLogoSet(logo) || !_webCache->isAvailable(logo))
-            continue;
-        ++loaded;
-        if (QImage const image = BoundedImage::decode(_webCache->content(logo)); !image.isNull())
-            directory.setLogo(logo, image);
-    }
-}
-
-void RestfulChannelDescriptionProvider::loadLogo(Uri const& logo)
-{
-    QMutexLocker locker(&_mutex);
-    bool const isOurs = _directory.hasLogo(logo);
-    locker.unlock();
-    if (!isOurs)
-        return; // Others use the cache, too.
-    LOG_DEBUG("Logo fetched %s", qPrintable(logo.toString()));
-    QImage const image = BoundedImage::decode(_webCache->content(logo));
-    if (image.isNull())
-        LOG_WARNING("The logo %s is no picture that can be shown.", qPrintable(logo.toString()));
-    else
-        later([this, logo, image] { takeLogo(logo, image); });
-}
-
 void RestfulChannelDescriptionProvider::takeLogo(Uri const& logo, QImage const& image)
 {
     LOG_DEBUG("Logo for %s updated.", qPrintable(logo.toString()));
@@ -270,29 +155,20 @@ void RestfulChannelDescriptionProvider::takeLogo(Uri const& logo, QImage const& 
         logoUpdated(channel);
 }
 
-void RestfulChannelDescriptionProvider::takeDirectory(ChannelDirectory const& directory)
+void RestfulChannelDescriptionProvider::onDirectoryTaken()
 {
     QMutexLocker locker(&_mutex);
-    QSet<Uri> const before = _directory.logos();
-    QSet<Uri> const now = directory.logos();
-    ChannelDirectory const old = std::exchange(_directory, directory);
-    _directory.adoptLogos(old);
-    _isAllowedLoaded = false;
-    _isListOld = true;
-    bool const isRunning = _isRunning;
-    if (!isRunning) {
-        _published = _directory.only(_allowed);
-        _isResetPending = true;
-    }
-    locker.unlock();
-    if (!isRunning) {
-        LOG_INFO("Should reset, but not running. Will reset when started.");
+    if (_isRunning) {
+        locker.unlock();
+        readAllowedChannels();
         return;
     }
-    _webCache->ignore(before - now);
-    for (Uri const& logo : now - before)
-        _webCache->watch(logo, {&BoundedImage::faultOf});
-    readAllowedChannels();
+    _published = _directory.only(_allowed);
+    _isResetPending = true;
+    QSet<Uri> const logos = _directory.logos();
+    locker.unlock();
+    LOG_INFO("Should reset, but not running. Will reset when started.");
+    _webCache->ignore(logos); // It may have been stopped while they began to be watched.
 }
 
 void RestfulChannelDescriptionProvider::readAllowedChannels()

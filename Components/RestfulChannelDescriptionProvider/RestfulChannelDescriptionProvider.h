@@ -105,11 +105,12 @@ private:
     void parse(QByteArray const& xml);
     void parsingFailed(QString const& fault);
     void loadCachedLogos(ChannelDirectory& directory) const;
+    void takeDirectory(ChannelDirectory const& directory);
     void loadLogo(Uri const& logo);
     bool isMissingLogo(Uri const& uri) const;
 
     // On this object's thread.
-    void takeDirectory(ChannelDirectory const& directory);
+    void onDirectoryTaken();
     void takeLogo(Uri const& logo, QImage const& image);
     void parseAllowedChannels();
     void reportMissingList(QString const& text);

@@ -5,7 +5,6 @@
 #include "MemoQueue.h"
 #include "PipelinedFileDownloader.h"
 #include "RandomGenerator.h"
-#include "TickCounter.h"
 #include "WebCacheCallMemo.h"
 #include "WebCacheDownloadMemo.h"
 
@@ -28,7 +27,7 @@ Logger* WebCache::log = LoggerManager::logger();
 WebCache::WebCache(PipelinedFileDownloader* downloader, RandomGenerator* randomGenerator, MemoQueue* memoQueue,
                    TickCounter* tickCounter, QString const& directory, QObject* parent)
     : QObject(parent), _downloader(downloader), _randomGenerator(randomGenerator), _queue(memoQueue),
-      _tickCounter(tickCounter), _directory(directory)
+      _directory(directory), _schedule(*tickCounter, *randomGenerator)
 {
     _queue->acquire(this);
     followDownloader();
@@ -127,7 +126,7 @@ void WebCache::update(Uri const& uri)
     entry->isForced = true;
     int const updates = entry->updates++;
     locker.unlock();
-    schedule(uri, updates == 0 ? 0 : growingDelay(updates - 1, msPerSecond));
+    schedule(uri, updates == 0 ? 0 : _schedule.growingDelay(updates - 1, msPerSecond, MinRefreshMs));
 }
 
 bool WebCache::isWatched(Uri const& uri) const
@@ -182,18 +181,13 @@ void WebCache::lookAt(Uri const& uri)
         LOG_DEBUG("  In %dms, will refresh %s", static_cast<int>(ms), qPrintable(uri.toString()));
 }
 
-/// Has the address fetched in so many milliseconds. False when it will be, sooner, anyway.
+/// Has the address fetched in so many milliseconds. False when it will be, as soon, anyway.
 bool WebCache::schedule(Uri const& uri, qint64 ms)
 {
-    QMutexLocker locker(&_mutex);
-    qint64 const due = _tickCounter->msSinceEpoch() + ms;
-    if (auto const pending = _pending.constFind(uri); pending != _pending.cend() && pending->msDue <= due)
-        return false;
-    int const number = ++_lastNumber;
-    _pending.insert(uri, {number, due});
-    locker.unlock();
-    _queue->handleSoon(static_cast<unsigned int>(ms), new WebCacheDownloadMemo(*this, uri, number));
-    return true;
+    std::optional<int> const number = _schedule.plan(uri, ms);
+    if (number)
+        _queue->handleSoon(static_cast<unsigned int>(ms), new WebCacheDownloadMemo(*this, uri, *number));
+    return number.has_value();
 }
 
 void WebCache::scheduleUpdateWithinLimits(Uri const& uri, qint64 ms)
@@ -214,27 +208,16 @@ void WebCache::scheduleRetry(Uri const& uri, bool isNetworkAtFault)
     bool const isSoon = isNetworkAtFault && !entry->isAvailable;
     locker.unlock();
     if (isSoon)
-        schedule(uri, growingDelay(failures, FirstRetryMs));
+        schedule(uri, _schedule.growingDelay(failures, FirstRetryMs, MinRefreshMs));
     else
         scheduleUpdateWithinLimits(uri, 0);
 }
 
-/// Doubles with each attempt, from 0 on, up to MinRefreshMs; a quarter of it is chance.
-qint64 WebCache::growingDelay(int attempts, qint64 msFirst)
-{
-    constexpr int maximumDoublings = 20;
-    constexpr qreal chance = 0.25;
-    qint64 const ms = std::min<qint64>(msFirst << std::min(attempts, maximumDoublings), MinRefreshMs);
-    return static_cast<qint64>(static_cast<qreal>(ms) * (1 - chance * _randomGenerator->qrealrand()));
-}
-
 void WebCache::refresh(Uri const& uri, int number)
 {
-    QMutexLocker locker(&_mutex);
-    auto const pending = _pending.constFind(uri);
-    if (pending == _pending.cend() || pending->number != number)
+    if (!_schedule.take(uri, number))
         return;
-    _pending.erase(pending);
+    QMutexLocker locker(&_mutex);
     bool const isWanted = _entries.contains(uri) && !_isStopped;
     locker.unlock();
     if (isWanted)

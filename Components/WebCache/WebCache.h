@@ -4,6 +4,7 @@
 #include "Uri.h"
 #include "WebCacheDirectory.h"
 #include "WebCacheEntry.h"
+#include "WebCacheSchedule.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -113,7 +114,6 @@ private:
     bool schedule(Uri const& uri, qint64 ms);
     void scheduleUpdateWithinLimits(Uri const& uri, qint64 ms);
     void scheduleRetry(Uri const& uri, bool isNetworkAtFault);
-    qint64 growingDelay(int attempts, qint64 msFirst);
     void keepWithinLimit(qint64 bytesWritten);
 
     static Logger* log;
@@ -121,17 +121,15 @@ private:
     PipelinedFileDownloader* const _downloader;
     RandomGenerator* const _randomGenerator;
     MemoQueue* const _queue;
-    TickCounter* const _tickCounter;
     WebCacheDirectory const _directory;
+    WebCacheSchedule _schedule;
     std::atomic<qint64> _limit{DefaultLimit};
 
     mutable QMutex _mutex; ///< Guards the tables below. Never held while a signal is emitted or a file is touched.
-    QHash<Uri, WebCacheEntry> _entries;   ///< What is watched.
-    QHash<Uri, WebCachePending> _pending; ///< The memos that are to fetch, watched or not: one for each address.
+    QHash<Uri, WebCacheEntry> _entries; ///< What is watched.
     QSet<Uri> _downloading;
     QList<Uri> _unseen; ///< Watched, and not yet looked for on the disk.
     bool _isStopped = false;
-    int _lastNumber = 0;
 
     qint64 _bytes = -1; ///< Of all copies, about; -1 before they were counted. Of the queue's thread.
 };

@@ -22,9 +22,3 @@ struct WebCacheEntry {
     int updates = 0;          ///< That were asked for since content was last taken.
     int failures = 0;         ///< Since it was last fetched.
 };
-
-/// The memo that is to fetch an address next. A value.
-struct WebCachePending {
-    int number = 0;   ///< Those with another one are void.
-    qint64 msDue = 0; ///< By the cache's clock.
-};
