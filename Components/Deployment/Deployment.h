@@ -14,6 +14,9 @@ inline constexpr char const* biscottiHost = "127.0.0.1";            ///< applica
 inline constexpr unsigned short biscottiPort = 22473;               ///< application/biscotti/port
 inline constexpr char const* keychainUrl = "http://127.0.0.1/keys"; ///< application/biscotti/keychainUrl
 
+inline constexpr char const* serviceUrl = "http://127.0.0.1:22480"; ///< application/service/url
+inline constexpr char versionSeparator = '_'; ///< Stands for the dots of a version in the addresses of the service.
+
 inline constexpr char const* organisationDomain = "ombravision.invalid"; ///< Names the settings, reaches nothing.
 
 } // namespace Deployment

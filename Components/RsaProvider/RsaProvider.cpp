@@ -35,15 +35,19 @@ void RsaProvider::makeKey(std::stop_token const& stop)
         return;
     RsaKeyFile file(_keyFile);
     RsaKey const key = made.isNull() ? RsaKey() : file.store(made);
-    if (key.isNull()) {
-        LOG_ERROR("Secrets cannot be stored: no key could be kept in %s: %s", qUtf8Printable(_keyFile),
-                  qUtf8Printable(file.complaint()));
+    QMetaObject::invokeMethod(this, [this, key, complaint = file.complaint()] { onKeyMade(key, complaint); });
+}
+
+void RsaProvider::onKeyMade(RsaKey const& key, QString const& complaint)
+{
+    _key = key;
+    if (isReady()) {
+        emit ready();
         return;
     }
-    QMetaObject::invokeMethod(this, [this, key] {
-        _key = key;
-        emit ready();
-    });
+    LOG_ERROR("Secrets cannot be stored: no key could be kept in %s: %s", qUtf8Printable(_keyFile),
+              qUtf8Printable(complaint));
+    emit unavailable();
 }
 
 QByteArray RsaProvider::encrypt(QByteArray const& plain)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RsaKey.h"
+#include "SecretKeeper.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -17,7 +18,7 @@ class Logger;
 /// A key that is gone, damaged, or may have been read by others is replaced, with a line in the log; what was
 /// enciphered with it cannot be read any more, and has to be asked for again. Lives on one thread, which reads the
 /// key's file and never makes a key: that happens on a thread of its own.
-class RsaProvider : public QObject
+class RsaProvider : public QObject, public SecretKeeper
 {
     Q_OBJECT
 
@@ -25,21 +26,25 @@ public:
     explicit RsaProvider(QString const& keyFile, QObject* parent = nullptr);
     ~RsaProvider() override;
 
-    /// Reads the key, or has one made. ready() follows unless isReady() holds already, or the file cannot be written.
+    /// Reads the key, or has one made. ready() or unavailable() follows unless isReady() holds already.
     void prepare();
     bool isReady() const { return !_key.isNull(); }
 
     /// Empty as long as the key is being made, and for what is longer than 20,000 bytes.
-    QByteArray encrypt(QByteArray const& plain);
+    QByteArray encrypt(QByteArray const& plain) override;
 
     /// Nothing when it was enciphered with another key.
-    std::optional<QByteArray> decrypt(QByteArray const& enciphered);
+    std::optional<QByteArray> decrypt(QByteArray const& enciphered) override;
 
 signals:
     void ready();
 
+    /// There will be no key: its file cannot be written.
+    void unavailable();
+
 private:
     void makeKey(std::stop_token const& stop);
+    void onKeyMade(RsaKey const& key, QString const& complaint);
 
     static Logger* log;
 

@@ -38,7 +38,9 @@ SoapReply SoapReplyReader::read()
         nextChild();
     if (!_reader.hasError() && _reply._isEnvelope)
         return _reply;
-    QString const reason = _reader.hasError() ? _reader.errorString() : tr("it is no answer to %1").arg(_method);
+    QString reason = _reader.hasError() ? _reader.errorString() : tr("it is no answer to %1").arg(_method);
+    if (reason.endsWith('.'))
+        reason.chop(1);
     return SoapReply::failure(tr("The answer of the service cannot be read: %1.").arg(reason));
 }
 

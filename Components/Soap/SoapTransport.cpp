@@ -113,11 +113,11 @@ void SoapTransport::onFinished(QString const& method)
     QNetworkReply* const reply = std::exchange(_networkReply, nullptr).data();
     reply->deleteLater();
     // A fault comes with status 500, which Qt takes for an error.
-    bool const hasAnswer = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
+    int const status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     bool const isWhole =
         reply->error() == QNetworkReply::NoError || reply->error() > QNetworkReply::ProxyTimeoutError;
-    _reply = hasAnswer && isWhole ? SoapReply::read(reply->readAll(), method) : SoapReply();
-    if (!_reply.isEnvelope() && (reply->error() != QNetworkReply::NoError || !hasAnswer))
+    _reply = status != 0 && isWhole ? SoapReply::read(reply->readAll(), method) : SoapReply();
+    if (!_reply.isEnvelope() && (reply->error() != QNetworkReply::NoError || status != 200))
         _reply = SoapReply::failure(failureOf(*reply));
     emit responseReady(this);
 }
@@ -128,8 +128,8 @@ QString SoapTransport::failureOf(QNetworkReply& reply) const
         return _failure;
     if (reply.error() == QNetworkReply::OperationCanceledError) // Silence for the time of the request's time-out.
         return tr("The service did not answer in time.");
-    QVariant const status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    if (status.isValid() && status.toInt() >= 400)
-        return tr("The service answered with the status %1.").arg(status.toInt());
+    int const status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status > 200)
+        return tr("The service answered with the status %1.").arg(status);
     return reply.errorString();
 }

@@ -14,11 +14,13 @@
 #include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "LoginManager.h"
 #include "MachineIdGenerator.h"
 #include "MmsLatteClientFactory.h"
 #include "MonotonicTickCounter.h"
 #include "PersistentKeychain.h"
 #include "RestfulKeychain.h"
+#include "RsaProvider.h"
 #include "RtspLatteClientFactory.h"
 #include "SystemRandomGenerator.h"
 #include "SystemTickCounter.h"
@@ -67,6 +69,9 @@ void AppData::initialize(QWidget* mainWidget)
     LOG_INFO("Start creating application components");
     _mainWidget = mainWidget;
     settings.createActions();
+    // Some of what is loaded is enciphered.
+    _rsaProvider = new RsaProvider(settings.dataDirectory() + "/PrivateKey.pem");
+    settings.initEncryption(_rsaProvider);
     settings.loadGlobalSettings();
     setProxy();
     createCursors();
@@ -87,6 +92,7 @@ void AppData::initialize(QWidget* mainWidget)
     _persistentKeychain = new PersistentKeychain(_restfulKeychain);
     _audioDevice = new AudioDevice;
     _channelManager = new ChannelManager(*this);
+    _loginManager = new LoginManager(*this);
     openAudioDevice();
     _audioDeviceWatch = new AudioDeviceWatch(*_audioDevice, &timerFactory);
     createBiscotti();
@@ -111,7 +117,10 @@ void AppData::uninitialize()
     _audioDevice->closeDevice();
     // Whoever posts goes before the messaging client, which still sends what they have posted.
     destroy(_channelManager);
+    destroy(_loginManager);
     destroy(_biscotti);
+    settings.initEncryption(nullptr);
+    destroy(_rsaProvider);
     destroy(_subscriptionEngine);
     destroy(_audioDevice);
     destroy(_randomGenerator);
@@ -258,13 +267,15 @@ void AppData::onWindowVisibilityChanged(bool visible)
         _channelManager->openLastChannels();
     else
         _channelManager->closeForLater();
-    settings.action("&Show Window")->setEnabled(!visible);
-    for (char const* const text : {"Close Window", "Increase Volume", "Decrease Volume", "Seek Forwards",
-                                   "Seek backwards", "Mute", "Full Screen", "Record"})
-        settings.action(text)->setEnabled(visible);
-    for (QAction* const action : settings.drawModeActions())
+    settings.action(MenuAction::ShowWindow)->setEnabled(!visible);
+    for (MenuAction const action :
+         {MenuAction::CloseWindow, MenuAction::IncreaseVolume, MenuAction::DecreaseVolume, MenuAction::SeekForwards,
+          MenuAction::SeekBackwards, MenuAction::Mute, MenuAction::FullScreen, MenuAction::Record,
+          MenuAction::ChannelCarousel, MenuAction::Tabs})
+        settings.action(action)->setEnabled(visible);
+    for (QAction* const action : settings.actions().drawModes())
         action->setEnabled(visible);
-    settings.action("Close Window")->setChecked(!visible);
+    settings.action(MenuAction::CloseWindow)->setChecked(!visible);
 }
 
 void AppData::createColourConversionPrograms()

@@ -26,6 +26,7 @@ class Channel;
 class ChannelManager;
 class FileLatteClientFactory;
 class Logger;
+class LoginManager;
 class MmsLatteClientFactory;
 class PersistentKeychain;
 class QCursor;
@@ -33,6 +34,7 @@ class QNetworkAccessManager;
 class QWidget;
 class RandomGenerator;
 class RestfulKeychain;
+class RsaProvider;
 class RtspLatteClientFactory;
 class ThreadedMemoQueue;
 class TickCounter;
@@ -70,6 +72,8 @@ public:
 
     AudioDevice* audioDevice() const { return _audioDevice; }
     ChannelManager* channelManager() const { return _channelManager; }
+    LoginManager* loginManager() const { return _loginManager; }
+    RsaProvider* rsaProvider() const { return _rsaProvider; }
     CentralisedBiscotti* biscotti() const { return _biscotti; }
     ThreadedMemoQueue* memoThread() const { return _memoThread; }
     TickCounter* tickCounter() const { return _tickCounter; }
@@ -162,6 +166,8 @@ private:
     AudioDevice* _audioDevice = nullptr;
     AudioDeviceWatch* _audioDeviceWatch = nullptr;
     ChannelManager* _channelManager = nullptr;
+    LoginManager* _loginManager = nullptr;
+    RsaProvider* _rsaProvider = nullptr;
     TrieBiscottiSubscriptionEngine* _subscriptionEngine = nullptr;
     CentralisedBiscotti* _biscotti = nullptr;
     GLMovieShader _colourConversionShader;

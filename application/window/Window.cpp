@@ -40,6 +40,10 @@ Window::Window(AppData& appData)
       _screenSaverManager(std::make_unique<ScreenSaverManager>())
 {
     setObjectName("window");
+    // Settings are read before there is anywhere to say what is wrong with them.
+    connect(
+        &_appData.settings, &AppSettings::settingsFileFailed, this,
+        [this](QString const& message) { _notice->tell(message); }, Qt::QueuedConnection);
     _appData.initialize(this);
     createChildControls();
     createMenus();
@@ -109,7 +113,7 @@ void Window::keyReleaseEvent(QKeyEvent* event)
     if (event->isAutoRepeat())
         return;
     if (event->key() == Qt::Key_Escape && _appData.settings.showFullScreen())
-        _appData.settings.action("Full Screen")->trigger();
+        _appData.settings.action(MenuAction::FullScreen)->trigger();
     else
         QWidget::keyReleaseEvent(event);
 }

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "MenuActions.h"
+
 #include <QStringList>
 #include <QSystemTrayIcon>
 #include <QTimer>
 #include <QWidget>
 
+#include <initializer_list>
 #include <memory>
+#include <optional>
 
 class AppData;
 class BufferWindow;
@@ -76,7 +80,8 @@ private:
     void createTrayIcon();
     void connectActions();
     void connectSignals();
-    QMenu* addMenu(QString const& title, QStringList const& actions);
+    using MenuEntry = std::optional<MenuAction>; ///< Without an action a line between others.
+    QMenu* addMenu(QString const& title, std::initializer_list<MenuEntry> entries);
     void createPostProcessingMenu(QMenu* menu);
     void createBufferEntry(QMenu* menu);
     void stepSpeed(int steps);

@@ -16,18 +16,19 @@
 
 namespace
 {
-constexpr double seekStep = 10.0; // Seconds.
+constexpr double seekStep = 10.0;                  // Seconds.
+constexpr std::nullopt_t separator = std::nullopt; // Of a menu.
 constexpr int zoomPercents[] = {25, 50, 75, 100, 125, 150, 175, 200};
 } // namespace
 
-QMenu* Window::addMenu(QString const& title, QStringList const& actions)
+QMenu* Window::addMenu(QString const& title, std::initializer_list<MenuEntry> entries)
 {
     QMenu* const menu = _menuBar->addMenu(title);
-    for (QString const& text : actions) {
-        if (text.isEmpty())
-            menu->addSeparator();
+    for (MenuEntry const& entry : entries) {
+        if (entry)
+            menu->addAction(_appData.settings.action(*entry));
         else
-            menu->addAction(_appData.settings.action(text));
+            menu->addSeparator();
     }
     _contextMenu->addMenu(menu);
     return menu;
@@ -37,20 +38,24 @@ void Window::createMenus()
 {
     _contextMenu = new QMenu(this);
     AppSettings const& settings = _appData.settings;
-    addMenu(tr("&File"), {"&Open Video File", "&Open Video Files", "&Add Video Files", "&Open Video Stream", "",
-                          "Record", "", "Close Window", "&Exit"});
+    addMenu(tr("&File"), {MenuAction::OpenVideoFile, MenuAction::OpenVideoFiles, MenuAction::AddVideoFiles,
+                          MenuAction::OpenVideoStream, separator, MenuAction::Record, separator,
+                          MenuAction::CloseWindow, MenuAction::Exit});
 
-    QMenu* const play = addMenu(
-        tr("&Playback"), {"Mute", "Increase Volume", "Decrease Volume", "", "Seek Forwards", "Seek backwards", ""});
+    QMenu* const play =
+        addMenu(tr("&Playback"), {MenuAction::Mute, MenuAction::IncreaseVolume, MenuAction::DecreaseVolume, separator,
+                                  MenuAction::SeekForwards, MenuAction::SeekBackwards, separator});
     QMenu* const speed = play->addMenu(tr("Speed"));
-    speed->addActions(settings.speedActions());
+    speed->addActions(settings.actions().speeds());
+    speed->addAction(settings.action(MenuAction::SpeedCustom));
     speed->addSeparator();
-    for (char const* const text : {"Reset Speed", "Increase Speed", "Decrease Speed"})
-        speed->addAction(settings.action(text));
+    for (MenuAction const action : {MenuAction::ResetSpeed, MenuAction::IncreaseSpeed, MenuAction::DecreaseSpeed})
+        speed->addAction(settings.action(action));
 
-    QMenu* const view = addMenu(tr("&View"), {"Full Screen", "Menu Bar", "Always on Top", ""});
+    QMenu* const view =
+        addMenu(tr("&View"), {MenuAction::FullScreen, MenuAction::MenuBar, MenuAction::AlwaysOnTop, separator});
     QMenu* const size = view->addMenu(tr("Draw Mode"));
-    size->addActions(settings.drawModeActions());
+    size->addActions(settings.actions().drawModes());
     QMenu* const zoomMenu = view->addMenu(tr("Zoom"));
     for (int const percent : zoomPercents)
         connect(zoomMenu->addAction(tr("%1 %").arg(percent)), &QAction::triggered, this,
@@ -61,17 +66,17 @@ void Window::createMenus()
     connect(screenshot, &QAction::triggered, _glWidget, &GLWidget::onTakeScreenshot);
     createBufferEntry(view);
 
-    addMenu(tr("&Options"), {"Run at Startup", "", "&About Ombravision"});
+    addMenu(tr("&Options"), {MenuAction::RunAtStartup, separator, MenuAction::About});
 
     // With the menu bar hidden, the shortcuts still work.
     for (QAction* const action : _menuBar->actions())
         addActions(action->menu()->actions());
-    addActions(settings.speedActions());
+    addActions(settings.actions().speeds());
 }
 
 void Window::createPostProcessingMenu(QMenu* menu)
 {
-    menu->addAction(_appData.settings.action("Video Post Processing"));
+    menu->addAction(_appData.settings.action(MenuAction::VideoPostProcessing));
     menu->addSeparator();
     auto* const group = new QActionGroup(menu);
     group->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
@@ -104,8 +109,8 @@ void Window::createTrayIcon()
     _trayIcon = new QSystemTrayIcon(QIcon(":/Resources/Ombravision.png"), this);
     _trayIcon->setToolTip("Ombravision");
     auto* const menu = new QMenu(this);
-    for (char const* const text : {"&Show Window", "Mute", "&Exit"})
-        menu->addAction(_appData.settings.action(text));
+    for (MenuAction const action : {MenuAction::ShowWindow, MenuAction::Mute, MenuAction::Exit})
+        menu->addAction(_appData.settings.action(action));
     _trayIcon->setContextMenu(menu);
     _trayIcon->show();
     connect(_trayIcon, &QSystemTrayIcon::activated, this, &Window::onTrayActivated);
@@ -113,39 +118,36 @@ void Window::createTrayIcon()
 
 void Window::connectActions()
 {
-    auto const on = [this](char const* text, auto&& slot) {
-        connect(_appData.settings.action(text), &QAction::triggered, this, slot);
+    auto const on = [this](MenuAction action, auto&& slot) {
+        connect(_appData.settings.action(action), &QAction::triggered, this, slot);
     };
-    on("&Open Video File", &Window::onOpenVideoFile);
-    on("&Open Video Files", &Window::onOpenVideoFiles);
-    on("&Add Video Files", &Window::onAddVideoFiles);
-    on("&Open Video Stream", &Window::onOpenVideoStream);
-    on("Mute", &Window::onMute);
-    on("Increase Volume", &Window::onIncreaseVolume);
-    on("Decrease Volume", &Window::onDecreaseVolume);
-    on("&Minimize", &QWidget::showMinimized);
-    on("&Exit", &Window::onQuit);
-    on("&About Ombravision", &Window::onAbout);
-    on("&Show Window", &Window::showWindow);
-    on("Close Window", &QWidget::close);
-    on("Record", [this](bool checked) { _appData.settings.setRecord(checked); });
-    on("Full Screen", [this](bool checked) { _appData.settings.setShowFullScreen(checked); });
-    on("Menu Bar", [this](bool checked) { _appData.settings.setShowMenuBar(checked); });
-    on("Always on Top", [this](bool checked) { _appData.settings.setAlwaysOnTop(checked); });
-    on("Run at Startup", [this](bool checked) { _appData.settings.setRunAtStartup(checked); });
-    on("Video Post Processing", [this](bool checked) { _appData.settings.setEnableVideoPostProcessing(checked); });
-    on("Seek Forwards", [this] { _appData.channelManager()->seekForwards(seekStep); });
-    on("Seek backwards", [this] { _appData.channelManager()->seekBackwards(seekStep); });
-    on("Increase Speed", [this] { stepSpeed(1); });
-    on("Decrease Speed", [this] { stepSpeed(-1); });
-    on("Reset Speed", [this] {
-        for (QAction* const action : _appData.settings.speedActions())
-            if (AppSettings::speedOf(action) == 1.0)
-                action->trigger();
-    });
-    for (QAction* const action : _appData.settings.speedActions())
+    on(MenuAction::OpenVideoFile, &Window::onOpenVideoFile);
+    on(MenuAction::OpenVideoFiles, &Window::onOpenVideoFiles);
+    on(MenuAction::AddVideoFiles, &Window::onAddVideoFiles);
+    on(MenuAction::OpenVideoStream, &Window::onOpenVideoStream);
+    on(MenuAction::Mute, &Window::onMute);
+    on(MenuAction::IncreaseVolume, &Window::onIncreaseVolume);
+    on(MenuAction::DecreaseVolume, &Window::onDecreaseVolume);
+    on(MenuAction::Minimize, &QWidget::showMinimized);
+    on(MenuAction::Exit, &Window::onQuit);
+    on(MenuAction::About, &Window::onAbout);
+    on(MenuAction::ShowWindow, &Window::showWindow);
+    on(MenuAction::CloseWindow, &QWidget::close);
+    on(MenuAction::Record, [this](bool checked) { _appData.settings.setRecord(checked); });
+    on(MenuAction::FullScreen, [this](bool checked) { _appData.settings.setShowFullScreen(checked); });
+    on(MenuAction::MenuBar, [this](bool checked) { _appData.settings.setShowMenuBar(checked); });
+    on(MenuAction::AlwaysOnTop, [this](bool checked) { _appData.settings.setAlwaysOnTop(checked); });
+    on(MenuAction::RunAtStartup, [this](bool checked) { _appData.settings.setRunAtStartup(checked); });
+    on(MenuAction::VideoPostProcessing,
+       [this](bool checked) { _appData.settings.setEnableVideoPostProcessing(checked); });
+    on(MenuAction::SeekForwards, [this] { _appData.channelManager()->seekForwards(seekStep); });
+    on(MenuAction::SeekBackwards, [this] { _appData.channelManager()->seekBackwards(seekStep); });
+    on(MenuAction::IncreaseSpeed, [this] { stepSpeed(1); });
+    on(MenuAction::DecreaseSpeed, [this] { stepSpeed(-1); });
+    on(MenuAction::ResetSpeed, [this] { _appData.settings.action(MenuAction::Speed100)->trigger(); });
+    for (QAction* const action : _appData.settings.actions().speeds())
         connect(action, &QAction::triggered, this, [this, action] { onSpeed(action); });
-    for (QAction* const action : _appData.settings.drawModeActions())
+    for (QAction* const action : _appData.settings.actions().drawModes())
         connect(action, &QAction::triggered, this,
                 [this, action] { _appData.settings.setDrawMode(action->data().toInt()); });
 }
@@ -181,12 +183,12 @@ void Window::connectSignals()
 
 void Window::onSpeed(QAction* action)
 {
-    _appData.channelManager()->setSpeed(AppSettings::speedOf(action));
+    _appData.channelManager()->setSpeed(MenuActions::speedOf(action));
 }
 
 void Window::stepSpeed(int steps)
 {
-    QList<QAction*> const speeds = _appData.settings.speedActions();
+    QList<QAction*> const speeds = _appData.settings.actions().speeds();
     for (qsizetype i = 0; i < speeds.size(); ++i) {
         if (!speeds.at(i)->isChecked())
             continue;
@@ -199,5 +201,5 @@ void Window::updateSpeedMenu()
 {
     ChannelManager const& channels = *_appData.channelManager();
     bool const canChange = channels.canChangeSpeed();
-    _appData.settings.showSpeed(canChange ? channels.speed() : 1.0, canChange);
+    _appData.settings.actions().showSpeed(canChange ? channels.speed() : 1.0, canChange);
 }

@@ -1,9 +1,14 @@
 #include "AppSettings.h"
 
 #include "LogCapture.h"
+#include "SecretKeeper.h"
 #include "SettingsFile.h"
+#include "SettingsText.h"
 
 #include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QMetaMethod>
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
@@ -18,6 +23,22 @@ protected:
     void TearDown() override { settingsFile().clear(); }
 
     AppSettings _settings;
+};
+
+/// Its cipher text begins with the key.
+struct FakeKeeper : SecretKeeper {
+    explicit FakeKeeper(QByteArray const& k) : key(k) {}
+    QByteArray encrypt(QByteArray const& plain) override
+    {
+        return plain.size() > 20 ? QByteArray() : QByteArray(key + plain.toHex());
+    }
+    std::optional<QByteArray> decrypt(QByteArray const& enciphered) override
+    {
+        if (!enciphered.startsWith(key))
+            return std::nullopt;
+        return QByteArray::fromHex(enciphered.mid(key.size()));
+    }
+    QByteArray key;
 };
 
 } // namespace
@@ -46,9 +67,9 @@ TEST_F(AppSettingsTest, ASetterMirrorsItsActionAndStaysSilentWhenNothingChanges)
         EXPECT_EQ(mute.count(), changes);
         EXPECT_EQ(mode.count(), changes);
     }
-    EXPECT_TRUE(_settings.action("Mute")->isChecked());
-    EXPECT_TRUE(_settings.drawModeActions().at(1)->isChecked());
-    EXPECT_FALSE(_settings.drawModeActions().at(4)->isChecked());
+    EXPECT_TRUE(_settings.action(MenuAction::Mute)->isChecked());
+    EXPECT_TRUE(_settings.action(MenuAction::NormalSize)->isChecked());
+    EXPECT_FALSE(_settings.action(MenuAction::TouchInside)->isChecked());
 }
 
 TEST_F(AppSettingsTest, TheInstallationKeepsItsIdentifier)
@@ -87,9 +108,9 @@ TEST_F(AppSettingsTest, AMessagingServerThatMakesNoSenseIsReplaced)
     Case const cases[] = {
         {"chat.example", "1234", "https://keys.example/k", "chat.example:1234 https://keys.example/k"},
         {"::1", "65535", "http://127.0.0.1/keys", "::1:65535 http://127.0.0.1/keys"},
-        {"chat.example", "0", "", "127.0.0.1:22473 http://127.0.0.1/keys"},
-        {"chat.example", "65536", ":", "127.0.0.1:22473 http://127.0.0.1/keys"},
-        {"chat.example", "many", "http://k/", "127.0.0.1:22473 http://k/"},
+        {"", "0", "", "127.0.0.1:22473 http://127.0.0.1/keys"},
+        {" ", "65536", ":", "127.0.0.1:22473 http://127.0.0.1/keys"},
+        {"chat.example", "many", "http://k/", "chat.example:22473 http://k/"},
     };
     for (Case const& c : cases) {
         settingsFile().setValue("application/biscotti/host", c.host);
@@ -126,10 +147,209 @@ TEST_F(AppSettingsTest, NumbersOutOfBoundsAreBroughtInsideWithALineEach)
     }
 }
 
+TEST_F(AppSettingsTest, KeysAndDefaultsOfTheFileHold)
+{
+    // Before the bar what a line of a fresh file is, behind it another value; the window's group is written apart.
+    QStringList const global = {"audio/audioDevice=|Card",
+                                "video/useHardwareColourConversion=true|false",
+                                "video/enableAntialiasing=false|true",
+                                "proxy/proxyType=2|1",
+                                "proxy/ProxyHostName=|proxy.example",
+                                "proxy/ProxyPort=0|3128",
+                                "proxy/ProxyUser=|me, too",
+                                "videoWindow/runAtStartup=true|false",
+                                "videoWindow/showWindowFrame=false|true",
+                                "videoWindow/testModeFailureTimeout=30|5",
+                                "videoWindow/testModePlayFailureSound=false|true"};
+    QStringList const user = {"chatNick=Viewer|Käthe",
+                              "signInAutomatically=false|true",
+                              "alerts/showSystemAlerts=true|false",
+                              "alerts/showBreakingNewsAlerts=true|false",
+                              "alerts/showLivePanel=true|false",
+                              "alerts/showAlertsWindow=true|false",
+                              "alerts/alertDisplayDuration=30000|1",
+                              "alerts/alertDisplayOpacity=85|100",
+                              "alerts/alertHistory=|one",
+                              "alerts/channelAlerts=|7,true",
+                              "chat/showChatMessagesAsAlerts=false|true",
+                              "chat/chatFontSize=11|20",
+                              "chat/splitterState=|abc",
+                              "chat/chatColours/1/name=Room Name|Room Name",
+                              "chat/chatColours/10/native=#404040|#123456",
+                              "twitter/autoAddOmbravisionTopic=true|false",
+                              "videoWindow/volume=1|0.25",
+                              "videoWindow/muted=false|true",
+                              "videoWindow/alwaysOnTop=false|true",
+                              "videoWindow/showTabs=true|false",
+                              "videoWindow/splitterState=|def",
+                              "videoWindow/showMenuBar=true|false",
+                              "videoWindow/showWindowFrame=false|true",
+                              "videoWindow/videoFileDirectroy=|/films",
+                              "videoWindow/activeChannel=|c1",
+                              "videoWindow/openChannels=|c1",
+                              "videoWindow/seenTutorial29=false|true",
+                              "videoWindow/showVideoTips=true|false",
+                              "videoWindow/showChannelBarOnMouseOver=true|false",
+                              "videoWindow/videoDrawMode=4|1"};
+    for (bool const fresh : {true, false}) {
+        QSettings file = settingsFile();
+        auto const eachKey = [&](auto&& check) {
+            for (QString const& line : global)
+                check("application/" + line);
+            for (QString const& line : user)
+                check("user/me@home/" + QString(line));
+        };
+        auto const valueOf = [&](QString const& line) { return line.section('=', 1).section('|', !fresh, !fresh); };
+        if (!fresh) {
+            file.setValue("user/me@home/chat/chatColours/size", 10);
+            for (int i = 1; i <= 10; ++i)
+                file.setValue(QString("user/me@home/chat/chatColours/%1/skin").arg(i), "#fff");
+        }
+        eachKey([&](QString const& line) {
+            if (!fresh)
+                file.setValue(line.section('=', 0, 0), valueOf(line));
+        });
+        _settings.loadGlobalSettings();
+        _settings.loadUserSettings("me@home");
+        file.remove("");
+        file.setValue("application/unknown", 1);
+        _settings.saveGlobalSettings();
+        _settings.saveUserSettings("me@home");
+        eachKey([&](QString const& line) {
+            QString const key = line.section('=', 0, 0).replace("videoWindow", "videowindow");
+            EXPECT_TRUE(file.contains(key)) << qPrintable(key);
+            EXPECT_EQ(SettingsText::textOf(file.value(key)), valueOf(line)) << qPrintable(key);
+        });
+        EXPECT_EQ(file.value("application/unknown"), 1);
+    }
+}
+
+TEST_F(AppSettingsTest, EverySignalBelongsToASetting)
+{
+    QList<QMetaMethod> missing;
+    for (int i = QObject::staticMetaObject.methodCount(); i < AppSettings::staticMetaObject.methodCount(); ++i)
+        if (AppSettings::staticMetaObject.method(i).parameterCount() == 0)
+            missing.append(AppSettings::staticMetaObject.method(i));
+    EXPECT_EQ(missing.size(), 49);
+    for (Setting const& setting : settingsTable())
+        if (setting.changed)
+            missing.removeAll(QMetaMethod::fromSignal(setting.changed));
+    for (QMetaMethod const& method : missing)
+        ADD_FAILURE() << method.name().constData();
+}
+
+TEST_F(AppSettingsTest, LoadingTellsEachChangeOnceAndLeavesTheRest)
+{
+    QSettings file = settingsFile();
+    file.beginGroup("user/a%2Fb@home");
+    for (char const* const key :
+         {"twitter/token", "twitter/tokenSecret", "alerts/showBuzzAlerts", "videoWindow/muted"})
+        file.setValue(key, "true");
+    file.setValue("videoWindow/showMenuBar", "perhaps");
+    file.setValue("videoWindow/position", "here");
+    file.setValue("videoWindow/size", QSize(640, 480));
+    _settings.setVolume(0.5);
+    QSignalSpy credentials(&_settings, &AppSettings::twitterCredentialsChanged);
+    QSignalSpy mute(&_settings, &AppSettings::muteChanged);
+    QSignalSpy others[] = {{&_settings, &AppSettings::volumeChanged}, {&_settings, &AppSettings::showMenuBarChanged}};
+    LogCapture capture;
+    _settings.loadUserSettings("a/b@home");
+    EXPECT_EQ(credentials.count(), 1);
+    EXPECT_EQ(mute.count(), 1);
+    EXPECT_TRUE(_settings.action(MenuAction::Mute)->isChecked());
+    for (QSignalSpy const& spy : others)
+        EXPECT_EQ(spy.count(), 0);
+    EXPECT_EQ(_settings.volume(), 0.5);
+    EXPECT_EQ(_settings.size(), QSize(640, 480));
+    EXPECT_FALSE(_settings.showBuzzAlerts());
+    EXPECT_EQ(capture.count("which makes no sense there"), 2);
+}
+
+TEST_F(AppSettingsTest, SecretsAreStoredEncipheredOnly)
+{
+    QString const key = "application/proxy/ProxyPassword";
+    FakeKeeper keeper("k1");
+    FakeKeeper another("k2");
+    settingsFile().setValue(key, "pass, word");
+    _settings.initEncryption(&keeper);
+    _settings.loadGlobalSettings();
+    EXPECT_EQ(_settings.proxyPassword(), "pass, word");
+    QString const stored = settingsFile().value(key).toString();
+    EXPECT_FALSE(stored.contains("pass") || stored.isEmpty());
+
+    AppSettings later;
+    for (SecretKeeper* const stranger : {static_cast<SecretKeeper*>(nullptr), static_cast<SecretKeeper*>(&another)}) {
+        LogCapture capture;
+        later.initEncryption(stranger);
+        later.loadGlobalSettings();
+        later.saveGlobalSettings();
+        EXPECT_EQ(later.proxyPassword(), "");
+        EXPECT_EQ(capture.count("cannot be read"), 1);
+        EXPECT_EQ(settingsFile().value(key), stored);
+        later.setProxyPassword("much too long for this keeper");
+        later.saveGlobalSettings();
+        EXPECT_EQ(capture.count("could not be enciphered"), 1);
+        later.setProxyPassword("");
+    }
+    later.initEncryption(&keeper);
+    later.loadGlobalSettings();
+    EXPECT_EQ(later.proxyPassword(), "pass, word");
+    later.setProxyPassword("");
+    later.saveGlobalSettings();
+    EXPECT_FALSE(settingsFile().contains(key));
+}
+
+TEST_F(AppSettingsTest, AFileThatIsDamagedOrOutOfReachIsToldAndNothingIsLost)
+{
+    QString const path = settingsFile().fileName();
+    QSignalSpy failed(&_settings, &AppSettings::settingsFileFailed);
+    QByteArray const damaged =
+        QByteArray("[application]\naudio\\audioDevice=Card\n***\n[other]\nkey=1\n").replace('*', '\0');
+    auto const write = [](QString const& name, QByteArray const& bytes) {
+        QFile file(name);
+        EXPECT_TRUE(file.open(QFile::WriteOnly));
+        file.write(bytes);
+    };
+    write(path, damaged);
+    _settings.loadGlobalSettings();
+    EXPECT_EQ(failed.count(), 1);
+    EXPECT_EQ(_settings.audioDevice(), "Card");
+    EXPECT_EQ(settingsFile().value("other/key"), "1");
+    QFile copy(path + ".damaged");
+    EXPECT_TRUE(copy.open(QFile::ReadOnly));
+    EXPECT_EQ(copy.readAll(), damaged);
+    _settings.loadGlobalSettings();
+    EXPECT_EQ(failed.count(), 1);
+
+    EXPECT_TRUE(copy.remove() && QFile::remove(path) && QDir().mkdir(path));
+    _settings.saveGlobalSettings();
+    EXPECT_EQ(failed.count(), 2);
+    _settings.loadGlobalSettings();
+    EXPECT_GE(failed.count(), 3);
+    EXPECT_TRUE(QDir().rmdir(path));
+}
+
+TEST_F(AppSettingsTest, TheServiceIsWhereTheFileSaysIfThatCanBe)
+{
+    QString const otherwise = "http://127.0.0.1:22480";
+    for (auto const& [url, expected] : {std::pair<QString, QString>{"https://tv.example/", "https://tv.example"},
+                                        {" http://[::1]:80/a ", "http://[::1]:80/a"},
+                                        {"tv.example", otherwise},
+                                        {"ftp://tv.example", otherwise},
+                                        {"https://", otherwise},
+                                        {"https://tv.example/?q", otherwise}}) {
+        settingsFile().setValue("application/service/url", url);
+        _settings.loadGlobalSettings();
+        EXPECT_EQ(_settings.channelsDocumentUri().toString(), expected + "/client/desktop/3_2_0/channels.xml");
+        EXPECT_EQ(_settings.streamsPath(), expected + "/client/3.2.0/streams/");
+    }
+}
+
 TEST_F(AppSettingsTest, EveryActionHasItsOwnShortcut)
 {
     QStringList seen;
-    for (QAction const* const action : _settings.findChildren<QAction*>() + _settings.speedActions()) {
+    for (int i = 0; i < menuActionCount; ++i) {
+        QAction const* const action = _settings.action(static_cast<MenuAction>(i));
         QString const shortcut = action->shortcut().toString();
         EXPECT_TRUE(shortcut.isEmpty() || !seen.contains(shortcut)) << qPrintable(action->text());
         seen.append(shortcut);

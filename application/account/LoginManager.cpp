@@ -1,0 +1,195 @@
+#include "LoginManager.h"
+
+#include "AppData.h"
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "LoginDialog.h"
+#include "MachineIdGenerator.h"
+#include "RsaProvider.h"
+#include "SettingsFile.h"
+#include "SoapLogin.h"
+#include "SoapSignup.h"
+
+#include <QCryptographicHash>
+
+#include <utility>
+
+Logger* LoginManager::log = LoggerManager::logger();
+
+namespace
+{
+
+QString const passwordKey = QStringLiteral("password");
+QString const automaticKey = QStringLiteral("signInAutomatically");
+
+SoapService serviceOf(AppData& appData)
+{
+    SoapService service = SoapService::at(appData.settings.soapHost(), appData.networkAccessManager());
+    service.allowPlainCredentials = appData.settings.allowPlainCredentials();
+    return service;
+}
+
+} // namespace
+
+LoginManager::LoginManager(AppData& appData, QObject* parent)
+    : QObject(parent), _appData(appData), _soapLogin(new SoapLogin(serviceOf(appData), this)),
+      _soapSignup(new SoapSignup(serviceOf(appData), this))
+{
+    connect(_soapLogin, &SoapLogin::updateAvailable, this, &LoginManager::onUpdateAvailable);
+    connect(_soapLogin, &SoapLogin::loginCompleted, this, &LoginManager::onLoginResponse);
+    connect(_soapSignup, &SoapSignup::signupCompleted, this, &LoginManager::onSignupCompleted);
+    connect(this, &LoginManager::loginCompleted, this, &LoginManager::onLoginCompleted);
+}
+
+LoginManager::~LoginManager() = default;
+
+QString LoginManager::nodeId(QString const& email, QString const& machineId)
+{
+    QByteArray const hash = QCryptographicHash::hash((email + machineId).toUtf8(), QCryptographicHash::Sha256);
+    QString const nodeId = QString::fromLatin1(hash.toHex());
+    LoggerManager::logger()->setHostname(nodeId);
+    return nodeId;
+}
+
+void LoginManager::login(QString const& email, QString const& password, bool automatic)
+{
+    if (_soapLogin->isWaitingForResponse())
+        return;
+    _attempt = {email, password, nodeId(email, MachineIdGenerator::machineId()), automatic, false};
+    _soapLogin->login({email, password, _attempt.nodeId, _appData.settings.version(), automatic});
+    emit loginStarted();
+}
+
+bool LoginManager::autoLogin()
+{
+    QSettings settings = settingsFile();
+    QString const email = settings.value("application/lastUser").toString();
+    if (email.isEmpty())
+        return false;
+    settings.beginGroup(AppSettings::userGroup(email));
+    if (!settings.value(automaticKey, false).toBool())
+        return false;
+    QString const password = readUserPassword(settings);
+    if (password.isEmpty())
+        return false;
+    login(email, password, true);
+    _attempt.keepSignedIn = true;
+    return true;
+}
+
+QString LoginManager::readUserPassword(QSettings& settings)
+{
+    return _appData.settings.readEncryptedPassword(settings, passwordKey);
+}
+
+void LoginManager::cancelLogin()
+{
+    _soapLogin->cancelRequest();
+    _attempt = {};
+}
+
+void LoginManager::onLoginResponse(bool ok, SoapLoginResponse const& response)
+{
+    if (!ok || !response.authenticated) {
+        fail(response.message.isEmpty() ? tr("The service does not accept this e-mail address and password.")
+                                        : response.message);
+        return;
+    }
+    pushSettings(response);
+    if (response.isUpdateCritical()) {
+        fail(tr("You must install the critical update"));
+        return;
+    }
+    makeUser(response);
+    AppSettings& settings = _appData.settings;
+    settings.setTwitpicConsumerKey(response.tpck);
+    settings.setTwitterConsumerKey(response.tck);
+    settings.setTwitterConsumerSecret(response.tcs);
+    remember();
+    LOG_INFO("Login succeeded for %s", qUtf8Printable(_attempt.email));
+    emit loginCompleted(true, _attempt.email);
+}
+
+void LoginManager::makeUser(SoapLoginResponse const& response)
+{
+    _user = OmbravisionUser(response.userId, _attempt.email, _attempt.nodeId);
+    for (OmbravisionUserGroup const& group : response.groups)
+        _user.addGroup(group);
+    for (OmbravisionUserRole const& role : response.roles)
+        _user.addRole(role);
+}
+
+/// In this order: each may be heard of.
+void LoginManager::pushSettings(SoapLoginResponse const& response)
+{
+    AppSettings& settings = _appData.settings;
+    settings.setBannerAdvertisingEnabled(response.showBanners);
+    settings.setBannerAdvertisingUrl(response.bannersBaseUrl);
+    settings.setBannerAdvertisingDelay(response.bannerRefreshRate);
+    settings.setBannerAdvertisingSizes(response.bannerSizes.split(',', Qt::SkipEmptyParts));
+    settings.setChatAllowed(response.chatAllowed);
+    settings.setSponsorshipEnabled(response.showSponsorship);
+    settings.setMultiviewChannelLimit(response.multiviewChannels);
+    settings.setAllowChatRoomChange(response.chatTethering);
+    settings.setAllowVideoPostProcessing(response.videoPostprocessing);
+    settings.setBuyPremiumMessage(response.buyPremiumMessage);
+}
+
+void LoginManager::fail(QString const& text)
+{
+    LOG_WARNING("Login failed for %s: %s", qUtf8Printable(_attempt.email), qUtf8Printable(text));
+    emit loginCompleted(false, text);
+}
+
+/// A sign-in that was called for without a dialog has no say in whether the next one is automatic. After an automatic
+/// one the password is stored as well: somebody may have written it by hand.
+void LoginManager::remember()
+{
+    QSettings settings = settingsFile();
+    settings.setValue("application/lastUser", _attempt.email);
+    if (!_attempt.isAutomatic && !_loginDialog)
+        return;
+    settings.beginGroup(AppSettings::userGroup(_attempt.email));
+    settings.setValue(automaticKey, _attempt.keepSignedIn);
+    if (!_attempt.keepSignedIn) {
+        settings.remove(passwordKey);
+        return;
+    }
+    auto const store = [this, email = _attempt.email, password = _attempt.password] {
+        storePassword(email, password);
+    };
+    // The key may still be in the making.
+    if (RsaProvider* const rsaProvider = _appData.rsaProvider(); !rsaProvider->isReady())
+        connect(rsaProvider, &RsaProvider::ready, this, store, Qt::SingleShotConnection);
+    else
+        store();
+}
+
+void LoginManager::storePassword(QString const& email, QString const& password)
+{
+    QSettings settings = settingsFile();
+    settings.beginGroup(AppSettings::userGroup(email));
+    if (settings.value(automaticKey).toBool()) // The viewer may have thought better of it by now.
+        _appData.settings.writeEncryptedPassword(settings, passwordKey, password);
+}
+
+void LoginManager::onLoginCompleted(bool ok, QString const& text)
+{
+    Attempt const attempt = std::exchange(_attempt, {});
+    if (attempt.isAutomatic)
+        emit autoLoginCompleted(ok, text);
+    else if (_loginDialog && ok)
+        _loginDialog->finish();
+    else if (_loginDialog)
+        _loginDialog->showError(text);
+}
+
+void LoginManager::signup(QString const& email, QString const& password, bool emailAllowed)
+{
+    _soapSignup->signup(email, password, emailAllowed);
+}
+
+void LoginManager::cancelSignup()
+{
+    _soapSignup->cancelRequest();
+}
