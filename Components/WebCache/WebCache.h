@@ -38,7 +38,7 @@ public:
     static constexpr int FirstRetryMs = 5000; ///< Where there is no copy yet; doubles up to MinRefreshMs.
     static constexpr qint64 DefaultLimit = qint64{256} << 20;
 
-    /// Everything but the parent is borrowed. The clock goes on evenly.
+    /// Everything but the parent is borrowed. The clock goes on evenly; any thread may ask for chance.
     WebCache(PipelinedFileDownloader* downloader, RandomGenerator* randomGenerator, MemoQueue* memoQueue,
              TickCounter* tickCounter, QString const& directory, QObject* parent = nullptr);
     ~WebCache() override;
