@@ -90,7 +90,8 @@ void WebCache::watch(Uri const& uri, WebCacheInterest const& interest)
     LOG_DEBUG("Watching %s", qPrintable(uri.toString()));
     QMutexLocker locker(&_mutex);
     bool const isNew = !_entries.contains(uri);
-    _entries[uri].interest = interest;
+    if (isNew || interest.check) // Who has no check does not take away that of another.
+        _entries[uri].interest = interest;
     if (!isNew)
         return;
     bool const isMemoNeeded = _unseen.isEmpty();
@@ -286,10 +287,11 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
         entry->updates = entry->failures = 0;
     }
     locker.unlock();
+    QDateTime const lastUpdate = _directory.lastUpdated(uri);
     if (isFirst)
-        emit available(uri, lastModified);
+        emit available(uri, lastUpdate);
     if (isWatched) {
-        emit updated(uri, !isSame, lastModified);
+        emit updated(uri, !isSame, lastUpdate);
         scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
     }
     keepWithinLimit(isSame ? 0 : bytes);

@@ -114,15 +114,18 @@ TEST_F(ChannelListTest, FiltersAndSorts)
 
 TEST(BoundedImage, DecodesPicturesWithinBoundsOnly)
 {
-    auto const png = [](int width, int height) {
+    auto const encoded = [](int width, int height, char const* format) {
         QByteArray bytes;
         QBuffer buffer(&bytes);
         QImage image(width, height, QImage::Format_Grayscale8);
         image.fill(0);
-        image.save(&buffer, "PNG");
+        image.save(&buffer, format);
         return bytes;
     };
-    EXPECT_EQ(BoundedImage::decode(png(32, 16)).size(), QSize(32, 16));
+    auto const png = [&](int width, int height) { return encoded(width, height, "PNG"); };
+    for (char const* const format : {"PNG", "JPG", "WEBP"})
+        EXPECT_EQ(BoundedImage::decode(encoded(32, 16, format)).size(), QSize(32, 16)) << format;
+    EXPECT_TRUE(BoundedImage::decode(encoded(32, 16, "BMP")).isNull());
     EXPECT_EQ(BoundedImage::decode(png(2048, 1024)).size(), QSize(512, 256));
     EXPECT_TRUE(BoundedImage::decode(png(4001, 4000)).isNull());
     EXPECT_TRUE(BoundedImage::decode(png(32, 16).first(40)).isNull());

@@ -114,6 +114,7 @@ TEST_F(WebCacheTest, NoFailureCostsTheCopy)
 {
     fetch(page, "good");
     cache->watch(page, {&refuseBad});
+    cache->watch(page); // Somebody else, who has nothing against it.
     cache->update(page);
     EXPECT_FALSE(answer("200 OK", {}, "bad page").join().contains("If-Modified-Since"));
     ASSERT_TRUE(refusals->wait());
