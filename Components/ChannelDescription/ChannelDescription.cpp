@@ -28,6 +28,12 @@ QSet<LanguageId> unionOf(QList<StreamDescription> const& streams,
 
 } // namespace
 
+ChannelDescription::ChannelDescription()
+{
+    static QSharedDataPointer<Data> const defaults(new Data);
+    _data = defaults;
+}
+
 bool ChannelDescription::isNull() const
 {
     return *this == Null();
@@ -35,62 +41,63 @@ bool ChannelDescription::isNull() const
 
 void ChannelDescription::setLogo(QImage const& logo)
 {
-    _logo = logo;
-    _logoLoaded = true;
+    _data->logo = logo;
+    _data->logoLoaded = true;
 }
 
 void ChannelDescription::removeStreamDescription(StreamDescription const& stream)
 {
-    _streamDescriptions.removeIf([&stream](StreamDescription const& candidate) { return candidate == stream; });
+    _data->streamDescriptions.removeIf([&stream](StreamDescription const& candidate) { return candidate == stream; });
 }
 
 int ChannelDescription::numAudioTracks() const
 {
-    return sumOf(_streamDescriptions, &StreamDescription::numAudioTracks);
+    return sumOf(_data->streamDescriptions, &StreamDescription::numAudioTracks);
 }
 
 int ChannelDescription::numVideoTracks() const
 {
-    return sumOf(_streamDescriptions, &StreamDescription::numVideoTracks);
+    return sumOf(_data->streamDescriptions, &StreamDescription::numVideoTracks);
 }
 
 int ChannelDescription::numSubtitleTracks() const
 {
-    return sumOf(_streamDescriptions, &StreamDescription::numSubtitleTracks);
+    return sumOf(_data->streamDescriptions, &StreamDescription::numSubtitleTracks);
 }
 
 QSet<LanguageId> ChannelDescription::audioLanguages() const
 {
-    return unionOf(_streamDescriptions, &StreamDescription::audioLanguages);
+    return unionOf(_data->streamDescriptions, &StreamDescription::audioLanguages);
 }
 
 QSet<LanguageId> ChannelDescription::videoLanguages() const
 {
-    return unionOf(_streamDescriptions, &StreamDescription::videoLanguages);
+    return unionOf(_data->streamDescriptions, &StreamDescription::videoLanguages);
 }
 
 QSet<LanguageId> ChannelDescription::subtitleLanguages() const
 {
-    return unionOf(_streamDescriptions, &StreamDescription::subtitleLanguages);
+    return unionOf(_data->streamDescriptions, &StreamDescription::subtitleLanguages);
 }
 
 QString ChannelDescription::toString() const
 {
     QStringList streams;
-    for (StreamDescription const& stream : _streamDescriptions)
+    for (StreamDescription const& stream : _data->streamDescriptions)
         streams.append(stream.uri().toString());
-    QString const availability = _available ? QStringLiteral(" ") : QString("X (" + _unavailableReason + ")");
-    return (_favourite ? "F" : " ") + availability + _title + " '" + _summary + "' " + _id + " [" +
-           streams.join(", ") + "]";
+    QString const availability =
+        _data->available ? QStringLiteral(" ") : QString("X (" + _data->unavailableReason + ")");
+    return (_data->favourite ? "F" : " ") + availability + _data->title + " '" + _data->summary + "' " + _data->id +
+           " [" + streams.join(", ") + "]";
 }
 
 bool ChannelDescription::operator==(ChannelDescription const& other) const
 {
-    auto const compared = [](ChannelDescription const& d) {
-        return std::tie(d._id, d._rootId, d._title, d._summary, d._website, d._websiteLabel, d._hasAlerts, d._hasChat,
-                        d._chatRoomName, d._alertsTopic, d._logo, d._logoLoaded, d._available, d._unavailableReason,
-                        d._favourite, d._channelType, d._channelMediaTypes, d._autoBuzzEnabled, d._repeatedAutoBuzz,
-                        d._autoBuzzInterval, d._streamDescriptions);
+    auto const compared = [](Data const& d) {
+        return std::tie(d.id, d.rootId, d.title, d.summary, d.website, d.websiteLabel, d.hasAlerts, d.hasChat,
+                        d.chatRoomName, d.alertsTopic, d.logo, d.logoLoaded, d.available, d.unavailableReason,
+                        d.favourite, d.channelType, d.channelMediaTypes, d.autoBuzzEnabled, d.repeatedAutoBuzz,
+                        d.autoBuzzInterval, d.streamDescriptions);
     };
-    return compared(*this) == compared(other);
+    return _data == other._data || compared(*_data) == compared(*other._data);
 }

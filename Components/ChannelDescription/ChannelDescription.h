@@ -6,9 +6,12 @@
 #include <QList>
 #include <QMetaType>
 #include <QSet>
+#include <QSharedData>
+#include <QSharedDataPointer>
 #include <QString>
 
-/// One entry of the channel directory, as a copyable value.
+/// One entry of the channel directory, as a copyable value. Copies share their contents until one is changed, so that
+/// whole lists of them are cheap to copy and, when they are copies, to compare.
 class ChannelDescription
 {
 public:
@@ -26,86 +29,93 @@ public:
 
     enum MediaType { AudioMedia = 2, VideoMedia = 4 };
 
+    ChannelDescription();
+
+    // No moves, which would leave an object without contents: a copy costs a count.
+    ChannelDescription(ChannelDescription const&) = default;
+    ChannelDescription& operator=(ChannelDescription const&) = default;
+    ~ChannelDescription() = default;
+
     static ChannelDescription Null() { return {}; }
 
     /// Whether this equals Null().
     bool isNull() const;
 
     /// Unique to this variant of the channel.
-    QString id() const { return _id; }
-    void setId(QString const& id) { _id = id; }
+    QString id() const { return _data->id; }
+    void setId(QString const& id) { _data->id = id; }
 
     /// Shared by language variants and by all channels derived from one entry of the directory.
-    QString rootId() const { return _rootId; }
-    void setRootId(QString const& rootId) { _rootId = rootId; }
+    QString rootId() const { return _data->rootId; }
+    void setRootId(QString const& rootId) { _data->rootId = rootId; }
 
-    QString title() const { return _title; }
-    void setTitle(QString const& title) { _title = title; }
-    QString summary() const { return _summary; }
-    void setSummary(QString const& summary) { _summary = summary; }
-    QString website() const { return _website; }
-    void setWebsite(QString const& website) { _website = website; }
+    QString title() const { return _data->title; }
+    void setTitle(QString const& title) { _data->title = title; }
+    QString summary() const { return _data->summary; }
+    void setSummary(QString const& summary) { _data->summary = summary; }
+    QString website() const { return _data->website; }
+    void setWebsite(QString const& website) { _data->website = website; }
 
     /// The link text shown for the website.
-    QString websiteLabel() const { return _websiteLabel; }
-    void setWebsiteLabel(QString const& websiteLabel) { _websiteLabel = websiteLabel; }
+    QString websiteLabel() const { return _data->websiteLabel; }
+    void setWebsiteLabel(QString const& websiteLabel) { _data->websiteLabel = websiteLabel; }
 
-    bool hasAlerts() const { return _hasAlerts; }
-    void setHasAlerts(bool hasAlerts) { _hasAlerts = hasAlerts; }
-    bool hasChat() const { return _hasChat; }
-    void setHasChat(bool hasChat) { _hasChat = hasChat; }
-    QString chatRoomName() const { return _chatRoomName; }
-    void setChatRoomName(QString const& chatRoomName) { _chatRoomName = chatRoomName; }
-    QString alertsTopic() const { return _alertsTopic; }
-    void setAlertsTopic(QString const& alertsTopic) { _alertsTopic = alertsTopic; }
+    bool hasAlerts() const { return _data->hasAlerts; }
+    void setHasAlerts(bool hasAlerts) { _data->hasAlerts = hasAlerts; }
+    bool hasChat() const { return _data->hasChat; }
+    void setHasChat(bool hasChat) { _data->hasChat = hasChat; }
+    QString chatRoomName() const { return _data->chatRoomName; }
+    void setChatRoomName(QString const& chatRoomName) { _data->chatRoomName = chatRoomName; }
+    QString alertsTopic() const { return _data->alertsTopic; }
+    void setAlertsTopic(QString const& alertsTopic) { _data->alertsTopic = alertsTopic; }
 
-    QImage logo() const { return _logo; }
+    QImage logo() const { return _data->logo; }
     /// Marks the logo as loaded, whatever the image.
     void setLogo(QImage const& logo);
-    bool logoLoaded() const { return _logoLoaded; }
-    void setLogoLoaded(bool logoLoaded) { _logoLoaded = logoLoaded; }
+    bool logoLoaded() const { return _data->logoLoaded; }
+    void setLogoLoaded(bool logoLoaded) { _data->logoLoaded = logoLoaded; }
 
     /// Whether it may be opened; if not, the reason is shown.
-    bool isAvailable() const { return _available; }
-    void setAvailable(bool available) { _available = available; }
-    QString unavailableReason() const { return _unavailableReason; }
-    void setUnavailableReason(QString const& unavailableReason) { _unavailableReason = unavailableReason; }
+    bool isAvailable() const { return _data->available; }
+    void setAvailable(bool available) { _data->available = available; }
+    QString unavailableReason() const { return _data->unavailableReason; }
+    void setUnavailableReason(QString const& unavailableReason) { _data->unavailableReason = unavailableReason; }
 
-    bool isFavourite() const { return _favourite; }
-    void setFavourite(bool favourite) { _favourite = favourite; }
+    bool isFavourite() const { return _data->favourite; }
+    void setFavourite(bool favourite) { _data->favourite = favourite; }
 
-    ChannelType channelType() const { return _channelType; }
-    void setChannelType(ChannelType channelType) { _channelType = channelType; }
+    ChannelType channelType() const { return _data->channelType; }
+    void setChannelType(ChannelType channelType) { _data->channelType = channelType; }
 
     /// A set of MediaType bits; the default, 1, means neither.
-    int channelMediaTypes() const { return _channelMediaTypes; }
-    void setChannelMediaTypes(int channelMediaTypes) { _channelMediaTypes = channelMediaTypes; }
+    int channelMediaTypes() const { return _data->channelMediaTypes; }
+    void setChannelMediaTypes(int channelMediaTypes) { _data->channelMediaTypes = channelMediaTypes; }
 
-    bool autoBuzzEnabled() const { return _autoBuzzEnabled; }
-    void setAutoBuzzEnabled(bool autoBuzzEnabled) { _autoBuzzEnabled = autoBuzzEnabled; }
-    bool repeatedAutoBuzz() const { return _repeatedAutoBuzz; }
-    void setRepeatedAutoBuzz(bool repeatedAutoBuzz) { _repeatedAutoBuzz = repeatedAutoBuzz; }
+    bool autoBuzzEnabled() const { return _data->autoBuzzEnabled; }
+    void setAutoBuzzEnabled(bool autoBuzzEnabled) { _data->autoBuzzEnabled = autoBuzzEnabled; }
+    bool repeatedAutoBuzz() const { return _data->repeatedAutoBuzz; }
+    void setRepeatedAutoBuzz(bool repeatedAutoBuzz) { _data->repeatedAutoBuzz = repeatedAutoBuzz; }
 
     /// Milliseconds.
-    int autoBuzzInterval() const { return _autoBuzzInterval; }
-    void setAutoBuzzInterval(int autoBuzzInterval) { _autoBuzzInterval = autoBuzzInterval; }
+    int autoBuzzInterval() const { return _data->autoBuzzInterval; }
+    void setAutoBuzzInterval(int autoBuzzInterval) { _data->autoBuzzInterval = autoBuzzInterval; }
 
     /// Whether a pay-per-view purchase exists, and where to buy one. Neither takes part in equality.
-    bool purchased() const { return _purchased; }
-    void setPurchased(bool purchased) { _purchased = purchased; }
-    QString purchaseUrl() const { return _purchaseUrl; }
-    void setPurchaseUrl(QString const& purchaseUrl) { _purchaseUrl = purchaseUrl; }
+    bool purchased() const { return _data->purchased; }
+    void setPurchased(bool purchased) { _data->purchased = purchased; }
+    QString purchaseUrl() const { return _data->purchaseUrl; }
+    void setPurchaseUrl(QString const& purchaseUrl) { _data->purchaseUrl = purchaseUrl; }
 
     /// Whether banner advertising may show. Takes no part in equality.
-    bool showBanners() const { return _showBanners; }
-    void setShowBanners(bool showBanners) { _showBanners = showBanners; }
+    bool showBanners() const { return _data->showBanners; }
+    void setShowBanners(bool showBanners) { _data->showBanners = showBanners; }
 
     /// The streams, in order of preference.
-    QList<StreamDescription> streamDescriptions() const { return _streamDescriptions; }
-    void appendStreamDescription(StreamDescription const& stream) { _streamDescriptions.append(stream); }
+    QList<StreamDescription> streamDescriptions() const { return _data->streamDescriptions; }
+    void appendStreamDescription(StreamDescription const& stream) { _data->streamDescriptions.append(stream); }
     /// Removes every stream that equals the given one.
     void removeStreamDescription(StreamDescription const& stream);
-    void clearStreamDescriptions() { _streamDescriptions.clear(); }
+    void clearStreamDescriptions() { _data->streamDescriptions.clear(); }
 
     /// Sums over all streams.
     int numAudioTracks() const;
@@ -125,30 +135,35 @@ public:
     bool operator!=(ChannelDescription const& other) const { return !(*this == other); }
 
 private:
-    QString _id;
-    QString _rootId;
-    QString _title;
-    QString _summary;
-    QString _website;
-    QString _websiteLabel;
-    bool _hasAlerts = false;
-    bool _hasChat = true;
-    QString _chatRoomName;
-    QString _alertsTopic;
-    QImage _logo;
-    bool _logoLoaded = false;
-    bool _available = true;
-    QString _unavailableReason;
-    bool _favourite = false;
-    ChannelType _channelType = UnknownChannel;
-    int _channelMediaTypes = 1;
-    bool _autoBuzzEnabled = false;
-    bool _repeatedAutoBuzz = false;
-    int _autoBuzzInterval = 120000;
-    bool _purchased = false;
-    QString _purchaseUrl;
-    bool _showBanners = true;
-    QList<StreamDescription> _streamDescriptions;
+    struct Data : QSharedData {
+        QString id;
+        QString rootId;
+        QString title;
+        QString summary;
+        QString website;
+        QString websiteLabel;
+        bool hasAlerts = false;
+        bool hasChat = true;
+        QString chatRoomName;
+        QString alertsTopic;
+        QImage logo;
+        bool logoLoaded = false;
+        bool available = true;
+        QString unavailableReason;
+        bool favourite = false;
+        ChannelType channelType = UnknownChannel;
+        int channelMediaTypes = 1;
+        bool autoBuzzEnabled = false;
+        bool repeatedAutoBuzz = false;
+        int autoBuzzInterval = 120000;
+        bool purchased = false;
+        QString purchaseUrl;
+        bool showBanners = true;
+        QList<StreamDescription> streamDescriptions;
+    };
+
+    QSharedDataPointer<Data> _data; ///< Never null.
 };
 
+Q_DECLARE_TYPEINFO(ChannelDescription, Q_RELOCATABLE_TYPE);
 Q_DECLARE_METATYPE(ChannelDescription)

@@ -1,0 +1,14 @@
+#include "PFDHost.h"
+
+#include <algorithm>
+
+void PFDHost::queueObject(DownloadableObject const& object)
+{
+    if (!object.isUrgent) {
+        _queue.append(object);
+        return;
+    }
+    auto const place = std::find_if(_queue.cbegin(), _queue.cend(),
+                                    [](DownloadableObject const& waiting) { return !waiting.isUrgent; });
+    _queue.insert(place, object);
+}

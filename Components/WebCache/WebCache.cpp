@@ -1,0 +1,362 @@
+#include "WebCache.h"
+
+#include "Logger.h"
+#include "LoggerManager.h"
+#include "MemoQueue.h"
+#include "PipelinedFileDownloader.h"
+#include "RandomGenerator.h"
+#include "WebCacheCallMemo.h"
+#include "WebCacheDownloadMemo.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMutexLocker>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr qint64 msPerSecond = 1000;
+constexpr int looksPerMemo = 100; ///< Others have work for the thread, too.
+
+} // namespace
+
+Logger* WebCache::log = LoggerManager::logger();
+
+WebCache::WebCache(PipelinedFileDownloader* downloader, RandomGenerator* randomGenerator, MemoQueue* memoQueue,
+                   TickCounter* tickCounter, QString const& directory, QObject* parent)
+    : QObject(parent), _downloader(downloader), _randomGenerator(randomGenerator), _queue(memoQueue),
+      _directory(directory), _schedule(*tickCounter, *randomGenerator)
+{
+    _queue->acquire(this);
+    followDownloader();
+}
+
+WebCache::~WebCache()
+{
+    _queue->release(this);
+}
+
+/// The downloader signals on the queue's thread, and may do so while this is being deleted there or here: only a memo
+/// reaches the cache for certain, or not at all.
+void WebCache::followDownloader()
+{
+    auto const post = [cache = this, queue = _queue](std::function<void(WebCache&)> const& call) {
+        queue->handleNow(new WebCacheCallMemo(cache, call));
+    };
+    using Downloader = PipelinedFileDownloader;
+    connect(
+        _downloader, &Downloader::error, this,
+        [post](Uri const& uri, QString const& text) { post([=](WebCache& cache) { cache.onError(uri, text); }); },
+        Qt::DirectConnection);
+    connect(
+        _downloader, &Downloader::downloaded, this,
+        [post](Uri const& uri, QString const& path, QDateTime const& lastModified, int maxAge) {
+            post([=](WebCache& cache) { cache.onDownloaded(uri, path, lastModified, maxAge); });
+        },
+        Qt::DirectConnection);
+    connect(
+        _downloader, &Downloader::unmodified, this,
+        [post](Uri const& uri, QDateTime const& lastModified, int maxAge) {
+            post([=](WebCache& cache) { cache.onUnmodified(uri, lastModified, maxAge); });
+        },
+        Qt::DirectConnection);
+}
+
+void WebCache::start()
+{
+    LOG_INFO("Starting WebCache...");
+    QMutexLocker locker(&_mutex);
+    _isStopped = false;
+    QList<Uri> const uris = _entries.keys();
+    locker.unlock();
+    for (Uri const& uri : uris) {
+        qint64 const ms = _randomGenerator->qint32rand(StartupPeriodMs);
+        if (schedule(uri, ms))
+            LOG_DEBUG("In %dms, will grab %s", static_cast<int>(ms), qPrintable(uri.toString()));
+    }
+}
+
+void WebCache::stop()
+{
+    LOG_INFO("Stopping WebCache...");
+    QMutexLocker locker(&_mutex);
+    _isStopped = true;
+}
+
+void WebCache::watch(Uri const& uri, WebCacheInterest const& interest)
+{
+    LOG_DEBUG("Watching %s", qPrintable(uri.toString()));
+    QMutexLocker locker(&_mutex);
+    bool const isNew = !_entries.contains(uri);
+    if (isNew || interest.check) // Who has no check does not take away that of another.
+        _entries[uri].interest = interest;
+    if (!isNew)
+        return;
+    bool const isMemoNeeded = _unseen.isEmpty();
+    _unseen.append(uri);
+    locker.unlock();
+    emit watched(uri);
+    if (isMemoNeeded)
+        _queue->handleNow(new WebCacheCallMemo(this, [](WebCache& cache) { cache.lookAtWatched(); }));
+}
+
+void WebCache::ignore(Uri const& uri)
+{
+    LOG_DEBUG("Ignoring %s.", qPrintable(uri.toString()));
+    QMutexLocker locker(&_mutex);
+    bool const wasWatched = _entries.remove(uri);
+    locker.unlock();
+    if (wasWatched)
+        emit ignored(uri);
+}
+
+void WebCache::ignore(QSet<Uri> const& uris)
+{
+    for (Uri const& uri : uris)
+        ignore(uri);
+}
+
+void WebCache::update(Uri const& uri)
+{
+    QMutexLocker locker(&_mutex);
+    auto const entry = _entries.find(uri);
+    if (entry == _entries.end())
+        return;
+    entry->isForced = true;
+    int const updates = entry->updates++;
+    locker.unlock();
+    schedule(uri, updates == 0 ? 0 : _schedule.growingDelay(updates - 1, msPerSecond, MinRefreshMs));
+}
+
+bool WebCache::isWatched(Uri const& uri) const
+{
+    QMutexLocker locker(&_mutex);
+    return _entries.contains(uri);
+}
+
+bool WebCache::isAvailable(Uri const& uri) const
+{
+    {
+        QMutexLocker locker(&_mutex);
+        if (auto const entry = _entries.constFind(uri); entry != _entries.cend() && entry->isSeen)
+            return entry->isAvailable;
+    }
+    return _directory.isAvailable(uri);
+}
+
+void WebCache::lookAtWatched()
+{
+    QMutexLocker locker(&_mutex);
+    QList<Uri> const uris = _unseen.first(std::min<qsizetype>(_unseen.size(), looksPerMemo));
+    _unseen.remove(0, uris.size());
+    bool const isMemoNeeded = !_unseen.isEmpty();
+    locker.unlock();
+    for (Uri const& uri : uris)
+        lookAt(uri);
+    if (isMemoNeeded)
+        _queue->handleNow(new WebCacheCallMemo(this, [](WebCache& cache) { cache.lookAtWatched(); }));
+}
+
+void WebCache::lookAt(Uri const& uri)
+{
+    bool const isHere = _directory.isAvailable(uri);
+    QMutexLocker locker(&_mutex);
+    auto const entry = _entries.find(uri);
+    if (entry == _entries.end())
+        return; // Ignored meanwhile.
+    entry->isSeen = true;
+    entry->isAvailable = isHere;
+    locker.unlock();
+    if (!isHere) {
+        LOG_DEBUG("  Scheduling immediate download.");
+        schedule(uri, 0);
+        return;
+    }
+    LOG_DEBUG("  Found pre-cached file for %s.", qPrintable(uri.toString()));
+    emit available(uri, _directory.lastUpdated(uri));
+    // A server cannot have meant more; a clock that has been set can.
+    qint64 const ms = std::min<qint64>(_directory.maxAgeSeconds(uri), MaxRefreshMs / msPerSecond) * msPerSecond;
+    if (schedule(uri, ms))
+        LOG_DEBUG("  In %dms, will refresh %s", static_cast<int>(ms), qPrintable(uri.toString()));
+}
+
+/// Has the address fetched in so many milliseconds. False when it will be, as soon, anyway.
+bool WebCache::schedule(Uri const& uri, qint64 ms)
+{
+    std::optional<int> const number = _schedule.plan(uri, ms);
+    if (number)
+        _queue->handleSoon(static_cast<unsigned int>(ms), new WebCacheDownloadMemo(*this, uri, *number));
+    return number.has_value();
+}
+
+void WebCache::scheduleUpdateWithinLimits(Uri const& uri, qint64 ms)
+{
+    qint64 const limited = std::clamp<qint64>(ms, MinRefreshMs, MaxRefreshMs);
+    if (schedule(uri, limited))
+        LOG_DEBUG("In %dms, will refresh %s", static_cast<int>(limited), qPrintable(uri.toString()));
+}
+
+/// Of what is not here yet a viewer waits for.
+void WebCache::scheduleRetry(Uri const& uri, bool isNetworkAtFault)
+{
+    QMutexLocker locker(&_mutex);
+    auto const entry = _entries.find(uri);
+    if (entry == _entries.end())
+        return;
+    int const failures = entry->failures++;
+    bool const isSoon = isNetworkAtFault && !entry->isAvailable;
+    locker.unlock();
+    if (isSoon)
+        schedule(uri, _schedule.growingDelay(failures, FirstRetryMs, MinRefreshMs));
+    else
+        scheduleUpdateWithinLimits(uri, 0);
+}
+
+void WebCache::refresh(Uri const& uri, int number)
+{
+    if (!_schedule.take(uri, number))
+        return;
+    QMutexLocker locker(&_mutex);
+    bool const isWanted = _entries.contains(uri) && !_isStopped;
+    locker.unlock();
+    if (isWanted)
+        download(uri);
+}
+
+void WebCache::download(Uri const& uri)
+{
+    QMutexLocker locker(&_mutex);
+    auto const entry = _entries.find(uri);
+    if (entry == _entries.end() || _downloading.contains(uri))
+        return;
+    _downloading.insert(uri);
+    bool const isForced = std::exchange(entry->isForced, false);
+    bool const isUrgent = entry->interest.isUrgent;
+    locker.unlock();
+    LOG_DEBUG("Downloading %s", qPrintable(uri.toString()));
+    QDateTime const lastModified = isForced ? QDateTime() : _directory.lastUpdated(uri);
+    if (!_directory.create() ||
+        !_downloader->downloadFile(uri, _directory.tempDataFilePath(uri), lastModified, isUrgent))
+        onError(uri, QStringLiteral("Could not start download."));
+}
+
+void WebCache::onError(Uri const& uri, QString const& text)
+{
+    LOG_WARNING("Error '%s' watching %s", qPrintable(text), qPrintable(uri.toString()));
+    bool const isNetworkAtFault = text.startsWith("Network error ");
+    QMutexLocker locker(&_mutex);
+    _downloading.remove(uri);
+    auto const entry = _entries.constFind(uri);
+    bool const isMissed = entry != _entries.cend() && !entry->isAvailable;
+    locker.unlock();
+    if (isMissed)
+        emit unavailable(uri,
+                         isNetworkAtFault ? NetworkErrors::CouldNotConnect : NetworkErrors::ResourceNotAvailable);
+    scheduleRetry(uri, isNetworkAtFault);
+}
+
+void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const& lastModified, int maxAgeSeconds)
+{
+    LOG_DEBUG("Downloaded %s to %s. Last modified %s. Max. age is %d seconds.", qPrintable(uri.toString()),
+              qPrintable(path), qPrintable(lastModified.toString(Qt::ISODate)), maxAgeSeconds);
+    if (!accept(uri, path))
+        return;
+    bool const isSame = _directory.hasContentOf(uri, path);
+    qint64 const bytes = QFileInfo(path).size();
+    if (isSame) {
+        LOG_DEBUG("Touching %s.", qPrintable(uri.toString()));
+        QFile::remove(path);
+    } else {
+        LOG_DEBUG("Updating %s.", qPrintable(uri.toString()));
+        if (!_directory.replaceData(uri, path)) {
+            onError(uri, QStringLiteral("Could not write the copy."));
+            return;
+        }
+    }
+    touchUri(uri, lastModified, maxAgeSeconds);
+    LOG_DEBUG("Cached %s", qPrintable(uri.toString()));
+    QMutexLocker locker(&_mutex);
+    _downloading.remove(uri);
+    auto const entry = _entries.find(uri);
+    bool const isWatched = entry != _entries.end();
+    bool const isFirst = isWatched && !entry->isAvailable;
+    if (isWatched) {
+        entry->isSeen = entry->isAvailable = true;
+        entry->updates = entry->failures = 0;
+    }
+    locker.unlock();
+    QDateTime const lastUpdate = _directory.lastUpdated(uri);
+    if (isFirst)
+        emit available(uri, lastUpdate);
+    if (isWatched) {
+        emit updated(uri, !isSame, lastUpdate);
+        scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
+    }
+    keepWithinLimit(isSame ? 0 : bytes);
+}
+
+/// Whether what was fetched passes its check; otherwise it goes, and the copy stays.
+bool WebCache::accept(Uri const& uri, QString const& path)
+{
+    QMutexLocker locker(&_mutex);
+    WebCacheInterest::Check const check = _entries.value(uri).interest.check;
+    locker.unlock();
+    if (!check)
+        return true;
+    QFile file(path);
+    QString const fault =
+        file.open(QIODevice::ReadOnly) ? check(file.readAll()) : QStringLiteral("it cannot be read");
+    if (fault.isEmpty())
+        return true;
+    LOG_WARNING("%s is not what it should be: %s", qPrintable(uri.toString()), qPrintable(fault));
+    file.remove();
+    locker.relock();
+    _downloading.remove(uri);
+    locker.unlock();
+    scheduleUpdateWithinLimits(uri, 0);
+    emit refused(uri, fault);
+    return false;
+}
+
+void WebCache::onUnmodified(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds)
+{
+    LOG_DEBUG("%s is unmodified. Last modified %s. Max. age is %d seconds.", qPrintable(uri.toString()),
+              qPrintable(lastModified.toString(Qt::ISODate)), maxAgeSeconds);
+    bool const isHere = _directory.isAvailable(uri);
+    QMutexLocker locker(&_mutex);
+    _downloading.remove(uri);
+    if (auto const entry = _entries.find(uri); entry != _entries.end()) {
+        entry->failures = 0;
+        entry->isAvailable = isHere;
+    }
+    locker.unlock();
+    if (!isHere) {
+        update(uri); // It went while it was asked for.
+        return;
+    }
+    touchUri(uri, lastModified.isValid() ? lastModified : _directory.lastUpdated(uri), maxAgeSeconds);
+    scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
+}
+
+void WebCache::touchUri(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds)
+{
+    LOG_DEBUG("Updating info for %s", qPrintable(uri.toString()));
+    _directory.writeInfo(uri, lastModified, maxAgeSeconds);
+}
+
+/// Counts the files only when they may be over the limit, and then makes some room.
+void WebCache::keepWithinLimit(qint64 bytesWritten)
+{
+    constexpr qint64 shareToKeep = 9;
+    constexpr qint64 shares = 10;
+    qint64 const limit = _limit;
+    _bytes = _bytes < 0 ? _directory.size() : _bytes + bytesWritten;
+    if (_bytes <= limit)
+        return;
+    _bytes = _directory.trim(limit / shares * shareToKeep);
+    QMutexLocker locker(&_mutex);
+    for (WebCacheEntry& entry : _entries)
+        entry.isSeen = false; // The disk is asked again.
+}
