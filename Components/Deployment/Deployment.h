@@ -14,6 +14,9 @@ inline constexpr char const* biscottiHost = "127.0.0.1";            ///< applica
 inline constexpr unsigned short biscottiPort = 22473;               ///< application/biscotti/port
 inline constexpr char const* keychainUrl = "http://127.0.0.1/keys"; ///< application/biscotti/keychainUrl
 
+inline constexpr unsigned short servicePort = 22480;    ///< Of the local services: directory and accounts.
+inline constexpr unsigned short serviceTlsPort = 22443; ///< The same, encrypted.
+
 inline constexpr char const* organisationDomain = "ombravision.invalid"; ///< Names the settings, reaches nothing.
 
 } // namespace Deployment
