@@ -14,7 +14,6 @@ struct ChannelField {
     char const* element; ///< Null for one that is not in the document.
     char const* initial; ///< What it is when nothing else has been said; nothing is written of an empty one.
     Kind kind = Kind::Text;
-    bool isForViewers = true; ///< Whether a viewer who makes a channel can set it.
 
     static constexpr qsizetype longest = 2048; ///< Characters.
 

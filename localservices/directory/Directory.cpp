@@ -26,22 +26,16 @@ QString patternOf(QString word)
 
 Directory::Directory(Database& database, QObject* parent) : QObject(parent), _database(database) {}
 
-bool Directory::isEmpty() const
-{
-    return !_database.value(QStringLiteral("SELECT id FROM channels LIMIT 1")).isValid();
-}
-
 /// Three statements for all of them, not three for each.
 QList<DirectoryChannel> Directory::read(QString const& condition, QVariantList const& values) const
 {
     QList<DirectoryChannel> channels;
     QHash<QString, qsizetype> places;
-    QSqlQuery query = _database.run("SELECT c.id, c.owner_id, c.changed FROM channels c " + condition, values);
+    QSqlQuery query = _database.run("SELECT c.id, c.owner_id FROM channels c " + condition, values);
     while (query.next()) {
         DirectoryChannel channel;
         channel.id = query.value(0).toString();
         channel.owner = query.value(1).toLongLong();
-        channel.changed = query.value(2).toLongLong();
         places.insert(channel.id, channels.size());
         channels.append(channel);
     }
@@ -84,7 +78,7 @@ QString Directory::put(DirectoryChannel channel)
                     .toInt() >= maximumOfViewer)
             return QStringLiteral("a viewer can make %1 channels").arg(maximumOfViewer);
         int const last = _database.value(QStringLiteral("SELECT MAX(position) FROM channels")).toInt();
-        _database.run(QStringLiteral("INSERT INTO channels (id, position, owner_id, changed) VALUES (?, ?, ?, 0)"),
+        _database.run(QStringLiteral("INSERT INTO channels (id, position, owner_id) VALUES (?, ?, ?)"),
                       {channel.id, last + 1, channel.owner != 0 ? QVariant(channel.owner) : QVariant()});
     }
     _database.run(QStringLiteral("DELETE FROM channel_fields WHERE channel_id = ?"), {channel.id});
@@ -98,9 +92,7 @@ QString Directory::put(DirectoryChannel channel)
     for (qsizetype i = 0; i < channel.uris.size(); ++i)
         _database.run(QStringLiteral("INSERT INTO channel_streams (channel_id, position, uri) VALUES (?, ?, ?)"),
                       {channel.id, i, channel.uris.at(i)});
-    bool const isTouched = touch();
-    _database.run(QStringLiteral("UPDATE channels SET changed = ? WHERE id = ?"), {lastChanged(), channel.id});
-    if (!isTouched || !transaction.commit())
+    if (!touch() || !transaction.commit())
         return QStringLiteral("the channel could not be stored");
     emit changed();
     return {};

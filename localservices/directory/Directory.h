@@ -21,8 +21,6 @@ public:
     /// The database is borrowed.
     explicit Directory(Database& database, QObject* parent = nullptr);
 
-    bool isEmpty() const;
-
     /// All channels in the order of the directory: partners' ones first.
     QList<DirectoryChannel> all() const;
 

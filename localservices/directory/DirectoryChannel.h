@@ -12,10 +12,9 @@ struct DirectoryChannel {
     static constexpr qsizetype longestId = 64;
     static constexpr int maximumStreams = 9;
 
-    QString id;         ///< Letters, digits, "-" and "_"; its case counts.
-    qint64 owner = 0;   ///< The account that has made it; 0 for a partner's.
-    qint64 changed = 0; ///< Seconds since the epoch.
-    QStringList uris;   ///< Of its streams, the first tried first.
+    QString id;       ///< Letters, digits, "-" and "_"; its case counts.
+    qint64 owner = 0; ///< The account that has made it; 0 for a partner's.
+    QStringList uris; ///< Of its streams, the first tried first.
 
     /// What was said of it, by the name of the field.
     QMap<QString, QString> fields;

@@ -87,8 +87,9 @@ WebAnswer HlsBroadcasts::answer(QString const& path) const
     if (!match.captured(2).isEmpty())
         return {200, "application/vnd.apple.mpegurl", playlist(film->second), {{"Cache-Control", "no-cache"}}};
     int const number = match.captured(3).toInt();
-    QFile file(number < film->second.segments.size() ? film->second.segments.at(number).file : QString());
-    if (!file.open(QIODevice::ReadOnly))
+    bool const isThere = number < film->second.segments.size();
+    QFile file(isThere ? film->second.segments.at(number).file : QString());
+    if (!isThere || !file.open(QIODevice::ReadOnly))
         return WebAnswer::text(404, QStringLiteral("There is no such segment here."));
     return {200, "video/mp2t", file.read(maximumSegment), {}};
 }

@@ -36,7 +36,7 @@ CREATE INDEX nodes_of_account ON nodes (account_id, last_seen))";
 constexpr char const* channelTables = R"(
 CREATE TABLE channels (
     id VARCHAR(64) PRIMARY KEY, position INTEGER NOT NULL,
-    owner_id INTEGER REFERENCES accounts(id) ON DELETE CASCADE, changed BIGINT NOT NULL);
+    owner_id INTEGER REFERENCES accounts(id) ON DELETE CASCADE);
 CREATE TABLE channel_fields (
     channel_id VARCHAR(64) NOT NULL REFERENCES channels(id) ON DELETE CASCADE, field VARCHAR(32) NOT NULL,
     content VARCHAR(8192) NOT NULL, PRIMARY KEY (channel_id, field));
