@@ -13,10 +13,11 @@ DirectoryService::DirectoryService(std::unique_ptr<Database> database, LocalServ
                                    TickCounter& tickCounter, TimerFactory& timerFactory,
                                    AccountCommands::Trigger const& trigger)
     : _tickCounter(tickCounter), _timerFactory(timerFactory), _certificateFile(options.certificateFile),
-      _listenAddress(options.address), _rtspPath(options.rtsp.mid(options.rtsp.indexOf('/'))),
-      _database(std::move(database)), _accounts(*_database), _settings(*_database), _messages(*_database),
-      _directory(*_database), _doorkeeper(_accounts, tickCounter, timerFactory, options.passwordIterations),
-      _hls(tickCounter), _myChannels(_directory, _doorkeeper, tickCounter),
+      _listenAddress(options.address), _isPortGiven(options.isWebPortGiven),
+      _rtspPath(options.rtsp.mid(options.rtsp.indexOf('/'))), _database(std::move(database)), _accounts(*_database),
+      _settings(*_database), _messages(*_database), _directory(*_database),
+      _doorkeeper(_accounts, tickCounter, timerFactory, options.passwordIterations), _hls(tickCounter),
+      _myChannels(_directory, _doorkeeper, tickCounter),
       _api({_accounts, _doorkeeper, _settings, _messages, _directory, _places}),
       _site({_api, _directory, _accounts, _myChannels, _hls, _places}, options.maximumAge),
       _accountCommands({_accounts, _messages, _settings, trigger, options.passwordIterations}),
@@ -35,7 +36,7 @@ bool DirectoryService::start(LocalServicesOptions const& options, QString& error
     }
     if (options.webPort) {
         _http = makeServer();
-        if (!listen(*_http, options, options.webPort, Deployment::servicePort, {}, error))
+        if (!listen(*_http, *options.webPort, Deployment::servicePort, {}, error))
             return false;
     }
     if (options.webTlsPort && !startTls(options, error))
@@ -61,19 +62,18 @@ std::unique_ptr<WebServer> DirectoryService::makeServer()
 }
 
 /// The usual port may be taken, by another one of these services for example; one that was asked for has to be free.
-bool DirectoryService::listen(WebServer& server, LocalServicesOptions const& options, std::optional<quint16> port,
-                              quint16 usual, std::optional<WebCertificate> const& certificate, QString& error)
+bool DirectoryService::listen(WebServer& server, quint16 port, quint16 usual,
+                              std::optional<WebCertificate> const& certificate, QString& error)
 {
-    quint16 number = *port;
-    if (number == usual && !options.isWebPortGiven && !QTcpServer().listen(options.address, number)) {
-        LOG_WARNING("Web: port %u is taken; a free one is used, which players have to be told of", number);
-        number = 0;
+    if (port == usual && !_isPortGiven && !QTcpServer().listen(_listenAddress, port)) {
+        LOG_WARNING("Web: port %u is taken; a free one is used, which players have to be told of", port);
+        port = 0;
     }
-    if (server.listen(options.address, number, certificate))
+    if (server.listen(_listenAddress, port, certificate))
         return true;
     error = QStringLiteral("Web: cannot listen on %1 port %2: %3")
-                .arg(options.address.toString())
-                .arg(number)
+                .arg(_listenAddress.toString())
+                .arg(port)
                 .arg(server.errorText());
     return false;
 }
@@ -88,7 +88,7 @@ bool DirectoryService::startTls(LocalServicesOptions const& options, QString& er
     if (!error.isEmpty())
         return false;
     _https = makeServer();
-    return listen(*_https, options, options.webTlsPort, Deployment::serviceTlsPort, certificate, error);
+    return listen(*_https, *options.webTlsPort, Deployment::serviceTlsPort, certificate, error);
 }
 
 bool DirectoryService::renewCertificate(bool isExpired)

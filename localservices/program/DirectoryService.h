@@ -59,8 +59,8 @@ public:
 
 private:
     std::unique_ptr<WebServer> makeServer();
-    bool listen(WebServer& server, LocalServicesOptions const& options, std::optional<quint16> port, quint16 usual,
-                std::optional<WebCertificate> const& certificate, QString& error);
+    bool listen(WebServer& server, quint16 port, quint16 usual, std::optional<WebCertificate> const& certificate,
+                QString& error);
     bool startTls(LocalServicesOptions const& options, QString& error);
     bool renewCertificate(bool isExpired);
     bool writeCertificate(WebCertificate const& certificate) const;
@@ -69,6 +69,7 @@ private:
     TimerFactory& _timerFactory;
     QString const _certificateFile;
     QHostAddress const _listenAddress;
+    bool const _isPortGiven;
     QString _rtspPath;
     std::unique_ptr<Database> const _database;
     Accounts _accounts;
