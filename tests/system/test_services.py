@@ -130,6 +130,22 @@ class ServicesTest(unittest.TestCase):
         self.assertEqual(outcome(self.document)[1], 7)
         curl("--retry", "20", "--retry-connrefused", "--retry-delay", "1", self.document)
 
+    def test_what_was_answered_survives_kills(self):
+        directory = self.enterContext(tempfile.TemporaryDirectory())
+        services = self.enterContext(LocalServices("--database", f"{directory}/services.sqlite"))
+        wsdl = f"http://127.0.0.1:{services.ports['web']}/client/api?wsdl"
+        for number in range(5):
+            viewer = f"viewer{number}@example.org"
+            client = zeep.Client(wsdl).service
+            self.assertIn("<response", client.Register(viewer, PASSWORD, "false"))
+            client.LoginWithErrorHandling(login(viewer, PASSWORD, f"node-{number}"))
+            client.CreateUserStream(f"node-{number}", "mms://host/a", f"Channel {number}", "", "TV", "", "")
+            services.kill()
+            services.start()
+        client = zeep.Client(wsdl).service
+        self.assertEqual(client.GetTopUserStreams("node-0").total_entries, "5")
+        self.assertEqual(client.LoginWithErrorHandling(login("viewer0@example.org", PASSWORD, "n")).authenticated, "true")
+
 
 if __name__ == "__main__":
     unittest.main()
