@@ -1,8 +1,8 @@
 # Every library that is not ours, found once and given an imported target.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network OpenGL OpenGLWidgets Xml)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui HttpServer Widgets Network OpenGL OpenGLWidgets Sql Xml)
 find_package(OpenGL REQUIRED)
 find_package(CURL REQUIRED)
-find_package(OpenSSL 3.0 REQUIRED)
+find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)
 find_package(X11 REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET

@@ -68,10 +68,10 @@ int main(int argc, char** argv)
         return tell(LocalServicesOptions::helpText()), 0;
     if (options->showVersion)
         return tell(QStringLiteral("ombravision-localservices " OMBRAVISION_VERSION "\n")), 0;
-    if (options->streams.isEmpty() && !options->biscottiPort)
+    if (options->streams.isEmpty() && !options->biscottiPort && !options->webPort && !options->webTlsPort)
         return fail(
             wrongOptions,
-            QStringLiteral("there is nothing to serve; give a --stream /NAME=FILE or a --biscotti-port, see --help"));
+            QStringLiteral("there is nothing to serve; give a --stream /NAME=FILE, a --biscotti-port or a --web-port, see --help"));
 
     configureLog(*options);
     allowManyClients();

@@ -16,6 +16,8 @@ inline constexpr char const* keychainUrl = "http://127.0.0.1/keys"; ///< applica
 
 inline constexpr char const* serviceUrl = "http://127.0.0.1:22480"; ///< application/service/url
 inline constexpr char versionSeparator = '_'; ///< Stands for the dots of a version in the addresses of the service.
+inline constexpr unsigned short servicePort = 22480;    ///< Of the local services: directory and accounts.
+inline constexpr unsigned short serviceTlsPort = 22443; ///< The same, encrypted.
 
 inline constexpr char const* organisationDomain = "ombravision.invalid"; ///< Names the settings, reaches nothing.
 

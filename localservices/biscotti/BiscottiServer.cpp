@@ -7,6 +7,8 @@
 #include "LoggerManager.h"
 #include "TickCounter.h"
 
+#include <QUuid>
+
 Logger* BiscottiServer::log = LoggerManager::logger();
 
 BiscottiServer::BiscottiServer(TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent)
@@ -98,6 +100,15 @@ BiscottiBroker::Decision BiscottiServer::handle(BiscottiConnection& connection, 
     if (!deliver(*post, recipients))
         decision = {CentralisedBiscottiAck::InternalServerError, QStringLiteral("it cannot be written again")};
     return decision;
+}
+
+void BiscottiServer::announce(BiscottiTopic const& topic)
+{
+    BiscottiPost post;
+    post.setPostId(BiscottiPostId(QUuid::createUuid().toString(QUuid::WithoutBraces)));
+    post.setSenderId(QStringLiteral("localservices"));
+    post.setTopic(topic);
+    deliver(post, _broker.router().recipients(post));
 }
 
 bool BiscottiServer::deliver(BiscottiPost const& post, QSet<Client> const& recipients)

@@ -31,6 +31,9 @@ public:
     /// Of messages that are not whole, of all clients.
     qint64 bytesHeld() const { return _bytesHeld; }
 
+    /// Posts something of the services' own, without a body, to whom it concerns.
+    void announce(BiscottiTopic const& topic);
+
     // For the connections.
 
     using Client = BiscottiRouter::Client;

@@ -1,11 +1,14 @@
 #include "ControlCommands.h"
 
+#include "AccountCommands.h"
 #include "AsfFile.h"
 #include "BiscottiCommands.h"
 #include "Broadcast.h"
 #include "BroadcastCatalogue.h"
+#include "ChannelCommands.h"
 #include "FaultPlan.h"
 #include "Service.h"
+#include "WebCommands.h"
 
 #include <array>
 
@@ -27,7 +30,12 @@ QStringList ControlCommands::help()
                QStringLiteral("header [STREAM]          goes on under a changed header"),
                QStringLiteral("end [STREAM]             ends the stream for those who play it"),
            } +
-           BiscottiCommands::help();
+           BiscottiCommands::help() + AccountCommands::help() + ChannelCommands::help() + WebCommands::help();
+}
+
+QString ControlCommands::withoutSecrets(QString const& line)
+{
+    return AccountCommands::withoutSecrets(line);
 }
 
 ControlCommands::Answer ControlCommands::run(QString const& line)
@@ -53,6 +61,15 @@ ControlCommands::Answer ControlCommands::run(QString const& line)
     for (auto const& [name, handler] : handlers) {
         if (command == QLatin1String(name))
             return (this->*handler)(words);
+    }
+    if (auto const added = _added.constFind(command); added != _added.constEnd()) {
+        Answer answer;
+        answer.error = (*added)(words, answer.lines);
+        return answer;
+    }
+    for (QString const& known : help()) {
+        if (known.section(' ', 0, 0) == command)
+            return {{}, QStringLiteral("the web service, which knows \"%1\", is not served").arg(command)};
     }
     return {{}, QStringLiteral("\"%1\" is no command; \"help\" lists them").arg(command), false};
 }

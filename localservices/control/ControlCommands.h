@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
+
+#include <functional>
 
 class BiscottiCommands;
 class Broadcast;
@@ -29,10 +32,18 @@ public:
     /// Takes the commands about Biscotti. Borrowed.
     void setBiscotti(BiscottiCommands* biscotti) { _biscotti = biscotti; }
 
+    /// Further commands, by their first word: what is called with the words behind it, adds to the lines of the
+    /// answer and answers an error, or nothing.
+    using Command = std::function<QString(QStringList const& words, QStringList& lines)>;
+    void addCommand(QString const& name, Command const& command) { _added.insert(name, command); }
+
     /// Does what a line asks for. An empty line asks for nothing.
     Answer run(QString const& line);
 
     static QStringList help();
+
+    /// The line without what is nobody else's business, for the log.
+    static QString withoutSecrets(QString const& line);
 
 private:
     using Handler = Answer (ControlCommands::*)(QStringList const& words);
@@ -57,4 +68,5 @@ private:
     FaultPlan& _faults;
     QList<Service*> _services;
     BiscottiCommands* _biscotti = nullptr;
+    QMap<QString, Command> _added;
 };

@@ -38,7 +38,7 @@ void ControlConnection::handle(QString const& line)
     }
     if (line == "quit")
         return finish();
-    LOG_INFO("%s: %s", qUtf8Printable(peer()), qUtf8Printable(line));
+    LOG_INFO("%s: %s", qUtf8Printable(peer()), qUtf8Printable(ControlCommands::withoutSecrets(line)));
     ControlCommands::Answer const result = _commands.run(line);
     answer(result.lines +
            QStringList(result.error.isEmpty() ? QStringLiteral("OK") : QStringLiteral("ERROR ") + result.error));

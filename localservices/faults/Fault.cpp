@@ -138,11 +138,12 @@ QString Fault::nameOf(Step step)
 
 QByteArray Fault::reasonOf(int status)
 {
-    static constexpr std::array<std::pair<int, char const*>, 17> reasons = {{
+    static constexpr std::array<std::pair<int, char const*>, 20> reasons = {{
         {200, "OK"},
         {204, "No Content"},
         {301, "Moved Permanently"},
         {302, "Found"},
+        {304, "Not Modified"},
         {307, "Temporary Redirect"},
         {400, "Bad Request"},
         {401, "Unauthorized"},
@@ -151,7 +152,9 @@ QByteArray Fault::reasonOf(int status)
         {405, "Method Not Allowed"},
         {407, "Proxy Authentication Required"},
         {408, "Request Timeout"},
+        {411, "Length Required"},
         {413, "Content Too Large"},
+        {415, "Unsupported Media Type"},
         {431, "Request Header Fields Too Large"},
         {453, "Not Enough Bandwidth"},
         {500, "Internal Server Error"},

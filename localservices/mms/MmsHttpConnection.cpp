@@ -10,6 +10,8 @@
 #include "MmsHttpServer.h"
 #include "StreamDocuments.h"
 
+#include <QDateTime>
+
 Logger* MmsHttpConnection::log = LoggerManager::logger();
 
 namespace
@@ -135,6 +137,9 @@ void MmsHttpConnection::handle(HttpRequest const& http)
         return reply(200, {}, {});
     }
     if (Broadcast* const broadcast = _server.catalogue().find(request.path())) {
+        if (!_server.catalogue().admits(*broadcast, QString::fromUtf8(http.target),
+                                        QDateTime::currentSecsSinceEpoch()))
+            return reply(403, {"Content-Type: text/plain;charset=UTF-8"}, "This stream wants a valid token.\n");
         if (request.step() == Fault::Step::Play)
             return play(request, *broadcast);
         return describe(request, *broadcast);

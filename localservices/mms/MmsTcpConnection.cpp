@@ -10,6 +10,8 @@
 #include "MmsFraming.h"
 #include "MmsTcpServer.h"
 
+#include <QDateTime>
+
 #include <algorithm>
 
 Logger* MmsTcpConnection::log = LoggerManager::logger();
@@ -212,8 +214,12 @@ void MmsTcpConnection::openFile(QByteArray const& body)
     leave();
     _broadcast = _server.catalogue().find(asked);
     quint32 result = _broadcast ? success : fileNotFound;
-    LOG_INFO("%s: opens %s%s", qUtf8Printable(peer()), qUtf8Printable(asked.left(200)),
-             _broadcast ? "" : ", which is not here");
+    if (_broadcast && !_server.catalogue().admits(*_broadcast, asked, QDateTime::currentSecsSinceEpoch()))
+        result = accessDenied;
+    LOG_INFO("%s: opens %s%s", qUtf8Printable(peer()), qUtf8Printable(asked.section('?', 0, 0).left(200)),
+             result == success        ? ""
+             : result == accessDenied ? ", which wants a valid token"
+                                      : ", which is not here");
     if (!passes(Fault::Step::Open, result))
         return;
     if (result & 0x80000000)

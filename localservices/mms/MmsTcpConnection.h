@@ -28,6 +28,7 @@ public:
     /// Results in reports.
     static constexpr quint32 success = 0;
     static constexpr quint32 moreFollows = 1; ///< Of an end of stream: another entry comes.
+    static constexpr quint32 accessDenied = 0x80070005;
     static constexpr quint32 fileNotFound = 0x80070002;
     static constexpr quint32 badParameter = 0x80070057;
 

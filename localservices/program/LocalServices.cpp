@@ -4,6 +4,7 @@
 #include "BiscottiCommands.h"
 #include "BiscottiServer.h"
 #include "ControlServer.h"
+#include "DirectoryService.h"
 #include "LocalServicesOptions.h"
 #include "Logger.h"
 #include "LoggerManager.h"
@@ -28,12 +29,18 @@ bool LocalServices::start(LocalServicesOptions const& options, QString& error)
         return false;
     if (options.biscottiPort && !startBiscotti(options, error))
         return false;
+    if ((options.webPort || options.webTlsPort) && !(openDirectory(options, error) && startDirectory(options, error)))
+        return false;
     if (options.controlPort &&
         !startService(QStringLiteral("control"),
                       std::make_unique<ControlServer>(_commands, _controlToken, _tickCounter, _timerFactory),
                       QHostAddress(QHostAddress::LocalHost), *options.controlPort, error))
         return false;
     _documents.setPorts(portOf(QStringLiteral("mms-http")), portOf(QStringLiteral("mms-tcp")));
+    if (_directory)
+        _directory->setPlaces(portOf(QStringLiteral("mms-http")), portOf(QStringLiteral("mms-tcp")));
+    if (_directory && options.hasSeeds)
+        plantSeeds();
     _documents.setDeadEntries(options.deadEntries);
     for (QString const& command : options.commands) {
         ControlCommands::Answer const answer = _commands.run(command);
@@ -70,6 +77,7 @@ bool LocalServices::startBiscotti(LocalServicesOptions const& options, QString& 
 {
     auto server = std::make_unique<BiscottiServer>(_tickCounter, _timerFactory);
     auto commands = std::make_unique<BiscottiCommands>(*server);
+    BiscottiServer* const running = server.get();
     quint16 port = *options.biscottiPort;
     if (port != 0 && !options.isBiscottiPortGiven && !isFree(options.address, port)) {
         LOG_WARNING("Biscotti: port %u is taken; a free one is used, which players have to be told of", port);
@@ -77,9 +85,83 @@ bool LocalServices::startBiscotti(LocalServicesOptions const& options, QString& 
     }
     if (!startService(QStringLiteral("biscotti"), std::move(server), options.address, port, error))
         return false;
+    _biscottiServer = running;
     _biscotti = std::move(commands);
     _commands.setBiscotti(_biscotti.get());
     return true;
+}
+
+bool LocalServices::openDirectory(LocalServicesOptions const& options, QString& error)
+{
+    QString const file = options.database.isEmpty() ? LocalServicesOptions::usualDatabase() : options.database;
+    auto database = Database::open(file == ":memory:" ? QString() : file, error);
+    if (!database)
+        return false;
+    _directory = std::make_unique<DirectoryService>(std::move(database), options, _tickCounter, _timerFactory,
+                                                    [this](qint64 account) { trigger(account); });
+    connect(&_directory->directory(), &Directory::changed, this, &LocalServices::followKeys);
+    followKeys();
+    return true;
+}
+
+bool LocalServices::startDirectory(LocalServicesOptions const& options, QString& error)
+{
+    if (!_directory->start(options, error))
+        return false;
+    DirectoryService& service = *_directory;
+    auto const add = [&](char const* name, auto const& run) { _commands.addCommand(QString::fromLatin1(name), run); };
+    add("account", [&](QStringList const& words, QStringList& lines) {
+        return service.accountCommands().account(words, lines);
+    });
+    add("message", [&](QStringList const& words, QStringList& lines) {
+        return service.accountCommands().message(words, lines);
+    });
+    add("signin",
+        [&](QStringList const& words, QStringList& lines) { return service.accountCommands().signIn(words, lines); });
+    add("channel", [&](QStringList const& words, QStringList& lines) {
+        return service.channelCommands().channel(words, lines);
+    });
+    add("stream",
+        [&](QStringList const& words, QStringList& lines) { return service.channelCommands().stream(words, lines); });
+    add("web", [&](QStringList const& words, QStringList& lines) { return service.webCommands().run(words, lines); });
+    return true;
+}
+
+void LocalServices::plantSeeds()
+{
+    QStringList television;
+    QStringList radio;
+    for (Broadcast const* const broadcast : _catalogue.all()) {
+        bool hasPicture = false;
+        for (AsfHeader::Stream const& stream : broadcast->film().header().streams())
+            hasPicture = hasPicture || stream.kind == AsfHeader::Kind::Video;
+        (hasPicture ? television : radio).append(broadcast->name());
+    }
+    _directory->plant(television, radio);
+}
+
+/// The streams of channels with a key are secure.
+void LocalServices::followKeys()
+{
+    _catalogue.clearKeys();
+    for (DirectoryChannel const& channel : _directory->directory().all()) {
+        for (QString const& uri : channel.uris) {
+            if (channel.isSecure() && uri.startsWith("{mms-"))
+                _catalogue.setKey(uri.section('}', 1), channel.field("key").toUtf8());
+        }
+    }
+}
+
+/// Posts what players subscribe to who are signed in: their channels may have changed.
+void LocalServices::trigger(qint64 account)
+{
+    constexpr int maximumTold = 10'000;
+    if (!_biscottiServer)
+        return;
+    QList<qint64> const accounts = account != 0 ? QList<qint64>{account} : _directory->lastSeen(maximumTold);
+    for (qint64 const one : accounts)
+        _biscottiServer->announce(
+            BiscottiTopic(QStringLiteral(".ombra.mychannels.trigger.refresh.user")).append(QString::number(one)));
 }
 
 bool LocalServices::openStreams(LocalServicesOptions const& options, QString& error)
@@ -121,6 +203,10 @@ QString LocalServices::portLines() const
                      .arg(key, service->address().toString())
                      .arg(service->port())
                      .arg(key == "control" ? u' ' + QString::fromLatin1(_controlToken) : QString());
+    if (_directory && _directory->port() != 0)
+        lines += QStringLiteral("web %1 %2\n").arg(_directory->address().toString()).arg(_directory->port());
+    if (_directory && _directory->tlsPort() != 0)
+        lines += QStringLiteral("web-tls %1 %2\n").arg(_directory->address().toString()).arg(_directory->tlsPort());
     return lines;
 }
 

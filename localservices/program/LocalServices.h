@@ -12,6 +12,8 @@
 
 struct LocalServicesOptions;
 class BiscottiCommands;
+class BiscottiServer;
+class DirectoryService;
 class Logger;
 class Service;
 class TickCounter;
@@ -43,6 +45,11 @@ private:
                       QString& error);
     bool startStreamServers(LocalServicesOptions const& options, QString& error);
     bool startBiscotti(LocalServicesOptions const& options, QString& error);
+    bool openDirectory(LocalServicesOptions const& options, QString& error);
+    bool startDirectory(LocalServicesOptions const& options, QString& error);
+    void plantSeeds();
+    void followKeys();
+    void trigger(qint64 account);
     quint16 portOf(QString const& key) const;
 
     TickCounter& _tickCounter;
@@ -52,7 +59,9 @@ private:
     StreamDocuments _documents{_catalogue};
     ControlCommands _commands{_catalogue, _faults};
     QByteArray const _controlToken;
-    std::unique_ptr<BiscottiCommands> _biscotti;                         ///< Null unless it is served.
+    std::unique_ptr<DirectoryService> _directory; ///< Null unless the web is served.
+    BiscottiServer* _biscottiServer = nullptr;    ///< One of the services; null unless it is served.
+    std::unique_ptr<BiscottiCommands> _biscotti;  ///< Null unless it is served.
     std::vector<std::pair<QString, std::unique_ptr<Service>>> _services; ///< By key; they go before what they use.
 
     static Logger* log;

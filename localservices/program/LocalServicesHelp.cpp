@@ -19,9 +19,15 @@ DESCRIPTION
     It waits for clients where the player looks for it; "ombravision-biscotti --help" tells how to talk to it by hand.
     Posts go to who is there; nothing is kept for later.
 
+    Serves a directory of channels and the accounts of viewers over HTTP and, with a certificate made at start,
+    HTTPS: the channel document at /client/desktop/VERSION/channels.xml, logos, pages at /channels/, and SOAP at
+    /client/api, which /client/api?wsdl describes. They are kept in a database. At first start it is filled; see
+    SEEDS.
+
     Once the services are up, one line for each goes to standard output, "SERVICE ADDRESS PORT", where SERVICE is
-    mms-http, mms-tcp, biscotti or control; behind the port of control stands its token. What happens is logged on
-    standard error. The program runs until it is ended by a signal: SIGINT or SIGTERM closes all connections first.
+    mms-http, mms-tcp, biscotti, web, web-tls or control; behind the port of control stands its token. What happens
+    is logged on standard error. The program runs until it is ended by a signal: SIGINT or SIGTERM closes all
+    connections first.
 
     The port of MMS over HTTP also has documents: /NAME.asx and /NAME.wvx, playlists in ASX; /NAME.ref, a reference
     playlist; and /, all addresses. The playlists begin with entries where nobody answers, as real ones do.
@@ -34,6 +40,17 @@ OPTIONS
     --mms-tcp-port PORT      The same for MMS over TCP.
     --control-port PORT      The same for the control port, which is always on 127.0.0.1.
     --biscotti-port PORT     The same for Biscotti (22473; if that is taken and was not asked for, a free one).
+    --web-port PORT          The same for directory and accounts (22480; if that is taken and was not asked for, a free
+                             one).
+    --web-tls-port PORT      The same, encrypted (22443).
+    --database FILE          Where accounts, channels and messages are kept, an SQLite file
+                             (~/.Ombravision/LocalServices.sqlite); ":memory:" for nowhere.
+    --certificate-file FILE  Writes the certificate of this start there (PEM), for clients that are to trust it.
+    --max-age SECONDS        How long viewers' programs need not ask for documents again, 0 to 86400 (1200).
+    --no-seeds               Fills nothing into the database.
+    --hls /NAME=PLAYLIST     Broadcasts a film in segments by HTTP Live Streaming, as /hls/NAME/live.m3u8 on the web
+                             port; PLAYLIST is a file such as "ffmpeg -f hls" writes, its segments (MPEG-TS) beside it.
+    --rtsp HOST:PORT/PATH    A stream by RTSP of another program, for a channel of the directory.
     --biscotti WHAT          What is told to the messaging server to begin with, such as "refuse .admin"; see CONTROL.
                              Can be given several times.
     --ports-file FILE        Also writes the lines about the services to this file, at once and whole, readable for
@@ -68,6 +85,19 @@ BISCOTTI
     is. A message whose id begins otherwise than the connection's first is refused (403). A post with an audience goes
     to those of its recipients that have subscribed with a fact that the audience matches.
 
+SEEDS
+    As far as there are streams for them, the directory begins with: Ombra One and Ombra Twin, of the first and the
+    first two streams with pictures; Ombra Radio, of the first one without; Ombra Relay, of --hls; Ombra Harbour, of
+    --rtsp; Ombra Vault, of a stream /vault, which is secure from then on; Ombra Cinema, of a stream /cinema,
+    pay-per-view; and Ombra Static, of a stream that is not there. There are the groups AllChannels and Viewers, the
+    roles Chat Moderator and Viewer, and the accounts moderator@ombravision.invalid and guest@ombravision.invalid,
+    which nobody can sign in to until "account password" has given them one. What is removed does not come back.
+
+ACCOUNTS
+    Passwords are kept as PBKDF2-SHA256 with a salt. What fails is answered after a second; after ten failures or
+    sign-ups in a minute an address is turned away. Requests have up to 96 KiB and 10 s, 1,000 connections are
+    taken.
+
 FAULTS
     STREAM WHAT [on STEP] [times COUNT]
 
@@ -85,14 +115,20 @@ FAULTS
     faults of "*" happen. With a COUNT it happens so often, otherwise for ever.
 
 CONTROL
-    The control port takes commands, one a line, by "nc 127.0.0.1 PORT" for example. The first line has to be "token"
-    and the token. The answer to a command ends with a line "OK" or "ERROR" and a text; "quit" ends the connection, and
-    so does what is no command.
+    The control port takes commands, one a line, by "nc 127.0.0.1 PORT" for example. The first line has to be
+    "token" and the token. The answer to a command ends with a line "OK" or "ERROR" and a text; "quit" ends the
+    connection, and so does what is no command.
 
 )";
 
 char const* const end = R"(
-    STREAM is a name; without one it is about all streams. "drop" without one closes all connections of every service.
+    STREAM is a name; without one it is about all streams. "drop" without one closes all connections of every
+    service but the web's, which has "web drop". Channels, streams, accounts and messages that change are told to
+    the programs that have signed in, by Biscotti: a post on .ombra.mychannels.trigger.refresh.user.ID, ID the
+    account's number.
+
+    A wrong certificate, a slow directory and the like are asked for by "web"; its fault "xml" answers with XML that
+    is cut in the middle, "length" announces more than it sends, "fault" answers as SOAP tells faults.
 
 EXIT STATUS
     0 when it was ended by SIGINT or SIGTERM, 1 for wrong options, 2 when a file cannot be broadcast, or a port
@@ -101,6 +137,7 @@ EXIT STATUS
 EXAMPLES
     ombravision-localservices --stream /live=film.asf --mms-http-port 8080 --mms-tcp-port 1755
     ombravision-localservices --stream /live=a.asf --stream /live=b.asf --fault "/live 453 on describe times 1"
+    printf 'token %s\n%s\n' TOKEN "channel add news TV mms://host/news Late News" | nc 127.0.0.1 PORT
 )";
 } // namespace
 

@@ -1,5 +1,8 @@
 #include "LocalServicesOptions.h"
 
+#include <QDir>
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -36,7 +39,8 @@ QString setNumber(double& number, QString const& value, double maximum)
     return {};
 }
 
-QString addStream(LocalServicesOptions& options, QString const& value)
+/// "/NAME=FILE"; a name that is there already gets one file more.
+QString addFile(QList<LocalServicesOptions::Stream>& streams, QString const& value)
 {
     qsizetype const equals = value.indexOf('=');
     QString name = value.left(equals);
@@ -46,12 +50,46 @@ QString addStream(LocalServicesOptions& options, QString const& value)
     if (equals < 0 || name.size() < 2 || file.isEmpty() || name.contains('?') || name.contains(' '))
         return QStringLiteral("a stream looks like /live=film.asf");
     auto const same = [&](LocalServicesOptions::Stream const& stream) { return stream.name == name; };
-    auto const found = std::find_if(options.streams.begin(), options.streams.end(), same);
-    if (found != options.streams.end())
+    auto const found = std::find_if(streams.begin(), streams.end(), same);
+    if (found != streams.end())
         found->files.append(file);
     else
-        options.streams.append({name, {file}});
+        streams.append({name, {file}});
     return {};
+}
+
+QString addStream(LocalServicesOptions& options, QString const& value)
+{
+    return addFile(options.streams, value);
+}
+
+QString setWebPort(LocalServicesOptions& options, QString const& value)
+{
+    options.isWebPortGiven = true;
+    return setPort(options.webPort, value);
+}
+
+QString setWebTlsPort(LocalServicesOptions& options, QString const& value)
+{
+    options.isWebPortGiven = true;
+    return setPort(options.webTlsPort, value);
+}
+
+QString setRtsp(LocalServicesOptions& options, QString const& value)
+{
+    static QRegularExpression const form(QStringLiteral("^[A-Za-z0-9.-]{1,253}:[0-9]{1,5}/[^\\s]+$"));
+    options.rtsp = value;
+    return form.match(value).hasMatch() ? QString()
+                                        : QStringLiteral("an address such as 127.0.0.1:8554/live is needed");
+}
+
+template<int LocalServicesOptions::*number, int maximum>
+QString setWhole(LocalServicesOptions& options, QString const& value)
+{
+    double given = 0;
+    QString const error = setNumber(given, value, maximum);
+    options.*number = static_cast<int>(given);
+    return error;
 }
 
 QString addDebug(LocalServicesOptions& options, QString const& value)
@@ -67,10 +105,10 @@ QString setBiscottiPort(LocalServicesOptions& options, QString const& value)
     return setPort(options.biscottiPort, value);
 }
 
-std::array<Switch, 16> const& switches()
+std::array<Switch, 24> const& switches()
 {
     using Options = LocalServicesOptions;
-    static std::array<Switch, 16> const all = {{
+    static std::array<Switch, 24> const all = {{
         {"listen", true,
          [](Options& o, QString const& v) {
              return o.address.setAddress(v) ? QString() : QStringLiteral("an address such as 127.0.0.1 is needed");
@@ -81,17 +119,19 @@ std::array<Switch, 16> const& switches()
         {"biscotti-port", true, setBiscottiPort},
         {"biscotti", true,
          [](Options& o, QString const& v) { return o.commands.append("biscotti " + v), QString(); }},
+        {"web-port", true, setWebPort},
+        {"web-tls-port", true, setWebTlsPort},
+        {"database", true, [](Options& o, QString const& v) { return o.database = v, QString(); }},
+        {"certificate-file", true, [](Options& o, QString const& v) { return o.certificateFile = v, QString(); }},
+        {"max-age", true, setWhole<&Options::maximumAge, Options::maximumAgeAtMost>},
+        {"no-seeds", false, [](Options& o, QString const&) { return o.hasSeeds = false, QString(); }},
+        {"rtsp", true, setRtsp},
+        {"hls", true, [](Options& o, QString const& v) { return addFile(o.hls, v); }},
         {"ports-file", true, [](Options& o, QString const& v) { return o.portsFile = v, QString(); }},
         {"stream", true, addStream},
         {"burst", true,
          [](Options& o, QString const& v) { return setNumber(o.burstSeconds, v, Options::maximumBurst); }},
-        {"dead-entries", true,
-         [](Options& o, QString const& v) {
-             double number = 0;
-             QString const error = setNumber(number, v, Options::maximumDeadEntries);
-             o.deadEntries = static_cast<int>(number);
-             return error;
-         }},
+        {"dead-entries", true, setWhole<&Options::deadEntries, Options::maximumDeadEntries>},
         {"fault", true, [](Options& o, QString const& v) { return o.commands.append("fault " + v), QString(); }},
         {"rate", true, [](Options& o, QString const& v) { return o.commands.append("rate " + v), QString(); }},
         {"silent", false, [](Options& o, QString const&) { return o.commands.append("silence on"), QString(); }},
@@ -130,4 +170,9 @@ std::optional<LocalServicesOptions> LocalServicesOptions::parse(QStringList cons
         }
     }
     return options;
+}
+
+QString LocalServicesOptions::usualDatabase()
+{
+    return QDir::homePath() + "/.Ombravision/LocalServices.sqlite";
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Deployment.h"
+#include "PasswordHash.h"
 
 #include <QHostAddress>
 #include <QList>
@@ -16,6 +17,7 @@ struct LocalServicesOptions {
 
     static constexpr int maximumBurst = 60; ///< Seconds.
     static constexpr int maximumDeadEntries = 1000;
+    static constexpr int maximumAgeAtMost = 86400; ///< Seconds.
 
     /// A name and the films of its playlist.
     struct Stream {
@@ -29,6 +31,16 @@ struct LocalServicesOptions {
     Port controlPort = 0;
     Port biscottiPort = Deployment::biscottiPort; ///< Where the player looks for it.
     bool isBiscottiPortGiven = false;             ///< Otherwise a free port will do as well.
+    Port webPort = Deployment::servicePort;       ///< Where the player looks for it.
+    Port webTlsPort = Deployment::serviceTlsPort;
+    bool isWebPortGiven = false; ///< Otherwise free ports will do as well.
+    QString database;            ///< A file, or ":memory:".
+    QString certificateFile;
+    int maximumAge = 1200; ///< Of documents, in seconds.
+    int passwordIterations = PasswordHash::usualIterations;
+    bool hasSeeds = true;
+    QString rtsp;      ///< "HOST:PORT/PATH" of a stream of another program; empty when there is none.
+    QList<Stream> hls; ///< Names and playlists of films in segments.
     QString portsFile;
     QList<Stream> streams;
     double burstSeconds = 5;
@@ -43,4 +55,7 @@ struct LocalServicesOptions {
     static std::optional<LocalServicesOptions> parse(QStringList const& arguments, QString& error);
 
     static QString helpText();
+
+    /// Beside the user's other data.
+    static QString usualDatabase();
 };

@@ -31,6 +31,8 @@ StreamServers::StreamServers(QStringList const& films)
     _options.streams = {{QStringLiteral("/live"), films}};
     _options.controlPort = std::nullopt;
     _options.biscottiPort = std::nullopt;
+    _options.webPort = std::nullopt;
+    _options.webTlsPort = std::nullopt;
     start();
     for (QString const& line : _services->portLines().split('\n', Qt::SkipEmptyParts)) {
         LocalServicesOptions::Port& port = line.startsWith("mms-http") ? _options.mmsHttpPort : _options.mmsTcpPort;

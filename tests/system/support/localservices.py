@@ -7,7 +7,8 @@ import tempfile
 
 from . import built, wait_for
 
-SERVICES = "mms-http", "mms-tcp", "biscotti", "control"
+SERVICES = "mms-http", "mms-tcp", "biscotti", "control", "web", "web-tls"
+ALONE = "--web-port", "0", "--web-tls-port", "0", "--database", ":memory:"
 
 
 class LocalServices:
@@ -17,7 +18,7 @@ class LocalServices:
     """
 
     def __init__(self, *arguments):
-        self._arguments = [str(argument) for argument in arguments]
+        self._arguments = [str(argument) for argument in (*ALONE, *arguments)]
         self.ports = {}
 
     def __enter__(self):
