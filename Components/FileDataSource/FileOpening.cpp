@@ -160,10 +160,12 @@ int FileOpening::openNested(AVFormatContext* context, AVIOContext** io, char con
     av_dict_free(&all);
     if (result >= 0) {
         opening->_progress->isAnswered = true;
+        opening->_progress->isBroken = false;
         return result;
     }
     opening->_progress->isUntrusted = errors.last().contains("certificate");
     opening->_progress->error = result;
+    opening->_progress->isBroken = result != AVERROR_EXIT;
     if (result == AVERROR(EIO) && !errors.last().isEmpty()) // Says nothing itself.
         LOG_ERROR("%s", errors.last().constData());
     return result;

@@ -217,6 +217,25 @@ TEST(FileDataSource, EndOfANetworkStream)
     }
 }
 
+TEST(FileDataSource, AFilmInPiecesIsLostWhenItsServerGoesAwayNotWhenOnePieceIsMissing)
+{
+    LoopbackHttpServer pieces(LoopbackHttpServer::Whole, Clips::bytes(Clips::videoOnly()));
+    QByteArray const piece = "#EXTINF:2,\n" + pieces.url("1.ts").toUtf8() + "\n";
+    QByteArray const missing = "#EXTINF:2,\nhttp://127.0.0.1:1/2.ts\n";
+    for (bool const isLost : {false, true}) {
+        LoopbackHttpServer list(LoopbackHttpServer::Whole, "#EXTM3U\n#EXT-X-TARGETDURATION:2\n" + piece + missing +
+                                                               (isLost ? missing : piece) + "#EXT-X-ENDLIST\n");
+        FileDataSource source(list.url("list.m3u8"));
+        ASSERT_TRUE(openSource(source));
+        QSignalSpy const error(&source, &GLMovieDataSource::error);
+        ReadResult const result = Reader(source).result();
+        EXPECT_EQ(result.end, isLost ? AVERROR(EIO) : AVERROR_EOF);
+        EXPECT_EQ(result.videoFrames, isLost ? 50 : 100);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(error.size(), isLost ? 1 : 0);
+    }
+}
+
 TEST(FileDataSource, ClosesInAnyStateWithoutAnError)
 {
     QString const fifo = Clips::scratch("fifo");
