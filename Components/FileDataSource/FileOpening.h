@@ -47,7 +47,8 @@ public:
     FormatContextPointer operator()(Demuxer const& demuxer) const;
 
 private:
-    FormatContextPointer openAddress(AVFormatContext* prepared, Demuxer const& demuxer) const;
+    FormatContextPointer openAddress(Demuxer const& demuxer) const;
+    FormatContextPointer openOnce(bool unwraps, Demuxer const& demuxer) const;
     FormatContextPointer openPipe(AVFormatContext* prepared, Demuxer const& demuxer) const;
     static int openNested(AVFormatContext* context, AVIOContext** io, char const* url, int flags,
                           AVDictionary** options);

@@ -180,6 +180,21 @@ TEST(FileDataSource, ASenderThatBeginsAnewHasNotSentForADay)
     EXPECT_LT(result.latest, 100.0);
 }
 
+TEST(FileDataSource, AFilmWhoseClockBeginsAnewInItsMiddleCanBeSought)
+{
+    LoopbackHttpServer film(LoopbackHttpServer::Whole, Clips::bytes(Clips::wrappingVideo()));
+    QByteArray const body =
+        "#EXTM3U\n#EXT-X-TARGETDURATION:2\n#EXTINF:2,\n" + film.url("1.ts").toUtf8() + "\n#EXT-X-ENDLIST\n";
+    LoopbackHttpServer list(LoopbackHttpServer::Whole, body);
+    for (QString const& address : {film.url("film.ts"), list.url("list.m3u8")}) {
+        FileDataSource source(address);
+        ASSERT_TRUE(openSource(source));
+        ReadResult const result = Reader(source).result();
+        EXPECT_EQ(result.videoFrames, 50);
+        EXPECT_NEAR(result.latest, source.startTime() + 2.0, 0.1) << address.toStdString();
+    }
+}
+
 TEST(FileDataSource, AnUntrustedCertificateGetsNoRequest)
 {
     QString const key = Clips::scratch("key.pem");
