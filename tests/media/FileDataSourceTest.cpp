@@ -183,6 +183,21 @@ TEST(FileDataSource, ASenderThatBeginsAnewHasNotSentForADay)
     EXPECT_LT(result.latest, 100.0);
 }
 
+TEST(FileDataSource, AFilmWhoseClockBeginsAnewInItsMiddleCanBeSought)
+{
+    LoopbackHttpServer film(LoopbackHttpServer::Whole, Clips::bytes(Clips::wrappingVideo()));
+    QByteArray const body =
+        "#EXTM3U\n#EXT-X-TARGETDURATION:2\n#EXTINF:2,\n" + film.url("1.ts").toUtf8() + "\n#EXT-X-ENDLIST\n";
+    LoopbackHttpServer list(LoopbackHttpServer::Whole, body);
+    for (QString const& address : {film.url("film.ts"), list.url("list.m3u8")}) {
+        FileDataSource source(address);
+        ASSERT_TRUE(openSource(source));
+        ReadResult const result = Reader(source).result();
+        EXPECT_EQ(result.videoFrames, 50);
+        EXPECT_NEAR(result.latest, source.startTime() + 2.0, 0.1) << address.toStdString();
+    }
+}
+
 TEST(FileDataSource, AnUntrustedCertificateGetsNoRequest)
 {
     QString const key = Clips::scratch("key.pem");
@@ -217,6 +232,25 @@ TEST(FileDataSource, EndOfANetworkStream)
         EXPECT_EQ(Reader(source).result().end != AVERROR_EOF, isLoss);
         QCoreApplication::processEvents();
         EXPECT_EQ(error.size(), isLoss ? 1 : 0);
+    }
+}
+
+TEST(FileDataSource, AFilmInPiecesIsLostWhenItsServerGoesAwayNotWhenOnePieceIsMissing)
+{
+    LoopbackHttpServer pieces(LoopbackHttpServer::Whole, Clips::bytes(Clips::videoOnly()));
+    QByteArray const piece = "#EXTINF:2,\n" + pieces.url("1.ts").toUtf8() + "\n";
+    QByteArray const missing = "#EXTINF:2,\nhttp://127.0.0.1:1/2.ts\n";
+    for (bool const isLost : {false, true}) {
+        LoopbackHttpServer list(LoopbackHttpServer::Whole, "#EXTM3U\n#EXT-X-TARGETDURATION:2\n" + piece + missing +
+                                                               (isLost ? missing : piece) + "#EXT-X-ENDLIST\n");
+        FileDataSource source(list.url("list.m3u8"));
+        ASSERT_TRUE(openSource(source));
+        QSignalSpy const error(&source, &GLMovieDataSource::error);
+        ReadResult const result = Reader(source).result();
+        EXPECT_EQ(result.end, isLost ? AVERROR(EIO) : AVERROR_EOF);
+        EXPECT_EQ(result.videoFrames, isLost ? 50 : 100);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(error.size(), isLost ? 1 : 0);
     }
 }
 

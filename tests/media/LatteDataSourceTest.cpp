@@ -219,6 +219,20 @@ TEST_F(LatteDataSourceTest, ABlockedReadEndsOnInterruptionAndOnTheClientsState)
     EXPECT_EQ(_error->first().at(1).toString(), "Stream unavailable");
 }
 
+TEST_F(LatteDataSourceTest, WhatMayComeAgainIsRememberedFromTheBeginning)
+{
+    open("mms://host/live");
+    std::vector<std::optional<qint64>> comebacks{_source->comeback()};
+    for (int plays = 0; plays < 3; ++plays) {
+        emit client().playing(&client());
+        comebacks.push_back(_source->comeback());
+        _source->now += 1000;
+    }
+    _source->now += LatteDataSource::repetitionTime;
+    comebacks.push_back(_source->comeback());
+    EXPECT_THAT(comebacks, testing::ElementsAre(0, 0, testing::Gt(0), testing::Gt(comebacks[2]), 0));
+}
+
 TEST_F(LatteDataSourceTest, ANewHeaderResetsAndOpensAnew)
 {
     Asf const first(Clips::wmv());
