@@ -155,14 +155,19 @@ bool HttpFileDataSource::isBroadcast() const
     return std::ranges::any_of(names, isIcy) || !_reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
 }
 
-/// Whether, for long, what has come has been read, but for what was ahead before: nobody sends a file like that.
+/// Whether, for long, what has come has been read, but for what was ahead before: nobody sends a file like that. Who
+/// has read all there is tells nothing, for the network may be slower than a film.
 bool HttpFileDataSource::keepsPace()
 {
+    if (duration() > 0.0)
+        return false;
     Pace const now{currentMilliseconds(), _buffer->size(), _buffer->size() - _buffer->position()};
     if (now.time - _pace.time < paceTime)
         return false;
     Pace const before = std::exchange(_pace, now);
-    return 10 * std::abs(now.unread - before.unread) < now.size - before.size;
+    qint64 const size = now.size - before.size;
+    bool const isAhead = now.unread * (now.time - before.time) >= size * leastAhead;
+    return isAhead && 10 * std::abs(now.unread - before.unread) < size;
 }
 
 void HttpFileDataSource::leaveToStream()

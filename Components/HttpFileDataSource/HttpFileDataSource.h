@@ -14,7 +14,7 @@ class QNetworkAccessManager;
 ///
 /// What has neither a length nor an end is no file, and not played here, but told by streamFound(). Without a length,
 /// only chunks can tell their end: in chunks it counts as a file until the server calls it a broadcast, it breaks
-/// off, or it has kept pace with play for a minute.
+/// off, or it has kept pace with play for a minute. What states how long it lasts is no broadcast.
 class HttpFileDataSource : public GLMovieDataSource
 {
     Q_OBJECT
@@ -24,7 +24,8 @@ public:
     static constexpr qsizetype maximumProbeBytes = qsizetype(1) << 20; ///< By then a format is known, or never.
     static constexpr int defaultTransferTimeout = minimumFrameTimeout; ///< ms of silence that end the download.
 
-    static constexpr qint64 paceTime = 60000; ///< ms that tell a stream in chunks from a file.
+    static constexpr qint64 paceTime = 60000;  ///< ms that tell a stream in chunks from a file,
+    static constexpr qint64 leastAhead = 2000; ///< with as many ms of it unread.
 
     explicit HttpFileDataSource(QString const& url, QObject* parent = nullptr);
     ~HttpFileDataSource() override;
