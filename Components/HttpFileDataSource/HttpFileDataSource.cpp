@@ -147,12 +147,14 @@ void HttpFileDataSource::onReadyRead()
 
 bool HttpFileDataSource::isBroadcast() const
 {
-    if (!_reply || _buffer->hasLength() || _buffer->state() == DownloadBuffer::Finished)
+    if (!_reply || _buffer->hasLength() || duration() > 0.0 || _buffer->state() == DownloadBuffer::Finished)
         return false;
     // The headers that radio stations have, whatever serves them.
     auto const isIcy = [](QByteArray const& name) { return name.toLower().startsWith("icy-"); };
     QList<QByteArray> const names = _reply->rawHeaderList();
-    return std::ranges::any_of(names, isIcy) || !_reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
+    bool const hasFrames = _reply->attribute(QNetworkRequest::Http2WasUsedAttribute).toBool(); // In place of chunks.
+    bool const tellsEnd = hasFrames || _reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
+    return !tellsEnd || std::ranges::any_of(names, isIcy);
 }
 
 /// Whether, for long, what has come has been read, but for what was ahead before: nobody sends a file like that. Who

@@ -13,8 +13,9 @@ class QNetworkAccessManager;
 /// Downloads a whole file over HTTP and plays it meanwhile. The download stays in memory.
 ///
 /// What has neither a length nor an end is no file, and not played here, but told by streamFound(). Without a length,
-/// only chunks can tell their end: in chunks it counts as a file until the server calls it a broadcast, it breaks
-/// off, or it has kept pace with play for a minute. What states how long it lasts is no broadcast.
+/// only chunks, or the frames of HTTP/2, can tell their end: in chunks it counts as a file until the server calls it
+/// a broadcast, it breaks off, or it has kept pace with play for a minute. What states how long it lasts is no
+/// broadcast.
 class HttpFileDataSource : public GLMovieDataSource
 {
     Q_OBJECT
