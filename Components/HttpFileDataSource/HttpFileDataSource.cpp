@@ -128,8 +128,10 @@ void HttpFileDataSource::stopBuffering()
 
 void HttpFileDataSource::onReadyRead()
 {
-    if (_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= 400)
-        return; // The words of an error page are no film.
+    if (status() >= 400) { // The words of an error page are no film, and they need not end.
+        LOG_ERROR("Network Error the server answers %d", status());
+        return breakOff();
+    }
     QByteArray const bytes = _reply->readAll();
     LOG_DEBUG("Http bytes received %d", static_cast<int>(bytes.size()));
     QVariant const length = _reply->header(QNetworkRequest::ContentLengthHeader);
@@ -186,9 +188,22 @@ void HttpFileDataSource::onError(QNetworkReply::NetworkError code)
     if (code == QNetworkReply::ProtocolFailure && _buffer->size() == 0)
         return leaveToStream(); // Some stations' servers speak a protocol of their own, which FFmpeg knows.
     LOG_ERROR("Network Error %s", qPrintable(_reply->errorString()));
+    breakOff();
+}
+
+/// The download has failed: nothing more is read of it.
+void HttpFileDataSource::breakOff()
+{
+    QString const reason = errorReason();
     _buffer->setState(DownloadBuffer::Failed);
+    stopBuffering();
     if (!_opened && !hasDemuxer())
-        fail(errorReason());
+        fail(reason);
+}
+
+int HttpFileDataSource::status() const
+{
+    return _reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
 QString HttpFileDataSource::errorReason() const
@@ -203,8 +218,7 @@ QString HttpFileDataSource::errorReason() const
     default:
         break;
     }
-    int const status = _reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    NetworkErrors::NetworkError const error = NetworkErrors::ofHttpStatus(status);
+    NetworkErrors::NetworkError const error = NetworkErrors::ofHttpStatus(status());
     return error == NetworkErrors::NoError ? QString() : NetworkErrors::stringForError(error);
 }
 

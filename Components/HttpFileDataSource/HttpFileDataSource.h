@@ -77,7 +77,9 @@ private:
     bool keepsPace();
     void leaveToStream();
     void attempt();
+    int status() const;
     QString errorReason() const;
+    void breakOff();
     void fail(QString const& reason = {});
     static FormatContextPointer tryOpen(QString const& name, DownloadBuffer& buffer, std::atomic<bool>& needsMore,
                                         Demuxer const& demuxer);

@@ -53,6 +53,7 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
     Case const cases[] = {
         {Manner::Unavailable, Clips::bytes(Clips::h264Aac()), "Network Error ",
          "There was an unexpected server error"},
+        {Manner::NotFound, "Nothing is here", "Network Error ", "Resource not available"},
         {Manner::Stalled, film, "Network Error "},
         {Manner::CutOff, film, "Network Error "},
         {Manner::Whole, {}, "Failed to determine file format for ", "The server sends nothing that can be played"},
