@@ -49,6 +49,7 @@ void HttpFileDataSource::close()
     stop();
     _opened = false;
     _isStream = false;
+    _isUntrusted = false;
     _triedBytes = 0;
     _buffer = std::make_shared<DownloadBuffer>(); // The demuxer may still look at the old one.
 }
@@ -138,6 +139,7 @@ void HttpFileDataSource::onReadyRead()
     qsizetype const size = _buffer->append(bytes, length.isValid() ? length.toLongLong() : -1);
     if (size > maximumBytes) {
         LOG_ERROR("Network Error %s", "more than can be kept in memory");
+        _failure = tr("The file is too long to be kept in memory");
         _buffer->setState(DownloadBuffer::Failed);
         return stopBuffering();
     }
@@ -194,11 +196,11 @@ void HttpFileDataSource::onError(QNetworkReply::NetworkError code)
 /// The download has failed: nothing more is read of it.
 void HttpFileDataSource::breakOff()
 {
-    QString const reason = errorReason();
+    _failure = errorReason();
     _buffer->setState(DownloadBuffer::Failed);
     stopBuffering();
     if (!_opened && !hasDemuxer())
-        fail(reason);
+        fail(_failure);
 }
 
 int HttpFileDataSource::status() const
@@ -214,16 +216,18 @@ QString HttpFileDataSource::errorReason() const
     case QNetworkReply::ConnectionRefusedError:
         return NetworkErrors::stringForError(NetworkErrors::CouldNotConnect);
     case QNetworkReply::SslHandshakeFailedError:
-        return NetworkErrors::untrustedCertificate();
+        return _isUntrusted ? NetworkErrors::untrustedCertificate()
+                            : NetworkErrors::stringForError(NetworkErrors::CouldNotConnect);
     default:
         break;
     }
     NetworkErrors::NetworkError const error = NetworkErrors::ofHttpStatus(status());
-    return error == NetworkErrors::NoError ? QString() : NetworkErrors::stringForError(error);
+    return NetworkErrors::stringForError(error == NetworkErrors::NoError ? NetworkErrors::StreamUnavailable : error);
 }
 
 void HttpFileDataSource::onSslErrors(QList<QSslError> const& errors)
 {
+    _isUntrusted = true;
     LOG_ERROR("Ssl Errors:");
     for (QSslError const& sslError : errors)
         LOG_ERROR("%s", qPrintable(sslError.errorString()));
@@ -278,7 +282,7 @@ void HttpFileDataSource::onOpeningEnded(bool success)
     if (*_needsMore && state == DownloadBuffer::Running)
         return;
     stopBuffering();
-    fail(NetworkErrors::nothingToPlay());
+    fail(state == DownloadBuffer::Failed ? _failure : NetworkErrors::nothingToPlay());
 }
 
 void HttpFileDataSource::fail(QString const& reason)

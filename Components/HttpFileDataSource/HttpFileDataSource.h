@@ -91,6 +91,8 @@ private:
     int _transferTimeout = defaultTransferTimeout;
     bool _opened = false;
     bool _isStream = false;
+    bool _isUntrusted = false;                     ///< By its certificate.
+    QString _failure;                              ///< Of the download, for a viewer.
     Pace _pace;                                    ///< When it was looked at last.
     qsizetype _triedBytes = 0;                     ///< How many bytes the last attempt to open had.
     std::shared_ptr<DownloadBuffer> _buffer;       ///< With the demuxer.
