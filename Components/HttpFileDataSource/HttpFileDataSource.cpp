@@ -180,7 +180,7 @@ void HttpFileDataSource::leaveToStream()
 {
     if (isInterrupted() || std::exchange(_isStream, true))
         return;
-    LOG_INFO("%s is a stream", qPrintable(uri()));
+    LOG_INFO("%s is left to a source for streams", qPrintable(uri()));
     emit streamFound(); // Before the reader can take the end of the download for that of the film.
     stopBuffering();
 }
@@ -196,11 +196,25 @@ void HttpFileDataSource::onError(QNetworkReply::NetworkError code)
 /// The download has failed: nothing more is read of it.
 void HttpFileDataSource::breakOff()
 {
+    if (_buffer->size() == 0 && mayPass())
+        return leaveToStream(); // Which is tried again.
     _failure = errorReason();
     _buffer->setState(DownloadBuffer::Failed);
     stopBuffering();
     if (!_opened && !hasDemuxer())
         fail(_failure);
+}
+
+bool HttpFileDataSource::mayPass() const
+{
+    switch (_reply->error()) {
+    case QNetworkReply::ConnectionRefusedError:
+    case QNetworkReply::TimeoutError:
+    case QNetworkReply::OperationCanceledError: // By the transfer timeout: what is ended here tells nothing.
+        return true;
+    default:
+        return status() / 100 == 5;
+    }
 }
 
 int HttpFileDataSource::status() const

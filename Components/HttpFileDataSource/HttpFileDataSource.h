@@ -50,7 +50,8 @@ public:
     void setTransferTimeout(int milliseconds) { _transferTimeout = milliseconds; }
 
 signals:
-    /// It is a stream, for a source that goes on when it is lost: told once, and nothing more is to be had here.
+    /// It is a stream, or nothing has come of it for a reason that may pass: for a source that tries again. Told
+    /// once, and nothing more is to be had here.
     void streamFound();
     void downloadProgressChanged(qint64 received, qint64 total);
     void downloadComplete();
@@ -78,6 +79,7 @@ private:
     void leaveToStream();
     void attempt();
     int status() const;
+    bool mayPass() const;
     QString errorReason() const;
     void breakOff();
     void fail(QString const& reason = {});
