@@ -37,6 +37,7 @@ void HttpFileDataSource::open()
     if (_reply)
         return;
     setInterrupted(false);
+    _isClosed = false;
     start();
     startBuffering();
 }
@@ -44,6 +45,7 @@ void HttpFileDataSource::open()
 void HttpFileDataSource::close()
 {
     setInterrupted(true);
+    _isClosed = true;
     stopBuffering();
     dropDemuxer();
     stop();
@@ -178,8 +180,8 @@ bool HttpFileDataSource::keepsPace()
 
 void HttpFileDataSource::leaveToStream()
 {
-    if (isInterrupted() || std::exchange(_isStream, true))
-        return;
+    if (_isClosed || std::exchange(_isStream, true))
+        return; // A seek interrupts, too, but ends nothing.
     LOG_INFO("%s is left to a source for streams", qPrintable(uri()));
     emit streamFound(); // Before the reader can take the end of the download for that of the film.
     stopBuffering();
@@ -266,7 +268,7 @@ void HttpFileDataSource::onFinished()
 
 void HttpFileDataSource::attempt()
 {
-    if (_opened || _isStream || hasDemuxer() || isInterrupted())
+    if (_opened || _isStream || hasDemuxer() || _isClosed)
         return;
     _triedBytes = _buffer->size();
     _needsMore = std::make_shared<std::atomic<bool>>(false);
@@ -278,7 +280,7 @@ void HttpFileDataSource::attempt()
 
 void HttpFileDataSource::onOpeningEnded(bool success)
 {
-    if (isInterrupted())
+    if (_isClosed)
         return;
     if (success && isBroadcast())
         return leaveToStream();

@@ -91,6 +91,7 @@ private:
     std::unique_ptr<QNetworkAccessManager> _manager;
     std::unique_ptr<QNetworkReply> _reply;
     int _transferTimeout = defaultTransferTimeout;
+    bool _isClosed = true;
     bool _opened = false;
     bool _isStream = false;
     bool _isUntrusted = false;                     ///< By its certificate.
