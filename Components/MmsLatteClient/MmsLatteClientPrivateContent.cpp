@@ -41,6 +41,12 @@ void MmsLatteClientPrivate::openTransport(bool http, QString const& url, QString
     constructMmsClient(http);
     _currentUrl = url;
     _referrer = referrer;
+    connectTransport(url, referrer);
+}
+
+void MmsLatteClientPrivate::connectTransport(QString const& url, QString const& referrer)
+{
+    _transportUrl = url;
     _client->connectToServer(QUrl(url), referrer, _connectTimeout);
 }
 
@@ -193,7 +199,7 @@ void MmsLatteClientPrivate::doReconnectCurrentContent()
         checkContent(address.url, address.referrer, "");
     } else if (_client) {
         enter(Connecting);
-        _client->connectToServer(QUrl(address.url), address.referrer, _connectTimeout);
+        connectTransport(address.url, address.referrer);
     } else {
         connectTo(false, address.url, address.referrer);
     }

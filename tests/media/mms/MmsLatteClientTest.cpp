@@ -251,6 +251,19 @@ TEST_F(MmsLatteClientTest, AWeakStreamIsLeftForTheNextAddress)
     EXPECT_EQ(connection(), "http mms://127.0.0.1/b 10000");
 }
 
+TEST_F(MmsLatteClientTest, AHeaderOfTheOldAddressTellsNothingOfTheOneThatIsLookedAt)
+{
+    startPlaying(true);
+    timers.advance(12000);
+    EXPECT_EQ(checked(), "127.0.0.1/b");
+    transport()->begin("another", 800000, 1000);
+    failCheck();
+    EXPECT_EQ(connection(), "tcp mms://127.0.0.1/b 10000");
+    for (int i = 0; i < 10 && http.clients().isEmpty(); ++i)
+        end(MmsClient::CouldNotConnected, 10000);
+    EXPECT_EQ(checked(), "127.0.0.1/b"); // Asked again.
+}
+
 TEST_F(MmsLatteClientTest, AFullBufferMakesTheServerWaitUntilThereIsRoom)
 {
     LogCapture const capture;
