@@ -34,7 +34,7 @@ HttpFileDataSource::~HttpFileDataSource()
 
 void HttpFileDataSource::open()
 {
-    if (_reply)
+    if (!_isClosed)
         return;
     setInterrupted(false);
     _isClosed = false;
@@ -195,14 +195,15 @@ void HttpFileDataSource::onError(QNetworkReply::NetworkError code)
     breakOff();
 }
 
-/// The download has failed: nothing more is read of it.
+/// The download has failed.
 void HttpFileDataSource::breakOff()
 {
     if (_buffer->size() == 0 && mayPass())
         return leaveToStream(); // Which is tried again.
     _failure = errorReason();
     _buffer->setState(DownloadBuffer::Failed);
-    stopBuffering();
+    if (status() >= 400)
+        stopBuffering();
     if (!_opened && !hasDemuxer())
         fail(_failure);
 }
