@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMetaMethod>
 #include <QSignalSpy>
 
@@ -316,6 +317,7 @@ TEST_F(AppSettingsTest, AFileThatIsDamagedOrOutOfReachIsToldAndNothingIsLost)
         EXPECT_TRUE(file.open(QFile::WriteOnly));
         file.write(bytes);
     };
+    EXPECT_TRUE(QDir().mkpath(QFileInfo(path).path()));
     write(path, damaged);
     _settings.loadGlobalSettings();
     EXPECT_EQ(failed.count(), 1);
