@@ -112,6 +112,9 @@ bool TcpMmsClient::addBandwidthCheckPoint()
 void TcpMmsClient::readingHeader()
 {
     _state = ReadingHeader;
+    _lastMessage = TcpMmsMessage::NoMessage; // All that was asked is answered.
+    _expectedLocationId = 0;
+    _selectionRefused = false;
     startReadTimer();
 }
 

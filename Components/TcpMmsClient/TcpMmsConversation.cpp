@@ -93,7 +93,12 @@ void TcpMmsConversation::follow(TcpMmsClient& client, MmsLinkMacToViewerPing con
     client.sendLinkViewerToMacPong();
 }
 
-void TcpMmsConversation::follow(TcpMmsClient&, MmsLinkMacToViewerReportStreamChange const&) {}
+/// The header of another stream follows on this connection. To ignore it would be to wait for the end of a silence.
+void TcpMmsConversation::follow(TcpMmsClient& client, MmsLinkMacToViewerReportStreamChange const&)
+{
+    if (client.state() == MmsClient::Streaming)
+        client.readingHeader();
+}
 
 void TcpMmsConversation::follow(TcpMmsClient&, MmsLinkMacToViewerReportDisconnectedFunnel const&)
 {

@@ -78,21 +78,22 @@ private:
     MmsClient::MmsClientState const _state;
 };
 
-/// The limit on silence while bytes are to flow: when it comes due in the state it was made in and nothing has
-/// arrived since, the session ends; if something has, it begins anew.
+/// The limit on silence while bytes are to flow: when it comes due where the conversation stood when it was made and
+/// nothing has arrived since, the session ends; if something has, it begins anew.
 class MmsReadTimerHandler : public TcpMmsMessageHandler
 {
 public:
     explicit MmsReadTimerHandler(TcpMmsClient* client)
-        : TcpMmsMessageHandler(client), _totalBytes(client->totalBytesReceived()), _state(client->state())
+        : TcpMmsMessageHandler(client), _totalBytes(client->totalBytesReceived()),
+          _lastSequence(client->lastSequence()), _state(client->state())
     {
     }
 
 protected:
     void act() override
     {
-        if (client().state() != _state)
-            return; // One of the new state has been made.
+        if (client().state() != _state || client().lastSequence() != _lastSequence)
+            return; // The answer has a limit of its own, and what flows after it.
         if (client().isReading() && client().totalBytesReceived() == _totalBytes)
             client().handleReadTimeout();
         else
@@ -101,5 +102,6 @@ protected:
 
 private:
     qint64 const _totalBytes;
+    quint16 const _lastSequence;
     MmsClient::MmsClientState const _state;
 };

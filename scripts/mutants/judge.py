@@ -176,7 +176,9 @@ class Judge:
             stem = re.compile(r"\b%s\b" % re.escape(path.stem))
 
             def distance(tests):
-                sources = self.root / Path(tests[0].directory).relative_to(self.directory)
+                sources = Path(tests[0].directory)  # Of the build, or of the sources already.
+                if sources.is_relative_to(self.directory):
+                    sources = self.root / sources.relative_to(self.directory)
                 return (-sum(len(stem.findall(source.read_text())) for source in sources.glob("*.cpp")),
                         sum(test.seconds for test in tests))
             for tests in sorted(programs.values(), key=distance):

@@ -160,6 +160,33 @@ TEST_F(TcpMmsClientTest, TheEndOfTheStreamClosesTheFileBeforeItLeaves)
     }
 }
 
+TEST_F(TcpMmsClientTest, AnotherStreamFollowsOnTheSameConnection)
+{
+    QByteArray const change = message(0x40020, numbers({0, 0, 0, 0, 0, 0}));
+    goTo(ForHeader);
+    receive(change); // Nothing is to be read anew yet.
+    receive(header() + streamSwitch() + startedPlaying());
+    socket().takeWritten();
+    for (quint32 sequence = 7; sequence < 11; sequence += 2) {
+        receive(data(0, "old") + change + data(3, "none's"));
+        EXPECT_EQ(client.state(), MmsClient::ReadingHeader);
+        receive(header());
+        EXPECT_EQ(socket().takeWritten(),
+                  message(0x30033, u32(2) + u16(0xFFFF) + u16(1) + u16(0) + u16(0xFFFF) + u16(2) + u16(0), sequence));
+        receive(streamSwitch() + startedPlaying() + data(0, "new"));
+        EXPECT_EQ(client.state(), MmsClient::Streaming);
+        socket().takeWritten();
+    }
+    EXPECT_EQ(headers.size(), 3);
+    EXPECT_EQ(packets.size(), 4);
+    timers.advance(timeout);
+    EXPECT_EQ(ends, QList({MmsClient::ReadTimeout})) << "one limit on silence, not those of the streams before";
+    goTo(ForData);
+    receive(change);
+    timers.advance(timeout);
+    EXPECT_EQ(ends, QList({MmsClient::ReadTimeout})) << "the header does not come";
+}
+
 TEST_F(TcpMmsClientTest, EveryStepEndsAtSilenceALossOrAStopAtOnce)
 {
     for (int step = ForConnection; step <= ForData; ++step) {

@@ -87,7 +87,8 @@ class Program:
             if kind is None:
                 shutil.rmtree(self.home)
             else:
-                print(f"kept for a look: {self.home}", flush=True)
+                print(f"kept for a look: {self.home}; the end of its log:", flush=True)
+                print("\n".join(f"  {line.file.split('/')[-1]} {line.text}" for line in self.log_lines()[-40:]), flush=True)
 
     def quit(self):
         """Ends the program as a session does. It has ten seconds, and no excuse for a bad status."""
