@@ -105,6 +105,7 @@ class Desktop(unittest.TestCase):
                 self.assertEqual(program.start_second(films[playing]), 0)
                 check(playing, speed)
             self.press(program, "ctrl+6")
+            check(playing, 1.5)
             with LocalServices("--stream", f"/live={clips.asf(40, 660, '2M')}") as services:
                 self.assertEqual(program.start_second(services.address("http", "/live")), 0)
                 tones += (660,)
