@@ -51,24 +51,30 @@ public:
     {
         client = std::make_unique<CentralisedBiscotti>(&clock, nullptr, &queue, &sockets, "server", quint16(22473),
                                                        "client", &engine);
-        using Client = CentralisedBiscotti;
-        Client* const c = client.get();
-        auto const tell = [this](QString const& what, auto const& id) { told.append(what + ' ' + id.toString()); };
-        QObject::connect(c, &Client::subscribed, [=](auto const& s) { tell("subscribed", s.subscriptionId()); });
-        QObject::connect(c, &Client::unsubscribed, [=](auto const& u) { tell("unsubscribed", u.subscriptionId()); });
-        QObject::connect(c, &Client::posted, [=](auto const& p) { tell("posted", p.postId()); });
-        QObject::connect(c, &Client::stateChanged,
-                         [this](auto state) { told.append(state == Biscotti::Connected ? "connected" : "lost"); });
-        auto const tellError = [this](QString const& what, auto const& id, int code, QString const& text) {
+        record(*client, told);
+    }
+
+    /// Writes down each signal of a service, with the id that it is about.
+    static void record(Biscotti& biscotti, QStringList& told)
+    {
+        Biscotti* const b = &biscotti;
+        auto const tell = [&told](QString const& what, auto const& id) { told.append(what + ' ' + id.toString()); };
+        QObject::connect(b, &Biscotti::subscribed, [=](auto const& s) { tell("subscribed", s.subscriptionId()); });
+        QObject::connect(b, &Biscotti::unsubscribed,
+                         [=](auto const& u) { tell("unsubscribed", u.subscriptionId()); });
+        QObject::connect(b, &Biscotti::posted, [=](auto const& p) { tell("posted", p.postId()); });
+        QObject::connect(b, &Biscotti::stateChanged,
+                         [&told](auto state) { told.append(state == Biscotti::Connected ? "connected" : "lost"); });
+        auto const tellError = [&told](QString const& what, auto const& id, int code, QString const& text) {
             told.append(QString("%1 %2: %3 %4").arg(what, id.toString()).arg(code).arg(text));
         };
-        QObject::connect(c, &Client::errorSubscribing, [=](auto const& s, int code, QString const& text) {
+        QObject::connect(b, &Biscotti::errorSubscribing, [=](auto const& s, int code, QString const& text) {
             tellError("errorSubscribing", s.subscriptionId(), code, text);
         });
-        QObject::connect(c, &Client::errorUnsubscribing, [=](auto const& id, int code, QString const& text) {
+        QObject::connect(b, &Biscotti::errorUnsubscribing, [=](auto const& id, int code, QString const& text) {
             tellError("errorUnsubscribing", id, code, text);
         });
-        QObject::connect(c, &Client::errorPosting, [=](auto const& p, int code, QString const& text) {
+        QObject::connect(b, &Biscotti::errorPosting, [=](auto const& p, int code, QString const& text) {
             tellError("errorPosting", p.postId(), code, text);
         });
     }

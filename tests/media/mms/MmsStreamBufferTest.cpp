@@ -8,7 +8,7 @@
 namespace
 {
 
-QByteArray const header("header");
+QByteArray const theHeader("header");
 
 qint64 read(MmsStreamBuffer& buffer, qint64 size)
 {
@@ -41,7 +41,7 @@ TEST(ByteQueue, GivesBackWhatWentInWhateverTheSizes)
 TEST(MmsStreamBuffer, HandsOutWholePacketsOnly)
 {
     MmsStreamBuffer buffer;
-    buffer.setHeader(header, 1, 100);
+    buffer.setHeader(theHeader, 1, 100);
     buffer.append(QByteArray(99, 'x'));
     EXPECT_EQ(buffer.bytesAvailable(), 0);
     EXPECT_EQ(read(buffer, 1000), 0);

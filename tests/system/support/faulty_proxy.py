@@ -4,60 +4,13 @@ import random
 import select
 import socket
 import struct
-import threading
 import time
+
+from .answering import ThreadedServer, leads_away, read_request, redirection
 
 RTSP = "rtsp"
 SLICE = 0.05  # Seconds in which a connection notices what has become of it.
 ABRUPT = struct.pack("ii", 1, 0)  # Closes without a farewell.
-
-
-class ThreadedServer:
-    """Serves each connection on a thread of its own, on a free port of this machine."""
-
-    def __enter__(self):
-        self._over = threading.Event()
-        self._listen(0)
-        self.port = self._listener.getsockname()[1]
-        return self
-
-    def __exit__(self, *_):
-        self._over.set()
-        self._listener.shutdown(socket.SHUT_RDWR)
-        self._listener.close()
-
-    def _listen(self, port):
-        self._listener = socket.create_server(("127.0.0.1", port))
-        threading.Thread(target=self._accept, daemon=True).start()
-
-    def _accept(self):
-        while not self._over.is_set():
-            try:
-                connection, _ = self._listener.accept()
-            except OSError:
-                return
-            threading.Thread(target=self._run, args=(connection,), daemon=True).start()
-
-    def _run(self, connection):
-        with connection:
-            try:
-                self.serve(connection)
-            except OSError:
-                pass
-
-    def serve(self, connection):
-        raise NotImplementedError
-
-
-def read_request(connection):
-    """The head of an HTTP or RTSP request without a body; empty at the end."""
-    data = b""
-    while b"\r\n\r\n" not in data:
-        piece = connection.recv(65536)
-        if not piece:
-            return ""
-        data += piece
-    return data.partition(b"\r\n\r\n")[0].decode("latin-1")
 
 
 class FaultyProxy(ThreadedServer):
@@ -86,8 +39,7 @@ class FaultyProxy(ThreadedServer):
     def close(self):
         """Refuses connections."""
         self._closed = True
-        self._listener.shutdown(socket.SHUT_RDWR)
-        self._listener.close()
+        self._stop_listening()
         self.cut()
 
     def mend(self):
@@ -111,13 +63,10 @@ class FaultyProxy(ThreadedServer):
                 connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, ABRUPT)
 
     def _redirect(self, connection):
-        protocol, method = ("RTSP/1.0", "DESCRIBE") if self.scheme == RTSP else ("HTTP/1.1", "GET")
-        leads_away = False
-        while not leads_away and (text := read_request(connection)):
-            leads_away = text.startswith(method)
-            number = next((line for line in text.splitlines() if line.startswith("CSeq")), "CSeq: 0")
-            answer = f"302 Found\r\nLocation: {self.address}" if leads_away else "200 OK\r\nPublic: DESCRIBE, SETUP, PLAY"
-            connection.sendall(f"{protocol} {answer}\r\n{number}\r\nContent-Length: 0\r\n\r\n".encode())
+        while request := read_request(connection):
+            connection.sendall(redirection(request, self.address))
+            if leads_away(request):
+                return
 
     def _relay(self, client, server, allowance):
         generation = self._generation

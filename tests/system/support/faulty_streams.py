@@ -8,7 +8,8 @@ import subprocess
 import tempfile
 
 from . import clips, wait_for
-from .faulty_proxy import RTSP, FaultyProxy, ThreadedServer, read_request
+from .answering import ThreadedServer, answer, read_request
+from .faulty_proxy import RTSP, FaultyProxy
 from .foreign_servers import TCP, UDP, GStreamerServer
 from .localservices import LocalServices
 
@@ -38,12 +39,12 @@ class Origin(ThreadedServer):
 
     def serve(self, connection):
         if self._directory:
-            name = pathlib.PurePath(read_request(connection).split(" ", 2)[1]).name
+            request = read_request(connection)
+            name = pathlib.PurePath(request.split(" ", 2)[1]).name
             file = pathlib.Path(self._directory) / name
             if name != "live.ts":
                 status, body = ("200 OK", file.read_bytes()) if file.exists() else ("404 Not Found", b"")
-                head = f"HTTP/1.1 {status}\r\nConnection: close\r\nContent-Length: {len(body)}\r\n\r\n"
-                connection.sendall(head.encode() + body)
+                connection.sendall(answer(request, status, "Connection: close", body=body))
                 return
             connection.sendall(b"HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Type: video/mp2t\r\n\r\n")
         with feed(self.film, *self._output, "-") as feeder:

@@ -6,6 +6,8 @@ import struct
 import threading
 import time
 
+from .answering import ThreadedServer, answer, read_request, redirection
+
 RTSP = "rtsp"
 
 
@@ -25,8 +27,8 @@ class Film:
         self.packets = [data[size + i * self.packet_size:size + (i + 1) * self.packet_size] for i in range(count)]
 
 
-class HostileServer:
-    """Serves each connection on a thread of its own. `requests` counts what was asked for."""
+class HostileServer(ThreadedServer):
+    """`requests` counts what was asked for, `sent` the bytes of send(), and `heard` has what was said at the end."""
 
     scheme = "mms"
 
@@ -39,55 +41,9 @@ class HostileServer:
     def address(self):
         return f"{self.scheme}://127.0.0.1:{self.port}/live"
 
-    def __enter__(self):
-        self._over = threading.Event()
-        self._listener = socket.create_server(("127.0.0.1", 0))
-        self.port = self._listener.getsockname()[1]
-        threading.Thread(target=self._accept, daemon=True).start()
-        return self
-
-    def __exit__(self, *_):
-        self._over.set()
-        self._listener.shutdown(socket.SHUT_RDWR)
-        self._listener.close()
-
-    def _accept(self):
-        while not self._over.is_set():
-            try:
-                connection, _ = self._listener.accept()
-            except OSError:
-                return
-            threading.Thread(target=self._run, args=(connection,), daemon=True).start()
-
-    def _run(self, connection):
-        with connection:
-            try:
-                self.serve(connection)
-            except OSError:
-                pass
-
-    def serve(self, connection):
-        raise NotImplementedError
-
     def send(self, connection, data):
         connection.sendall(data)
         self.sent += len(data)
-
-
-def read_request(connection):
-    """The head of an HTTP or RTSP request, its body read away; empty at the end."""
-    data = b""
-    while b"\r\n\r\n" not in data:
-        piece = connection.recv(65536)
-        if not piece:
-            return ""
-        data += piece
-    head, _, body = data.partition(b"\r\n\r\n")
-    text = head.decode("latin-1")
-    length = next((int(line.split(":")[1]) for line in text.splitlines() if line.lower().startswith("content-length:")), 0)
-    while len(body) < length:
-        body += connection.recv(65536)
-    return text
 
 
 def chunk(kind, payload):
@@ -108,7 +64,7 @@ class MmsOverHttp(HostileServer):
             head = f"HTTP/1.1 200 OK\r\nContent-Type: application/{kind}\r\nPragma: client-id=7,features=\"broadcast\"\r\n"
             if text.startswith("POST"):
                 self.heard.append("stop" if "xStopStrm=1" in text else "log" if "LogStats" in text else "other")
-                connection.sendall(b"HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n")
+                connection.sendall(answer(text, "200 OK"))
             elif "xPlayStrm=1" in text:
                 connection.sendall(head.encode() + b"\r\n" + self.header_chunks())
                 self.play(connection)
@@ -176,16 +132,7 @@ class RedirectsToItself(HostileServer):
     def serve(self, connection):
         while text := read_request(connection):
             self.requests += 1
-            connection.sendall(self.answer_to(text))
-
-    def leads_away(self, text):
-        return text.startswith("DESCRIBE" if self.scheme == RTSP else "GET")
-
-    def answer_to(self, text):
-        number = next((line for line in text.splitlines() if line.startswith("CSeq")), "CSeq: 0")
-        protocol = "RTSP/1.0" if self.scheme == RTSP else "HTTP/1.1"
-        answer = f"302 Found\r\nLocation: {self.address}" if self.leads_away(text) else "200 OK\r\nPublic: DESCRIBE, SETUP, PLAY"
-        return f"{protocol} {answer}\r\n{number}\r\nContent-Length: 0\r\n\r\n".encode()
+            connection.sendall(redirection(text, self.address))
 
 
 class PingFlood(HostileServer):
