@@ -26,7 +26,7 @@ GLMovieClock::GLMovieClock(TimeSource now) : _now(std::move(now)) {}
 void GLMovieClock::reset(bool hasPicture, bool hasSound, bool isLive)
 {
     std::lock_guard const lock(_mutex);
-    _gap = isLive ? gapSeconds : jumpSeconds;
+    _isLive = isLive;
     _video = Track();
     _audio = Track();
     _video.present = hasPicture;
@@ -190,14 +190,19 @@ void GLMovieClock::followVideoLeap(double seconds, Due& due)
     double const now = masterClockTime();
     double const own = seconds + _video.shift;
     double const sounds = seconds + _audio.shift;
-    bool const soundHasLed = _audio.begun && _audio.shift != _video.shift && std::abs(sounds - now) <= jumpSeconds;
+    bool const soundIsNear = _audio.begun && std::abs(sounds - now) <= jumpSeconds;
+    bool const soundHasLed = soundIsNear && _audio.shift != _video.shift;
     if (_video.end && *_video.end - own > jumpSeconds) {
         due.jumped = true;
         _video.first = seconds;
-        moveTo(_video, seconds, soundHasLed ? sounds : *_video.end + _videoStep);
+        moveTo(_video, seconds, soundIsNear ? sounds : *_video.end + _videoStep);
         if (!goesBySound())
             startAt(seconds + _video.shift);
-    } else if ((now - own > jumpSeconds || own - now > _gap) && soundHasLed) {
+    } else if (_isLive && !_video.end && own - now > jumpSeconds && goesBySound()) {
+        // A stream that is joined where it begins anew: the first picture comes from before that place, its sound from
+        // behind it.
+        moveTo(_video, seconds, now);
+    } else if ((now - own > jumpSeconds || own - now > gap()) && soundHasLed) {
         moveTo(_video, seconds, sounds);
     } else if (own - now > jumpSeconds && !goesBySound() && !_audio.pending) {
         // Nothing else plays: a leap ahead must not hold the picture for as long.
@@ -288,7 +293,7 @@ void GLMovieClock::followSoundLeap(double seconds)
         _audio.first = seconds;
         moveTo(_audio, seconds, pictureHasLed ? pictures : end);
         startAt(now);
-    } else if (own - now > _gap && _video.pending && *_video.pending - now > _gap) {
+    } else if (own - now > gap() && _video.pending && *_video.pending - now > gap()) {
         // What was left out of a live stream is lost for both: nothing is to be seen or heard until then.
         moveTo(_audio, seconds, pictureHasLed ? pictures : std::max(end, now));
     } else if (own - now > jumpSeconds) {

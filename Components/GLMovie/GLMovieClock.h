@@ -104,6 +104,8 @@ private:
         double movieTime = 0.0;
     };
 
+    /// Seconds left out of the stream that are not waited for.
+    double gap() const { return _isLive ? gapSeconds : jumpSeconds; }
     double masterClockTime() const;
     qint64 instant() const;
     void startAt(double time);
@@ -121,7 +123,7 @@ private:
     Track _video;
     Track _audio;
     double _videoStep = 0.04; ///< Seconds between the last two pictures.
-    double _gap = gapSeconds; ///< Seconds; in films jumpSeconds.
+    bool _isLive = true;
     bool _soundJumped = false;
     bool _started = false;
     double _baseTime = 0.0; ///< Timeline seconds at _startTime.

@@ -72,6 +72,29 @@ TEST_F(GLMovieClockTest, AClockSetBackMovesPictureAndSoundTogether)
     }
 }
 
+TEST_F(GLMovieClockTest, AStreamJoinedWhereItBeginsAnewIsShownAtOnceAndTogetherThen)
+{
+    for (bool const soundFirst : {true, false}) {
+        _clock.reset(true, true, true);
+        if (soundFirst)
+            queue(1.5, 0.5);
+        _clock.beginVideo(61.5); // Before that place; nothing else of it is there.
+        if (soundFirst) {
+            EXPECT_NEAR(_clock.videoDue(61.5, 1.6).wait, 0.0, 1e-6);
+        }
+        show(61.5, soundFirst ? std::optional(1.6) : std::nullopt);
+        if (!soundFirst)
+            queue(1.5, 0.5);
+        GLMovieClock::Due const due = _clock.videoDue(1.7, 1.65);
+        EXPECT_TRUE(due.jumped);
+        EXPECT_NEAR(due.wait, 0.05, 1e-6) << soundFirst;
+    }
+    _clock.reset(true, true, false);
+    queue(1.5, 0.5);
+    _clock.beginVideo(61.5);
+    EXPECT_NEAR(_clock.videoDue(61.5, 1.5).wait, 60.0, 1e-6) << "a film may begin with a minute of sound";
+}
+
 TEST_F(GLMovieClockTest, ALeapAheadIsAGapWherePicturesGoOnAndANewClockWhereBothLeap)
 {
     start(0.0, 0.0);
