@@ -32,6 +32,11 @@ Channel::~Channel()
     close();
 }
 
+QByteArray Channel::logTitle(Channel const* channel)
+{
+    return channel ? channel->desc.title().toUtf8() : QByteArray("None");
+}
+
 void Channel::createStream(StreamDescription const& description)
 {
     _streams.push_back(std::make_unique<ChannelStream>(_appData, this, description));

@@ -3,6 +3,7 @@
 #include "ChannelDescription.h"
 #include "ChannelStream.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QObject>
 #include <QPointF>
@@ -30,6 +31,9 @@ class Channel : public QObject
 public:
     Channel(AppData& appData, ChannelDescription const& description);
     ~Channel() override;
+
+    /// The title for a line of the log; of null "None".
+    static QByteArray logTitle(Channel const* channel);
 
     /// ChannelManager's to change.
     ChannelDescription desc;

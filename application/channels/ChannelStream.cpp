@@ -75,7 +75,7 @@ void ChannelStream::open(bool forceFile)
         return;
     _renderer = std::make_unique<GLMovieRenderer>();
     giveColourConversion();
-    _renderer->setSmoothChroma(!_appData.drawsInSoftware());
+    _renderer->setSmoothChroma(!_appData.videoPrograms.drawsInSoftware());
     givePostProcessing();
     _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
     _renderer->setDeinterlacing(_appData.settings.deinterlace());
@@ -109,10 +109,10 @@ void ChannelStream::giveColourConversion()
     using Conversion = AppSettings::ColourConversion;
     Conversion const wanted = _appData.settings.colourConversion();
     unsigned int const fragmentProgram = wanted == Conversion::Automatic || wanted == Conversion::FragmentProgram
-                                             ? _appData.colourConversionFragmentProgram()
+                                             ? _appData.videoPrograms.colourConversionFragmentProgram()
                                              : 0;
     unsigned int const shaderProgram = wanted == Conversion::Automatic || wanted == Conversion::Shader
-                                           ? _appData.colourConversionShader().handle()
+                                           ? _appData.videoPrograms.colourConversionShader().handle()
                                            : 0;
     if (fragmentProgram != 0)
         _renderer->setColourConversionFragmentProgram(fragmentProgram);

@@ -2,32 +2,35 @@
 
 #include "AudioDevice.h"
 #include "AudioDeviceWatch.h"
+#include "AudioOutputChoice.h"
 #include "BiscottiClientId.h"
 #include "CentralisedBiscotti.h"
 #include "Channel.h"
+#include "ChannelEvents.h"
 #include "ChannelManager.h"
 #include "CookieJar.h"
 #include "FileLatteClientFactory.h"
 #include "FileName.h"
-#include "GLExtension.h"
-#include "GLMovieRenderer.h"
-#include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
 #include "MachineIdGenerator.h"
 #include "MmsLatteClientFactory.h"
 #include "MonotonicTickCounter.h"
+#include "OwnChannels.h"
 #include "PersistentKeychain.h"
+#include "PipelinedFileDownloader.h"
 #include "RestfulKeychain.h"
 #include "RsaProvider.h"
 #include "RtspLatteClientFactory.h"
+#include "SignIn.h"
 #include "SystemRandomGenerator.h"
 #include "SystemTickCounter.h"
 #include "ThreadedMemoQueue.h"
 #include "TimedHttpClientFactory.h"
 #include "TrieBiscottiSubscriptionEngine.h"
 #include "Uri.h"
+#include "WebCache.h"
 
 #include <QAction>
 #include <QCursor>
@@ -55,7 +58,10 @@ void destroy(T*& component)
 
 } // namespace
 
-AppData::AppData(QObject* parent) : QObject(parent) {}
+AppData::AppData(QObject* parent) : QObject(parent)
+{
+    connect(&videoPrograms, &VideoPrograms::postProcessingChanged, this, &AppData::videoPostProcessingChanged);
+}
 
 AppData::~AppData()
 {
@@ -87,17 +93,23 @@ void AppData::initialize(QWidget* mainWidget)
                                                        &plainHttpClientFactory, &dateTimeBuilder, _memoThread);
     _fileLatteClientFactory = new FileLatteClientFactory;
     _rtspLatteClientFactory = new RtspLatteClientFactory(&rtspClientFactory, &timerFactory);
+    createWebCache();
     registerLatteSchemes();
     _restfulKeychain = new RestfulKeychain(_httpClientFactory, settings.keychainUrl());
     _persistentKeychain = new PersistentKeychain(_restfulKeychain);
     _audioDevice = new AudioDevice;
     _channelManager = new ChannelManager(*this);
     _loginManager = new LoginManager(*this);
-    openAudioDevice();
+    AudioOutputChoice audioOutput(settings, *_audioDevice);
+    audioOutput.choose();
+    audioOutput.open();
     _audioDeviceWatch = new AudioDeviceWatch(*_audioDevice, &timerFactory);
     createBiscotti();
+    _signIn = new SignIn(*this, &timerFactory);
+    _channelEvents = new ChannelEvents(*this, &timerFactory);
     connectChannelManager();
     connectSettings();
+    connectSignIn();
     _initialized = true;
     LOG_INFO("Finished creating application components");
 }
@@ -107,6 +119,9 @@ void AppData::uninitialize()
     if (!_initialized)
         return;
     LOG_INFO("Start destroying application components");
+    _signIn->save();
+    destroy(_channelEvents);
+    destroy(_signIn);
     saveCookieJar();
     _networkAccessManager->deleteLater();
     _networkAccessManager = nullptr;
@@ -122,6 +137,8 @@ void AppData::uninitialize()
     settings.initEncryption(nullptr);
     destroy(_rsaProvider);
     destroy(_subscriptionEngine);
+    destroy(_webCache);
+    destroy(_pipelinedFileDownloader);
     destroy(_audioDevice);
     destroy(_randomGenerator);
     // Before the factory, which they give back clients to whose answers have not come.
@@ -138,9 +155,17 @@ void AppData::uninitialize()
     destroy(_playCursor);
     destroy(_openCursor);
     destroy(_closeCursor);
-    clearPostProcessingShaders();
+    videoPrograms.clearPostProcessingShaders();
     _initialized = false;
     LOG_INFO("Finished destroying application components");
+}
+
+void AppData::createWebCache()
+{
+    _pipelinedFileDownloader = new PipelinedFileDownloader(_memoThread, _tickCounter);
+    _webCache = new WebCache(_pipelinedFileDownloader, _randomGenerator, _memoThread, _tickCounter,
+                             settings.cacheDirectory());
+    _webCache->setLimit(settings.cacheLimit());
 }
 
 void AppData::createBiscotti()
@@ -206,28 +231,6 @@ void AppData::registerLatteSchemes()
         latteVisualiserRegistry.registerLatteVisualiserFactory(UriScheme(scheme), &bufferVisualiserFactory);
 }
 
-void AppData::chooseAudioDevice()
-{
-    if (settings.audioDevice().isEmpty()) {
-        QStringList devices;
-        QString defaultName;
-        if (!AudioDevice::availableDevices(devices, defaultName))
-            settings.setAudioDevice("default");
-        else if (devices.contains("Generic Software"))
-            settings.setAudioDevice("Generic Software");
-    }
-    LinuxAudioConfig const config;
-    if (!config.listDevices().contains(settings.audioDevice()))
-        settings.setAudioDevice(config.defaultDevice());
-}
-
-void AppData::openAudioDevice()
-{
-    chooseAudioDevice();
-    if (!_audioDevice->openDevice(settings.audioDevice()))
-        LOG_ERROR("Could not open sound device.");
-}
-
 void AppData::connectChannelManager()
 {
     connect(_channelManager, &ChannelManager::channelOpened, this, &AppData::channelOpened);
@@ -236,6 +239,49 @@ void AppData::connectChannelManager()
     connect(_channelManager, &ChannelManager::channelsUpdated, this, &AppData::channelsUpdated);
     connect(_channelManager, &ChannelManager::channelError, this, &AppData::channelError);
     connect(_channelManager, &ChannelManager::channelStateChanged, this, &AppData::channelStateChanged);
+    connect(_channelManager, &ChannelManager::channelLogoUpdated, this, &AppData::channelLogoUpdated);
+    connect(_channelEvents, &ChannelEvents::channelTestEvent, this, &AppData::channelTestEvent);
+}
+
+void AppData::connectSignIn()
+{
+    connect(_signIn, &SignIn::signedInChanged, this, &AppData::onSignedInChanged);
+    connect(_signIn, &SignIn::signedInChanged, _channelEvents, &ChannelEvents::onSignedInChanged);
+    connect(_signIn, &SignIn::signedInChanged, this, &AppData::signedInChanged);
+    connect(_signIn, &SignIn::signInStarted, this, &AppData::signInStarted);
+}
+
+void AppData::signIn(QWidget* widget, bool automatic)
+{
+    _signIn->signIn(widget, automatic);
+}
+
+void AppData::signOut(bool notify)
+{
+    _signIn->signOut(notify);
+}
+
+void AppData::signUp(QWidget* widget)
+{
+    _signIn->signUp(widget);
+}
+
+void AppData::begin()
+{
+    if (settings.demoMode())
+        _channelManager->startChecking();
+    else if (SignIn::lastUser().isEmpty())
+        settings.action(MenuAction::CreateAccount)->trigger();
+    else
+        settings.action(MenuAction::SignIn)->trigger();
+}
+
+void AppData::onSignedInChanged()
+{
+    if (_signIn->isSignedIn())
+        _webCache->start();
+    else
+        _webCache->stop();
 }
 
 void AppData::connectSettings()
@@ -249,9 +295,8 @@ void AppData::connectSettings()
 
 void AppData::onAudioDeviceChanged()
 {
-    _channelManager->closeAllChannels();
-    if (!_audioDevice->openDevice(settings.audioDevice()))
-        LOG_ERROR("Could not open sound device.");
+    _channelManager->closeForLater();
+    AudioOutputChoice(settings, *_audioDevice).open();
     _channelManager->openLastChannels();
 }
 
@@ -263,48 +308,7 @@ void AppData::onUseHardwareColourConversionChanged()
 
 void AppData::onWindowVisibilityChanged(bool visible)
 {
-    if (visible)
-        _channelManager->openLastChannels();
-    else
-        _channelManager->closeForLater();
-    settings.action(MenuAction::ShowWindow)->setEnabled(!visible);
-    for (MenuAction const action :
-         {MenuAction::CloseWindow, MenuAction::IncreaseVolume, MenuAction::DecreaseVolume, MenuAction::SeekForwards,
-          MenuAction::SeekBackwards, MenuAction::Mute, MenuAction::FullScreen, MenuAction::Record,
-          MenuAction::ChannelCarousel, MenuAction::Tabs})
-        settings.action(action)->setEnabled(visible);
-    for (QAction* const action : settings.actions().drawModes())
-        action->setEnabled(visible);
-    settings.action(MenuAction::CloseWindow)->setChecked(!visible);
-}
-
-void AppData::createColourConversionPrograms()
-{
-    if (!GLMovieRenderer::createYUVtoRGBFragmentProgram(_colourConversionFragmentProgram))
-        _colourConversionFragmentProgram = 0;
-    GLMovieRenderer::createYUVtoRGBShaderProgram(&_colourConversionShader);
-    _drawsInSoftware = GLExtension::isSoftwareRenderer();
-}
-
-QList<GLMovieShader*> AppData::postProcessingShaders() const
-{
-    QList<GLMovieShader*> shaders;
-    for (auto const& shader : _postProcessingShaders)
-        shaders.append(shader.get());
-    return shaders;
-}
-
-void AppData::clearPostProcessingShaders()
-{
-    auto const going = std::exchange(_postProcessingShaders, {});
-    emit videoPostProcessingChanged(); // While the programs still exist.
-}
-
-void AppData::addPostProcessingShaders(std::vector<std::unique_ptr<GLMovieShader>> shaders)
-{
-    for (auto& shader : shaders)
-        _postProcessingShaders.push_back(std::move(shader));
-    emit videoPostProcessingChanged();
+    _channelEvents->onWindowVisibilityChanged(visible);
 }
 
 void AppData::openNames(QStringList const& names)
@@ -312,7 +316,7 @@ void AppData::openNames(QStringList const& names)
     bool isFirst = true;
     for (QString const& name : names) {
         // Only what looks like an address is looked for on the disk, which may take its time.
-        if (FileName::isAddress(name) || !ChannelManager::isAddress(name) || QFileInfo::exists(name))
+        if (FileName::isAddress(name) || !OwnChannels::isAddress(name) || QFileInfo::exists(name))
             _channelManager->openFile(name, isFirst);
         else
             _channelManager->openUserStream(name, Uri::withoutUserInfo(name), isFirst);

@@ -2,7 +2,7 @@
 
 #include "AppSettings.h"
 #include "BufferLatteVisualiser.h"
-#include "GLMovieShader.h"
+#include "ChannelDescription.h"
 #include "Latte.h"
 #include "LatteVisualiserRegistry.h"
 #include "NativeRtspClientFactory.h"
@@ -10,6 +10,8 @@
 #include "QtHttpClientFactory.h"
 #include "QtTcpSocketFactory.h"
 #include "QtTimerFactory.h"
+#include "TestEvent.h"
+#include "VideoPrograms.h"
 
 #include <QList>
 #include <QNetworkProxy>
@@ -23,12 +25,14 @@ class AudioDevice;
 class AudioDeviceWatch;
 class CentralisedBiscotti;
 class Channel;
+class ChannelEvents;
 class ChannelManager;
 class FileLatteClientFactory;
 class Logger;
 class LoginManager;
 class MmsLatteClientFactory;
 class PersistentKeychain;
+class PipelinedFileDownloader;
 class QCursor;
 class QNetworkAccessManager;
 class QWidget;
@@ -36,10 +40,12 @@ class RandomGenerator;
 class RestfulKeychain;
 class RsaProvider;
 class RtspLatteClientFactory;
+class SignIn;
 class ThreadedMemoQueue;
 class TickCounter;
 class TimedHttpClientFactory;
 class TrieBiscottiSubscriptionEngine;
+class WebCache;
 
 /// The hub: creates, wires, owns and destroys every long-lived component, in a fixed order.
 ///
@@ -69,10 +75,15 @@ public:
     QtHttpClientFactory plainHttpClientFactory;
     BufferLatteVisualiserFactory bufferVisualiserFactory;
     NativeRtspClientFactory rtspClientFactory;
+    VideoPrograms videoPrograms;
 
     AudioDevice* audioDevice() const { return _audioDevice; }
     ChannelManager* channelManager() const { return _channelManager; }
     LoginManager* loginManager() const { return _loginManager; }
+    SignIn* signIn() const { return _signIn; }
+    ChannelEvents* channelEvents() const { return _channelEvents; }
+    PipelinedFileDownloader* pipelinedFileDownloader() const { return _pipelinedFileDownloader; }
+    WebCache* webCache() const { return _webCache; }
     RsaProvider* rsaProvider() const { return _rsaProvider; }
     CentralisedBiscotti* biscotti() const { return _biscotti; }
     ThreadedMemoQueue* memoThread() const { return _memoThread; }
@@ -103,17 +114,17 @@ public:
     void loadCookieJar();
     void saveCookieJar();
 
-    /// The two programs that convert colours on the card. Made by the video surface, with its context current.
-    void createColourConversionPrograms();
-    unsigned int colourConversionFragmentProgram() const { return _colourConversionFragmentProgram; }
-    GLMovieShader& colourConversionShader() { return _colourConversionShader; }
-    /// Whether OpenGL runs on the processor, where every sample counts.
-    bool drawsInSoftware() const { return _drawsInSoftware; }
+    /// The effects that pictures pass through while post-processing is on, in order.
+    QList<GLMovieShader*> postProcessingShaders() const { return videoPrograms.postProcessingShaders(); }
 
-    /// The effects that pictures pass through while post-processing is on, in order; owned here.
-    QList<GLMovieShader*> postProcessingShaders() const;
-    void clearPostProcessingShaders();
-    void addPostProcessingShaders(std::vector<std::unique_ptr<GLMovieShader>> shaders);
+    /// Signs in, without a question if that is wanted and possible, or asks; see SignIn.
+    void signIn(QWidget* widget, bool automatic);
+    void signOut(bool notify);
+    void signUp(QWidget* widget);
+
+    /// What begins when nothing was named on the command line: the local channels in demo mode, otherwise the account
+    /// of who was here last, or a new one.
+    void begin();
 
     /// Plays what the viewer named: addresses as streams, everything else as files; the first in place of what plays,
     /// the others beside it.
@@ -126,6 +137,10 @@ signals:
     void channelsUpdated();
     void channelError(Channel* channel, QString text);
     void channelStateChanged(Channel* channel, QString text);
+    void channelLogoUpdated(ChannelDescription description);
+    void channelTestEvent(TestEvent event);
+    void signedInChanged();
+    void signInStarted();
     void dockIconClicked();
     void systemShutdown();
     void systemSuspended();
@@ -135,6 +150,7 @@ signals:
 public slots:
     /// A hidden window never plays: hiding closes all channels, showing opens them again.
     void onWindowVisibilityChanged(bool visible);
+    void onSignedInChanged();
     void onAudioDeviceChanged();
     void onUseHardwareColourConversionChanged();
 
@@ -142,9 +158,9 @@ private:
     void createCursors();
     void registerLatteSchemes();
     void createBiscotti();
-    void chooseAudioDevice();
-    void openAudioDevice();
+    void createWebCache();
     void connectChannelManager();
+    void connectSignIn();
     void connectSettings();
 
     static Logger* log;
@@ -170,9 +186,9 @@ private:
     RsaProvider* _rsaProvider = nullptr;
     TrieBiscottiSubscriptionEngine* _subscriptionEngine = nullptr;
     CentralisedBiscotti* _biscotti = nullptr;
-    GLMovieShader _colourConversionShader;
-    unsigned int _colourConversionFragmentProgram = 0;
-    bool _drawsInSoftware = false;
-    std::vector<std::unique_ptr<GLMovieShader>> _postProcessingShaders;
+    PipelinedFileDownloader* _pipelinedFileDownloader = nullptr;
+    WebCache* _webCache = nullptr;
+    SignIn* _signIn = nullptr;
+    ChannelEvents* _channelEvents = nullptr;
     bool _initialized = false;
 };

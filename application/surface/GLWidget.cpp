@@ -60,8 +60,8 @@ GLWidget::~GLWidget()
 {
     _presenter.reset();
     if (_surface.makeCurrent()) {
-        _appData.clearPostProcessingShaders();
-        _appData.colourConversionShader().destroy();
+        _appData.videoPrograms.clearPostProcessingShaders();
+        _appData.videoPrograms.colourConversionShader().destroy();
         _surface.context()->doneCurrent();
     }
 }
@@ -77,7 +77,7 @@ void GLWidget::initializeGL()
     initGLExtensions(_surface.context());
     LOG_INFO("OpenGL %s %s %s", qPrintable(GLExtension::version()), qPrintable(GLExtension::renderer()),
              qPrintable(GLExtension::vendor()));
-    _appData.createColourConversionPrograms();
+    _appData.videoPrograms.createColourConversion();
     choosePresentation();
     emit initialized();
 }
@@ -86,7 +86,8 @@ void GLWidget::choosePresentation()
 {
     using Presentation = AppSettings::Presentation;
     Presentation const wanted = _appData.settings.presentation();
-    if (wanted == Presentation::OpenGl || (wanted == Presentation::Automatic && !_appData.drawsInSoftware()))
+    if (wanted == Presentation::OpenGl ||
+        (wanted == Presentation::Automatic && !_appData.videoPrograms.drawsInSoftware()))
         return;
     _presenter = std::make_unique<GLMoviePresenter>();
     connect(_presenter.get(), &GLMoviePresenter::ready, &_pacer, &PaintPacer::request);
@@ -224,8 +225,8 @@ void GLWidget::setEffects(QStringList const& names)
 {
     if (!_surface.makeCurrent())
         return;
-    _appData.clearPostProcessingShaders();
-    _appData.addPostProcessingShaders(PostProcessingEffects::create(names));
+    _appData.videoPrograms.clearPostProcessingShaders();
+    _appData.videoPrograms.addPostProcessingShaders(PostProcessingEffects::create(names));
 }
 
 double GLWidget::calculateZoom() const

@@ -8,6 +8,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "Notice.h"
+#include "OwnChannels.h"
 #include "ScreenSaverManager.h"
 #include "WindowManagerState.h"
 
@@ -59,6 +60,8 @@ Window::Window(AppData& appData)
 Window::~Window()
 {
     // The streams draw in this window's surface.
+    if (_appData.channelManager())
+        _appData.channelManager()->stopChecking();
     if (_appData.channelManager())
         _appData.channelManager()->closeAllChannels();
     _appData.settings.disconnect(this);
@@ -239,7 +242,7 @@ void Window::onOpenVideoStream()
         QInputDialog::getText(this, tr("Open Video Stream"), tr("Address:"), QLineEdit::Normal, {}, &ok).trimmed();
     if (!ok || address.isEmpty())
         return;
-    if (!ChannelManager::isAddress(address)) {
+    if (!OwnChannels::isAddress(address)) {
         QMessageBox::warning(this, tr("Open Video Stream"),
                              tr("\"%1\" is not an address: it should begin with a scheme such as http:// or rtsp://.")
                                  .arg(address.toHtmlEscaped()));

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "ChannelDescription.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class Channel;
+class ChannelDescriptionProvider;
+
+/// All channels that the program knows, in order of their titles, found by root id. Owns them. Main thread only.
+class KnownChannels
+{
+public:
+    /// What a provider has that the directory has not, and the other way round.
+    struct Changes {
+        QList<Channel*> gone;               ///< No longer provided, and none that the viewer has brought in.
+        QList<ChannelDescription> modified; ///< Of channels that are here, but described otherwise.
+        QList<ChannelDescription> added;
+
+        bool isEmpty() const { return gone.isEmpty() && modified.isEmpty() && added.isEmpty(); }
+    };
+
+    static constexpr int anyType = ~0;
+
+    KnownChannels();
+    ~KnownChannels();
+
+    /// Whether the first channel stands before the second one.
+    static bool channelCmp(Channel const* first, Channel const* second);
+
+    Channel* add(std::unique_ptr<Channel> channel);
+    /// Gives the channel away; null if it is none of these.
+    std::unique_ptr<Channel> remove(Channel* channel);
+    /// After titles have changed.
+    void sort();
+
+    Changes compare(ChannelDescriptionProvider const& provider) const;
+
+    int count() const { return static_cast<int>(_channels.size()); }
+    /// Null outside of the list.
+    Channel* at(int index) const;
+    Channel* find(QString const& rootId) const { return _byRootId.value(rootId); }
+    /// Those of the types, a set of ChannelDescription::ChannelType bits.
+    QList<Channel*> channels(int typeMask = anyType) const;
+    QList<Channel*> channelsForAlertTopic(QString const& topic) const;
+    /// The one after it, or before it with a step of -1, the list taken as a ring; of one that is unknown or null the
+    /// first or last. Null in an empty list.
+    Channel* neighbour(Channel const* channel, int step) const;
+
+private:
+    std::vector<std::unique_ptr<Channel>> _channels;
+    QHash<QString, Channel*> _byRootId;
+};

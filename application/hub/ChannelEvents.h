@@ -1,0 +1,53 @@
+#pragma once
+
+#include "TestEvent.h"
+
+#include <QObject>
+
+class AppData;
+class Channel;
+class Logger;
+class Timer;
+class TimerFactory;
+
+/// What follows from what channels and window do: what opens when there is something to open, a hidden window that
+/// never plays, and test mode, which goes from channel to channel. Main thread only.
+class ChannelEvents : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The timers are borrowed.
+    ChannelEvents(AppData& appData, TimerFactory* timers, QObject* parent = nullptr);
+    ~ChannelEvents() override;
+
+    /// Nothing opens by itself before there is a surface to draw on.
+    void setSurfaceReady();
+
+signals:
+    void channelTestEvent(TestEvent event);
+
+public slots:
+    void onChannelsUpdated();
+    void onChannelChanged(Channel* from, Channel* to);
+    void onChannelError(Channel* channel, QString const& text);
+    void onWindowVisibilityChanged(bool visible);
+    void onSignedInChanged();
+    void onTestModeChanged();
+    void onTestModeTimer();
+
+private:
+    void openFirst();
+    void startTestModeTimer();
+    void report(Channel const& channel);
+
+    static Logger* log;
+
+    AppData& _appData;
+    TimerFactory* const _timers;
+    Timer* const _testModeTimer; ///< Of the factory.
+    QString _lastError;          ///< Of the active channel.
+    bool _isSurfaceReady = false;
+    bool _isVisible = true;
+    bool _hasOpenedFirst = false; ///< Since the directory began to be followed.
+};
