@@ -1,6 +1,7 @@
 #include "Channel.h"
 
 #include "AppData.h"
+#include "ChannelGrid.h"
 #include "GLControl.h"
 #include "GLControlLayout.h"
 #include "GLTextArea.h"
@@ -11,7 +12,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <cmath>
 
 Logger* Channel::log = LoggerManager::logger();
 
@@ -238,6 +238,35 @@ void Channel::removeStream(StreamDescription const& description)
     emit pictureUpdated();
 }
 
+std::unique_ptr<ChannelStream> Channel::takeStream(StreamDescription const& description)
+{
+    for (auto& stream : _streams)
+        if (stream && stream->description() == description)
+            return std::move(stream);
+    return nullptr;
+}
+
+void Channel::resetStreams()
+{
+    double const volume = _streams.empty() ? 1.0 : _streams.front()->volume();
+    std::vector<std::unique_ptr<ChannelStream>> streams;
+    for (StreamDescription const& description : desc.streamDescriptions()) {
+        std::unique_ptr<ChannelStream> stream = takeStream(description);
+        if (!stream) {
+            stream = std::make_unique<ChannelStream>(_appData, this, description);
+            connectStream(stream.get());
+        }
+        streams.push_back(std::move(stream));
+    }
+    std::swap(_streams, streams);
+    streams.clear(); // Those that are left close.
+    setVolume(volume);
+    if (_layout)
+        for (auto const& stream : _streams)
+            openStream(*stream);
+    emit pictureUpdated();
+}
+
 void Channel::setDesc(ChannelDescription const& description, bool rebuild)
 {
     desc = description;
@@ -257,15 +286,7 @@ void Channel::updateVideoTexture()
 
 QRect Channel::streamArea(QRect const& area, size_t index) const
 {
-    int const i = static_cast<int>(index);
-    int const count = static_cast<int>(_streams.size());
-    int const columns = static_cast<int>(std::ceil(std::sqrt(count)));
-    int const rows = (count + columns - 1) / columns;
-    int const left = area.x() + i % columns * area.width() / columns;
-    int const right = area.x() + (i % columns + 1) * area.width() / columns;
-    int const top = area.y() + i / columns * area.height() / rows;
-    int const bottom = area.y() + (i / columns + 1) * area.height() / rows;
-    return {left, top, right - left, bottom - top};
+    return ChannelGrid::cell(area, static_cast<int>(_streams.size()), static_cast<int>(index));
 }
 
 void Channel::drawOrthoVideoArray(QRect const& area, GLMovieRenderer::DrawMode mode)

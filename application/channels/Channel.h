@@ -29,6 +29,7 @@ class Channel : public QObject
     Q_OBJECT
 
 public:
+    explicit Channel(AppData& appData) : Channel(appData, ChannelDescription()) {}
     Channel(AppData& appData, ChannelDescription const& description);
     ~Channel() override;
 
@@ -69,6 +70,8 @@ public:
 
     void addStream(StreamDescription const& description);
     void removeStream(StreamDescription const& description);
+    /// Makes the streams those of the description; what has not changed plays on.
+    void resetStreams();
     /// Copies the description; with rebuild, closes the channel and makes its streams anew.
     void setDesc(ChannelDescription const& description, bool rebuild);
 
@@ -124,6 +127,7 @@ private:
     void openStream(ChannelStream& stream);
     bool hasOverlay() const;
     QRect streamArea(QRect const& area, size_t index) const;
+    std::unique_ptr<ChannelStream> takeStream(StreamDescription const& description);
     void createOverlay();
     void setOverlayText(QString const& text);
 

@@ -5,27 +5,47 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "OwnChannels.h"
+#include "SponsorshipSource.h"
 
+#include <QDateTime>
 #include <QTimer>
 
 Logger* ChannelManager::log = LoggerManager::logger();
 
-ChannelManager::ChannelManager(AppData& appData, QObject* parent, TimerFactory* timers,
-                               ChannelFeed::ProviderFactory const& providerFactory)
-    : QObject(parent), _appData(appData), _switch(timers ? timers : &appData.timerFactory),
-      _feed(appData, timers ? timers : &appData.timerFactory, providerFactory)
+ChannelManager::ChannelManager(AppData& appData, QObject* parent) : ChannelManager(appData, Parts(), parent) {}
+
+ChannelManager::ChannelManager(AppData& appData, Parts const& parts, QObject* parent)
+    : QObject(parent), _appData(appData),
+      _noSponsorship(parts.sponsorship ? nullptr : std::make_unique<NoSponsorship>()),
+      _sponsorshipSource(parts.sponsorship ? parts.sponsorship : _noSponsorship.get()),
+      _switch(parts.timers ? parts.timers : &appData.timerFactory),
+      _feed(appData, parts.timers ? parts.timers : &appData.timerFactory, parts.createProvider),
+      _sponsorship(appData, *this, parts.timers ? parts.timers : &appData.timerFactory, _sponsorshipSource)
 {
-    connect(&_open, &OpenChannels::opened, this, &ChannelManager::channelOpened);
-    connect(&_open, &OpenChannels::closed, this, &ChannelManager::channelClosed);
-    connect(&_open, &OpenChannels::changing, this, &ChannelManager::channelChanging);
-    connect(&_open, &OpenChannels::changed, this, &ChannelManager::channelChanged);
-    connect(&_open, &OpenChannels::pictureUpdated, this, &ChannelManager::pictureUpdated);
+    connectParts();
+}
+
+void ChannelManager::connectParts()
+{
+    using Sponsorship = SponsorshipSequence;
+    using Manager = ChannelManager;
+    connect(&_open, &OpenChannels::opened, this, &Manager::channelOpened);
+    connect(&_open, &OpenChannels::closed, this, &Manager::channelClosed);
+    connect(&_open, &OpenChannels::changing, this, &Manager::channelChanging);
+    connect(&_open, &OpenChannels::changed, this, &Manager::channelChanged);
+    connect(&_open, &OpenChannels::pictureUpdated, this, &Manager::pictureUpdated);
     connect(&_open, &OpenChannels::changed, &_actions, [this](Channel*, Channel* to) { _actions.setActive(to); });
-    connect(&_actions, &ChannelActions::channelClicked, this, &ChannelManager::onChannelClicked);
-    connect(&_switch, &ChannelSwitch::fadedOut, this, &ChannelManager::onFadeAndCloseAllChannels);
-    connect(&_feed, &ChannelFeed::channelsUpdated, this, &ChannelManager::onChannelsUpdated);
-    connect(&_feed, &ChannelFeed::channelLogoUpdated, this, &ChannelManager::onChannelLogoUpdated);
+    connect(&_actions, &ChannelActions::channelClicked, this, &Manager::onChannelClicked);
+    connect(&_switch, &ChannelSwitch::fadedOut, this, &Manager::onFadeAndCloseAllChannels);
+    connect(&_feed, &ChannelFeed::channelsUpdated, this, &Manager::onChannelsUpdated);
+    connect(&_feed, &ChannelFeed::channelLogoUpdated, this, &Manager::onChannelLogoUpdated);
     connect(&_feed, &ChannelFeed::failed, this, [this](QString const& text) { emit channelError(nullptr, text); });
+    connect(&_sponsorship, &Sponsorship::postSponsorshipChannelChanged, this,
+            &Manager::postSponsorshipChannelChanged);
+    connect(&_sponsorship, &Sponsorship::sponsorshipLoadCompanionAds, this, &Manager::sponsorshipLoadCompanionAds);
+    connect(&_sponsorship, &Sponsorship::sponsorshipDisplayCompanionAds, this,
+            &Manager::sponsorshipDisplayCompanionAds);
+    connect(&_sponsorship, &Sponsorship::sponsorshipCloseCompanionAds, this, &Manager::sponsorshipCloseCompanionAds);
 }
 
 ChannelManager::~ChannelManager()
@@ -34,42 +54,52 @@ ChannelManager::~ChannelManager()
     closeAllChannels();
 }
 
-void ChannelManager::openChannel(Channel* channel, bool nonMultiview, int index)
+void ChannelManager::openChannel(Channel* channel, bool useSponsorship, bool nonMultiview, int index)
 {
     if (_switch.isPending() && !nonMultiview)
         _switch.addBeside(channel->desc.rootId());
     else if (!_switch.isPending() && isChannelOpen(channel))
         setActiveChannel(channel);
     else if (nonMultiview || _open.isEmpty())
-        openChannelNonMultiview(channel);
+        openChannelNonMultiview(channel, useSponsorship);
     else
         openChannelMultiview(channel, index);
 }
 
-void ChannelManager::openChannel(QString const& rootId, bool nonMultiview, int index)
+void ChannelManager::openChannel(QString const& rootId, bool useSponsorship, bool nonMultiview, int index)
 {
     if (Channel* const channel = getChannelByRootId(rootId))
-        openChannel(channel, nonMultiview, index);
+        openChannel(channel, useSponsorship, nonMultiview, index);
 }
 
-void ChannelManager::openChannelNonMultiview(Channel* channel)
+void ChannelManager::previewChannel(ChannelDescription const& description, bool useSponsorship, bool nonMultiview,
+                                    int index)
 {
-    bool const isNew = _switch.begin(ChannelSwitch::Action::OpenChannel, channel->desc.rootId(), fadeTime);
+    openChannel(addUserChannel(description), useSponsorship, nonMultiview, index);
+}
+
+void ChannelManager::openChannelNonMultiview(Channel* channel, bool useSponsorship)
+{
+    if (useSponsorship && _sponsorship.isPlaying()) {
+        _sponsorship.replaceNext(channel);
+        return;
+    }
+    using Action = ChannelSwitch::Action;
+    bool const isNew = _switch.begin(useSponsorship ? Action::OpenSponsorship : Action::OpenChannel,
+                                     channel->desc.rootId(), fadeTime);
     if (_open.isEmpty())
         onFadeAndCloseAllChannels(); // Nothing fades.
     else if (isNew)
         _open.fadeOut(fadeTime);
 }
 
-bool ChannelManager::openChannelMultiview(Channel* channel, int index)
+void ChannelManager::openChannelMultiview(Channel* channel, int index)
 {
     int const limit = _appData.settings.multiviewChannelLimit();
-    if (limit != -1 && _open.count() >= limit) {
+    if (limit != -1 && _open.count() >= limit)
         emit multiviewLimitExceeded();
-        return false;
-    }
-    _open.open(channel, index);
-    return true;
+    else
+        _open.open(channel, index);
 }
 
 void ChannelManager::fadeAndCloseAllChannels(int ms)
@@ -81,10 +111,18 @@ void ChannelManager::fadeAndCloseAllChannels(int ms)
 void ChannelManager::onFadeAndCloseAllChannels()
 {
     auto const [action, id, beside] = _switch.take();
-    closeAllChannels();
+    Channel const* const previous = activeChannel();
+    qint64 const opened = previous ? previous->openTime() : 0;
+    closeAllChannels(false);
+    Channel* const wanted = getChannelByRootId(id);
+    if (wanted && action == ChannelSwitch::Action::OpenSponsorship) {
+        qint64 const seconds = opened > 0 ? QDateTime::currentSecsSinceEpoch() - opened : 0;
+        _sponsorship.request(wanted, previous, static_cast<int>(seconds));
+        return;
+    }
     for (QString const& each : QStringList(id) + beside)
         if (Channel* const channel = getChannelByRootId(each); channel && !isChannelOpen(channel))
-            _open.open(channel, -1);
+            openChannelMultiview(channel, -1);
 }
 
 void ChannelManager::closeChannel(Channel* channel)
@@ -98,22 +136,25 @@ void ChannelManager::closeChannel(QString const& rootId)
         closeChannel(channel);
 }
 
-void ChannelManager::closeAllChannels()
+void ChannelManager::closeAllChannels(bool cancelSponsorship)
 {
     _open.closeAll();
+    if (cancelSponsorship)
+        _sponsorship.cancel();
 }
 
 void ChannelManager::closeForLater()
 {
-    auto const [action, id, beside] = _switch.take();
+    ChannelSwitch::Pending const pending = _switch.take();
+    QString const next = pending.channelId.isEmpty() ? postSponsorshipChannelId() : pending.channelId;
     closeAllChannels();
-    if (id.isEmpty())
+    if (next.isEmpty())
         return;
-    setLastChannelId(id);
-    setLastChannelIds(QStringList(id) + beside);
+    setLastChannelId(next);
+    setLastChannelIds(QStringList(next) + pending.beside);
 }
 
-void ChannelManager::openLastChannels()
+void ChannelManager::openLastChannels(bool useSponsorship)
 {
     QString const lastId = lastChannelId(); // Both change while channels are opened.
     QStringList const lastIds = lastChannelIds();
@@ -125,7 +166,7 @@ void ChannelManager::openLastChannels()
     if (last && isChannelOpen(last))
         setActiveChannel(last);
     else if (_open.isEmpty() && (last || defaultChannel()))
-        openChannel(last ? last : defaultChannel(), true);
+        openChannel(last ? last : defaultChannel(), useSponsorship, true);
 }
 
 void ChannelManager::reconnectChannel(Channel* channel)
@@ -154,9 +195,9 @@ void ChannelManager::openOwnChannel(ChannelDescription const& description, bool 
 {
     Channel* const channel = addUserChannel(description);
     if (nonMultiview)
-        openChannelNonMultiview(channel);
+        openChannelNonMultiview(channel, false);
     else
-        openChannel(channel, false);
+        openChannel(channel, false, false);
 }
 
 QString ChannelManager::activeChannelId() const
@@ -192,24 +233,6 @@ void ChannelManager::seekBackwards(double seconds)
         channel->seekBackwards(seconds);
 }
 
-QCursor ChannelManager::cursorAt(QPointF point) const
-{
-    Channel const* const channel = _grid.channelAt(openChannels(), point);
-    bool const clickPlays = channel && (channel->hasError() || channel != activeChannel());
-    return clickPlays ? *_appData.playCursor() : QCursor(Qt::ArrowCursor);
-}
-
-void ChannelManager::videoMousePress(QPointF point)
-{
-    Channel* const channel = _grid.channelAt(openChannels(), point);
-    if (!channel)
-        return;
-    if (channel->hasError())
-        reconnectChannel(channel);
-    else
-        setActiveChannel(channel);
-}
-
 void ChannelManager::onChannelStreamError(Channel* channel, ChannelStream*, QString const& text)
 {
     if (!text.isEmpty())
@@ -235,9 +258,19 @@ void ChannelManager::onChannelStreamNeedsLoop(Channel* channel, ChannelStream*)
 void ChannelManager::onMuteChanged()
 {
     setMuted(_appData.settings.muted());
+    if (_sponsorship.isPlaying())
+        _sponsorshipSource->onPlaybackMutedChanged(muted());
 }
 
 void ChannelManager::onVolumeChanged()
 {
     setVolume(_appData.settings.volume());
+    if (_sponsorship.isPlaying())
+        _sponsorshipSource->onPlaybackVolumeChanged(volume());
+}
+
+void ChannelManager::onFullScreenChanged()
+{
+    if (_sponsorship.isPlaying())
+        _sponsorshipSource->onPlaybackFullScreenChanged(_appData.settings.showFullScreen());
 }

@@ -7,6 +7,7 @@
 #include "ChannelSwitch.h"
 #include "KnownChannels.h"
 #include "OpenChannels.h"
+#include "SponsorshipSequence.h"
 
 #include <QCursor>
 #include <QList>
@@ -22,10 +23,12 @@ class AppData;
 class Channel;
 class ChannelStream;
 class Logger;
+class QKeyEvent;
+class SponsorshipSource;
 
 /// Knows every channel, and is the only way to open or close one. The face of several: KnownChannels owns them,
 /// ChannelFeed tells where they come from, OpenChannels has those that are open, ChannelSwitch what comes after a
-/// fade, ChannelGrid how they are shown, ChannelActions their menu entries.
+/// fade, ChannelGrid how they are shown, ChannelActions their menu entries, SponsorshipSequence a pre-roll.
 ///
 /// Main thread only.
 class ChannelManager : public QObject
@@ -35,9 +38,15 @@ class ChannelManager : public QObject
 public:
     static constexpr int fadeTime = OpenChannels::fadeTime; ///< ms
 
-    /// Timers and factory are for tests; without them there are the application's timers and its own sources.
-    explicit ChannelManager(AppData& appData, QObject* parent = nullptr, TimerFactory* timers = nullptr,
-                            ChannelFeed::ProviderFactory const& providerFactory = {});
+    /// What the manager works with, all borrowed; where something is left out it takes the application's own.
+    struct Parts {
+        TimerFactory* timers = nullptr;
+        SponsorshipSource* sponsorship = nullptr; ///< Without one there are no pre-rolls.
+        ChannelFeed::ProviderFactory createProvider;
+    };
+
+    explicit ChannelManager(AppData& appData, QObject* parent = nullptr);
+    ChannelManager(AppData& appData, Parts const& parts, QObject* parent = nullptr);
     ~ChannelManager() override;
 
     // The directory.
@@ -72,17 +81,24 @@ public:
     // Opening and closing.
     /// Opens a channel: alone, after the others have faded out, with nonMultiview or when nothing is open; otherwise
     /// beside the others, at `index` or last with -1. One that is open becomes the active one.
-    void openChannel(Channel* channel, bool nonMultiview, int index = -1);
+    /// A pre-roll comes first with useSponsorship, if there is one, where the channel opens alone.
+    void openChannel(Channel* channel, bool useSponsorship, bool nonMultiview, int index = -1);
     /// The same for a root id; one that is unknown opens nothing.
-    void openChannel(QString const& rootId, bool nonMultiview, int index = -1);
+    void openChannel(QString const& rootId, bool useSponsorship, bool nonMultiview, int index = -1);
+    /// The same for a channel that need not be known yet.
+    void previewChannel(ChannelDescription const& description, bool useSponsorship, bool nonMultiview,
+                        int index = -1);
+    /// Opens a channel unseen and silent, so that it can be shown at once later.
+    void prepareChannel(Channel* channel) { _open.prepare(channel, true); }
     void closeChannel(Channel* channel);
     void closeChannel(QString const& rootId);
-    void closeAllChannels();
+    /// And, with the flag, gives up a pre-roll and what was to come after it.
+    void closeAllChannels(bool cancelSponsorship = true);
     void fadeAndCloseAllChannels(int ms);
     /// Closes what is open, and what was about to be, until openLastChannels().
     void closeForLater();
     /// Opens again what was open last; the default channel when nothing of that is known.
-    void openLastChannels();
+    void openLastChannels(bool useSponsorship = false);
     /// Closes a channel and opens it in the same place.
     void reconnectChannel(Channel* channel);
 
@@ -142,9 +158,15 @@ public:
         return _grid.plainPictures(openChannels(), area, mode);
     }
     /// The pointer over a point of the surface, for what a click there does.
-    QCursor cursorAt(QPointF point) const;
-    /// A click on the surface: reconnects a channel in error, or makes the clicked one active.
-    void videoMousePress(QPointF point);
+    QCursor cursorAt(QPointF point, Qt::KeyboardModifiers modifiers) const;
+    void videoMouseMove(QPointF point);
+    void videoMousePress(QPointF point, Qt::KeyboardModifiers modifiers);
+    /// The digits choose among the open channels, "page up" and "page down" among all. Whether it was one of those.
+    bool videoKeyPress(QKeyEvent const* event);
+
+    QString postSponsorshipChannelId() const { return _sponsorship.postSponsorshipChannelId(); }
+    Channel* sponsorshipChannel() const { return _sponsorship.channel(); }
+    QString sponsorshipChannelId() const;
 
     // What the service has told of this viewer.
     QString ipAddress() const { return _feed.ipAddress(); }
@@ -166,6 +188,12 @@ signals:
     void channelRemoved(ChannelDescription description);
     /// More channels beside each other than the account allows.
     void multiviewLimitExceeded();
+    void mouseEnteredChannel(QString rootId);
+    void mouseLeftChannel(QString rootId);
+    void postSponsorshipChannelChanged(QString rootId);
+    void sponsorshipLoadCompanionAds(SponsorshipResponse response);
+    void sponsorshipDisplayCompanionAds();
+    void sponsorshipCloseCompanionAds();
     void speedChanged();
     /// Something waits to be painted.
     void pictureUpdated();
@@ -179,6 +207,7 @@ public slots:
     void onFadeAndCloseAllChannels();
     void onMuteChanged();
     void onVolumeChanged();
+    void onFullScreenChanged();
 
 private:
     Channel* addChannel(ChannelDescription const& description);
@@ -187,18 +216,24 @@ private:
     void reopen(QStringList const& ids, QString const& activeId);
     static QStringList rootIds(QList<Channel*> const& channels);
     void openOwnChannel(ChannelDescription const& description, bool nonMultiview);
-    void openChannelNonMultiview(Channel* channel);
-    bool openChannelMultiview(Channel* channel, int index);
+    void connectParts();
+    static bool isModifierHeld(Qt::KeyboardModifiers modifiers);
+    void openChannelNonMultiview(Channel* channel, bool useSponsorship);
+    void openChannelMultiview(Channel* channel, int index);
     void onChannelClicked(Channel* channel);
 
     static Logger* log;
 
     AppData& _appData;
+    std::unique_ptr<SponsorshipSource> _noSponsorship; ///< Null if another one is used.
+    SponsorshipSource* const _sponsorshipSource;
     KnownChannels _known;
     ChannelActions _actions; ///< Of the channels: they go before those.
     OpenChannels _open;
     ChannelSwitch _switch;
     ChannelGrid _grid;
     ChannelFeed _feed;
+    SponsorshipSequence _sponsorship;
+    QString _channelUnderMouse; ///< Its root id.
     bool _channelsLoaded = false;
 };

@@ -39,7 +39,10 @@ Channel* ChannelManager::addUserChannel(ChannelDescription const& description)
 {
     Channel* channel = getChannelByRootId(description.rootId());
     if (channel) {
-        channel->setDesc(description, false);
+        bool const rebuild = channel->desc.streamDescriptions() != description.streamDescriptions();
+        if (rebuild)
+            closeChannel(channel);
+        channel->setDesc(description, rebuild);
         _actions.update(channel);
         _known.sort();
     } else {
@@ -57,6 +60,7 @@ void ChannelManager::removeUserChannel(Channel* channel)
 
 void ChannelManager::unloadChannels()
 {
+    _sponsorship.cancel();
     _switch.take();
     closeAllChannels();
     for (Channel* const channel : channels())

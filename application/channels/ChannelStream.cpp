@@ -131,7 +131,9 @@ void ChannelStream::givePostProcessing()
 
 std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
 {
-    Uri const uri = _description.uri();
+    StreamDescription description = _description;
+    Uri const uri = _appData.streamAddress.addressOf(_description);
+    description.setUri(uri);
     if (!forceFile && isMediaFileOnTheWeb(uri)) {
         auto source = std::make_unique<HttpFileDataSource>(uri.toString());
         connect(source.get(), &HttpFileDataSource::downloadProgressChanged, this, &ChannelStream::onDownloadProgress);
@@ -141,7 +143,7 @@ std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
         return source;
     }
     if (!forceFile && !isSegmentedOnTheWeb(uri) && _appData.latte.hasClientFactory(uri.scheme())) {
-        auto source = std::make_unique<LatteDataSource>(&_appData.latte, _description, QString());
+        auto source = std::make_unique<LatteDataSource>(&_appData.latte, description, QString());
         source->setStartDelay(_appData.settings.latteStartDelay());
         // Queued: the source goes.
         connect(source.get(), &LatteDataSource::plainFileFound, this, &ChannelStream::onPlainFileFound,

@@ -10,9 +10,6 @@
 namespace OwnChannels
 {
 
-namespace
-{
-
 StreamDescription streamWithBothTracks(Uri const& uri)
 {
     StreamDescription stream(uri);
@@ -24,6 +21,9 @@ StreamDescription streamWithBothTracks(Uri const& uri)
     stream.appendTrackDescription(track);
     return stream;
 }
+
+namespace
+{
 
 ChannelDescription channelOf(QString const& rootId, QString const& title, ChannelDescription::ChannelType type,
                              Uri const& uri)

@@ -14,6 +14,9 @@ bool isAddress(QString const& text);
 /// The root id part of a file name or address: its UTF-8 bytes in hexadecimal.
 QString channelIdFromFileName(QString const& name);
 
+/// A stream that has sound and pictures, in English.
+StreamDescription streamWithBothTracks(Uri const& uri);
+
 /// The channel of an address, for which isAddress() holds.
 ChannelDescription describeStream(QString const& url, QString const& title);
 

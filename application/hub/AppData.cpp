@@ -240,6 +240,12 @@ void AppData::connectChannelManager()
     connect(_channelManager, &ChannelManager::channelError, this, &AppData::channelError);
     connect(_channelManager, &ChannelManager::channelStateChanged, this, &AppData::channelStateChanged);
     connect(_channelManager, &ChannelManager::channelLogoUpdated, this, &AppData::channelLogoUpdated);
+    using Manager = ChannelManager;
+    connect(_channelManager, &Manager::postSponsorshipChannelChanged, this, &AppData::postSponsorshipChannelChanged);
+    connect(_channelManager, &Manager::sponsorshipLoadCompanionAds, this, &AppData::sponsorshipLoadCompanionAds);
+    connect(_channelManager, &Manager::sponsorshipDisplayCompanionAds, this,
+            &AppData::sponsorshipDisplayCompanionAds);
+    connect(_channelManager, &Manager::sponsorshipCloseCompanionAds, this, &AppData::sponsorshipCloseCompanionAds);
     connect(_channelEvents, &ChannelEvents::channelTestEvent, this, &AppData::channelTestEvent);
 }
 
@@ -288,6 +294,7 @@ void AppData::connectSettings()
 {
     connect(&settings, &AppSettings::muteChanged, _channelManager, &ChannelManager::onMuteChanged);
     connect(&settings, &AppSettings::volumeChanged, _channelManager, &ChannelManager::onVolumeChanged);
+    connect(&settings, &AppSettings::showFullScreenChanged, _channelManager, &ChannelManager::onFullScreenChanged);
     connect(&settings, &AppSettings::audioDeviceChanged, this, &AppData::onAudioDeviceChanged);
     connect(&settings, &AppSettings::useHardwareColourConversionChanged, this,
             &AppData::onUseHardwareColourConversionChanged);

@@ -10,7 +10,9 @@
 #include "QtHttpClientFactory.h"
 #include "QtTcpSocketFactory.h"
 #include "QtTimerFactory.h"
+#include "SponsorshipResponse.h"
 #include "TestEvent.h"
+#include "TokenStreamAddress.h"
 #include "VideoPrograms.h"
 
 #include <QList>
@@ -76,6 +78,7 @@ public:
     BufferLatteVisualiserFactory bufferVisualiserFactory;
     NativeRtspClientFactory rtspClientFactory;
     VideoPrograms videoPrograms;
+    TokenStreamAddress streamAddress{&dateTimeBuilder}; ///< Where streams are opened.
 
     AudioDevice* audioDevice() const { return _audioDevice; }
     ChannelManager* channelManager() const { return _channelManager; }
@@ -137,6 +140,10 @@ signals:
     void channelsUpdated();
     void channelError(Channel* channel, QString text);
     void channelStateChanged(Channel* channel, QString text);
+    void postSponsorshipChannelChanged(QString rootId);
+    void sponsorshipLoadCompanionAds(SponsorshipResponse response);
+    void sponsorshipDisplayCompanionAds();
+    void sponsorshipCloseCompanionAds();
     void channelLogoUpdated(ChannelDescription description);
     void channelTestEvent(TestEvent event);
     void signedInChanged();

@@ -49,7 +49,7 @@ void ChannelEvents::openFirst()
         return;
     _hasOpenedFirst = true;
     if (!channels.isBusy())
-        channels.openLastChannels();
+        channels.openLastChannels(_appData.settings.sponsorshipEnabled());
 }
 
 void ChannelEvents::onSignedInChanged()
@@ -115,7 +115,7 @@ void ChannelEvents::onTestModeTimer()
     if (active)
         report(*active);
     if (Channel* const next = channels.nextChannel(active); next && next != active)
-        channels.openChannel(next, true);
+        channels.openChannel(next, false, true);
 }
 
 void ChannelEvents::report(Channel const& channel)

@@ -247,12 +247,14 @@ void GLWidget::resizeEvent(QResizeEvent*)
 void GLWidget::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        _appData.channelManager()->videoMousePress(event->position() * devicePixelRatio());
+        _appData.channelManager()->videoMousePress(event->position() * devicePixelRatio(), event->modifiers());
 }
 
 void GLWidget::mouseMoveEvent(QMouseEvent* event)
 {
-    setCursor(_appData.channelManager()->cursorAt(event->position() * devicePixelRatio()));
+    QPointF const point = event->position() * devicePixelRatio();
+    _appData.channelManager()->videoMouseMove(point);
+    setCursor(_appData.channelManager()->cursorAt(point, event->modifiers()));
     if (_appData.settings.showFullScreen())
         _mouseHideTimer.start();
 }

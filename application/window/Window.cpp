@@ -111,6 +111,12 @@ void Window::showEvent(QShowEvent* event)
     emit windowVisibilityChanged(true);
 }
 
+void Window::keyPressEvent(QKeyEvent* event)
+{
+    if (!_appData.channelManager()->videoKeyPress(event))
+        QWidget::keyPressEvent(event);
+}
+
 void Window::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->isAutoRepeat())

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "SponsorshipResponse.h"
+#include "Uri.h"
+
+#include <QImage>
+#include <QObject>
+#include <QSet>
+#include <QString>
+
+class AppData;
+class Channel;
+class ChannelManager;
+class ChannelStream;
+class Logger;
+class SponsorshipSource;
+class Timer;
+class TimerFactory;
+
+/// What happens around a pre-roll: it is asked for, plays as a channel of its own while the wanted channel buffers
+/// unseen behind it, and makes room for that. Main thread only.
+class SponsorshipSequence : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int afterPlayback = 100; ///< ms, from the end of the pre-roll to the wanted channel.
+
+    /// All are borrowed.
+    SponsorshipSequence(AppData& appData, ChannelManager& channels, TimerFactory* timers, SponsorshipSource* source,
+                        QObject* parent = nullptr);
+    ~SponsorshipSequence() override;
+
+    /// Whether the active channel is a pre-roll.
+    bool isPlaying() const;
+    /// Null when there is none.
+    Channel* channel() const { return _channel; }
+    /// What comes after the pre-roll; empty when there is none.
+    QString postSponsorshipChannelId() const { return _nextId; }
+
+    /// Asks for a pre-roll before a channel; nothing else is open.
+    void request(Channel* next, Channel const* previous, int previousSeconds);
+    /// While one plays: another channel is to come after it.
+    void replaceNext(Channel* next);
+    /// There will be no pre-roll, and nothing after it.
+    void cancel();
+    /// The viewer has clicked on the pre-roll.
+    void click();
+
+signals:
+    void postSponsorshipChannelChanged(QString id);
+    void sponsorshipLoadCompanionAds(SponsorshipResponse response);
+    void sponsorshipDisplayCompanionAds();
+    void sponsorshipCloseCompanionAds();
+
+public slots:
+    void onSponsorshipRequestCompleted(bool ok, SponsorshipResponse const& response);
+    void openPostSponsorshipChannel();
+    void onSponsorshipPlaybackStarted(Channel* channel, ChannelStream* stream);
+    void onSponsorshipPlaybackTimeUpdated(Channel* channel, ChannelStream* stream, double seconds);
+    void onSponsorshipPlaybackCompleted(Channel* channel, ChannelStream* stream);
+    void onSponsorshipPlaybackLooped(Channel* channel, ChannelStream* stream);
+    void onSponsorshipPlaybackError(Channel* channel, ChannelStream* stream, QString const& text);
+    void onSponsorshipStaticImageCompleted();
+    /// A logo has come into the cache.
+    void onLogoUpdated(Uri const& uri);
+
+private:
+    Channel* createSponsorshipChannel(SponsorshipResponse const& response);
+    QString mediaAddress(QString const& url);
+    QImage logo(QString const& url);
+    void watch(QString const& url);
+    void onChannelClosed(Channel* channel);
+    void connectPlayback();
+    void setNextId(QString const& id);
+    void bufferNext();
+    void finish();
+
+    static Logger* log;
+
+    AppData& _appData;
+    ChannelManager& _channels;
+    TimerFactory* const _timers;
+    SponsorshipSource* const _source;
+    Timer* const _timer;        ///< Of the factory: to the wanted channel, or to the end of a still image.
+    bool _isStillShown = false; ///< What the timer runs for.
+    Channel* _channel = nullptr;
+    SponsorshipResponse _response;
+    QSet<Uri> _watched; ///< For this response.
+    QString _nextId;
+    bool _isRequested = false;
+    qint64 _msStarted = 0; ///< On the application's clock.
+};
