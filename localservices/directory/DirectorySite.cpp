@@ -112,7 +112,8 @@ WebAnswer DirectorySite::dated(WebRequest const& request, QByteArray const& type
 
 WebAnswer DirectorySite::channelDocument(WebRequest const& request)
 {
-    qint64 const changed = std::max<qint64>(_parts.directory.lastChanged(), 0);
+    // The ports of the services are in it, and new with each start.
+    qint64 const changed = std::max(_parts.directory.lastChanged(), _started);
     QString const key = request.base();
     return dated(request, "application/xml; charset=utf-8", changed, [&] {
         Made* made = _documents.object(key);
