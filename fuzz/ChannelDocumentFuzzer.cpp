@@ -1,8 +1,6 @@
 #include "ChannelDocumentReader.h"
 #include "ChannelFileReader.h"
 #include "ChannelStats.h"
-#include "Logger.h"
-#include "LoggerManager.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -46,12 +44,6 @@ void readFile(QByteArray const& bytes)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-    LoggerManager::logger()->setLevel(Logger::Fatal);
-    return 0;
-}
 
 /// Whatever a service sends or a file has, as a channel document, as a channel file and as statistics.
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size)

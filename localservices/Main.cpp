@@ -69,9 +69,8 @@ int main(int argc, char** argv)
     if (options->showVersion)
         return tell(QStringLiteral("ombravision-localservices " OMBRAVISION_VERSION "\n")), 0;
     if (options->streams.isEmpty() && !options->biscottiPort && !options->webPort && !options->webTlsPort)
-        return fail(
-            wrongOptions,
-            QStringLiteral("there is nothing to serve; give a --stream /NAME=FILE, a --biscotti-port or a --web-port, see --help"));
+        return fail(wrongOptions, QStringLiteral("there is nothing to serve; give a --stream /NAME=FILE, a "
+                                                 "--biscotti-port or a --web-port, see --help"));
 
     configureLog(*options);
     allowManyClients();

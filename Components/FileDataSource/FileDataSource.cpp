@@ -161,7 +161,9 @@ int FileDataSource::readFrame(AVPacket* packet)
     int const result = readWhatIsPlayed(packet);
     if (result >= 0 || result == AVERROR(EAGAIN) || result == AVERROR_EXIT || !_isNetwork)
         return result;
-    if (result == AVERROR_EOF && !_isLive)
+    bool const isBroken =
+        !_isLive && streams().listed && _progress->isBroken; // Lost, not a piece left out in between.
+    if (result == AVERROR_EOF && !_isLive && !isBroken)
         return result;
     LOG_ERROR("Lost %s: %s", qPrintable(uri()), qPrintable(FFwrapper::errorText(result)));
     if (_isLive && _goesThere)

@@ -17,6 +17,7 @@ extern "C" {
 #include <QUrlQuery>
 
 #include <algorithm>
+#include <string_view>
 
 Logger* FileOpening::log = LoggerManager::logger();
 
@@ -38,6 +39,17 @@ IoOpen defaultIoOpen()
         return result;
     }();
     return function;
+}
+
+/// Whether the clock of a film in a transport stream, of 33 bits at 90 kHz, begins anew before its end.
+bool wrapsAround(AVFormatContext const& film)
+{
+    static constexpr std::int64_t wrap = (std::int64_t(1) << 33) / 90 * (AV_TIME_BASE / 1000);
+    std::string_view const format = film.iformat->name;
+    if ((format != "mpegts" && format != "hls") || film.start_time == AV_NOPTS_VALUE ||
+        StreamOpener::describe(film).endless)
+        return false;
+    return film.duration <= 0 || film.start_time + film.duration > wrap;
 }
 
 } // namespace
@@ -108,23 +120,34 @@ FileOpening::FileOpening(QString const& name, QNetworkProxy const& proxy)
 FormatContextPointer FileOpening::operator()(Demuxer const& demuxer) const
 {
     LOG_INFO("Opening %s", qPrintable(_name));
-    AVFormatContext* const prepared = avformat_alloc_context();
     if (_isNetwork)
-        return openAddress(prepared, demuxer);
+        return openAddress(demuxer);
+    AVFormatContext* const prepared = avformat_alloc_context();
     if (PipeReader::isNeededFor(_path))
         return openPipe(prepared, demuxer);
     // With its protocol in front, no file name can be taken for an address.
     return StreamOpener::open(prepared, {StreamOpener::File, _name, "file:" + _path}, demuxer);
 }
 
-FormatContextPointer FileOpening::openAddress(AVFormatContext* prepared, Demuxer const& demuxer) const
+FormatContextPointer FileOpening::openAddress(Demuxer const& demuxer) const
 {
     _proxy.warnUnlessUsable(_path);
+    // A sender that begins anew is not one that has sent for a day: the movie's clock follows what goes back.
+    FormatContextPointer context = openOnce(false, demuxer);
+    if (!context || !wrapsAround(*context))
+        return context;
+    LOG_INFO("The clock of %s begins anew before its end", qPrintable(_name)); // Else it could not be sought.
+    FormatContextPointer unwrapped = openOnce(true, demuxer);
+    return unwrapped ? std::move(unwrapped) : std::move(context);
+}
+
+FormatContextPointer FileOpening::openOnce(bool unwraps, Demuxer const& demuxer) const
+{
+    AVFormatContext* const prepared = avformat_alloc_context();
     prepared->opaque = const_cast<FileOpening*>(this); // The demuxer keeps this for as long as the context.
     prepared->io_open = &openNested;
     prepared->protocol_whitelist = av_strdup(networkProtocols);
-    // A sender that begins anew is not one that has sent for a day: the movie's clock follows what goes back.
-    prepared->correct_ts_overflow = 0;
+    prepared->correct_ts_overflow = unwraps ? 1 : 0;
     int error = 0;
     FormatContextPointer context = StreamOpener::open(prepared, {StreamOpener::File, _name, _path}, demuxer, &error);
     if (!context && _progress->error == 0)
@@ -160,10 +183,12 @@ int FileOpening::openNested(AVFormatContext* context, AVIOContext** io, char con
     av_dict_free(&all);
     if (result >= 0) {
         opening->_progress->isAnswered = true;
+        opening->_progress->isBroken = false;
         return result;
     }
     opening->_progress->isUntrusted = errors.last().contains("certificate");
     opening->_progress->error = result;
+    opening->_progress->isBroken = result != AVERROR_EXIT;
     if (result == AVERROR(EIO) && !errors.last().isEmpty()) // Says nothing itself.
         LOG_ERROR("%s", errors.last().constData());
     return result;

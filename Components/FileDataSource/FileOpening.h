@@ -23,6 +23,7 @@ public:
         std::atomic<bool> isAnswered{false};  ///< Something has been opened: the server speaks.
         std::atomic<int> error{0};            ///< FFmpeg's, of the last connection that failed, else of the whole.
         std::atomic<bool> isUntrusted{false}; ///< That one was, by its certificate.
+        std::atomic<bool> isBroken{false};    ///< What a list led to last could not be opened; FFmpeg skips that.
 
         /// Whether what has failed would fail again: there is no such thing, or it is whole and cannot be played. All
         /// else may be better later. FFmpeg does not tell a name that there is not from one that nobody can look up
@@ -46,7 +47,8 @@ public:
     FormatContextPointer operator()(Demuxer const& demuxer) const;
 
 private:
-    FormatContextPointer openAddress(AVFormatContext* prepared, Demuxer const& demuxer) const;
+    FormatContextPointer openAddress(Demuxer const& demuxer) const;
+    FormatContextPointer openOnce(bool unwraps, Demuxer const& demuxer) const;
     FormatContextPointer openPipe(AVFormatContext* prepared, Demuxer const& demuxer) const;
     static int openNested(AVFormatContext* context, AVIOContext** io, char const* url, int flags,
                           AVDictionary** options);

@@ -94,11 +94,12 @@ bool GLMovie::readOnePacket(AVPacket* packet)
 
 bool GLMovie::isRepeated(AVPacket const& packet)
 {
-    if (!_dataSource->mayRepeat())
+    std::optional<qint64> const comeback = _dataSource->comeback();
+    if (!comeback)
         return false;
     for (AVStream const* const stream : {_videoStream, _audioStream})
         if (stream && stream->index == packet.stream_index)
-            return _repetition.contains(packet, stream->time_base);
+            return _repetition.contains(packet, stream->time_base, *comeback);
     return false;
 }
 

@@ -6,7 +6,7 @@ extern "C" {
 
 #include <algorithm>
 
-bool GLMovieRepetition::contains(AVPacket const& packet, AVRational timeBase)
+bool GLMovieRepetition::contains(AVPacket const& packet, AVRational timeBase, std::int64_t comeback)
 {
     if (packet.dts == AV_NOPTS_VALUE)
         return false;
@@ -14,18 +14,22 @@ bool GLMovieRepetition::contains(AVPacket const& packet, AVRational timeBase)
     double const back = static_cast<double>(stream.latest.value_or(packet.dts)) - static_cast<double>(packet.dts);
     if (back * av_q2d(timeBase) > longest) {
         stream = {};
-        std::erase_if(_recent, [&](Packet const& recent) { return recent.stream == packet.stream_index; });
+        std::erase_if(_recent, [&](Entry const& entry) { return entry.packet.stream == packet.stream_index; });
     }
     Packet const key{packet.stream_index, packet.pts, packet.dts, packet.size};
     bool const goesBack = stream.latest && (back > 0 || (back == 0 && stream.isRepeating));
-    auto const found = goesBack ? std::find(_recent.begin(), _recent.end(), key) : _recent.end();
+    auto const isDue = [&](Entry const& entry) { return entry.packet == key && entry.comeback != comeback; };
+    auto const found =
+        goesBack && comeback != 0 ? std::find_if(_recent.begin(), _recent.end(), isDue) : _recent.end();
     stream.isRepeating = found != _recent.end();
     if (stream.isRepeating) {
-        _recent.erase(found); // Once only: a film that begins anew for ever is no loss.
+        found->comeback = comeback;
         return true;
     }
     stream.latest = std::max(packet.dts, stream.latest.value_or(packet.dts));
-    _recent.push_back(key);
+    bool const isHere =
+        back > 0 && std::erase_if(_recent, [&](Entry const& entry) { return entry.packet == key; }) > 0;
+    _recent.push_back({key, isHere ? comeback : 0});
     if (_recent.size() > remembered)
         _recent.pop_front();
     return false;

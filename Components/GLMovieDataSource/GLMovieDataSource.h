@@ -9,6 +9,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 class Logger;
 class PacketRecorder;
@@ -59,9 +60,10 @@ public:
     /// Whether seekFrame() can do anything for what is open. A live stream cannot be sought. Waits for nothing.
     virtual bool isSeekable() const;
 
-    /// Whether the sender, when it was lost and is there again, begins with what it has sent already, without
-    /// closed().
-    virtual bool mayRepeat() const { return false; }
+    /// Tells the last return of a sender that, when it was lost and is there again, begins with what it has sent
+    /// already, without closed(): a number that no other return has, 0 when there was none lately. Nothing for all
+    /// other sources. Any thread.
+    virtual std::optional<qint64> comeback() const { return std::nullopt; }
 
     /// Seconds; 0 when it is not known.
     virtual double duration() const;

@@ -81,6 +81,7 @@ void HttpContentChecker::cancel()
 void HttpContentChecker::start(CheckResponse& check)
 {
     check.statusClass = 0;
+    check.isWhole = false;
     check.header = HttpResponseHeader();
     check.body.clear();
     QUrl const url(check.url.trimmed());
@@ -191,12 +192,13 @@ void HttpContentChecker::done(HttpClient* client, bool error)
     check->body.truncate(maximumBodyBytes);
     if (error)
         LOG_INFO("The check of %s ended with error %d.", qPrintable(check->url), client->error());
-    conclude(check);
+    conclude(check, !error);
 }
 
 /// Judges what has come of the answer, the rest of which is not waited for.
-void HttpContentChecker::conclude(Checks::iterator check)
+void HttpContentChecker::conclude(Checks::iterator check, bool isWhole)
 {
+    check->isWhole = isWhole;
     LOG_INFO("done() %s status code %d content-type %s", qPrintable(check->url), check->header.statusCode(),
              qPrintable(check->header.value("Content-Type")));
     release(*check);

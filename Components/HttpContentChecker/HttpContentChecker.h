@@ -54,6 +54,7 @@ public:
         QString text;     ///< As given to check().
         HttpResponseHeader header;
         QByteArray body;
+        bool isWhole = false;      ///< All has come that it takes to know; else it broke off.
         int contentType = Unknown; ///< A ContentType.
 
         bool isBroadcast = false;
@@ -106,7 +107,7 @@ private:
     void release(CheckResponse& check);
     Checks::iterator find(HttpClient const* client);
     void failSoon(CheckResponse& check);
-    void conclude(Checks::iterator check);
+    void conclude(Checks::iterator check, bool isWhole = true);
     void redirect(Checks::iterator check);
     void retryOrFinish(Checks::iterator check, int maximum);
     void finish(Checks::iterator check);

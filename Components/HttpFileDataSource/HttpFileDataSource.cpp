@@ -34,9 +34,10 @@ HttpFileDataSource::~HttpFileDataSource()
 
 void HttpFileDataSource::open()
 {
-    if (_reply)
+    if (!_isClosed)
         return;
     setInterrupted(false);
+    _isClosed = false;
     start();
     startBuffering();
 }
@@ -44,11 +45,13 @@ void HttpFileDataSource::open()
 void HttpFileDataSource::close()
 {
     setInterrupted(true);
+    _isClosed = true;
     stopBuffering();
     dropDemuxer();
     stop();
     _opened = false;
     _isStream = false;
+    _isUntrusted = false;
     _triedBytes = 0;
     _buffer = std::make_shared<DownloadBuffer>(); // The demuxer may still look at the old one.
 }
@@ -128,14 +131,17 @@ void HttpFileDataSource::stopBuffering()
 
 void HttpFileDataSource::onReadyRead()
 {
-    if (_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= 400)
-        return; // The words of an error page are no film.
+    if (status() >= 400) { // The words of an error page are no film, and they need not end.
+        LOG_ERROR("Network Error the server answers %d", status());
+        return breakOff();
+    }
     QByteArray const bytes = _reply->readAll();
     LOG_DEBUG("Http bytes received %d", static_cast<int>(bytes.size()));
     QVariant const length = _reply->header(QNetworkRequest::ContentLengthHeader);
     qsizetype const size = _buffer->append(bytes, length.isValid() ? length.toLongLong() : -1);
     if (size > maximumBytes) {
         LOG_ERROR("Network Error %s", "more than can be kept in memory");
+        _failure = tr("The file is too long to be kept in memory");
         _buffer->setState(DownloadBuffer::Failed);
         return stopBuffering();
     }
@@ -147,29 +153,36 @@ void HttpFileDataSource::onReadyRead()
 
 bool HttpFileDataSource::isBroadcast() const
 {
-    if (!_reply || _buffer->hasLength() || _buffer->state() == DownloadBuffer::Finished)
+    if (!_reply || _buffer->hasLength() || duration() > 0.0 || _buffer->state() == DownloadBuffer::Finished)
         return false;
     // The headers that radio stations have, whatever serves them.
     auto const isIcy = [](QByteArray const& name) { return name.toLower().startsWith("icy-"); };
     QList<QByteArray> const names = _reply->rawHeaderList();
-    return std::ranges::any_of(names, isIcy) || !_reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
+    bool const hasFrames = _reply->attribute(QNetworkRequest::Http2WasUsedAttribute).toBool(); // In place of chunks.
+    bool const tellsEnd = hasFrames || _reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
+    return !tellsEnd || std::ranges::any_of(names, isIcy);
 }
 
-/// Whether, for long, what has come has been read, but for what was ahead before: nobody sends a file like that.
+/// Whether, for long, what has come has been read, but for what was ahead before: nobody sends a file like that. Who
+/// has read all there is tells nothing, for the network may be slower than a film.
 bool HttpFileDataSource::keepsPace()
 {
+    if (duration() > 0.0)
+        return false;
     Pace const now{currentMilliseconds(), _buffer->size(), _buffer->size() - _buffer->position()};
     if (now.time - _pace.time < paceTime)
         return false;
     Pace const before = std::exchange(_pace, now);
-    return 10 * std::abs(now.unread - before.unread) < now.size - before.size;
+    qint64 const size = now.size - before.size;
+    bool const isAhead = now.unread * (now.time - before.time) >= size * leastAhead;
+    return isAhead && 10 * std::abs(now.unread - before.unread) < size;
 }
 
 void HttpFileDataSource::leaveToStream()
 {
-    if (isInterrupted() || std::exchange(_isStream, true))
-        return;
-    LOG_INFO("%s is a stream", qPrintable(uri()));
+    if (_isClosed || std::exchange(_isStream, true))
+        return; // A seek interrupts, too, but ends nothing.
+    LOG_INFO("%s is left to a source for streams", qPrintable(uri()));
     emit streamFound(); // Before the reader can take the end of the download for that of the film.
     stopBuffering();
 }
@@ -179,9 +192,37 @@ void HttpFileDataSource::onError(QNetworkReply::NetworkError code)
     if (code == QNetworkReply::ProtocolFailure && _buffer->size() == 0)
         return leaveToStream(); // Some stations' servers speak a protocol of their own, which FFmpeg knows.
     LOG_ERROR("Network Error %s", qPrintable(_reply->errorString()));
+    breakOff();
+}
+
+/// The download has failed.
+void HttpFileDataSource::breakOff()
+{
+    if (_buffer->size() == 0 && mayPass())
+        return leaveToStream(); // Which is tried again.
+    _failure = errorReason();
     _buffer->setState(DownloadBuffer::Failed);
+    if (status() >= 400)
+        stopBuffering();
     if (!_opened && !hasDemuxer())
-        fail(errorReason());
+        fail(_failure);
+}
+
+bool HttpFileDataSource::mayPass() const
+{
+    switch (_reply->error()) {
+    case QNetworkReply::ConnectionRefusedError:
+    case QNetworkReply::TimeoutError:
+    case QNetworkReply::OperationCanceledError: // By the transfer timeout: what is ended here tells nothing.
+        return true;
+    default:
+        return status() / 100 == 5;
+    }
+}
+
+int HttpFileDataSource::status() const
+{
+    return _reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
 QString HttpFileDataSource::errorReason() const
@@ -192,17 +233,18 @@ QString HttpFileDataSource::errorReason() const
     case QNetworkReply::ConnectionRefusedError:
         return NetworkErrors::stringForError(NetworkErrors::CouldNotConnect);
     case QNetworkReply::SslHandshakeFailedError:
-        return NetworkErrors::untrustedCertificate();
+        return _isUntrusted ? NetworkErrors::untrustedCertificate()
+                            : NetworkErrors::stringForError(NetworkErrors::CouldNotConnect);
     default:
         break;
     }
-    int const status = _reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    NetworkErrors::NetworkError const error = NetworkErrors::ofHttpStatus(status);
-    return error == NetworkErrors::NoError ? QString() : NetworkErrors::stringForError(error);
+    NetworkErrors::NetworkError const error = NetworkErrors::ofHttpStatus(status());
+    return NetworkErrors::stringForError(error == NetworkErrors::NoError ? NetworkErrors::StreamUnavailable : error);
 }
 
 void HttpFileDataSource::onSslErrors(QList<QSslError> const& errors)
 {
+    _isUntrusted = true;
     LOG_ERROR("Ssl Errors:");
     for (QSslError const& sslError : errors)
         LOG_ERROR("%s", qPrintable(sslError.errorString()));
@@ -227,7 +269,7 @@ void HttpFileDataSource::onFinished()
 
 void HttpFileDataSource::attempt()
 {
-    if (_opened || _isStream || hasDemuxer() || isInterrupted())
+    if (_opened || _isStream || hasDemuxer() || _isClosed)
         return;
     _triedBytes = _buffer->size();
     _needsMore = std::make_shared<std::atomic<bool>>(false);
@@ -239,7 +281,7 @@ void HttpFileDataSource::attempt()
 
 void HttpFileDataSource::onOpeningEnded(bool success)
 {
-    if (isInterrupted())
+    if (_isClosed)
         return;
     if (success && isBroadcast())
         return leaveToStream();
@@ -257,7 +299,7 @@ void HttpFileDataSource::onOpeningEnded(bool success)
     if (*_needsMore && state == DownloadBuffer::Running)
         return;
     stopBuffering();
-    fail(NetworkErrors::nothingToPlay());
+    fail(state == DownloadBuffer::Failed ? _failure : NetworkErrors::nothingToPlay());
 }
 
 void HttpFileDataSource::fail(QString const& reason)

@@ -138,9 +138,10 @@ int LatteDataSource::readFrame(AVPacket* packet)
     return AVERROR(EAGAIN);
 }
 
-bool LatteDataSource::mayRepeat() const
+std::optional<qint64> LatteDataSource::comeback() const
 {
-    return currentMilliseconds() < _repeatsUntil;
+    qint64 const until = _repeatsUntil;
+    return currentMilliseconds() < until ? until : 0;
 }
 
 int LatteDataSource::seekFrame(AVStream*, long long, int)

@@ -6,6 +6,8 @@
 
 #include <QByteArray>
 
+#include <optional>
+
 class Latte;
 class LatteClient;
 class LatteInput;
@@ -24,7 +26,7 @@ public:
     static constexpr int maximumBufferedBytes = 32 << 20; ///< More waits in the client until the source is open.
     static constexpr int openDelay = 5000;       ///< ms from a failed attempt to the next; usually also from open().
     static constexpr int resetDelay = 3000;      ///< ms from a new stream header to closed().
-    static constexpr int repetitionTime = 30000; ///< ms for which mayRepeat(): as long as a client's buffer, twice.
+    static constexpr int repetitionTime = 30000; ///< ms of a comeback(): as long as a client's buffer, twice.
 
     /// The Latte must outlive this object. An empty name stands for the address of the stream.
     LatteDataSource(Latte* latte, StreamDescription const& streamDescription, QString const& name,
@@ -44,7 +46,7 @@ public:
     int seekFrame(AVStream* stream, long long timestamp, int flags) override;
     bool isSeekable() const override { return false; }
     /// For a while after the client has come back to its server.
-    bool mayRepeat() const override;
+    std::optional<qint64> comeback() const override;
 
     /// What delivers the bytes; null unless open. Lives on a thread of its own.
     LatteClient const* client() const { return _client; }

@@ -171,7 +171,8 @@ void MmsLatteClientPrivate::takeHeader(QByteArray const& header)
         _contentChecker->cancel();
         enter(Receiving);
     }
-    updateContent(_currentUrl);
+    if (_transportUrl == _currentUrl) // Else it plays on while another address is looked at.
+        updateContent(_currentUrl);
     _firstConnect = false;
     _connectTimeout = firstConnectTimeout;
     if (!_buffer.setHeader(header, _client->streamBitrate(), _client->packetSize())) {

@@ -159,6 +159,7 @@ private:
     void makeFactories();
     void connectTo(bool http, QString const& url, QString const& referrer);
     void openTransport(bool http, QString const& url, QString const& referrer);
+    void connectTransport(QString const& url, QString const& referrer);
     void attempt(MmsPlaylist::Address const& address);
     bool isRefused() const { return _firstConnect && _refusal != NetworkErrors::NoError; }
     void noteRefusal(HttpContentChecker::CheckResponse const& response);
@@ -202,6 +203,7 @@ private:
     MmsFarewells* _farewells = nullptr;
     MmsClient* _client = nullptr;               ///< The transport.
     MmsClientFactory* _clientFactory = nullptr; ///< That it came from.
+    QString _transportUrl;                      ///< Where it has connected to.
 
     MmsStreamBuffer _buffer;
     MmsPlaylist _playlist;

@@ -11,10 +11,13 @@
 
 #include <QUrl>
 
+#include <algorithm>
+
 namespace
 {
-constexpr int tooManyRequests = 429;
-}
+/// Of the refusals, those that are for now: Request Timeout, Locked, Too Early, Too Many Requests.
+constexpr int passing[] = {408, 423, 425, 429};
+} // namespace
 
 void MmsLatteClientPrivate::checkContent(QString const& url, QString const& referrer, QString const& text)
 {
@@ -41,6 +44,12 @@ void MmsLatteClientPrivate::openTransport(bool http, QString const& url, QString
     constructMmsClient(http);
     _currentUrl = url;
     _referrer = referrer;
+    connectTransport(url, referrer);
+}
+
+void MmsLatteClientPrivate::connectTransport(QString const& url, QString const& referrer)
+{
+    _transportUrl = url;
     _client->connectToServer(QUrl(url), referrer, _connectTimeout);
 }
 
@@ -115,12 +124,13 @@ void MmsLatteClientPrivate::noteRefusal(HttpContentChecker::CheckResponse const&
 {
     if (!response.url.startsWith("http", Qt::CaseInsensitive) || response.header.statusCode() == 0)
         return;
-    LOG_ERROR("%s answers %d with %s, which cannot be played", qPrintable(response.url), response.header.statusCode(),
+    int const status = response.header.statusCode();
+    LOG_ERROR("%s answers %d with %s, which cannot be played", qPrintable(response.url), status,
               qPrintable(response.header.value("Content-Type")));
-    if (response.statusClass == 2)
+    if (response.statusClass == 2 && response.isWhole)
         _refusal = NetworkErrors::ResourceNotAvailable;
-    else if (response.statusClass == 4 && response.header.statusCode() != tooManyRequests)
-        _refusal = NetworkErrors::ofHttpStatus(response.header.statusCode()); // All else may be better later.
+    else if (response.statusClass == 4 && std::ranges::find(passing, status) == std::end(passing))
+        _refusal = NetworkErrors::ofHttpStatus(status); // All else may be better later.
 }
 
 void MmsLatteClientPrivate::openPlaylist(HttpContentChecker::CheckResponse const& response)
@@ -193,7 +203,7 @@ void MmsLatteClientPrivate::doReconnectCurrentContent()
         checkContent(address.url, address.referrer, "");
     } else if (_client) {
         enter(Connecting);
-        _client->connectToServer(QUrl(address.url), address.referrer, _connectTimeout);
+        connectTransport(address.url, address.referrer);
     } else {
         connectTo(false, address.url, address.referrer);
     }

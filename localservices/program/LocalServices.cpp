@@ -108,22 +108,24 @@ bool LocalServices::startDirectory(LocalServicesOptions const& options, QString&
 {
     if (!_directory->start(options, error))
         return false;
-    DirectoryService& service = *_directory;
     auto const add = [&](char const* name, auto const& run) { _commands.addCommand(QString::fromLatin1(name), run); };
-    add("account", [&](QStringList const& words, QStringList& lines) {
-        return service.accountCommands().account(words, lines);
+    add("account", [this](QStringList const& words, QStringList& lines) {
+        return _directory->accountCommands().account(words, lines);
     });
-    add("message", [&](QStringList const& words, QStringList& lines) {
-        return service.accountCommands().message(words, lines);
+    add("message", [this](QStringList const& words, QStringList& lines) {
+        return _directory->accountCommands().message(words, lines);
     });
-    add("signin",
-        [&](QStringList const& words, QStringList& lines) { return service.accountCommands().signIn(words, lines); });
-    add("channel", [&](QStringList const& words, QStringList& lines) {
-        return service.channelCommands().channel(words, lines);
+    add("signin", [this](QStringList const& words, QStringList& lines) {
+        return _directory->accountCommands().signIn(words, lines);
     });
-    add("stream",
-        [&](QStringList const& words, QStringList& lines) { return service.channelCommands().stream(words, lines); });
-    add("web", [&](QStringList const& words, QStringList& lines) { return service.webCommands().run(words, lines); });
+    add("channel", [this](QStringList const& words, QStringList& lines) {
+        return _directory->channelCommands().channel(words, lines);
+    });
+    add("stream", [this](QStringList const& words, QStringList& lines) {
+        return _directory->channelCommands().stream(words, lines);
+    });
+    add("web",
+        [this](QStringList const& words, QStringList& lines) { return _directory->webCommands().run(words, lines); });
     return true;
 }
 

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMetaMethod>
 #include <QSignalSpy>
 
@@ -55,17 +56,26 @@ TEST_F(AppSettingsTest, VolumeIsBroughtInsideAndEndsMute)
     EXPECT_EQ(changed.count(), 3);
     _settings.setVolume(1.0);
     EXPECT_EQ(changed.count(), 3);
+    _settings.setVolume(0.25);
+    EXPECT_EQ(_settings.volume(), 0.25);
+    _settings.setMuted(true);
+    _settings.setVolume(0.25);
+    EXPECT_FALSE(_settings.muted()) << "who turns the knob wants to hear it";
+    EXPECT_EQ(changed.count(), 5);
 }
 
 TEST_F(AppSettingsTest, ASetterMirrorsItsActionAndStaysSilentWhenNothingChanges)
 {
     QSignalSpy mute(&_settings, &AppSettings::muteChanged);
     QSignalSpy mode(&_settings, &AppSettings::drawModeChanged);
+    QSignalSpy startup(&_settings, &AppSettings::runAtStartupChanged);
     for (bool const changes : {false, true}) {
         _settings.setMuted(changes);
         _settings.setDrawMode(changes ? 1 : 17);
         EXPECT_EQ(mute.count(), changes);
         EXPECT_EQ(mode.count(), changes);
+        _settings.setRunAtStartup(!changes);
+        EXPECT_EQ(startup.count(), changes);
     }
     EXPECT_TRUE(_settings.action(MenuAction::Mute)->isChecked());
     EXPECT_TRUE(_settings.action(MenuAction::NormalSize)->isChecked());
@@ -307,6 +317,7 @@ TEST_F(AppSettingsTest, AFileThatIsDamagedOrOutOfReachIsToldAndNothingIsLost)
         EXPECT_TRUE(file.open(QFile::WriteOnly));
         file.write(bytes);
     };
+    EXPECT_TRUE(QDir().mkpath(QFileInfo(path).path()));
     write(path, damaged);
     _settings.loadGlobalSettings();
     EXPECT_EQ(failed.count(), 1);

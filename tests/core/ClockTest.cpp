@@ -1,3 +1,4 @@
+#include "MonotonicTickCounter.h"
 #include "QtTimerFactory.h"
 #include "SystemTickCounter.h"
 #include "Timer.h"
@@ -7,6 +8,8 @@
 #include <QPointer>
 #include <QSignalSpy>
 
+#include <chrono>
+#include <ctime>
 #include <gtest/gtest.h>
 
 TEST(SystemTickCounter, TellsTheTimeOfTheSystem)
@@ -15,6 +18,19 @@ TEST(SystemTickCounter, TellsTheTimeOfTheSystem)
     qint64 const ticks = SystemTickCounter().msSinceEpoch();
     EXPECT_GE(ticks, before);
     EXPECT_LE(ticks, QDateTime::currentMSecsSinceEpoch());
+}
+
+TEST(MonotonicTickCounter, CountsTheMillisecondsSinceTheStartOfTheMachine)
+{
+    auto const sinceStart = [] {
+        timespec now = {};
+        clock_gettime(CLOCK_BOOTTIME, &now);
+        return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+    };
+    auto const before = sinceStart();
+    std::chrono::milliseconds const ticks(MonotonicTickCounter().msSinceEpoch());
+    EXPECT_GT(ticks + std::chrono::milliseconds(1), before);
+    EXPECT_LE(ticks, sinceStart());
 }
 
 TEST(QtTimerFactory, ItsTimersNameThemselvesAndAreSilentOnceDisposed)

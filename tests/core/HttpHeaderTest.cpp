@@ -42,6 +42,7 @@ TEST(HttpHeader, ReadsWhatServersSend)
         {"HTTP/1.1 200 OK\r\nno colon\r\n\r\n", 0, "", ""},
         {"HTTP/1.1 200 OK\r\n folded\r\n\r\n", 0, "", ""},
         {"HTTP/1.1 2000 OK\r\n\r\n", 0, "", ""},
+        {"HTTP/1.1 2x0 OK\r\n\r\n", 0, "", ""},
         {"", 0, "", ""},
     };
     for (auto const& [text, status, reason, value] : cases) {

@@ -1,6 +1,9 @@
 #include "CurlTransfer.h"
 #include "QtHttpClientFixture.h"
 
+#include <QAuthenticator>
+#include <QDir>
+#include <QFile>
 #include <QNetworkProxy>
 #include <QSignalSpy>
 
@@ -205,4 +208,45 @@ TEST_F(QtHttpClientTest, TheApplicationsProxyGetsTheWholeAddressAndItsCredential
     EXPECT_EQ(error(), HttpClient::UnknownError);
     EXPECT_TRUE(headers.isEmpty()) << "the tunnel's answer is not the server's";
     QNetworkProxy::setApplicationProxy(before);
+}
+
+TEST_F(QtHttpClientTest, ABodyGoesToItsDeviceOrTheRequestFails)
+{
+    QFile whole(QDir::home().filePath("body"));
+    QFile full("/dev/full");
+    for (QFile* const device : {&whole, &full}) {
+        ASSERT_TRUE(device->open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+        errors.clear();
+        client->get("/", device);
+        server.answer(shortResponse);
+        ASSERT_TRUE(untilDone());
+        processPendingEvents();
+        EXPECT_EQ(errors,
+                  QList<HttpClient::Error>{device == &whole ? HttpClient::NoError : HttpClient::UnknownError});
+    }
+    EXPECT_EQ(whole.size(), 2);
+}
+
+TEST_F(QtHttpClientTest, WhoKnowsThePasswordOfTheRealmIsAskedForIt)
+{
+    QStringList realms;
+    for (QByteArray const& challenge :
+         {QByteArray("Basic realm=\"The Club\""), QByteArray("Basic charset=\"UTF-8\", Realm=\"B\"")}) {
+        client = std::make_unique<QtHttpClient>(); // The one before knows it already.
+        follow(*client);
+        QObject::connect(client.get(), &HttpClient::authenticationRequired, client.get(),
+                         [&](HttpClient*, QString const& host, quint16, QAuthenticator* authenticator) {
+                             realms.append(host + ' ' + authenticator->realm());
+                             authenticator->setUser("me");
+                             authenticator->setPassword("here");
+                         });
+        errors.clear();
+        client->get("/");
+        server.answer("HTTP/1.1 401 No\r\nWWW-Authenticate: " + challenge + "\r\nContent-Length: 0\r\n\r\n");
+        EXPECT_TRUE(server.takeRequest().lines.contains("Authorization: Basic " + QByteArray("me:here").toBase64()));
+        server.send(shortResponse);
+        ASSERT_TRUE(untilDone());
+        EXPECT_EQ(error(), HttpClient::NoError);
+    }
+    EXPECT_EQ(realms, (QStringList{"127.0.0.1 The Club", "127.0.0.1 B"}));
 }

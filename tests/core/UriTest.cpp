@@ -18,6 +18,7 @@ TEST(Uri, IsTakenApartAtTheScheme)
         {"http://h/a/b#f/g", "http", "http://h/a/b#f/g", "http://h/a"},
         {"rtsp://h", "rtsp", "rtsp://h", "rtsp://h"},
         {"file:/a/b c", "file", "file:/a/b c", "file:/a"},
+        {"file:///a", "file", "file:///a", "file://"},
     };
     for (auto const& [text, scheme, whole, base] : cases) {
         Uri const uri{QString(text)};
@@ -41,6 +42,7 @@ TEST(Uri, WithoutUserInfo)
         {"http://u:p@[::1]/x@y", "http://[::1]/x@y"},
         {"http://h?q=a@b", "http://h?q=a@b"},
         {"mail@home", "mail@home"},
+        {"://u:p@h", "://h"},
     };
     for (auto const& [typed, shown] : cases)
         EXPECT_EQ(Uri::withoutUserInfo(typed), shown) << typed;

@@ -3,36 +3,11 @@
 #include "ControlServer.h"
 #include "EventLoop.h"
 #include "LocalServicesOptions.h"
-
-#include <QHostAddress>
-#include <QTcpSocket>
+#include "LoopbackClient.h"
 
 namespace
 {
 using ControlTest = BroadcastFixture;
-
-/// A client that says what it is told to, and keeps what it hears.
-class LoopbackClient
-{
-public:
-    explicit LoopbackClient(quint16 port)
-    {
-        QObject::connect(&_socket, &QTcpSocket::readyRead, &_socket, [this] { _heard += _socket.readAll(); });
-        _socket.connectToHost(QHostAddress::LocalHost, port);
-    }
-
-    void say(QByteArray const& bytes) { _socket.write(bytes); }
-    QByteArray const& heard() const { return _heard; }
-
-    bool waitForEnd()
-    {
-        return processEventsUntil([&] { return _socket.state() == QAbstractSocket::UnconnectedState; });
-    }
-
-private:
-    QTcpSocket _socket;
-    QByteArray _heard;
-};
 } // namespace
 
 TEST_F(ControlTest, CommandsChangeTheStreamsOrSayWhatIsWrong)

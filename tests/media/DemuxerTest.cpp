@@ -1,10 +1,13 @@
 #include "Demuxer.h"
 
 #include "Clips.h"
+#include "DetachedThreads.h"
 #include "FileDataSource.h"
 #include "SourceTestSupport.h"
 #include "StreamOpener.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <future>
 
@@ -209,4 +212,22 @@ TEST(KeyFrameSeek, ACoverIsSoughtByTheSound)
     EXPECT_GE(source.seekFrame(source.videoStream(), 0, AVSEEK_FLAG_BACKWARD), 0);
     EXPECT_GT(readToEnd(source).audioFrames, 2 * rest);
     EXPECT_GT(rest, 0);
+}
+
+TEST(DetachedThreadsDeathTest, TheEndOfTheProcessAsksThemToFinishWaitsAndKeepsItsStatus)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    static std::promise<void> asked;
+    auto const endWhileAtWork = [](int farewell, bool isAsked) {
+        if (isAsked)
+            DetachedThreads::setAtEnd([] { asked.set_value(); });
+        static DetachedThreads& threads = DetachedThreads::make(std::chrono::milliseconds(farewell));
+        threads.start([] {
+            asked.get_future().wait();
+            std::fputs("finished", stderr);
+        });
+        std::exit(3);
+    };
+    EXPECT_EXIT(endWhileAtWork(10000, true), testing::ExitedWithCode(3), "finished");
+    EXPECT_EXIT(endWhileAtWork(0, false), testing::ExitedWithCode(3), "") << "who hangs is left behind";
 }

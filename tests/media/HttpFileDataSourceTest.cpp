@@ -51,10 +51,9 @@ TEST(HttpFileDataSource, FailuresTellTheViewer)
     };
     QByteArray const film = Clips::bytes(Clips::h264AacIndexLast());
     Case const cases[] = {
-        {Manner::Unavailable, Clips::bytes(Clips::h264Aac()), "Network Error ",
-         "There was an unexpected server error"},
-        {Manner::Stalled, film, "Network Error "},
-        {Manner::CutOff, film, "Network Error "},
+        {Manner::NotFound, "Nothing is here", "Network Error ", "Resource not available"},
+        {Manner::Stalled, film, "Network Error ", "Stream unavailable"},
+        {Manner::CutOff, film, "Network Error ", "Stream unavailable"},
         {Manner::Whole, {}, "Failed to determine file format for ", "The server sends nothing that can be played"},
         {Manner::Slow, QByteArray(30000, '\xA7'), "Failed to determine file format for "},
         {Manner::Whole, "1\n00:00:00,000 --> 00:00:01,000\nHello\n\n",
@@ -91,11 +90,13 @@ TEST(HttpFileDataSource, ADownloadCutOffWhilePlayingIsALoss)
     EXPECT_EQ(error.last().at(1).toString(), "Stream unavailable");
 }
 
-TEST(HttpFileDataSource, WhatHasNeitherALengthNorAnEndIsLeftToAnother)
+TEST(HttpFileDataSource, WhatHasNeitherALengthNorAnEndOrIsNotThereYetIsLeftToAnother)
 {
-    for (Manner const manner : {Manner::HeldOpen, Manner::CutChunk}) {
+    for (Manner const manner : {Manner::HeldOpen, Manner::CutChunk, Manner::Unavailable, Manner::Silent}) {
         LoopbackHttpServer server(manner, Clips::bytes(Clips::videoOnly()));
         HttpFileDataSource source(server.url("radio.mp3"));
+        if (manner == Manner::Silent)
+            source.setTransferTimeout(100);
         QSignalSpy const found(&source, &HttpFileDataSource::streamFound);
         QSignalSpy const error(&source, &GLMovieDataSource::error);
         std::unique_ptr<Reader> reader;

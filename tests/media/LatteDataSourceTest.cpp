@@ -1,6 +1,7 @@
 #include "LatteDataSource.h"
 
 #include "Clips.h"
+#include "FFwrapper.h"
 #include "FakeLatteClient.h"
 #include "FileLatteClientFactory.h"
 #include "Latte.h"
@@ -171,6 +172,7 @@ TEST_F(LatteDataSourceTest, AStreamThatCannotBeParsedIsTriedAgainEveryFiveSecond
     _source->now = 10000;
     deliver("");
     EXPECT_TRUE(waitUntil([&] { return capture.count("Opening mms://host/live") == 2; }));
+    EXPECT_EQ(client().emptyReads(), 0) << "a read and a signal would chase each other for ever";
     EXPECT_TRUE(_closed->isEmpty());
     EXPECT_TRUE(capture.contains("Cannot play mms://host/live"));
 }
@@ -217,6 +219,20 @@ TEST_F(LatteDataSourceTest, ABlockedReadEndsOnInterruptionAndOnTheClientsState)
     EXPECT_EQ(_error->first().at(1).toString(), "Stream unavailable");
 }
 
+TEST_F(LatteDataSourceTest, WhatMayComeAgainIsRememberedFromTheBeginning)
+{
+    open("mms://host/live");
+    std::vector<std::optional<qint64>> comebacks{_source->comeback()};
+    for (int plays = 0; plays < 3; ++plays) {
+        emit client().playing(&client());
+        comebacks.push_back(_source->comeback());
+        _source->now += 1000;
+    }
+    _source->now += LatteDataSource::repetitionTime;
+    comebacks.push_back(_source->comeback());
+    EXPECT_THAT(comebacks, testing::ElementsAre(0, 0, testing::Gt(0), testing::Gt(comebacks[2]), 0));
+}
+
 TEST_F(LatteDataSourceTest, ANewHeaderResetsAndOpensAnew)
 {
     Asf const first(Clips::wmv());
@@ -260,12 +276,37 @@ TEST(LatteInput, WhatComesAfterANewHeaderIsLeftToTheNext)
     EXPECT_EQ(client.bytesAvailable(), 4);
 }
 
+TEST(LatteInput, WhatRanDryWhileProbingIsAcceptedWhenItsStreamsAreKnown)
+{
+    FakeLatteClient client(Uri("mms://host/live"));
+    LatteInput input(client, {}, {});
+    unsigned char buffer[100];
+    EXPECT_EQ(LatteInput::latteReadCallback(&input, buffer, 100), AVERROR_EOF);
+    FormatContextPointer const context(avformat_alloc_context());
+    FFwrapper::setFFHandler(context.get(), &LatteInput::latteReadCallback, nullptr, &input);
+    AVCodecParameters& video = *avformat_new_stream(context.get(), nullptr)->codecpar;
+    AVCodecParameters& audio = *avformat_new_stream(context.get(), nullptr)->codecpar;
+    video.codec_type = AVMEDIA_TYPE_VIDEO;
+    video.format = AV_PIX_FMT_YUV420P;
+    audio.codec_type = AVMEDIA_TYPE_AUDIO;
+    audio.ch_layout.nb_channels = 2;
+    for (auto const& [width, rate] : {std::pair(0, 0), {0, 44100}, {160, 0}, {160, 44100}}) {
+        video.width = width;
+        audio.sample_rate = rate;
+        EXPECT_EQ(input.accepts(context.get()), width > 0 && rate > 0) << width << ' ' << rate;
+    }
+}
+
 TEST_F(LatteDataSourceTest, ClientLivesOnItsThreadAndComesBack)
 {
     open("mms://host/live");
     QThread* const latteThread = client().thread();
     EXPECT_NE(latteThread, QThread::currentThread());
     EXPECT_TRUE(waitUntil([&] { return client().threadOfStart() == latteThread; }));
+    QSignalSpy const state(_source.get(), &GLMovieDataSource::stateChanged);
+    emit client().progressChanged(&client(), "Acquiring...10%");
+    settle();
+    EXPECT_EQ(state.size(), 1) << "the viewer reads it";
     client().report(NetworkErrors::CouldNotConnect);
     settle();
     ASSERT_EQ(_error->size(), 1);

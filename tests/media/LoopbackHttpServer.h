@@ -16,6 +16,7 @@ public:
         Stalled,      ///< Half of it, then nothing.
         Silent,       ///< Nothing at all.
         Unavailable,  ///< 503, with the body as its page.
+        NotFound,     ///< 404, with a page that never ends.
         HeldOpen,     ///< Whole, without a length, then nothing.
         Chunked,      ///< Whole, in one chunk, without a length.
         CutChunk,     ///< Half of that.
@@ -56,11 +57,13 @@ private:
     {
         if (_manner == Silent)
             return;
-        QByteArray head = _manner == Unavailable ? "HTTP/1.1 503 Busy\r\n" : "HTTP/1.1 200 OK\r\n";
+        QByteArray head = _manner == Unavailable ? "HTTP/1.1 503 Busy\r\n"
+                          : _manner == NotFound  ? "HTTP/1.1 404 Not Found\r\n"
+                                                 : "HTTP/1.1 200 OK\r\n";
         bool const isChunked = _manner == Chunked || _manner == CutChunk;
         if (isChunked)
             head += "Transfer-Encoding: chunked\r\n";
-        else if (_manner != WithoutLength && _manner != HeldOpen)
+        else if (_manner != WithoutLength && _manner != HeldOpen && _manner != NotFound)
             head += "Content-Length: " + QByteArray::number(_body.size()) + "\r\n";
         socket->write(head + "Connection: close\r\n\r\n");
         if (isChunked)
@@ -81,7 +84,7 @@ private:
         socket->write(_body.left(piece));
         if (_manner == Chunked)
             socket->write("\r\n0\r\n\r\n");
-        if (_manner != Slow && _manner != Stalled && _manner != HeldOpen)
+        if (_manner != Slow && _manner != Stalled && _manner != HeldOpen && _manner != NotFound)
             socket->disconnectFromHost();
     }
 

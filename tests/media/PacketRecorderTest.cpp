@@ -3,6 +3,8 @@
 #include "Clips.h"
 #include "FileDataSource.h"
 #include "LogCapture.h"
+#include "MatroskaFile.h"
+#include "RecordingTimeline.h"
 #include "SourceTestSupport.h"
 
 #include <QDir>
@@ -155,4 +157,38 @@ TEST(PacketRecorder, AnEndThatCannotBeWrittenIsToldToo)
     source.stopRecording();
     source.startRecording("/proc/nowhere/film"); // The one before has not been forgotten.
     EXPECT_TRUE(waitUntil([&] { return failed.size() == 2; }));
+}
+
+TEST(MatroskaFile, WritesAllDownToTheLastByte)
+{
+    QFile file(Clips::scratch("bytes"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    for (qint64 const size : {0, 1, 3})
+        EXPECT_TRUE(MatroskaFile::writeAll(file, "abc", size));
+    EXPECT_EQ(Clips::bytes(file.fileName()), "aabc");
+}
+
+TEST(RecordingTimeline, PicturesThatAreShownInAnotherOrderKeepTheirTimes)
+{
+    auto const parameters = std::make_shared<AVCodecParameters>();
+    parameters->codec_type = AVMEDIA_TYPE_VIDEO;
+    RecordingTimeline timeline({{.timeBase = {1, 1000}, .parameters = parameters}});
+    struct {
+        std::int64_t dts, pts, shown; ///< In ms.
+    } const pictures[] = {{4920, 5000, 0},  {4960, 5160, 160},           {5000, 5080, 80},
+                          {5040, 5040, 40}, {AV_NOPTS_VALUE, 5200, 200}, {5240, AV_NOPTS_VALUE, 240}};
+    std::int64_t last = 0;
+    AVPacket* packet = av_packet_alloc();
+    for (auto const& [dts, pts, shown] : pictures) {
+        packet->dts = dts;
+        packet->pts = pts;
+        packet->duration = 40;
+        packet->flags = shown == 0 ? AV_PKT_FLAG_KEY : 0;
+        EXPECT_TRUE(timeline.place(*packet, 0));
+        EXPECT_EQ(packet->pts, shown * 1000);
+        EXPECT_GE(packet->dts, last);
+        EXPECT_LE(packet->dts, packet->pts);
+        last = packet->dts;
+    }
+    av_packet_free(&packet);
 }

@@ -82,4 +82,7 @@ TEST(BiscottiTopicExpression, MeansOneTopicOrAllOfThem)
     EXPECT_FALSE(expression("a.b").matches(topic("a.c")));
     for (char const* text : {"a&b", "a|b", "~a"})
         EXPECT_THROW(expression(text), std::logic_error) << text;
+    EXPECT_THROW(expression("a").butNot(expression("a.b")), std::logic_error);
+    EXPECT_THROW(expression("a").andOr(expression("b")), std::logic_error);
+    EXPECT_THROW(expression("a").andAlso(expression("b")), std::logic_error);
 }

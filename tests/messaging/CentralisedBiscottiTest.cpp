@@ -238,3 +238,16 @@ TEST_F(CentralisedBiscottiTest, TheEndSendsTheYoungPostsAndGivesTheSocketBack)
     EXPECT_EQ(capture.count("    Dropping post "), 1);
     EXPECT_EQ(engine.count(), 1) << "the engine is its owner's";
 }
+
+TEST_F(CentralisedBiscottiTest, ALinkThatCannotBeGreetedOnIsGivenUpForTheNext)
+{
+    run();
+    socket().accept();
+    socket().refuseWrites();
+    run();
+    EXPECT_TRUE(capture.contains("Greeting failed. Disconnecting."));
+    EXPECT_EQ(socket().state(), QAbstractSocket::UnconnectedState);
+    EXPECT_EQ(client->state(), Biscotti::Disconnected);
+    waitForRetry();
+    connect();
+}

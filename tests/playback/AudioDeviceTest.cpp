@@ -36,11 +36,13 @@ TEST_F(AudioDeviceTest, OpensClosesAndWritesDownWhatItDoesNotKnow)
     ASSERT_TRUE(_device.openDevice("default"));
     EXPECT_TRUE(_device.isOpen());
     EXPECT_EQ(_device.deviceName(), "default");
+    EXPECT_FALSE(_device.isFallback());
     EXPECT_FALSE(LinuxAudioConfig().configExists());
     ALuint source = 0;
     alGenSources(1, &source);
     EXPECT_TRUE(alIsSource(source));
     ASSERT_TRUE(_device.openDevice("no such device"));
+    EXPECT_TRUE(_device.isFallback()) << "and so looked for again";
     EXPECT_TRUE(_capture.contains("Could not open audio device no such device"));
     EXPECT_EQ(_capture.count("Using audio device "), 2);
     EXPECT_EQ(LinuxAudioConfig().device(), "no such device");

@@ -9,20 +9,24 @@ extern "C" {
 TEST(GLMovieRepetition, WhatIsSentAgainIsFoundAndNothingElse)
 {
     GLMovieRepetition repetition;
+    int comeback = 0;
     auto const comes = [&](int stream, int seconds, int size) {
         AVPacket packet{};
         packet.stream_index = stream;
         packet.pts = packet.dts = seconds * 1000;
         packet.size = size;
-        return !repetition.contains(packet, {1, 1000});
+        return !repetition.contains(packet, {1, 1000}, comeback);
     };
     for (int second = 100; second < 110; ++second) {
         EXPECT_TRUE(comes(0, second, second));
         EXPECT_TRUE(comes(1, second, 7));
     }
-    for (int second = 105; second < 115; ++second) { // The connection was lost, and made again.
-        EXPECT_EQ(comes(0, second, second), second >= 110);
-        EXPECT_EQ(comes(1, second, 7), second >= 110);
+    EXPECT_TRUE(comes(0, 109, 109));                // A sender that was never lost.
+    for (comeback = 1; comeback <= 2; ++comeback) { // Lost, and lost again before its burst was over.
+        for (int second = 105; second < 105 + 5 * comeback; ++second) {
+            EXPECT_EQ(comes(0, second, second), second >= 110);
+            EXPECT_EQ(comes(1, second, 7), second >= 110);
+        }
     }
     EXPECT_TRUE(comes(0, 112, 5)); // Cut short by the loss: another packet.
     EXPECT_FALSE(comes(0, 113, 113));

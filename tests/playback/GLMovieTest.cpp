@@ -2,6 +2,7 @@
 
 #include "AudioDevice.h"
 #include "EventLoop.h"
+#include "GLMovieAudioSource.h"
 #include "GLMovieTexture.h"
 #include "LogCapture.h"
 #include "ScriptedMovieSource.h"
@@ -353,4 +354,29 @@ TEST_F(GLMovieTest, LoopsFromTheBeginningAndASeekBetweenTwoGoesOnPlaying)
     ASSERT_TRUE(_looped.wait());
     ASSERT_TRUE(_times.wait(3));
     EXPECT_TRUE(_completed.isEmpty());
+}
+
+TEST_F(GLMovieTest, SoundThatIsPausedIsNotOver)
+{
+    GLMovieAudioSource sound;
+    ASSERT_EQ(sound.open(), GLMovieAudioSource::OpenResult::Opened);
+    ASSERT_TRUE(sound.bufferAudioData({QByteArray(60 * 2 * 8000, '\0'), {1, 8000}, {}}, 0.0)); // A minute.
+    EXPECT_TRUE(sound.isDrained()) << "nobody has begun to play it";
+    ASSERT_TRUE(sound.ensureAudioPlaying());
+    sound.setPaused(true);
+    EXPECT_FALSE(sound.isDrained());
+    sound.stop();
+    EXPECT_TRUE(sound.isDrained());
+}
+
+TEST_F(GLMovieTest, AShapeOfPixelsThatMakesNoSenseIsSquare)
+{
+    addStreams(true, false);
+    _source.setLive(true); // Before the first picture.
+    for (auto const& [shape, ratio] : {std::pair(AVRational{4, 3}, 4.0 / 3.0), {{1, 0}, 1.0}, {{0, 1}, 1.0}}) {
+        _source.videoStream()->sample_aspect_ratio = shape;
+        _source.open();
+        EXPECT_DOUBLE_EQ(_movie.aspectRatio(), ratio);
+        _movie.close(false);
+    }
 }

@@ -58,6 +58,9 @@ TEST_F(LinuxAudioConfigTest, WritesTheDeviceAndReadsItBack)
     EXPECT_TRUE(read(configPath()).contains("speaker-num 4")) << "the same device keeps what the user added";
     _config.setDevice("oss");
     EXPECT_FALSE(read(configPath()).contains("speaker-num 4"));
+    write(configPath(), ";Ombravision auto-generated this file.\n(define speakers '(front rear))\n"
+                        "(define devices '(begun\n(define devices '(whole))\n");
+    EXPECT_EQ(_config.device(), "whole");
 }
 
 TEST_F(LinuxAudioConfigTest, AHandWrittenFileIsKeptAsideOnce)

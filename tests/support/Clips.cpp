@@ -47,6 +47,11 @@ QString Clips::videoOnly(int seconds)
     return make("picture%1.ts", seconds, picture + h264);
 }
 
+QString Clips::wrappingVideo()
+{
+    return make("wrapping%1.ts", 2, "-i " + videoOnly() + " -c copy -output_ts_offset 95441.3");
+}
+
 QString Clips::laterVideo()
 {
     return make("later%1.ts", 2, "-i " + videoOnly() + " -c copy -output_ts_offset 76");

@@ -16,6 +16,7 @@ public:
     static QString asf(int videoStreams, int audioStreams);
     static QString audioOnly();                ///< Two seconds of MP3.
     static QString videoOnly(int seconds = 2); ///< MPEG transport stream with H.264.
+    static QString wrappingVideo();            ///< Two seconds of it, in the middle of which the clock begins anew.
     static QString laterVideo();               ///< Two seconds of it whose time stamps begin at 76 seconds.
     static QString rareKeyFrames(int seconds); ///< The same with AAC, and ten seconds from one key frame to the next.
     /// Four seconds of sound with a cover, in the container that the suffix names.

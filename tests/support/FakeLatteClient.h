@@ -41,6 +41,8 @@ public:
 
     QThread* threadOfStart() const { return get(_threadOfStart); }
     QThread* threadOfStop() const { return get(_threadOfStop); }
+    /// Reads that asked for no byte at all. A real client answers each read with readyRead.
+    int emptyReads() const { return get(_emptyReads); }
 
     void startBuffering() override { set(_threadOfStart, QThread::currentThread()); }
     void stopBuffering() override { set(_threadOfStop, QThread::currentThread()); }
@@ -58,6 +60,7 @@ public:
     qint64 read(char* data, qint64 size) override
     {
         std::lock_guard const lock(_mutex);
+        _emptyReads += size == 0;
         qint64 count = std::min<qint64>(size, _buffer.size());
         count -= count % _packetSize;
         std::memcpy(data, _buffer.constData(), static_cast<size_t>(count));
@@ -87,6 +90,7 @@ private:
     QByteArray _buffer;
     QByteArray _descriptor;
     qint64 _packetSize = 1;
+    int _emptyReads = 0;
     QThread* _threadOfStart = nullptr;
     QThread* _threadOfStop = nullptr;
 };

@@ -37,6 +37,7 @@ void FakeTcpSocket::connectToHost(QString const& host, unsigned short port)
     _port = port;
     _received.clear();
     _isStalled = false;
+    _refusesWrites = false;
     _state = QAbstractSocket::ConnectingState;
 }
 
@@ -97,7 +98,7 @@ qint64 FakeTcpSocket::read(char* data, qint64 maxSize)
 
 qint64 FakeTcpSocket::write(QByteArray const& data)
 {
-    if (!isValid())
+    if (!isValid() || _refusesWrites)
         return -1;
     if (_isStalled)
         return data.size();

@@ -31,6 +31,9 @@ public:
     /// From now on the other side reads nothing: what is written stays here, and a link that is closed waits for it.
     void stall() { _isStalled = true; }
 
+    /// From now on nothing can be written on this connection, which stands all the same.
+    void refuseWrites() { _refusesWrites = true; }
+
     void abort() override;
     void connectToHost(QString const& host, unsigned short port) override;
     void connectToHost(QHostAddress const& address, unsigned short port) override;
@@ -67,6 +70,7 @@ private:
     QByteArray _written;
     bool _hasUnflushed = false;
     bool _isStalled = false;
+    bool _refusesWrites = false;
     QAbstractSocket::SocketState _state = QAbstractSocket::UnconnectedState;
     QAbstractSocket::SocketError _error = QAbstractSocket::UnknownSocketError;
     QString _errorText;

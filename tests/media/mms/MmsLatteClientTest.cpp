@@ -231,6 +231,19 @@ TEST_F(MmsLatteClientTest, WhatTheServerOfAnAddressAnsweredIsTheErrorWhenTcpBrin
     timers.advance(10000);
     EXPECT_EQ(takeEvents().last(), "error 9");
     EXPECT_TRUE(capture.contains("http://127.0.0.1/live answers 401"));
+    for (int const status : {200, 408, 425}) { // What broke off, or is busy, may be there later.
+        start("http://127.0.0.1/live");
+        for (int i = 0; i < 4 && transports.isEmpty(); ++i) {
+            FakeHttpClient& checking = check();
+            checking.respond(HttpResponseHeader(status));
+            if (status == 200)
+                checking.finish(HttpClient::UnexpectedClose);
+        }
+        transport()->end(MmsClient::RemoteServerClosed);
+        timers.advance(10000);
+        EXPECT_TRUE(events.filter("error 6").isEmpty() && events.filter("error 13").isEmpty()) << status;
+        takeEvents();
+    }
 }
 
 TEST_F(MmsLatteClientTest, AWeakStreamIsLeftForTheNextAddress)
@@ -249,6 +262,19 @@ TEST_F(MmsLatteClientTest, AWeakStreamIsLeftForTheNextAddress)
     end(MmsClient::CouldNotConnected, 5000); // Nor does its end stop that.
     answerStream();
     EXPECT_EQ(connection(), "http mms://127.0.0.1/b 10000");
+}
+
+TEST_F(MmsLatteClientTest, AHeaderOfTheOldAddressTellsNothingOfTheOneThatIsLookedAt)
+{
+    startPlaying(true);
+    timers.advance(12000);
+    EXPECT_EQ(checked(), "127.0.0.1/b");
+    transport()->begin("another", 800000, 1000);
+    failCheck();
+    EXPECT_EQ(connection(), "tcp mms://127.0.0.1/b 10000");
+    for (int i = 0; i < 10 && http.clients().isEmpty(); ++i)
+        end(MmsClient::CouldNotConnected, 10000);
+    EXPECT_EQ(checked(), "127.0.0.1/b"); // Asked again.
 }
 
 TEST_F(MmsLatteClientTest, AFullBufferMakesTheServerWaitUntilThereIsRoom)

@@ -50,6 +50,21 @@ TEST(AsxPlaylist, FindsTheAddressesOfItsEntries)
         EXPECT_EQ(addresses<AsxPlaylist>(c.text), c.addresses) << c.text;
 }
 
+TEST(AsxPlaylist, ReadsTimesWithAndWithoutHoursAndMinutes)
+{
+    AsxPlaylist playlist(
+        QString("<asx><entry><duration value='1:02:03.5'/><starttime value=' 4:05 '/><startmarker "
+                "value='6.0789'/><endmarker value='7'/><previewduration value='8s'/></entry></asx>"));
+    playlist.parse();
+    ASSERT_EQ(playlist.items().size(), 1);
+    PlaylistItem const item = playlist.items().constFirst();
+    EXPECT_EQ(item.duration(), 3723500);
+    EXPECT_EQ(item.startTime(), 245000);
+    EXPECT_EQ(item.startMarker(), 6078);
+    EXPECT_EQ(item.endMarker(), 7000);
+    EXPECT_EQ(item.previewDuration(), PlaylistItem::unknownTime);
+}
+
 TEST(AsxPlaylist, LongTextsAreReadWithinTheLimitsOrRefused)
 {
     EXPECT_EQ(addresses<AsxPlaylist>("<asx>" + QString("x").repeated(Playlist::maximumLength) + "</asx>"), "");

@@ -86,3 +86,8 @@ TEST(RtspRemuxer, AReaderCanBeginAtAnyEntry)
         EXPECT_EQ(rest.size() % 25, 0); // A key frame each second.
     }
 }
+
+TEST(RtspRemuxer, OnlyAKeyFrameOfThePictureIsAnEntry)
+{
+    EXPECT_EQ(Passed(Clips::rareKeyFrames(12)).entries.size(), 2); // Ten seconds apart.
+}
