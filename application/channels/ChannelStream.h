@@ -46,6 +46,8 @@ public:
     /// Whether it is open and not live.
     bool isSeekable() const;
     double aspectRatio() const;
+    /// Whether there is a picture to be drawn.
+    bool hasPicture() const;
 
     /// What delivers the stream's bytes while it is open; null when that is no client.
     LatteClient const* latteClient() const;
@@ -71,6 +73,10 @@ public:
     void updateVideoTexture();
     bool hitTest(QPointF point) const;
     void drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawMode mode);
+    /// In the plane z of the current space, y upward from the area's top.
+    void drawVideoPerspectiveMode(QRectF const& area, bool keepAspect, double z = 0.0);
+    /// Without textures, for pictures that are too large for those of the card.
+    void drawVideoWithDrawPixels(QRect const& area);
 
     /// Whether drawVideoOrthoMode() would draw no more than an opaque picture as it is, and that picture.
     bool isPlain() const { return !_renderer || _renderer->isPlain(); }
