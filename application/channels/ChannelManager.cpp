@@ -20,6 +20,7 @@ ChannelManager::ChannelManager(AppData& appData, Parts const& parts, QObject* pa
       _sponsorshipSource(parts.sponsorship ? parts.sponsorship : _noSponsorship.get()),
       _switch(parts.timers ? parts.timers : &appData.timerFactory),
       _feed(appData, parts.timers ? parts.timers : &appData.timerFactory, parts.createProvider),
+      _update(*this, _known, parts.timers ? parts.timers : &appData.timerFactory),
       _sponsorship(appData, *this, parts.timers ? parts.timers : &appData.timerFactory, _sponsorshipSource)
 {
     connectParts();
@@ -38,6 +39,7 @@ void ChannelManager::connectParts()
     connect(&_actions, &ChannelActions::channelClicked, this, &Manager::onChannelClicked);
     connect(&_switch, &ChannelSwitch::fadedOut, this, &Manager::onFadeAndCloseAllChannels);
     connect(&_feed, &ChannelFeed::channelsUpdated, this, &Manager::onChannelsUpdated);
+    connect(&_update, &ChannelUpdate::completed, this, &Manager::onUpdateCompleted);
     connect(&_feed, &ChannelFeed::channelLogoUpdated, this, &Manager::onChannelLogoUpdated);
     connect(&_feed, &ChannelFeed::failed, this, [this](QString const& text) { emit channelError(nullptr, text); });
     connect(&_sponsorship, &Sponsorship::postSponsorshipChannelChanged, this,
@@ -58,6 +60,8 @@ void ChannelManager::openChannel(Channel* channel, bool useSponsorship, bool non
 {
     if (_switch.isPending() && !nonMultiview)
         _switch.addBeside(channel->desc.rootId());
+    else if (!nonMultiview && !postSponsorshipChannelId().isEmpty())
+        _sponsorship.addBeside(channel->desc.rootId());
     else if (!_switch.isPending() && isChannelOpen(channel))
         setActiveChannel(channel);
     else if (nonMultiview || _open.isEmpty())
@@ -117,9 +121,11 @@ void ChannelManager::onFadeAndCloseAllChannels()
     Channel* const wanted = getChannelByRootId(id);
     if (wanted && action == ChannelSwitch::Action::OpenSponsorship) {
         qint64 const seconds = opened > 0 ? QDateTime::currentSecsSinceEpoch() - opened : 0;
-        _sponsorship.request(wanted, previous, static_cast<int>(seconds));
+        _sponsorship.request(wanted, beside, previous, static_cast<int>(seconds));
         return;
     }
+    if (wanted && wanted != sponsorshipChannel())
+        _sponsorship.cancel(); // What was to come is not what the viewer wants now.
     for (QString const& each : QStringList(id) + beside)
         if (Channel* const channel = getChannelByRootId(each); channel && !isChannelOpen(channel))
             openChannelMultiview(channel, -1);
@@ -146,12 +152,14 @@ void ChannelManager::closeAllChannels(bool cancelSponsorship)
 void ChannelManager::closeForLater()
 {
     ChannelSwitch::Pending const pending = _switch.take();
-    QString const next = pending.channelId.isEmpty() ? postSponsorshipChannelId() : pending.channelId;
+    QString const afterPreRoll = postSponsorshipChannelId();
+    QStringList const next = pending.channelId.isEmpty() ? QStringList(afterPreRoll) + _sponsorship.beside()
+                                                         : QStringList(pending.channelId) + pending.beside;
     closeAllChannels();
-    if (next.isEmpty())
+    if (next.constFirst().isEmpty())
         return;
-    setLastChannelId(next);
-    setLastChannelIds(QStringList(next) + pending.beside);
+    setLastChannelId(next.constFirst());
+    setLastChannelIds(next);
 }
 
 void ChannelManager::openLastChannels(bool useSponsorship)
@@ -171,9 +179,16 @@ void ChannelManager::openLastChannels(bool useSponsorship)
 
 void ChannelManager::reconnectChannel(Channel* channel)
 {
+    ChannelDescription const description = channel->desc;
+    reconnectChannel(channel, description);
+}
+
+void ChannelManager::reconnectChannel(Channel* channel, ChannelDescription const& description)
+{
     int const position = static_cast<int>(openChannels().indexOf(channel));
     bool const wasActive = channel == activeChannel();
     closeChannel(channel);
+    channel->setDesc(description, channel->desc.streamDescriptions() != description.streamDescriptions());
     _open.open(channel, position);
     if (wasActive)
         setActiveChannel(channel);
@@ -244,6 +259,12 @@ void ChannelManager::onChannelStreamStateChanged(Channel* channel, ChannelStream
 {
     LOG_INFO("StateChanged for channel %s %s", Channel::logTitle(channel).constData(), qUtf8Printable(text));
     emit channelStateChanged(channel, text);
+}
+
+void ChannelManager::onChannelStreamClosed(Channel* channel, ChannelStream*)
+{
+    LOG_DEBUG("A stream of channel %s was closed", Channel::logTitle(channel).constData());
+    emit pictureUpdated(); // Its last one has to go.
 }
 
 void ChannelManager::onChannelStreamNeedsLoop(Channel* channel, ChannelStream*)

@@ -59,6 +59,7 @@ signals:
 public slots:
     /// Paints, if anything of the surface can be seen.
     void onRenderTimer();
+    void onCursorChanged(QCursor const& cursor);
     void onMouseHideTimer();
     void onShowFullScreenChanged();
     void onTakeScreenshot();
@@ -67,6 +68,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -81,7 +83,7 @@ private:
     void render();
     bool presentPictures();
     void drawPictures();
-    void renderVideoOrtho();
+    void renderVideo();
     GLMovieRenderer::DrawMode drawMode() const;
     void createViewport(int width, int height);
     void logVideoRectangle();

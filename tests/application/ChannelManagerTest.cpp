@@ -12,6 +12,7 @@
 #include "StreamToken.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -278,13 +279,16 @@ TEST_F(ChannelManagerTest, APreRollPlaysBeforeTheChannelThatWasChosenLast)
     manager().openChannel("b", true, true);
     _timers.advance(ChannelManager::fadeTime);
     EXPECT_EQ(_sponsorship.calls.last(), "request b after a");
+    manager().openChannel("a", false, false);
     answerSponsorship(true, SponsorshipResponse::StaticImage);
     QString const preRoll = "file_sponsorship_7";
+    ASSERT_TRUE(QTest::qWaitFor([this] { return manager().sponsorshipChannel(); })) << "its media come by a memo";
     EXPECT_EQ(opened(), preRoll + "*");
     EXPECT_EQ(manager().channelClickAction(preRoll, false), SponsorClickAction);
     manager().performChannelClickAction(preRoll, SponsorClickAction);
     EXPECT_EQ(_sponsorship.calls.last(), "click");
     manager().openChannel("c", true, true);
+    manager().openChannel("b", false, false);
     EXPECT_EQ(opened(), preRoll + "*") << "it goes on";
     EXPECT_EQ(manager().postSponsorshipChannelId(), "c");
     EXPECT_EQ(manager().lastChannelId(), "a") << "nobody chose it";
@@ -295,7 +299,7 @@ TEST_F(ChannelManagerTest, APreRollPlaysBeforeTheChannelThatWasChosenLast)
     EXPECT_EQ(_sponsorship.calls.last(), "started") << "a still image stays for its time";
     _timers.advance(1000 * 1000 + SponsorshipSequence::afterPlayback + ChannelManager::fadeTime);
     EXPECT_EQ(_sponsorship.calls.last(), "completed");
-    EXPECT_EQ(opened(), "c*");
+    EXPECT_EQ(opened(), "c* b") << "what was added meanwhile plays beside it";
     QCoreApplication::processEvents();
     EXPECT_FALSE(manager().sponsorshipChannel());
     EXPECT_FALSE(channel(preRoll));
@@ -306,6 +310,22 @@ TEST_F(ChannelManagerTest, APreRollPlaysBeforeTheChannelThatWasChosenLast)
     EXPECT_EQ(_sponsorship.calls.last(), "cancel");
     answerSponsorship(true);
     EXPECT_EQ(opened(), "") << "an answer that nobody waits for";
+
+    manager().openChannel("a", true, true);
+    manager().openChannel("b", false, true);
+    EXPECT_EQ(_sponsorship.calls.last(), "cancel") << "another choice, without one";
+    EXPECT_EQ(opened(), "b*");
+    manager().openChannel("c", true, true);
+    _timers.advance(ChannelManager::fadeTime);
+    answerSponsorship(true, SponsorshipResponse::StaticImage);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return manager().sponsorshipChannel(); }));
+    emit manager().sponsorshipChannel()->streamOpened(manager().sponsorshipChannel(), nullptr);
+    emit manager().sponsorshipChannel()->streamCompleted(manager().sponsorshipChannel(), nullptr);
+    manager().closeChannel(preRoll);
+    EXPECT_EQ(_sponsorship.calls.last(), "incomplete");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(opened(), "c*") << "closed before its end";
+    _timers.advance(1000 * 1000);
 }
 
 TEST_F(ChannelManagerTest, AChannelTellsItsErrorAndKeepsStreamsThatStay)
