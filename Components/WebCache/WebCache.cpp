@@ -301,7 +301,14 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
 bool WebCache::accept(Uri const& uri, QString const& path)
 {
     QMutexLocker locker(&_mutex);
-    WebCacheInterest::Check const check = _entries.value(uri).interest.check;
+    auto const entry = _entries.constFind(uri);
+    if (entry == _entries.cend()) { // Ignored meanwhile: nobody is left to say what it should be.
+        _downloading.remove(uri);
+        locker.unlock();
+        QFile::remove(path);
+        return false;
+    }
+    WebCacheInterest::Check const check = entry->interest.check;
     locker.unlock();
     if (!check)
         return true;

@@ -2,6 +2,7 @@
 
 #include "OmbravisionUser.h"
 #include "SoapLoginResponse.h"
+#include "SoapService.h"
 
 #include <QObject>
 #include <QPointer>
@@ -50,6 +51,9 @@ public:
     /// End what is under way, silently.
     void cancelLogin();
     void cancelSignup();
+
+    /// How the service is asked, here and by others.
+    SoapService service() const;
 
     /// Who is signed in; the null user when nobody is.
     OmbravisionUser user() const { return _user; }

@@ -35,7 +35,7 @@ void Channel::open()
     if (_layout)
         return;
     _openTime = QDateTime::currentSecsSinceEpoch();
-    _hasError = false;
+    _errors.clear();
     createOverlay();
     for (auto const& stream : _streams)
         openStream(*stream);
@@ -75,7 +75,7 @@ void Channel::close()
     _textArea.reset();
     _control.reset();
     deleteLogoTexture();
-    _hasError = false;
+    _errors.clear();
     _openTime = 0;
     emit pictureUpdated();
 }
@@ -114,8 +114,10 @@ void Channel::setDesc(ChannelDescription const& description, bool rebuild)
 {
     _isLogoChanged = _isLogoChanged || desc.logo().cacheKey() != description.logo().cacheKey();
     desc = description;
-    if (!rebuild)
+    if (!rebuild) {
+        renewDescriptions();
         return;
+    }
     close();
     _streams.clear();
     for (StreamDescription const& stream : desc.streamDescriptions())

@@ -5,6 +5,7 @@
 #include "GLTexture.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointF>
@@ -52,7 +53,9 @@ public:
     bool isPlaying() const;
     bool isBuffering() const;
     bool isFading() const;
-    bool hasError() const { return _hasError; }
+    bool hasError() const { return !_errors.isEmpty(); }
+    /// What the first stream that failed has told; empty without an error.
+    QString errorText() const;
     bool hasVideo() const;
     bool hasAudio() const;
     /// Whether some stream can seek, and so play at another speed than its own; known once it is open.
@@ -153,7 +156,9 @@ private:
     bool showsLogo() const;
     int columns() const;
     std::unique_ptr<ChannelStream> takeStream(StreamDescription const& description);
+    void renewDescriptions();
     void createOverlay();
+    void showErrorOr(QString const& text);
     void setOverlayText(QString const& text);
 
     static Logger* log;
@@ -164,7 +169,7 @@ private:
     std::unique_ptr<GLControl> _control;
     std::unique_ptr<GLTextArea> _textArea;
     GLTexture _logoTexture;
-    bool _isLogoChanged = false; ///< Since the texture was made.
-    bool _hasError = false;
+    bool _isLogoChanged = false;                  ///< Since the texture was made.
+    QHash<ChannelStream const*, QString> _errors; ///< What streams have told that have failed.
     qint64 _openTime = 0;
 };

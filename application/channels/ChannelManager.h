@@ -39,6 +39,7 @@ class ChannelManager : public QObject
 
 public:
     static constexpr int fadeTime = OpenChannels::fadeTime; ///< ms
+    static constexpr int pauseBeforeLoop = 500;             ///< ms, where a stream begins anew by being opened again.
 
     /// What the manager works with, all borrowed; where something is left out it takes the application's own.
     struct Parts {
@@ -59,6 +60,8 @@ public:
     void unloadChannels();
     /// Whether there has been a directory since the last unloadChannels().
     bool channelsLoaded() const { return _channelsLoaded; }
+    /// Whether a new directory is being taken over; channelsUpdated() tells the end.
+    bool isUpdating() const { return _update.isRunning(); }
     QList<Channel*> channels(int typeMask = KnownChannels::anyType) const { return _known.channels(typeMask); }
     int channelCount() const { return _known.count(); }
     Channel* getChannelByIndex(int index) const { return _known.at(index); }
@@ -95,7 +98,7 @@ public:
     void previewChannel(ChannelDescription const& description, bool useSponsorship, bool nonMultiview,
                         int index = -1);
     /// Opens a channel unseen and silent, so that it can be shown at once later.
-    void prepareChannel(Channel* channel) { _open.prepare(channel, true); }
+    void prepareChannel(Channel* channel) { _open.prepareUnseen(channel); }
     void closeChannel(Channel* channel);
     void closeChannel(QString const& rootId);
     /// And, with the flag, gives up a pre-roll and what was to come after it.
@@ -237,6 +240,9 @@ private:
     void connectParts();
     QString channelIdAt(QPointF point) const;
     static bool isModifierHeld(Qt::KeyboardModifiers modifiers);
+    void stay(Channel* channel);
+    void openBeside(QStringList const& ids);
+    Channel* chosenChannel() const;
     void openChannelNonMultiview(Channel* channel, bool useSponsorship);
     void openChannelMultiview(Channel* channel, int index);
     void onChannelClicked(Channel* channel);

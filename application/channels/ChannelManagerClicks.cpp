@@ -14,13 +14,15 @@ ChannelClickAction ChannelManager::channelClickAction(QString const& rootId, boo
     Channel const* const channel = getChannelByRootId(rootId);
     if (!channel)
         return NoClickAction;
-    if (channel->hasError())
+    if (channel->hasError() && isChannelOpen(channel))
         return ReconnectClickAction;
     // During a pre-roll another channel is chosen to come after it.
     if (_sponsorship.isPlaying())
         return channel == activeChannel() ? SponsorClickAction : OpenClickAction;
     if (!isChannelOpen(channel))
         return isModifierHeld ? AddClickAction : OpenClickAction;
+    if (_switch.isPending() && !isModifierHeld)
+        return OpenClickAction; // It stays.
     if (_open.count() < 2)
         return NoClickAction;
     if (isModifierHeld)
@@ -111,6 +113,15 @@ void ChannelManager::videoMouseRelease(QPointF point, Qt::KeyboardModifiers modi
     setChannelCursor(channelIdAt(point), isModifierHeld(modifiers)); // Another click does something else.
 }
 
+/// What the viewer has chosen last, even if it does not play yet.
+Channel* ChannelManager::chosenChannel() const
+{
+    for (QString const& id : {_switch.pending().channelId, postSponsorshipChannelId()})
+        if (Channel* const channel = getChannelByRootId(id))
+            return channel;
+    return activeChannel();
+}
+
 bool ChannelManager::videoKeyPress(QKeyEvent const* event)
 {
     if (event->key() == Qt::Key_Control)
@@ -124,7 +135,8 @@ bool ChannelManager::videoKeyPress(QKeyEvent const* event)
     bool const isNext = event->key() == Qt::Key_PageDown;
     if (!isPlain || (!isNext && event->key() != Qt::Key_PageUp))
         return false;
-    if (Channel* const channel = isNext ? nextChannel(activeChannel()) : previousChannel(activeChannel()))
+    Channel const* const from = chosenChannel();
+    if (Channel* const channel = isNext ? nextChannel(from) : previousChannel(from))
         performChannelClickAction(channel->desc.rootId(), OpenClickAction);
     return true;
 }

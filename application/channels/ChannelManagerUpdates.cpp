@@ -13,6 +13,8 @@ Channel* ChannelManager::defaultChannel() const
 
 Channel* ChannelManager::addChannel(ChannelDescription const& description)
 {
+    if (Channel* const known = getChannelByRootId(description.rootId()))
+        return known;
     Channel* const channel = _known.add(std::make_unique<Channel>(_appData, description));
     LOG_INFO("Added channel %d %s", _known.count(), qUtf8Printable(description.title()));
     _actions.create(channel);
@@ -31,6 +33,8 @@ void ChannelManager::removeChannel(Channel* channel)
     closeChannel(channel);
     _actions.destroy(channel);
     std::unique_ptr<Channel> const removed = _known.remove(channel);
+    if (!removed)
+        return; // It is none of these.
     LOG_INFO("Removed channel %d %s", _known.count(), qUtf8Printable(removed->desc.title()));
     emit channelRemoved(removed->desc);
 }

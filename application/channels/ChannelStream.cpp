@@ -135,20 +135,22 @@ std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
     StreamDescription description = _description;
     Uri const uri = _appData.streamAddress.addressOf(_description);
     description.setUri(uri);
+    auto const plainFileFound = [this, opening = ++_openings] {
+        if (opening == _openings)
+            onPlainFileFound();
+    };
     if (!forceFile && isMediaFileOnTheWeb(uri)) {
         auto source = std::make_unique<HttpFileDataSource>(uri.toString());
         connect(source.get(), &HttpFileDataSource::downloadProgressChanged, this, &ChannelStream::onDownloadProgress);
         // Queued: the source goes.
-        connect(source.get(), &HttpFileDataSource::streamFound, this, &ChannelStream::onPlainFileFound,
-                Qt::QueuedConnection);
+        connect(source.get(), &HttpFileDataSource::streamFound, this, plainFileFound, Qt::QueuedConnection);
         return source;
     }
     if (!forceFile && !isSegmentedOnTheWeb(uri) && _appData.latte.hasClientFactory(uri.scheme())) {
         auto source = std::make_unique<LatteDataSource>(&_appData.latte, description, QString());
         source->setStartDelay(_appData.settings.latteStartDelay());
         // Queued: the source goes.
-        connect(source.get(), &LatteDataSource::plainFileFound, this, &ChannelStream::onPlainFileFound,
-                Qt::QueuedConnection);
+        connect(source.get(), &LatteDataSource::plainFileFound, this, plainFileFound, Qt::QueuedConnection);
         return source;
     }
     auto source = std::make_unique<FileDataSource>(FileName::fromAddress(uri.toString()));
@@ -249,14 +251,16 @@ void ChannelStream::onRecordingFailed(GLMovieDataSource*, QString reason)
 
 void ChannelStream::onEnableVideoPostProcessingChanged()
 {
-    if (_renderer)
-        _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
+    if (!_renderer)
+        return;
+    _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
     emit pictureUpdated();
 }
 
 void ChannelStream::onVideoPostProcessingChanged()
 {
-    if (_renderer)
-        givePostProcessing();
+    if (!_renderer)
+        return;
+    givePostProcessing();
     emit pictureUpdated();
 }

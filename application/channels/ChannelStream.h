@@ -27,6 +27,10 @@ public:
     ~ChannelStream() override;
 
     StreamDescription const& description() const { return _description; }
+    /// An equal one, for the next opening.
+    void setDescription(StreamDescription const& description) { _description = description; }
+    /// Takes how another one plays, but the sound.
+    void playBeside(ChannelStream const& other);
 
     /// Opens the stream and plays it as soon as it can; with forceFile, by FFmpeg's own access whatever the scheme.
     /// Does nothing if it is open.
@@ -134,7 +138,7 @@ private:
 
     AppData& _appData;
     Channel* const _channel;
-    StreamDescription const _description;
+    StreamDescription _description;
     std::unique_ptr<GLMovieDataSource> _dataSource; ///< Outlives the renderer.
     std::unique_ptr<GLMovieRenderer> _renderer;
     bool _muted = false;
@@ -144,4 +148,5 @@ private:
     double _opacity = 1.0;
     bool _watched = true;
     bool _opened = false;
+    int _openings = 0; ///< For what is on its way from a source that is gone.
 };

@@ -76,6 +76,15 @@ void ChannelStream::applySpeed()
         _renderer->setSpeed(isSeekable() ? _speed : 1.0);
 }
 
+void ChannelStream::playBeside(ChannelStream const& other)
+{
+    setVolume(0.0);
+    setMuted(other._muted);
+    setSpeed(other._speed);
+    setOpacity(other._opacity);
+    setWatched(other._watched);
+}
+
 void ChannelStream::setVolume(double volume)
 {
     _volume = volume;

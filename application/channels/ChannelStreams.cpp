@@ -41,7 +41,8 @@ void Channel::addStream(StreamDescription const& description)
     desc.appendStreamDescription(description);
     createStream(description);
     ChannelStream* const stream = _streams.back().get();
-    stream->setVolume(_streams.size() == 1 ? _streams.front()->volume() : 0.0);
+    if (_streams.size() > 1)
+        stream->playBeside(*_streams.front());
     if (_layout)
         openStream(*stream);
     onStreamAdded(stream);
@@ -50,7 +51,9 @@ void Channel::addStream(StreamDescription const& description)
 void Channel::removeStream(StreamDescription const& description)
 {
     desc.removeStreamDescription(description);
+    double const volume = _streams.empty() ? 1.0 : _streams.front()->volume();
     std::erase_if(_streams, [&](auto const& stream) { return stream->description() == description; });
+    setVolume(volume); // The first of those that are left has the sound.
     emit pictureUpdated();
 }
 
@@ -62,6 +65,15 @@ std::unique_ptr<ChannelStream> Channel::takeStream(StreamDescription const& desc
     return nullptr;
 }
 
+/// What is equal, and so plays on, may have other keys at its next opening.
+void Channel::renewDescriptions()
+{
+    for (auto const& stream : _streams)
+        for (StreamDescription const& description : desc.streamDescriptions())
+            if (stream->description() == description)
+                stream->setDescription(description);
+}
+
 void Channel::resetStreams()
 {
     double const volume = _streams.empty() ? 1.0 : _streams.front()->volume();
@@ -71,6 +83,8 @@ void Channel::resetStreams()
         if (!stream) {
             stream = std::make_unique<ChannelStream>(_appData, this, description);
             connectStream(stream.get());
+            if (!_streams.empty() && _streams.front())
+                stream->playBeside(*_streams.front());
         }
         streams.push_back(std::move(stream));
     }
@@ -85,23 +99,38 @@ void Channel::resetStreams()
 
 void Channel::onStreamOpened(ChannelStream* stream)
 {
-    setOverlayText({});
+    _errors.remove(stream);
+    showErrorOr({});
     emit streamOpened(this, stream);
+}
+
+QString Channel::errorText() const
+{
+    for (auto const& stream : _streams)
+        if (auto const error = _errors.constFind(stream.get()); error != _errors.cend())
+            return *error;
+    return _errors.isEmpty() ? QString() : *_errors.cbegin();
+}
+
+/// A text that the viewer has to act on stays.
+void Channel::showErrorOr(QString const& text)
+{
+    setOverlayText(hasError() ? errorText() + tr("\nClick here to reconnect") : text);
 }
 
 void Channel::onStreamError(ChannelStream* stream, QString text)
 {
-    _hasError = !text.isEmpty();
-    if (!text.isEmpty())
-        text += tr("\nClick here to reconnect");
-    setOverlayText(text);
-    emit streamError(this, stream, text);
+    if (text.isEmpty())
+        _errors.remove(stream);
+    else
+        _errors.insert(stream, text);
+    showErrorOr({});
+    emit streamError(this, stream, text.isEmpty() ? text : text + tr("\nClick here to reconnect"));
 }
 
 void Channel::onStreamStateChanged(ChannelStream* stream, QString text)
 {
-    if (!_hasError)
-        setOverlayText(text);
+    showErrorOr(text);
     emit streamStateChanged(this, stream, text);
 }
 
@@ -152,14 +181,14 @@ void Channel::onStreamVolumeChanged(ChannelStream* stream, double volume)
 
 void Channel::onStreamPlaying(ChannelStream* stream)
 {
-    if (stream->isOpen() && !_hasError)
-        setOverlayText({});
+    if (stream->isOpen())
+        showErrorOr({});
 }
 
 void Channel::onStreamNotice(ChannelStream*, QString text)
 {
-    if (_hasError)
-        return; // What the viewer has to act on stays.
+    if (hasError())
+        return;
     setOverlayText(text);
     QTimer::singleShot(noticeTime, this, [this, text] {
         if (_textArea && _textArea->text() == text)

@@ -11,9 +11,25 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <utility>
 
 Logger* ChannelUpdate::log = LoggerManager::logger();
+
+namespace
+{
+
+/// Streams are the same whatever opens them, but the next opening needs what does so now.
+bool hasOtherKeys(ChannelDescription const& one, ChannelDescription const& other)
+{
+    return !std::ranges::equal(one.streamDescriptions(), other.streamDescriptions(),
+                               [](StreamDescription const& a, StreamDescription const& b) {
+                                   return a.uri() == b.uri() && a.key() == b.key() && a.provider() == b.provider() &&
+                                          a.secure() == b.secure();
+                               });
+}
+
+} // namespace
 
 ChannelUpdate::ChannelUpdate(ChannelManager& channels, KnownChannels& known, TimerFactory* timers, QObject* parent)
     : QObject(parent), _channels(channels), _known(known), _timers(timers), _timer(timers->createTimer())
@@ -29,7 +45,9 @@ ChannelUpdate::~ChannelUpdate()
 
 void ChannelUpdate::begin(ChannelDescriptionProvider const& provider)
 {
+    bool const hasChanged = _hasChanged;
     cancel();
+    _hasChanged = hasChanged;
     LOG_INFO("Channel update started");
     for (long long i = 0; i < provider.numChannels(); ++i)
         _provided.append(provider.descriptionAt(i));
@@ -97,7 +115,7 @@ void ChannelUpdate::compare(ChannelDescription const& description)
     Channel const* const known = _known.find(description.rootId());
     if (!known)
         _added.append(description);
-    else if (known->desc != description)
+    else if (known->desc != description || hasOtherKeys(known->desc, description))
         _modified.append(description);
 }
 
@@ -105,7 +123,7 @@ void ChannelUpdate::findGone()
 {
     _isCompared = true;
     _gone = _known.idsBut(_providedIds);
-    _hasChanged = !_gone.isEmpty() || !_modified.isEmpty() || !_added.isEmpty();
+    _hasChanged = _hasChanged || !_gone.isEmpty() || !_modified.isEmpty() || !_added.isEmpty();
 }
 
 void ChannelUpdate::modify(ChannelDescription const& description)
@@ -120,7 +138,10 @@ void ChannelUpdate::modify(ChannelDescription const& description)
         LOG_INFO("Some of the open channels were closed. Need to reopen them");
         _channels.reconnectChannel(channel, description);
     } else {
+        bool const isPrepared = rebuild && (channel->isOpen() || channel->isBuffering());
         channel->setDesc(description, rebuild);
+        if (isPrepared)
+            _channels.prepareChannel(channel);
     }
     _channels.channelActions().update(channel);
 }

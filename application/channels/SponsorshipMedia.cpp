@@ -73,7 +73,7 @@ void SponsorshipMedia::read(SponsorshipResponse const& response, int number)
 
 void SponsorshipMedia::onUpdated(Uri const& uri)
 {
-    if (!_logoUrl.isEmpty() && uri.toString() == _logoUrl)
+    if (!_logoUrl.isEmpty() && uri == Uri(_logoUrl))
         _memos->handleNow(new Memo(this, [this, url = _logoUrl] { readLogo(url); }));
 }
 

@@ -9,10 +9,11 @@
 #include "OwnChannels.h"
 #include "SponsorshipSource.h"
 #include "ThreadedMemoQueue.h"
-#include "TickCounter.h"
 #include "Timer.h"
 #include "TimerFactory.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 Logger* SponsorshipSequence::log = LoggerManager::logger();
@@ -24,12 +25,7 @@ SponsorshipSequence::SponsorshipSequence(AppData& appData, ChannelManager& chann
       _media(appData.webCache(), appData.memoThread(), appData.settings.dataDirectory() + "/Sponsorship")
 {
     _timer->setSingleShot(true);
-    connect(_timer, &Timer::timeout, this, [this] {
-        if (std::exchange(_isStillShown, false))
-            onSponsorshipStaticImageCompleted();
-        else
-            openPostSponsorshipChannel();
-    });
+    connect(_timer, &Timer::timeout, this, &SponsorshipSequence::onTimeout);
     connect(source, &SponsorshipSource::sponsorshipRequestCompleted, this,
             &SponsorshipSequence::onSponsorshipRequestCompleted);
     connect(&channels, &ChannelManager::channelClosed, this, &SponsorshipSequence::onChannelClosed);
@@ -44,6 +40,41 @@ SponsorshipSequence::SponsorshipSequence(AppData& appData, ChannelManager& chann
 SponsorshipSequence::~SponsorshipSequence()
 {
     _timers->disposeTimer(_timer);
+}
+
+void SponsorshipSequence::wait(Wait what, qint64 ms)
+{
+    _wait = what;
+    if (what == Wait::None)
+        _timer->stop();
+    else
+        _timer->start(static_cast<int>(std::min<qint64>(ms, std::numeric_limits<int>::max())));
+}
+
+void SponsorshipSequence::onTimeout()
+{
+    Wait const over = std::exchange(_wait, Wait::None);
+    if (over == Wait::StillImage)
+        onSponsorshipStaticImageCompleted();
+    else if (over == Wait::Start)
+        giveUp();
+    else
+        openPostSponsorshipChannel();
+}
+
+/// Nobody waits for a pre-roll for ever.
+void SponsorshipSequence::giveUp()
+{
+    LOG_WARNING("No pre-roll has begun in %d ms", startTime);
+    if (std::exchange(_isRequested, false)) {
+        _source->cancelRequest();
+        _media.cancel();
+    } else if (_channel) {
+        _channel->disconnect(this);
+        _source->onPlaybackError();
+    }
+    emit sponsorshipCloseCompanionAds();
+    openPostSponsorshipChannel();
 }
 
 bool SponsorshipSequence::isPlaying() const
@@ -64,6 +95,7 @@ void SponsorshipSequence::request(Channel* next, QStringList const& beside, Chan
     setNextId(next->desc.rootId());
     _beside = beside;
     _isRequested = true;
+    wait(Wait::Start, startTime);
     _source->requestSponsorship(next->desc.rootId(), _appData.loginManager()->user().nodeId(), previousSeconds,
                                 previous ? previous->desc.rootId() : QString(), _appData.settings.showVideoTips());
 }
@@ -93,8 +125,7 @@ void SponsorshipSequence::bufferNext()
 
 void SponsorshipSequence::cancel()
 {
-    _timer->stop();
-    _isStillShown = false;
+    wait(Wait::None, 0);
     if (std::exchange(_isRequested, false))
         _source->cancelRequest();
     _media.cancel();
@@ -115,6 +146,7 @@ void SponsorshipSequence::onSponsorshipRequestCompleted(bool ok, SponsorshipResp
         return; // Not wanted any more.
     if (!ok || !OwnChannels::isAddress(response.url)) {
         _isRequested = false;
+        wait(Wait::None, 0);
         LOG_INFO("Request for sponsorship failed");
         openPostSponsorshipChannel();
         return;
@@ -170,8 +202,8 @@ void SponsorshipSequence::onChannelClosed(Channel* channel)
 {
     if (channel != _channel)
         return;
-    if (std::exchange(_isStillShown, false))
-        _timer->stop();
+    if (_wait != Wait::WantedChannel)
+        wait(Wait::None, 0);
     if (std::exchange(_isStarted, false)) {
         channel->disconnect(this);
         _source->onPlaybackIncomplete();
@@ -196,78 +228,4 @@ void SponsorshipSequence::onLogoUpdated(QImage const& logo)
     ChannelDescription description = _channel->desc;
     description.setLogo(logo);
     _channels.onChannelLogoUpdated(description);
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackStarted(Channel*, ChannelStream*)
-{
-    _isStarted = true;
-    _msStarted = _appData.tickCounter()->msSinceEpoch();
-    _source->onPlaybackStarted();
-    emit sponsorshipDisplayCompanionAds();
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackTimeUpdated(Channel*, ChannelStream*, double seconds)
-{
-    _source->onPlaybackTimeUpdated(seconds);
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackCompleted(Channel*, ChannelStream*)
-{
-    qint64 const left = _msStarted + qint64{_response.duration} * 1000 - _appData.tickCounter()->msSinceEpoch();
-    if (_response.type == SponsorshipResponse::StaticImage && left > 0) {
-        _isStillShown = true;
-        _timer->start(static_cast<int>(left));
-        return;
-    }
-    _channel->disconnect(this);
-    _isStarted = false;
-    _source->onPlaybackCompleted();
-    finish();
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackLooped(Channel* channel, ChannelStream* stream)
-{
-    onSponsorshipPlaybackCompleted(channel, stream);
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackError(Channel*, ChannelStream*, QString const& text)
-{
-    if (text.isEmpty())
-        return;
-    _channel->disconnect(this);
-    _isStarted = false;
-    _source->onPlaybackError();
-    finish();
-}
-
-void SponsorshipSequence::onSponsorshipStaticImageCompleted()
-{
-    _channel->disconnect(this);
-    _isStarted = false;
-    if (_nextId.isEmpty()) {
-        _source->onPlaybackIncomplete();
-        return;
-    }
-    _source->onPlaybackCompleted();
-    finish();
-}
-
-void SponsorshipSequence::finish()
-{
-    emit sponsorshipCloseCompanionAds();
-    _timer->start(afterPlayback);
-}
-
-void SponsorshipSequence::openPostSponsorshipChannel()
-{
-    if (_nextId.isEmpty())
-        return;
-    QString const id = _nextId;
-    QStringList const beside = std::exchange(_beside, {});
-    setNextId({}); // First: what opens next is no choice of what comes after a pre-roll.
-    Channel* const next = _channels.getChannelByRootId(id);
-    if (Channel* const wanted = next ? next : _channels.defaultChannel())
-        _channels.openChannel(wanted, false, true);
-    for (QString const& each : beside)
-        _channels.openChannel(each, false, false);
 }

@@ -25,6 +25,7 @@ class SponsorshipSequence : public QObject
 
 public:
     static constexpr int afterPlayback = 100; ///< ms, from the end of the pre-roll to the wanted channel.
+    static constexpr int startTime = 10000;   ///< ms, for the pre-roll to begin; the wanted channel comes then.
 
     /// All are borrowed.
     SponsorshipSequence(AppData& appData, ChannelManager& channels, TimerFactory* timers, SponsorshipSource* source,
@@ -71,6 +72,11 @@ public slots:
     void onLogoUpdated(QImage const& logo);
 
 private:
+    enum class Wait { None, Start, StillImage, WantedChannel }; ///< What the timer runs for.
+
+    void wait(Wait what, qint64 ms);
+    void onTimeout();
+    void giveUp();
     void onMediaPrepared(SponsorshipResponse const& response, QString const& address, QImage const& logo);
     Channel* createSponsorshipChannel(QString const& address, QImage const& logo);
     void onChannelClosed(Channel* channel);
@@ -85,8 +91,8 @@ private:
     ChannelManager& _channels;
     TimerFactory* const _timers;
     SponsorshipSource* const _source;
-    Timer* const _timer;        ///< Of the factory: to the wanted channel, or to the end of a still image.
-    bool _isStillShown = false; ///< What the timer runs for.
+    Timer* const _timer; ///< Of the factory.
+    Wait _wait = Wait::None;
     Channel* _channel = nullptr;
     SponsorshipResponse _response;
     SponsorshipMedia _media;

@@ -62,8 +62,10 @@ void SignIn::signUp(QWidget* widget)
     enableActions(false);
     bool const ok = _appData.loginManager()->signupWithGui(widget);
     enableActions(true);
-    if (ok)
-        signIn(widget, false);
+    if (!ok)
+        return;
+    signOut(true); // Who has been here until now.
+    signIn(widget, false);
 }
 
 void SignIn::signOut(bool notify)

@@ -47,6 +47,7 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
     connect(_appData.channelManager(), &ChannelManager::cursorChanged, this, &GLWidget::onCursorChanged);
     connect(&_appData.settings, &AppSettings::drawModeChanged, &_pacer, &PaintPacer::request);
     connect(&_appData.settings, &AppSettings::perspectiveChanged, &_pacer, &PaintPacer::request);
+    connect(&_appData, &AppData::surfaceOutdated, this, &GLWidget::onSurfaceOutdated);
     connect(&_pacer, &PaintPacer::paint, this, &GLWidget::onRenderTimer);
     connect(&_screenshots, &ImageSaver::saved, this, &GLWidget::screenshotCompleted);
     connect(&_surface, &GLSurface::exposed, this, &GLWidget::onExposed);
@@ -56,12 +57,27 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
 
 GLWidget::~GLWidget()
 {
+    destroyPrograms();
+}
+
+void GLWidget::destroyPrograms()
+{
     _presenter.reset();
     if (_surface.makeCurrent()) {
         _appData.videoPrograms.clearPostProcessingShaders();
         _appData.videoPrograms.colourConversionShader().destroy();
         _surface.context()->doneCurrent();
     }
+}
+
+void GLWidget::onSurfaceOutdated()
+{
+    if (!_isInitialized)
+        return;
+    destroyPrograms();
+    _surface.renew(_appData.settings.enableAntialiasing());
+    _isInitialized = false;
+    _pacer.request();
 }
 
 bool GLWidget::hasOpenGL()
@@ -77,6 +93,8 @@ void GLWidget::initializeGL()
              qPrintable(GLExtension::vendor()));
     _appData.videoPrograms.createColourConversion();
     choosePresentation();
+    if (!_effects.isEmpty())
+        setEffects(_effects);
     emit initialized();
 }
 
@@ -224,6 +242,7 @@ void GLWidget::onTakeScreenshot()
 
 void GLWidget::setEffects(QStringList const& names)
 {
+    _effects = names;
     if (!_surface.makeCurrent())
         return;
     _appData.videoPrograms.clearPostProcessingShaders();

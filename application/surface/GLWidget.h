@@ -59,6 +59,8 @@ signals:
 public slots:
     /// Paints, if anything of the surface can be seen.
     void onRenderTimer();
+    /// Begins anew with the antialiasing of the settings.
+    void onSurfaceOutdated();
     void onCursorChanged(QCursor const& cursor);
     void onMouseHideTimer();
     void onShowFullScreenChanged();
@@ -70,6 +72,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -77,6 +80,7 @@ protected:
 
 private:
     void initializeGL();
+    void destroyPrograms();
     void onWindowChanged(QWindow* window);
     void onExposed();
     void choosePresentation();
@@ -97,6 +101,7 @@ private:
     std::unique_ptr<GLMoviePresenter> _presenter; ///< Null where OpenGL draws everything.
     ImageSaver _screenshots;
     bool _isInitialized = false;
+    QStringList _effects;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;
 };

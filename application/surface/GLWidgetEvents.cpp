@@ -32,6 +32,11 @@ void GLWidget::mouseMoveEvent(QMouseEvent* event)
     _appData.channelManager()->videoMouseMove(point, event->modifiers());
 }
 
+void GLWidget::leaveEvent(QEvent*)
+{
+    _appData.channelManager()->videoMouseMove(QPointF(-1.0, -1.0), Qt::NoModifier);
+}
+
 /// A hidden pointer comes back, for a while.
 void GLWidget::onCursorChanged(QCursor const& cursor)
 {

@@ -73,6 +73,7 @@ void Window::createMenus()
     createPostProcessingMenu(view->addMenu(tr("Effects")));
     QAction* const screenshot = view->addAction(tr("Take Screenshot"));
     screenshot->setShortcut(QKeySequence("Ctrl+Shift+S"));
+    screenshot->setAutoRepeat(false);
     connect(screenshot, &QAction::triggered, _glWidget, &GLWidget::onTakeScreenshot);
     createBufferEntry(view);
 
@@ -191,6 +192,7 @@ void Window::connectSignals()
     connect(&settings, &AppSettings::showMenuBarChanged, this,
             [this] { _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen()); });
     connect(&_appData, &AppData::channelChanged, this, &Window::updateTitle);
+    connect(&_appData, &AppData::channelsUpdated, this, &Window::updateTitle);
     ChannelManager const* const channels = _appData.channelManager();
     connect(channels, &ChannelManager::streamOpened, this, &Window::onStreamOpened);
     connect(channels, &ChannelManager::streamOpened, this, &Window::updateSpeedMenu);
@@ -214,12 +216,8 @@ void Window::connectSignals()
 
 void Window::onChannelError(Channel* channel, QString const& text)
 {
-    if (channel)
-        return; // It says so itself.
-    if (text.isEmpty())
-        _notice->hide();
-    else
-        _notice->tell(text);
+    if (!channel) // Which would say so itself.
+        _notice->keep(text);
 }
 
 void Window::onSpeed(QAction* action)
