@@ -12,6 +12,7 @@
 
 #include <QCryptographicHash>
 
+#include <algorithm>
 #include <utility>
 
 Logger* LoginManager::log = LoggerManager::logger();
@@ -55,6 +56,8 @@ void LoginManager::login(QString const& email, QString const& password, bool aut
 {
     if (_soapLogin->isWaitingForResponse())
         return;
+    _wasAnswered = false;
+    _automaticFailure.clear();
     _attempt = {email, password, nodeId(email, MachineIdGenerator::machineId()), automatic, false};
     _soapLogin->login({email, password, _attempt.nodeId, _appData.settings.version(), automatic});
     emit loginStarted();
@@ -90,6 +93,7 @@ void LoginManager::cancelLogin()
 
 void LoginManager::onLoginResponse(bool ok, SoapLoginResponse const& response)
 {
+    _wasAnswered = ok;
     if (!ok || !response.authenticated) {
         fail(response.message.isEmpty() ? tr("The service does not accept this e-mail address and password.")
                                         : response.message);
@@ -129,7 +133,8 @@ void LoginManager::pushSettings(SoapLoginResponse const& response)
     settings.setBannerAdvertisingSizes(response.bannerSizes.split(',', Qt::SkipEmptyParts));
     settings.setChatAllowed(response.chatAllowed);
     settings.setSponsorshipEnabled(response.showSponsorship);
-    settings.setMultiviewChannelLimit(response.multiviewChannels);
+    // A service that says 0 means one.
+    settings.setMultiviewChannelLimit(response.multiviewChannels < 0 ? -1 : std::max(1, response.multiviewChannels));
     settings.setAllowChatRoomChange(response.chatTethering);
     settings.setAllowVideoPostProcessing(response.videoPostprocessing);
     settings.setBuyPremiumMessage(response.buyPremiumMessage);
@@ -176,6 +181,8 @@ void LoginManager::storePassword(QString const& email, QString const& password)
 void LoginManager::onLoginCompleted(bool ok, QString const& text)
 {
     Attempt const attempt = std::exchange(_attempt, {});
+    if (attempt.isAutomatic && !ok)
+        _automaticFailure = text;
     if (attempt.isAutomatic)
         emit autoLoginCompleted(ok, text);
     else if (_loginDialog && ok)

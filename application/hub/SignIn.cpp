@@ -107,7 +107,8 @@ void SignIn::onAutoLoginCompleted(bool ok, QString const& text)
     if (ok) {
         enter(text);
         enableActions(true);
-    } else if (_appData.settings.startupMode()) {
+    } else if (_appData.settings.startupMode() && !_appData.loginManager()->wasAnswered()) {
+        // The network may not be up yet. What the service refuses it would refuse again.
         enableActions(true);
         _autoSignInTimer->start(autoSignInDelay);
     } else {

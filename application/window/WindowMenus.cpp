@@ -7,6 +7,7 @@
 #include "ChannelEvents.h"
 #include "ChannelManager.h"
 #include "GLWidget.h"
+#include "LoginManager.h"
 #include "Notice.h"
 #include "PostProcessingEffects.h"
 #include "Window.h"
@@ -193,6 +194,8 @@ void Window::connectSignals()
             [this] { _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen()); });
     connect(&_appData, &AppData::channelChanged, this, &Window::updateTitle);
     connect(&_appData, &AppData::channelsUpdated, this, &Window::updateTitle);
+    connect(&_appData, &AppData::signInStarted, this, [this] { _notice->keep(tr("Signing in ...")); });
+    connect(_appData.loginManager(), &LoginManager::loginCompleted, this, [this] { _notice->keep({}); });
     ChannelManager const* const channels = _appData.channelManager();
     connect(channels, &ChannelManager::streamOpened, this, &Window::onStreamOpened);
     connect(channels, &ChannelManager::streamOpened, this, &Window::updateSpeedMenu);
