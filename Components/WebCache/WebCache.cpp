@@ -282,6 +282,7 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
     auto const entry = _entries.find(uri);
     bool const isWatched = entry != _entries.end();
     bool const isFirst = isWatched && !entry->isAvailable;
+    bool const isWantedAnew = isWatched && entry->isForced; // Asked for while it was fetched.
     if (isWatched) {
         entry->isSeen = entry->isAvailable = true;
         entry->updates = entry->failures = 0;
@@ -292,7 +293,10 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
         emit available(uri, lastUpdate);
     if (isWatched) {
         emit updated(uri, !isSame, lastUpdate);
-        scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
+        if (isWantedAnew)
+            schedule(uri, 0);
+        else
+            scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
     }
     keepWithinLimit(isSame ? 0 : bytes);
 }
@@ -301,7 +305,14 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
 bool WebCache::accept(Uri const& uri, QString const& path)
 {
     QMutexLocker locker(&_mutex);
-    WebCacheInterest::Check const check = _entries.value(uri).interest.check;
+    auto const entry = _entries.constFind(uri);
+    if (entry == _entries.cend()) { // Ignored meanwhile: nobody is left to say what it should be.
+        _downloading.remove(uri);
+        locker.unlock();
+        QFile::remove(path);
+        return false;
+    }
+    WebCacheInterest::Check const check = entry->interest.check;
     locker.unlock();
     if (!check)
         return true;

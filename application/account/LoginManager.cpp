@@ -12,6 +12,7 @@
 
 #include <QCryptographicHash>
 
+#include <algorithm>
 #include <utility>
 
 Logger* LoginManager::log = LoggerManager::logger();
@@ -22,18 +23,11 @@ namespace
 QString const passwordKey = QStringLiteral("password");
 QString const automaticKey = QStringLiteral("signInAutomatically");
 
-SoapService serviceOf(AppData& appData)
-{
-    SoapService service = SoapService::at(appData.settings.soapHost(), appData.networkAccessManager());
-    service.allowPlainCredentials = appData.settings.allowPlainCredentials();
-    return service;
-}
-
 } // namespace
 
 LoginManager::LoginManager(AppData& appData, QObject* parent)
-    : QObject(parent), _appData(appData), _soapLogin(new SoapLogin(serviceOf(appData), this)),
-      _soapSignup(new SoapSignup(serviceOf(appData), this))
+    : QObject(parent), _appData(appData), _soapLogin(new SoapLogin(service(), this)),
+      _soapSignup(new SoapSignup(service(), this))
 {
     connect(_soapLogin, &SoapLogin::updateAvailable, this, &LoginManager::onUpdateAvailable);
     connect(_soapLogin, &SoapLogin::loginCompleted, this, &LoginManager::onLoginResponse);
@@ -42,6 +36,13 @@ LoginManager::LoginManager(AppData& appData, QObject* parent)
 }
 
 LoginManager::~LoginManager() = default;
+
+SoapService LoginManager::service() const
+{
+    SoapService service = SoapService::at(_appData.settings.soapHost(), _appData.networkAccessManager());
+    service.allowPlainCredentials = _appData.settings.allowPlainCredentials();
+    return service;
+}
 
 QString LoginManager::nodeId(QString const& email, QString const& machineId)
 {
@@ -55,6 +56,8 @@ void LoginManager::login(QString const& email, QString const& password, bool aut
 {
     if (_soapLogin->isWaitingForResponse())
         return;
+    _wasAnswered = false;
+    _automaticFailure.clear();
     _attempt = {email, password, nodeId(email, MachineIdGenerator::machineId()), automatic, false};
     _soapLogin->login({email, password, _attempt.nodeId, _appData.settings.version(), automatic});
     emit loginStarted();
@@ -90,6 +93,7 @@ void LoginManager::cancelLogin()
 
 void LoginManager::onLoginResponse(bool ok, SoapLoginResponse const& response)
 {
+    _wasAnswered = ok;
     if (!ok || !response.authenticated) {
         fail(response.message.isEmpty() ? tr("The service does not accept this e-mail address and password.")
                                         : response.message);
@@ -129,7 +133,8 @@ void LoginManager::pushSettings(SoapLoginResponse const& response)
     settings.setBannerAdvertisingSizes(response.bannerSizes.split(',', Qt::SkipEmptyParts));
     settings.setChatAllowed(response.chatAllowed);
     settings.setSponsorshipEnabled(response.showSponsorship);
-    settings.setMultiviewChannelLimit(response.multiviewChannels);
+    // A service that says 0 means one.
+    settings.setMultiviewChannelLimit(response.multiviewChannels < 0 ? -1 : std::max(1, response.multiviewChannels));
     settings.setAllowChatRoomChange(response.chatTethering);
     settings.setAllowVideoPostProcessing(response.videoPostprocessing);
     settings.setBuyPremiumMessage(response.buyPremiumMessage);
@@ -176,6 +181,8 @@ void LoginManager::storePassword(QString const& email, QString const& password)
 void LoginManager::onLoginCompleted(bool ok, QString const& text)
 {
     Attempt const attempt = std::exchange(_attempt, {});
+    if (attempt.isAutomatic && !ok)
+        _automaticFailure = text;
     if (attempt.isAutomatic)
         emit autoLoginCompleted(ok, text);
     else if (_loginDialog && ok)

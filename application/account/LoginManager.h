@@ -2,6 +2,7 @@
 
 #include "OmbravisionUser.h"
 #include "SoapLoginResponse.h"
+#include "SoapService.h"
 
 #include <QObject>
 #include <QPointer>
@@ -50,6 +51,12 @@ public:
     /// End what is under way, silently.
     void cancelLogin();
     void cancelSignup();
+
+    /// How the service is asked, here and by others.
+    SoapService service() const;
+
+    /// Whether the service has answered the last attempt, so that another one like it would end the same way.
+    bool wasAnswered() const { return _wasAnswered; }
 
     /// Who is signed in; the null user when nobody is.
     OmbravisionUser user() const { return _user; }
@@ -102,6 +109,8 @@ private:
     SoapLogin* const _soapLogin;
     SoapSignup* const _soapSignup;
     Attempt _attempt;
+    bool _wasAnswered = false;
+    QString _automaticFailure; ///< For the dialog that comes after it.
     OmbravisionUser _user;
     QString _offeredVersion; ///< The update that the viewer has been told of.
     QPointer<LoginDialog> _loginDialog;

@@ -8,6 +8,8 @@
 #include "SignupDialog.h"
 #include "UpdateDialog.h"
 
+#include <utility>
+
 bool LoginManager::loginWithGui(QWidget* parent)
 {
     if (_loginDialog) {
@@ -28,6 +30,8 @@ bool LoginManager::loginWithGui(QWidget* parent)
         if (signupWithGui(dialog) && dialog)
             dialog->fill(_newEmail, _newPassword);
     });
+    if (QString const failure = std::exchange(_automaticFailure, {}); !failure.isEmpty())
+        dialog->showError(failure); // Why it is asked at all.
     bool const isSignedIn = dialog->exec() == QDialog::Accepted;
     delete dialog.data();
     _newEmail.clear();

@@ -2,11 +2,15 @@
 
 #include "ChannelDescription.h"
 #include "ChannelStream.h"
+#include "GLTexture.h"
 
+#include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointF>
 #include <QRect>
+#include <QRectF>
 
 #include <memory>
 #include <vector>
@@ -28,8 +32,12 @@ class Channel : public QObject
     Q_OBJECT
 
 public:
+    explicit Channel(AppData& appData) : Channel(appData, ChannelDescription()) {}
     Channel(AppData& appData, ChannelDescription const& description);
     ~Channel() override;
+
+    /// The title for a line of the log; of null "None".
+    static QByteArray logTitle(Channel const* channel);
 
     /// ChannelManager's to change.
     ChannelDescription desc;
@@ -45,7 +53,9 @@ public:
     bool isPlaying() const;
     bool isBuffering() const;
     bool isFading() const;
-    bool hasError() const { return _hasError; }
+    bool hasError() const { return !_errors.isEmpty(); }
+    /// What the first stream that failed has told; empty without an error.
+    QString errorText() const;
     bool hasVideo() const;
     bool hasAudio() const;
     /// Whether some stream can seek, and so play at another speed than its own; known once it is open.
@@ -65,15 +75,30 @@ public:
 
     void addStream(StreamDescription const& description);
     void removeStream(StreamDescription const& description);
+    /// Makes the streams those of the description; what has not changed plays on.
+    void resetStreams();
     /// Copies the description; with rebuild, closes the channel and makes its streams anew.
     void setDesc(ChannelDescription const& description, bool rebuild);
 
     /// Uploads new pictures; before any drawing.
     void updateVideoTexture();
-    /// Draws all streams as an array inside the area, in pixels of the surface, y downward.
-    void drawOrthoVideoArray(QRect const& area, GLMovieRenderer::DrawMode mode);
+    /// Draws what stands in for a picture: the logo of a channel of the directory, while it has none to show. Areas
+    /// are in pixels, y downward, unless said otherwise.
+    void drawBackground(QRect const& area);
+    /// Draws the channel's pictures inside the area, those of several streams as an array.
+    void drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawMode mode);
+    void drawOrthoVideoArray(QRect const& area, int columns, GLMovieRenderer::DrawMode mode);
+    /// The same in the plane z of the current space, y upward from the area's top.
+    void drawVideoPerspectiveMode(QRectF const& area, bool keepAspect, double z = 0.0);
+    void drawPerspectiveVideoArray(QRectF const& area, int columns, bool keepAspect, double z = 0.0);
     /// Draws the channel's texts over the area.
     void drawOverlay(QRect const& area);
+
+    /// The logo for drawing; not created() while there is none.
+    GLTexture* logoTexture() { return &_logoTexture; }
+    /// Makes it of the description's logo, if that has changed since.
+    void createLogoTexture();
+    void deleteLogoTexture();
 
     /// Whether the two would draw no more than opaque pictures as they are, and those pictures, to be appended.
     bool isPlain() const;
@@ -108,8 +133,17 @@ signals:
 
 public slots:
     void onStreamOpened(ChannelStream* stream);
+    void onStreamTimeUpdated(ChannelStream* stream, double seconds);
     void onStreamError(ChannelStream* stream, QString text);
     void onStreamStateChanged(ChannelStream* stream, QString text);
+    void onStreamAdded(ChannelStream* stream);
+    void onStreamClosing(ChannelStream* stream);
+    void onStreamClosed(ChannelStream* stream);
+    void onStreamCompleted(ChannelStream* stream);
+    void onStreamLooped(ChannelStream* stream);
+    void onStreamNeedsLoop(ChannelStream* stream);
+    void onStreamMutedChanged(ChannelStream* stream, bool muted);
+    void onStreamVolumeChanged(ChannelStream* stream, double volume);
     void onStreamPlaying(ChannelStream* stream);
     void onStreamNotice(ChannelStream* stream, QString text);
     void onCloseTimer();
@@ -119,8 +153,12 @@ private:
     void connectStream(ChannelStream* stream);
     void openStream(ChannelStream& stream);
     bool hasOverlay() const;
-    QRect streamArea(QRect const& area, size_t index) const;
+    bool showsLogo() const;
+    int columns() const;
+    std::unique_ptr<ChannelStream> takeStream(StreamDescription const& description);
+    void renewDescriptions();
     void createOverlay();
+    void showErrorOr(QString const& text);
     void setOverlayText(QString const& text);
 
     static Logger* log;
@@ -130,6 +168,9 @@ private:
     std::unique_ptr<GLControlLayout> _layout; ///< Null while closed, as are the next two.
     std::unique_ptr<GLControl> _control;
     std::unique_ptr<GLTextArea> _textArea;
-    bool _hasError = false;
+    GLTexture _logoTexture;
+    bool _isLogoChanged = false;                  ///< Since the texture was made.
+    QHash<ChannelStream const*, QString> _errors; ///< What streams have told that have failed.
     qint64 _openTime = 0;
+    int _openings = 0; ///< So far.
 };

@@ -1,10 +1,16 @@
 #pragma once
 
-#include "ChannelDescription.h"
-#include "GLMovieRenderer.h"
+#include "ChannelActions.h"
+#include "ChannelClickAction.h"
+#include "ChannelFeed.h"
+#include "ChannelGrid.h"
+#include "ChannelSwitch.h"
+#include "ChannelUpdate.h"
+#include "KnownChannels.h"
+#include "OpenChannels.h"
+#include "SponsorshipSequence.h"
 
 #include <QCursor>
-#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointF>
@@ -12,89 +18,183 @@
 #include <QString>
 #include <QStringList>
 
-#include <memory>
 #include <vector>
 
 class AppData;
 class Channel;
 class ChannelStream;
 class Logger;
+class QKeyEvent;
+class SponsorshipSource;
 
-/// Owns every channel, knows which are open and which is active, and is the only way to open or close one.
+/// Knows every channel, and is the only way to open or close one. The face of several: KnownChannels owns them,
+/// ChannelFeed tells where they come from and ChannelUpdate follows that, OpenChannels has those that are open,
+/// ChannelSwitch what comes after a fade, ChannelGrid how they are shown, ChannelActions their menu entries,
+/// SponsorshipSequence a pre-roll.
 ///
-/// The active channel has the sound; the others play silently beside it. Main thread only.
+/// Main thread only.
 class ChannelManager : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr int fadeTime = 500; ///< ms
+    static constexpr int fadeTime = OpenChannels::fadeTime; ///< ms
+    static constexpr int pauseBeforeLoop = 500;             ///< ms, where a stream begins anew by being opened again.
+
+    /// What the manager works with, all borrowed; where something is left out it takes the application's own.
+    struct Parts {
+        TimerFactory* timers = nullptr;
+        SponsorshipSource* sponsorship = nullptr; ///< Without one there are no pre-rolls.
+        ChannelFeed::ProviderFactory createProvider;
+    };
 
     explicit ChannelManager(AppData& appData, QObject* parent = nullptr);
+    ChannelManager(AppData& appData, Parts const& parts, QObject* parent = nullptr);
     ~ChannelManager() override;
 
+    // The directory.
+    void startChecking() { _feed.startChecking(); }
+    void stopChecking() { _feed.stopChecking(); }
+    void refresh() { _feed.refresh(); }
+    /// Closes and forgets all channels.
+    void unloadChannels();
+    /// Whether there has been a directory since the last unloadChannels().
+    bool channelsLoaded() const { return _channelsLoaded; }
+    /// Whether a new directory is being taken over; channelsUpdated() tells the end.
+    bool isUpdating() const { return _update.isRunning(); }
+    QList<Channel*> channels(int typeMask = KnownChannels::anyType) const { return _known.channels(typeMask); }
+    int channelCount() const { return _known.count(); }
+    Channel* getChannelByIndex(int index) const { return _known.at(index); }
+    Channel* getChannelByRootId(QString const& rootId) const { return _known.find(rootId); }
+    QList<Channel*> getChannelsForAlertTopic(QString const& topic) const
+    {
+        return _known.channelsForAlertTopic(topic);
+    }
+    Channel* firstChannel() const { return _known.at(0); }
+    Channel* lastChannel() const { return _known.at(_known.count() - 1); }
+    /// In a ring.
+    Channel* nextChannel(Channel const* channel) const { return _known.neighbour(channel, 1); }
+    Channel* previousChannel(Channel const* channel) const { return _known.neighbour(channel, -1); }
+    /// The service's choice, otherwise the first; null when there is none.
+    Channel* defaultChannel() const;
+
+    /// Adds a channel that is not known yet.
+    Channel* addChannel(ChannelDescription const& description);
+    /// Closes and forgets one.
+    void removeChannel(Channel* channel);
     /// Adds a channel of the viewer's own, or gives the one that has this root id already.
     Channel* addUserChannel(ChannelDescription const& description);
     /// Closes and forgets a channel.
     void removeUserChannel(Channel* channel);
 
+    // Opening and closing.
     /// Opens a channel: alone, after the others have faded out, with nonMultiview or when nothing is open; otherwise
     /// beside the others, at `index` or last with -1. One that is open becomes the active one.
-    void openChannel(Channel* channel, bool nonMultiview, int index = -1);
+    /// A pre-roll comes first with useSponsorship, if there is one, where the channel opens alone.
+    void openChannel(Channel* channel, bool useSponsorship, bool nonMultiview, int index = -1);
+    /// The same for a root id; one that is unknown opens nothing.
+    void openChannel(QString const& rootId, bool useSponsorship, bool nonMultiview, int index = -1);
+    /// The same for a channel that need not be known yet.
+    void previewChannel(ChannelDescription const& description, bool useSponsorship, bool nonMultiview,
+                        int index = -1);
+    /// Opens a channel unseen and silent, so that it can be shown at once later.
+    void prepareChannel(Channel* channel) { _open.prepareUnseen(channel); }
     void closeChannel(Channel* channel);
-    void closeAllChannels();
+    void closeChannel(QString const& rootId);
+    /// And, with the flag, gives up a pre-roll and what was to come after it.
+    void closeAllChannels(bool cancelSponsorship = true);
     void fadeAndCloseAllChannels(int ms);
     /// Closes what is open, and what was about to be, until openLastChannels().
     void closeForLater();
-    /// Opens again what was open before the last closeAllChannels() or closeForLater().
-    void openLastChannels();
+    /// Opens again what was open last; the default channel when nothing of that is known.
+    void openLastChannels(bool useSponsorship = false);
     /// Closes a channel and opens it in the same place.
     void reconnectChannel(Channel* channel);
+    /// The same with the streams of another description.
+    void reconnectChannel(Channel* channel, ChannelDescription const& description);
 
-    /// Whether a text is an address, with a scheme and "://", rather than a file name.
-    static bool isAddress(QString const& text);
-    /// Opens an address, for which isAddress() holds, as a channel of its own, beside or in place of the others.
+    /// Opens an address, for which OwnChannels::isAddress() holds, as a channel of its own, beside or in place of the
+    /// others.
     void openUserStream(QString const& url, QString const& title, bool nonMultiview);
     /// The same for a file.
     void openFile(QString const& path, bool nonMultiview);
 
-    void setActiveChannel(Channel* channel);
-    Channel* activeChannel() const { return _activeChannel; }
-    QList<Channel*> openChannels() const { return _openChannels; }
-    bool isChannelOpen(Channel* channel) const { return _openChannels.contains(channel); }
-    Channel* getChannelByRootId(QString const& rootId) const { return _byRootId.value(rootId); }
+    void setActiveChannel(Channel* channel) { _open.setActive(channel); }
+    Channel* activeChannel() const { return _open.active(); }
+    QString activeChannelId() const;
+    QString activeChannelRootId() const;
+    QList<Channel*> openChannels() const { return _open.channels(); }
+    bool isChannelOpen(Channel const* channel) const { return _open.contains(channel); }
+    bool isChannelOpenByRootId(QString const& rootId) const;
+    /// Whether something is open, or is about to be.
+    bool isBusy() const { return !_open.isEmpty() || _switch.isPending(); }
 
-    void setVolume(double volume);
-    double volume() const { return _volume; }
-    void setMuted(bool muted);
+    QString lastChannelId() const { return _open.lastChannelId(); }
+    void setLastChannelId(QString const& id) { _open.setLastChannelId(id); }
+    QStringList lastChannelIds() const { return _open.lastChannelIds(); }
+    void setLastChannelIds(QStringList const& ids) { _open.setLastChannelIds(ids); }
+
+    // How they play.
+    void setVolume(double volume) { _open.setVolume(volume); }
+    double volume() const { return _open.volume(); }
+    void setMuted(bool muted) { _open.setMuted(muted); }
+    bool muted() const { return _open.muted(); }
     /// Whether somebody looks at the surface: pictures that nobody sees cost little more than their decoding.
-    void setWatched(bool watched);
-    bool muted() const { return _muted; }
+    void setWatched(bool watched) { _open.setWatched(watched); }
     /// The speed of whatever plays and will play, 1.0 at first. What cannot seek, such as a live stream, plays at 1.0
     /// whatever is chosen, since it would run dry or fall behind.
     void setSpeed(double speed);
-    double speed() const { return _speed; }
+    double speed() const { return _open.speed(); }
     /// Whether some of what plays, or is about to, can go at the chosen speed; true when nothing is open.
-    bool canChangeSpeed() const;
+    bool canChangeSpeed() const { return _open.canChangeSpeed(); }
     void seekForwards(double seconds);
     void seekBackwards(double seconds);
 
-    /// The root id part of a file name or address: its UTF-8 bytes in hexadecimal.
-    static QString channelIdFromFileName(QString const& name);
+    // Clicks.
+    /// What a click on a channel does, wherever its name or picture is.
+    ChannelClickAction channelClickAction(QString const& rootId, bool isModifierHeld) const;
+    void performChannelClickAction(QString const& rootId, ChannelClickAction action);
+    QCursor cursorForChannelClickAction(ChannelClickAction action) const;
+    /// Has cursorChanged() tell the pointer over a channel, for what a click on it does; over none with an empty id.
+    void setChannelCursor(QString const& rootId, bool isModifierHeld);
+    ChannelActions& channelActions() { return _actions; }
 
-    /// Draws the open channels side by side, in pixels of the surface, y downward. GL context current.
-    void renderVideoOrtho(QRect const& area, GLMovieRenderer::DrawMode mode);
+    // The surface: its size and points are in its pixels, y downward; drawing with the GL context current.
+    void renderVideoOrtho(QRect const& area, GLMovieRenderer::DrawMode mode)
+    {
+        _grid.render(openChannels(), area, mode);
+    }
+    /// The same in the depth of the screen; pictures keep their aspect ratio unless they are to be stretched.
+    void renderVideoPerspective(QRect const& area, GLMovieRenderer::DrawMode mode)
+    {
+        _grid.renderPerspective(openChannels(), area, mode != GLMovieRenderer::Stretch);
+    }
+    /// Whether renderVideoOrtho() would draw no more than opaque pictures as they are, on black, and those.
+    bool isPlain() const { return ChannelGrid::isPlain(openChannels()); }
+    std::vector<GLMoviePicture> plainPictures(QRect const& area, GLMovieRenderer::DrawMode mode)
+    {
+        return _grid.plainPictures(openChannels(), area, mode);
+    }
+    void videoMouseMove(QPointF point, Qt::KeyboardModifiers modifiers);
+    /// A click is a press and a release on the same channel.
+    void videoMousePress(QPointF point, Qt::KeyboardModifiers modifiers);
+    void videoMouseRelease(QPointF point, Qt::KeyboardModifiers modifiers);
+    /// The digits choose among the open channels, "page up" and "page down" among all. Whether it was one of those.
+    bool videoKeyPress(QKeyEvent const* event);
+    /// The pointer follows the modifier. Whether the key has no other meaning.
+    bool videoKeyRelease(QKeyEvent const* event);
 
-    /// Whether renderVideoOrtho() would draw no more than opaque pictures as they are, on black.
-    bool isPlain() const;
-    /// Those pictures, to be shown without OpenGL in its place.
-    std::vector<GLMoviePicture> plainPictures(QRect const& area, GLMovieRenderer::DrawMode mode);
+    QString postSponsorshipChannelId() const { return _sponsorship.postSponsorshipChannelId(); }
+    Channel* sponsorshipChannel() const { return _sponsorship.channel(); }
+    QString sponsorshipChannelId() const;
 
-    /// The pointer over a point of the surface, for what a click there does.
-    QCursor cursorAt(QPointF point) const;
-
-    /// A click on the surface: reconnects a channel in error, or makes the clicked one active.
-    void videoMousePress(QPointF point);
+    // What the service has told of this viewer.
+    QString ipAddress() const { return _feed.ipAddress(); }
+    void setIpAddress(QString const& address) { _feed.setIpAddress(address); }
+    QString countryId() const { return _feed.countryId(); }
+    void setCountryId(QString const& id) { _feed.setCountryId(id); }
+    QString confidenceFactor() const { return _feed.confidenceFactor(); }
+    void setConfidenceFactor(QString const& factor) { _feed.setConfidenceFactor(factor); }
 
 signals:
     void channelOpened(Channel* channel);
@@ -103,46 +203,64 @@ signals:
     void channelChanged(Channel* from, Channel* to);
     void streamOpened(Channel* channel, ChannelStream* stream);
     void channelsUpdated();
+    void channelLogoUpdated(ChannelDescription description);
+    /// Of one channel, or of the directory with null; an empty text takes that back.
     void channelError(Channel* channel, QString text);
     void channelStateChanged(Channel* channel, QString text);
     void channelAdded(ChannelDescription description);
     void channelRemoved(ChannelDescription description);
+    /// More channels beside each other than the account allows.
+    void multiviewLimitExceeded();
+    void mouseEnteredChannel(QString rootId);
+    void mouseLeftChannel(QString rootId);
+    void cursorChanged(QCursor cursor);
+    void postSponsorshipChannelChanged(QString rootId);
+    void sponsorshipLoadCompanionAds(SponsorshipResponse response);
+    void sponsorshipDisplayCompanionAds();
+    void sponsorshipCloseCompanionAds();
     void speedChanged();
     /// Something waits to be painted.
     void pictureUpdated();
 
 public slots:
-    void onChannelStreamError(Channel* channel, ChannelStream* stream, QString text);
-    void onChannelStreamStateChanged(Channel* channel, ChannelStream* stream, QString text);
+    void onChannelsUpdated();
+    void onChannelLogoUpdated(ChannelDescription const& description);
+    void onChannelStreamError(Channel* channel, ChannelStream* stream, QString const& text);
+    void onChannelStreamStateChanged(Channel* channel, ChannelStream* stream, QString const& text);
+    void onChannelStreamClosed(Channel* channel, ChannelStream* stream);
     void onChannelStreamNeedsLoop(Channel* channel, ChannelStream* stream);
     void onFadeAndCloseAllChannels();
     void onMuteChanged();
     void onVolumeChanged();
+    void onFullScreenChanged();
 
 private:
-    Channel* addChannel(std::unique_ptr<Channel> channel);
-    void openChannelNonMultiview(Channel* channel);
+    void onUpdateCompleted(bool hasChanged);
+    void openOwnChannel(ChannelDescription const& description, bool nonMultiview);
+    void connectParts();
+    QString channelIdAt(QPointF point) const;
+    static bool isModifierHeld(Qt::KeyboardModifiers modifiers);
+    void stay(Channel* channel);
+    void openBeside(QStringList const& ids);
+    Channel* chosenChannel() const;
+    void openChannelNonMultiview(Channel* channel, bool useSponsorship);
     void openChannelMultiview(Channel* channel, int index);
-    void openPending();
-    void saveLastChannels();
-    Channel* channelAt(QPointF point) const;
-    /// The part of the area that belongs to the open channel of that index.
-    QRect cell(QRect const& area, int index) const;
+    void onChannelClicked(Channel* channel);
 
     static Logger* log;
 
     AppData& _appData;
-    std::vector<std::unique_ptr<Channel>> _channels;
-    QList<Channel*> _openChannels; ///< In display order.
-    QHash<QString, Channel*> _byRootId;
-    Channel* _activeChannel = nullptr;
-    QString _pendingChannelId; ///< What opens when the fade is over; empty for nothing.
-    QStringList _waitingIds;   ///< What opens beside it then.
-    QStringList _lastChannelIds;
-    QString _lastChannelId;
-    QRect _lastArea;
-    double _volume = 1.0;
-    double _speed = 1.0;
-    bool _muted = false;
-    bool _watched = true;
+    std::unique_ptr<SponsorshipSource> _noSponsorship; ///< Null if another one is used.
+    SponsorshipSource* const _sponsorshipSource;
+    KnownChannels _known;
+    ChannelActions _actions; ///< Of the channels: they go before those.
+    OpenChannels _open;
+    ChannelSwitch _switch;
+    ChannelGrid _grid;
+    ChannelFeed _feed;
+    ChannelUpdate _update;
+    SponsorshipSequence _sponsorship;
+    QString _channelUnderMouse; ///< Its root id, as the next one.
+    QString _pressedChannel;
+    bool _channelsLoaded = false;
 };

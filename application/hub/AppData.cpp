@@ -2,44 +2,40 @@
 
 #include "AudioDevice.h"
 #include "AudioDeviceWatch.h"
+#include "AudioOutputChoice.h"
 #include "BiscottiClientId.h"
 #include "CentralisedBiscotti.h"
 #include "Channel.h"
+#include "ChannelEvents.h"
 #include "ChannelManager.h"
-#include "CookieJar.h"
 #include "FileLatteClientFactory.h"
 #include "FileName.h"
-#include "GLExtension.h"
-#include "GLMovieRenderer.h"
-#include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
 #include "MachineIdGenerator.h"
 #include "MmsLatteClientFactory.h"
 #include "MonotonicTickCounter.h"
+#include "OwnChannels.h"
 #include "PersistentKeychain.h"
+#include "PipelinedFileDownloader.h"
 #include "RestfulKeychain.h"
 #include "RsaProvider.h"
 #include "RtspLatteClientFactory.h"
+#include "SignIn.h"
 #include "SystemRandomGenerator.h"
 #include "SystemTickCounter.h"
 #include "ThreadedMemoQueue.h"
 #include "TimedHttpClientFactory.h"
 #include "TrieBiscottiSubscriptionEngine.h"
 #include "Uri.h"
+#include "WebCache.h"
 
 #include <QAction>
-#include <QCursor>
 #include <QFile>
 #include <QFileInfo>
-#include <QImage>
-#include <QNetworkAccessManager>
-#include <QNetworkProxy>
-#include <QPixmap>
 
 #include <ctime>
-#include <stdexcept>
 
 Logger* AppData::log = LoggerManager::logger();
 
@@ -55,7 +51,10 @@ void destroy(T*& component)
 
 } // namespace
 
-AppData::AppData(QObject* parent) : QObject(parent) {}
+AppData::AppData(QObject* parent) : QObject(parent)
+{
+    connect(&videoPrograms, &VideoPrograms::postProcessingChanged, this, &AppData::videoPostProcessingChanged);
+}
 
 AppData::~AppData()
 {
@@ -74,9 +73,8 @@ void AppData::initialize(QWidget* mainWidget)
     settings.initEncryption(_rsaProvider);
     settings.loadGlobalSettings();
     setProxy();
-    createCursors();
-    _networkAccessManager = new QNetworkAccessManager;
-    loadCookieJar();
+    _cursors = std::make_unique<ClickCursors>();
+    _webAccess.createManager();
     _memoThread = new ThreadedMemoQueue;
     _memoThread->start(QThread::InheritPriority);
     _memoThread->waitUntilReady();
@@ -87,17 +85,23 @@ void AppData::initialize(QWidget* mainWidget)
                                                        &plainHttpClientFactory, &dateTimeBuilder, _memoThread);
     _fileLatteClientFactory = new FileLatteClientFactory;
     _rtspLatteClientFactory = new RtspLatteClientFactory(&rtspClientFactory, &timerFactory);
+    createWebCache();
     registerLatteSchemes();
     _restfulKeychain = new RestfulKeychain(_httpClientFactory, settings.keychainUrl());
     _persistentKeychain = new PersistentKeychain(_restfulKeychain);
     _audioDevice = new AudioDevice;
     _channelManager = new ChannelManager(*this);
     _loginManager = new LoginManager(*this);
-    openAudioDevice();
+    AudioOutputChoice audioOutput(settings, *_audioDevice);
+    audioOutput.choose();
+    audioOutput.open();
     _audioDeviceWatch = new AudioDeviceWatch(*_audioDevice, &timerFactory);
     createBiscotti();
+    _signIn = new SignIn(*this, &timerFactory);
+    _channelEvents = new ChannelEvents(*this, &timerFactory);
     connectChannelManager();
     connectSettings();
+    connectSignIn();
     _initialized = true;
     LOG_INFO("Finished creating application components");
 }
@@ -107,14 +111,16 @@ void AppData::uninitialize()
     if (!_initialized)
         return;
     LOG_INFO("Start destroying application components");
-    saveCookieJar();
-    _networkAccessManager->deleteLater();
-    _networkAccessManager = nullptr;
+    _signIn->save();
+    destroy(_channelEvents);
+    destroy(_signIn);
+    _webAccess.destroyManager();
     // Channels play on the device and are shown through the settings' actions: they close before either goes.
     _channelManager->closeAllChannels();
     settings.destroyActions();
     destroy(_audioDeviceWatch);
     _audioDevice->closeDevice();
+    _webCache->ignore(settings.entitlementsUrl());
     // Whoever posts goes before the messaging client, which still sends what they have posted.
     destroy(_channelManager);
     destroy(_loginManager);
@@ -122,6 +128,8 @@ void AppData::uninitialize()
     settings.initEncryption(nullptr);
     destroy(_rsaProvider);
     destroy(_subscriptionEngine);
+    destroy(_webCache);
+    destroy(_pipelinedFileDownloader);
     destroy(_audioDevice);
     destroy(_randomGenerator);
     // Before the factory, which they give back clients to whose answers have not come.
@@ -135,12 +143,19 @@ void AppData::uninitialize()
     _memoThread->wait();
     destroy(_memoThread);
     destroy(_tickCounter);
-    destroy(_playCursor);
-    destroy(_openCursor);
-    destroy(_closeCursor);
-    clearPostProcessingShaders();
+    _cursors.reset();
+    videoPrograms.clearPostProcessingShaders();
     _initialized = false;
     LOG_INFO("Finished destroying application components");
+}
+
+void AppData::createWebCache()
+{
+    _pipelinedFileDownloader = new PipelinedFileDownloader(_memoThread, _tickCounter);
+    _webCache = new WebCache(_pipelinedFileDownloader, _randomGenerator, _memoThread, _tickCounter,
+                             settings.cacheDirectory());
+    _webCache->setLimit(settings.cacheLimit());
+    connect(_webCache, &WebCache::updated, this, &AppData::onWebCacheUpdate);
 }
 
 void AppData::createBiscotti()
@@ -154,46 +169,10 @@ void AppData::createBiscotti()
                                 CentralisedBiscottiMessageEncoding::Der, CentralisedBiscottiMessageDecoding::Ber);
 }
 
-void AppData::createCursors()
-{
-    auto const create = [](char const* name) {
-        QImage const image(QStringLiteral(":/Resources/%1.png").arg(name));
-        return new QCursor(QPixmap::fromImage(image), -1, -1);
-    };
-    _playCursor = create("PlayCursor");
-    _openCursor = create("OpenCursor");
-    _closeCursor = create("CloseCursor");
-}
-
 QString AppData::buildStyleSheet(bool skin)
 {
     QFile file(skin ? ":/Resources/stylesheet_skin.txt" : ":/Resources/stylesheet_normal.txt");
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-void AppData::setProxy()
-{
-    QNetworkProxy::setApplicationProxy(proxy());
-}
-
-QNetworkProxy AppData::proxy() const
-{
-    auto const type = static_cast<QNetworkProxy::ProxyType>(settings.proxyType());
-    return {type, settings.proxyHostName(), static_cast<quint16>(settings.proxyPort()), settings.proxyUser(),
-            settings.proxyPassword()};
-}
-
-void AppData::loadCookieJar()
-{
-    auto jar = std::make_unique<CookieJar>();
-    jar->load();
-    _networkAccessManager->setCookieJar(jar.release());
-}
-
-void AppData::saveCookieJar()
-{
-    if (auto const* const jar = qobject_cast<CookieJar*>(_networkAccessManager->cookieJar()))
-        jar->save();
 }
 
 void AppData::registerLatteSchemes()
@@ -206,28 +185,6 @@ void AppData::registerLatteSchemes()
         latteVisualiserRegistry.registerLatteVisualiserFactory(UriScheme(scheme), &bufferVisualiserFactory);
 }
 
-void AppData::chooseAudioDevice()
-{
-    if (settings.audioDevice().isEmpty()) {
-        QStringList devices;
-        QString defaultName;
-        if (!AudioDevice::availableDevices(devices, defaultName))
-            settings.setAudioDevice("default");
-        else if (devices.contains("Generic Software"))
-            settings.setAudioDevice("Generic Software");
-    }
-    LinuxAudioConfig const config;
-    if (!config.listDevices().contains(settings.audioDevice()))
-        settings.setAudioDevice(config.defaultDevice());
-}
-
-void AppData::openAudioDevice()
-{
-    chooseAudioDevice();
-    if (!_audioDevice->openDevice(settings.audioDevice()))
-        LOG_ERROR("Could not open sound device.");
-}
-
 void AppData::connectChannelManager()
 {
     connect(_channelManager, &ChannelManager::channelOpened, this, &AppData::channelOpened);
@@ -236,75 +193,97 @@ void AppData::connectChannelManager()
     connect(_channelManager, &ChannelManager::channelsUpdated, this, &AppData::channelsUpdated);
     connect(_channelManager, &ChannelManager::channelError, this, &AppData::channelError);
     connect(_channelManager, &ChannelManager::channelStateChanged, this, &AppData::channelStateChanged);
+    using Manager = ChannelManager;
+    connect(_channelManager, &Manager::channelLogoUpdated, this, &AppData::channelLogoUpdated);
+    connect(_channelManager, &Manager::postSponsorshipChannelChanged, this, &AppData::postSponsorshipChannelChanged);
+    connect(_channelManager, &Manager::sponsorshipLoadCompanionAds, this, &AppData::sponsorshipLoadCompanionAds);
+    connect(_channelManager, &Manager::sponsorshipDisplayCompanionAds, this,
+            &AppData::sponsorshipDisplayCompanionAds);
+    connect(_channelManager, &Manager::sponsorshipCloseCompanionAds, this, &AppData::sponsorshipCloseCompanionAds);
+    connect(_channelEvents, &ChannelEvents::channelTestEvent, this, &AppData::channelTestEvent);
+}
+
+void AppData::connectSignIn()
+{
+    connect(_signIn, &SignIn::signedInChanged, this, &AppData::onSignedInChanged);
+    connect(_signIn, &SignIn::signedInChanged, _channelEvents, &ChannelEvents::onSignedInChanged);
+    connect(_signIn, &SignIn::signedInChanged, this, &AppData::signedInChanged);
+    connect(_signIn, &SignIn::signInStarted, this, &AppData::signInStarted);
+}
+
+void AppData::signIn(QWidget* widget, bool automatic)
+{
+    _signIn->signIn(widget, automatic);
+}
+
+void AppData::signOut(bool notify)
+{
+    _signIn->signOut(notify);
+}
+
+void AppData::signUp(QWidget* widget)
+{
+    _signIn->signUp(widget);
+}
+
+void AppData::begin()
+{
+    if (settings.demoMode())
+        _channelManager->startChecking();
+    else if (SignIn::lastUser().isEmpty())
+        settings.action(MenuAction::CreateAccount)->trigger();
+    else
+        settings.action(MenuAction::SignIn)->trigger();
+}
+
+void AppData::onSignedInChanged()
+{
+    if (_signIn->isSignedIn()) {
+        _webCache->start();
+        _webCache->watch(settings.entitlementsUrl()); // Nobody else is entitled, and the service is left alone.
+    } else {
+        _webCache->ignore(settings.entitlementsUrl());
+        _webCache->stop();
+    }
 }
 
 void AppData::connectSettings()
 {
     connect(&settings, &AppSettings::muteChanged, _channelManager, &ChannelManager::onMuteChanged);
     connect(&settings, &AppSettings::volumeChanged, _channelManager, &ChannelManager::onVolumeChanged);
+    connect(&settings, &AppSettings::showFullScreenChanged, _channelManager, &ChannelManager::onFullScreenChanged);
     connect(&settings, &AppSettings::audioDeviceChanged, this, &AppData::onAudioDeviceChanged);
     connect(&settings, &AppSettings::useHardwareColourConversionChanged, this,
             &AppData::onUseHardwareColourConversionChanged);
+    connect(&settings, &AppSettings::enableAntialiasingChanged, this, &AppData::onEnableAntialiasingChanged);
 }
 
 void AppData::onAudioDeviceChanged()
 {
-    _channelManager->closeAllChannels();
-    if (!_audioDevice->openDevice(settings.audioDevice()))
-        LOG_ERROR("Could not open sound device.");
-    _channelManager->openLastChannels();
+    _channelEvents->closeAround([this] { AudioOutputChoice(settings, *_audioDevice).open(); });
 }
 
 void AppData::onUseHardwareColourConversionChanged()
 {
-    _channelManager->closeAllChannels();
-    _channelManager->openLastChannels();
+    _channelEvents->closeAround([] {}); // It counts from the next opening on.
+}
+
+void AppData::onEnableAntialiasingChanged()
+{
+    _channelEvents->closeForNewSurface();
+    emit surfaceOutdated();
+}
+
+/// Who is entitled to what has changed: the service is asked again.
+void AppData::onWebCacheUpdate(Uri const& uri, bool hasChanged, QDateTime const&)
+{
+    if (hasChanged && uri == settings.entitlementsUrl())
+        _channelManager->refresh();
 }
 
 void AppData::onWindowVisibilityChanged(bool visible)
 {
-    if (visible)
-        _channelManager->openLastChannels();
-    else
-        _channelManager->closeForLater();
-    settings.action(MenuAction::ShowWindow)->setEnabled(!visible);
-    for (MenuAction const action :
-         {MenuAction::CloseWindow, MenuAction::IncreaseVolume, MenuAction::DecreaseVolume, MenuAction::SeekForwards,
-          MenuAction::SeekBackwards, MenuAction::Mute, MenuAction::FullScreen, MenuAction::Record,
-          MenuAction::ChannelCarousel, MenuAction::Tabs})
-        settings.action(action)->setEnabled(visible);
-    for (QAction* const action : settings.actions().drawModes())
-        action->setEnabled(visible);
-    settings.action(MenuAction::CloseWindow)->setChecked(!visible);
-}
-
-void AppData::createColourConversionPrograms()
-{
-    if (!GLMovieRenderer::createYUVtoRGBFragmentProgram(_colourConversionFragmentProgram))
-        _colourConversionFragmentProgram = 0;
-    GLMovieRenderer::createYUVtoRGBShaderProgram(&_colourConversionShader);
-    _drawsInSoftware = GLExtension::isSoftwareRenderer();
-}
-
-QList<GLMovieShader*> AppData::postProcessingShaders() const
-{
-    QList<GLMovieShader*> shaders;
-    for (auto const& shader : _postProcessingShaders)
-        shaders.append(shader.get());
-    return shaders;
-}
-
-void AppData::clearPostProcessingShaders()
-{
-    auto const going = std::exchange(_postProcessingShaders, {});
-    emit videoPostProcessingChanged(); // While the programs still exist.
-}
-
-void AppData::addPostProcessingShaders(std::vector<std::unique_ptr<GLMovieShader>> shaders)
-{
-    for (auto& shader : shaders)
-        _postProcessingShaders.push_back(std::move(shader));
-    emit videoPostProcessingChanged();
+    _channelEvents->onWindowVisibilityChanged(visible);
 }
 
 void AppData::openNames(QStringList const& names)
@@ -312,7 +291,7 @@ void AppData::openNames(QStringList const& names)
     bool isFirst = true;
     for (QString const& name : names) {
         // Only what looks like an address is looked for on the disk, which may take its time.
-        if (FileName::isAddress(name) || !ChannelManager::isAddress(name) || QFileInfo::exists(name))
+        if (FileName::isAddress(name) || !OwnChannels::isAddress(name) || QFileInfo::exists(name))
             _channelManager->openFile(name, isFirst);
         else
             _channelManager->openUserStream(name, Uri::withoutUserInfo(name), isFirst);

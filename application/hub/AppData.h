@@ -2,7 +2,8 @@
 
 #include "AppSettings.h"
 #include "BufferLatteVisualiser.h"
-#include "GLMovieShader.h"
+#include "ChannelDescription.h"
+#include "ClickCursors.h"
 #include "Latte.h"
 #include "LatteVisualiserRegistry.h"
 #include "NativeRtspClientFactory.h"
@@ -10,9 +11,14 @@
 #include "QtHttpClientFactory.h"
 #include "QtTcpSocketFactory.h"
 #include "QtTimerFactory.h"
+#include "SponsorshipResponse.h"
+#include "TestEvent.h"
+#include "TokenStreamAddress.h"
+#include "VideoPrograms.h"
+#include "WebAccess.h"
 
+#include <QDateTime>
 #include <QList>
-#include <QNetworkProxy>
 #include <QObject>
 #include <QString>
 
@@ -23,23 +29,26 @@ class AudioDevice;
 class AudioDeviceWatch;
 class CentralisedBiscotti;
 class Channel;
+class ChannelEvents;
 class ChannelManager;
 class FileLatteClientFactory;
 class Logger;
 class LoginManager;
 class MmsLatteClientFactory;
 class PersistentKeychain;
-class QCursor;
+class PipelinedFileDownloader;
 class QNetworkAccessManager;
 class QWidget;
 class RandomGenerator;
 class RestfulKeychain;
 class RsaProvider;
 class RtspLatteClientFactory;
+class SignIn;
 class ThreadedMemoQueue;
 class TickCounter;
 class TimedHttpClientFactory;
 class TrieBiscottiSubscriptionEngine;
+class WebCache;
 
 /// The hub: creates, wires, owns and destroys every long-lived component, in a fixed order.
 ///
@@ -69,23 +78,29 @@ public:
     QtHttpClientFactory plainHttpClientFactory;
     BufferLatteVisualiserFactory bufferVisualiserFactory;
     NativeRtspClientFactory rtspClientFactory;
+    VideoPrograms videoPrograms;
+    TokenStreamAddress streamAddress{&dateTimeBuilder}; ///< Where streams are opened.
 
     AudioDevice* audioDevice() const { return _audioDevice; }
     ChannelManager* channelManager() const { return _channelManager; }
     LoginManager* loginManager() const { return _loginManager; }
+    SignIn* signIn() const { return _signIn; }
+    ChannelEvents* channelEvents() const { return _channelEvents; }
+    PipelinedFileDownloader* pipelinedFileDownloader() const { return _pipelinedFileDownloader; }
+    WebCache* webCache() const { return _webCache; }
     RsaProvider* rsaProvider() const { return _rsaProvider; }
     CentralisedBiscotti* biscotti() const { return _biscotti; }
     ThreadedMemoQueue* memoThread() const { return _memoThread; }
     TickCounter* tickCounter() const { return _tickCounter; }
     RandomGenerator* randomGenerator() const { return _randomGenerator; }
     TimedHttpClientFactory* httpClientFactory() const { return _httpClientFactory; }
-    QNetworkAccessManager* networkAccessManager() const { return _networkAccessManager; }
+    QNetworkAccessManager* networkAccessManager() const { return _webAccess.manager(); }
     QWidget* mainWidget() const { return _mainWidget; }
 
     /// The pointers that say what a click on a channel does: replace what plays, add to it, close.
-    QCursor* playCursor() const { return _playCursor; }
-    QCursor* openCursor() const { return _openCursor; }
-    QCursor* closeCursor() const { return _closeCursor; }
+    QCursor* playCursor() const { return &_cursors->play; }
+    QCursor* openCursor() const { return &_cursors->open; }
+    QCursor* closeCursor() const { return &_cursors->close; }
 
     /// The look of the window with its frame, or without it as a skin; empty when the resource is missing.
     static QString buildStyleSheet(bool skin);
@@ -97,23 +112,23 @@ public:
     void emitDockIconClicked() { emit dockIconClicked(); }
 
     /// Makes the application's proxy as the settings say.
-    void setProxy();
+    void setProxy() { _webAccess.setProxy(); }
     /// The proxy of the settings.
-    QNetworkProxy proxy() const;
-    void loadCookieJar();
-    void saveCookieJar();
+    QNetworkProxy proxy() const { return _webAccess.proxy(); }
+    void loadCookieJar() { _webAccess.loadCookieJar(); }
+    void saveCookieJar() { _webAccess.saveCookieJar(); }
 
-    /// The two programs that convert colours on the card. Made by the video surface, with its context current.
-    void createColourConversionPrograms();
-    unsigned int colourConversionFragmentProgram() const { return _colourConversionFragmentProgram; }
-    GLMovieShader& colourConversionShader() { return _colourConversionShader; }
-    /// Whether OpenGL runs on the processor, where every sample counts.
-    bool drawsInSoftware() const { return _drawsInSoftware; }
+    /// The effects that pictures pass through while post-processing is on, in order.
+    QList<GLMovieShader*> postProcessingShaders() const { return videoPrograms.postProcessingShaders(); }
 
-    /// The effects that pictures pass through while post-processing is on, in order; owned here.
-    QList<GLMovieShader*> postProcessingShaders() const;
-    void clearPostProcessingShaders();
-    void addPostProcessingShaders(std::vector<std::unique_ptr<GLMovieShader>> shaders);
+    /// Signs in, without a question if that is wanted and possible, or asks; see SignIn.
+    void signIn(QWidget* widget, bool automatic);
+    void signOut(bool notify);
+    void signUp(QWidget* widget);
+
+    /// What begins when nothing was named on the command line: the local channels in demo mode, otherwise the account
+    /// of who was here last, or a new one.
+    void begin();
 
     /// Plays what the viewer named: addresses as streams, everything else as files; the first in place of what plays,
     /// the others beside it.
@@ -126,34 +141,44 @@ signals:
     void channelsUpdated();
     void channelError(Channel* channel, QString text);
     void channelStateChanged(Channel* channel, QString text);
+    void postSponsorshipChannelChanged(QString rootId);
+    void sponsorshipLoadCompanionAds(SponsorshipResponse response);
+    void sponsorshipDisplayCompanionAds();
+    void sponsorshipCloseCompanionAds();
+    void channelLogoUpdated(ChannelDescription description);
+    void channelTestEvent(TestEvent event);
+    void signedInChanged();
+    void signInStarted();
     void dockIconClicked();
     void systemShutdown();
     void systemSuspended();
     void systemResumed();
     void videoPostProcessingChanged();
+    /// The video surface is to be made anew; nothing plays until that is done.
+    void surfaceOutdated();
 
 public slots:
     /// A hidden window never plays: hiding closes all channels, showing opens them again.
     void onWindowVisibilityChanged(bool visible);
+    void onSignedInChanged();
     void onAudioDeviceChanged();
     void onUseHardwareColourConversionChanged();
+    void onEnableAntialiasingChanged();
+    void onWebCacheUpdate(Uri const& uri, bool hasChanged, QDateTime const& date);
 
 private:
-    void createCursors();
     void registerLatteSchemes();
     void createBiscotti();
-    void chooseAudioDevice();
-    void openAudioDevice();
+    void createWebCache();
     void connectChannelManager();
+    void connectSignIn();
     void connectSettings();
 
     static Logger* log;
 
     QWidget* _mainWidget = nullptr;
-    QCursor* _playCursor = nullptr;
-    QCursor* _openCursor = nullptr;
-    QCursor* _closeCursor = nullptr;
-    QNetworkAccessManager* _networkAccessManager = nullptr;
+    std::unique_ptr<ClickCursors> _cursors;
+    WebAccess _webAccess{settings};
     ThreadedMemoQueue* _memoThread = nullptr;
     TickCounter* _tickCounter = nullptr;
     RandomGenerator* _randomGenerator = nullptr;
@@ -170,9 +195,9 @@ private:
     RsaProvider* _rsaProvider = nullptr;
     TrieBiscottiSubscriptionEngine* _subscriptionEngine = nullptr;
     CentralisedBiscotti* _biscotti = nullptr;
-    GLMovieShader _colourConversionShader;
-    unsigned int _colourConversionFragmentProgram = 0;
-    bool _drawsInSoftware = false;
-    std::vector<std::unique_ptr<GLMovieShader>> _postProcessingShaders;
+    PipelinedFileDownloader* _pipelinedFileDownloader = nullptr;
+    WebCache* _webCache = nullptr;
+    SignIn* _signIn = nullptr;
+    ChannelEvents* _channelEvents = nullptr;
     bool _initialized = false;
 };

@@ -1,19 +1,20 @@
 #include "Application.h"
 
 #include "ArgumentList.h"
-#include "ChannelManager.h"
 #include "DetachedThreads.h"
 #include "EventLoopWatchdog.h"
 #include "GLWidget.h"
 #include "LocalhostInfo.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "OwnChannels.h"
 #include "Window.h"
 
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QSettings>
 #include <QSystemTrayIcon>
+#include <QTimer>
 #include <QUrl>
 
 #include <cstdio>
@@ -29,7 +30,7 @@ namespace
 /// A name as another process, in another directory, understands it.
 QString absoluteName(QString const& name)
 {
-    return QFileInfo::exists(name) || !ChannelManager::isAddress(name) ? QFileInfo(name).absoluteFilePath() : name;
+    return QFileInfo::exists(name) || !OwnChannels::isAddress(name) ? QFileInfo(name).absoluteFilePath() : name;
 }
 
 bool isAlive = false;
@@ -159,6 +160,9 @@ bool Application::initialize()
     _window->show();
     if (_appData.settings.startFullScreen())
         _appData.settings.setShowFullScreen(true);
+    // Dialogs run event loops of their own, which have to end within that of the application.
+    if (_names.isEmpty())
+        QTimer::singleShot(0, &_appData, &AppData::begin);
     return true;
 }
 

@@ -150,8 +150,11 @@ constexpr Setting table[] = {
     Line(User, "videoWindow", "size", &V::size).otherwise(Current),
     Line(User, "videoWindow", "videoFileDirectroy", &V::videoFileDirectory)
         .otherwise(Current), // Spelt so in the file.
-    Line(User, "videoWindow", "activeChannel", &V::activeChannel),
-    Line(User, "videoWindow", "openChannels", &V::openChannels),
+    // What is written of the window's group is not read again; a viewer finds the last channels again all the same.
+    Line(User, "channels", "active", &V::activeChannel),
+    Line(User, "channels", "open", &V::openChannels),
+    Line(User, "videoWindow", "activeChannel", &V::activeChannel).otherwise(Current),
+    Line(User, "videoWindow", "openChannels", &V::openChannels).otherwise(Current),
     Line(User, "videoWindow", "seenTutorial29", &V::seenTutorial29),
     Line(User, "videoWindow", "showVideoTips", &V::showVideoTips, &A::showVideoTipsChanged),
     Line(User, "videoWindow", "showChannelBarOnMouseOver", &V::showChannelBarOnMouseOver,

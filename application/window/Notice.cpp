@@ -22,17 +22,37 @@ Notice::Notice(QWidget* parent, QWidget* place) : QLabel(parent), _place(place)
     hide();
     _timer.setSingleShot(true);
     _timer.setInterval(showTime);
-    connect(&_timer, &QTimer::timeout, this, &QWidget::hide);
+    connect(&_timer, &QTimer::timeout, this, &Notice::showKept);
     _place->installEventFilter(this);
 }
 
 void Notice::tell(QString const& text)
 {
+    showText(text);
+    _timer.start();
+}
+
+void Notice::keep(QString const& text)
+{
+    _kept = text;
+    if (!_timer.isActive())
+        showKept();
+}
+
+void Notice::showKept()
+{
+    if (_kept.isEmpty())
+        hide();
+    else
+        showText(_kept);
+}
+
+void Notice::showText(QString const& text)
+{
     setText(text);
     moveIntoPlace();
     show();
     raise();
-    _timer.start();
 }
 
 void Notice::moveIntoPlace()

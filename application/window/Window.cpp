@@ -8,6 +8,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "Notice.h"
+#include "OwnChannels.h"
 #include "ScreenSaverManager.h"
 #include "WindowManagerState.h"
 
@@ -60,6 +61,8 @@ Window::~Window()
 {
     // The streams draw in this window's surface.
     if (_appData.channelManager())
+        _appData.channelManager()->stopChecking();
+    if (_appData.channelManager())
         _appData.channelManager()->closeAllChannels();
     _appData.settings.disconnect(this);
     delete _glWidget;
@@ -82,7 +85,7 @@ void Window::open(QStringList const& names)
     if (names.isEmpty())
         return;
     if (!_surfaceReady) {
-        _pendingNames = names;
+        _pendingNames += names;
         return;
     }
     _appData.openNames(names);
@@ -108,13 +111,19 @@ void Window::showEvent(QShowEvent* event)
     emit windowVisibilityChanged(true);
 }
 
+void Window::keyPressEvent(QKeyEvent* event)
+{
+    if (!_appData.channelManager()->videoKeyPress(event))
+        QWidget::keyPressEvent(event);
+}
+
 void Window::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->isAutoRepeat())
         return;
     if (event->key() == Qt::Key_Escape && _appData.settings.showFullScreen())
         _appData.settings.action(MenuAction::FullScreen)->trigger();
-    else
+    else if (!_appData.channelManager()->videoKeyRelease(event))
         QWidget::keyReleaseEvent(event);
 }
 
@@ -239,7 +248,7 @@ void Window::onOpenVideoStream()
         QInputDialog::getText(this, tr("Open Video Stream"), tr("Address:"), QLineEdit::Normal, {}, &ok).trimmed();
     if (!ok || address.isEmpty())
         return;
-    if (!ChannelManager::isAddress(address)) {
+    if (!OwnChannels::isAddress(address)) {
         QMessageBox::warning(this, tr("Open Video Stream"),
                              tr("\"%1\" is not an address: it should begin with a scheme such as http:// or rtsp://.")
                                  .arg(address.toHtmlEscaped()));

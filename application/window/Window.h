@@ -13,6 +13,7 @@
 
 class AppData;
 class BufferWindow;
+class Channel;
 class GLWidget;
 class HibernationManager;
 class Logger;
@@ -50,6 +51,7 @@ signals:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -71,6 +73,8 @@ private slots:
     void onAbout();
     void onTrayActivated(QSystemTrayIcon::ActivationReason reason);
     void onSpeed(QAction* action);
+    /// What is wrong with the directory; a channel shows its own errors.
+    void onChannelError(Channel* channel, QString const& text);
     /// A film that plays alone gets a window of its size, until the viewer has chosen one.
     void onStreamOpened();
 
@@ -82,6 +86,7 @@ private:
     void connectSignals();
     using MenuEntry = std::optional<MenuAction>; ///< Without an action a line between others.
     QMenu* addMenu(QString const& title, std::initializer_list<MenuEntry> entries);
+    void createChannelsMenu(QMenu* menu);
     void createPostProcessingMenu(QMenu* menu);
     void createBufferEntry(QMenu* menu);
     void stepSpeed(int steps);
@@ -105,6 +110,7 @@ private:
     std::unique_ptr<ScreenSaverManager> _screenSaverManager;
     QStringList _pendingNames; ///< What to play once the surface stands.
     bool _surfaceReady = false;
+    bool _hasBegun = false; ///< The first sign-in, at the start, is automatic where that is wanted.
     bool _closedByHand = false;
     QSize _ownSize; ///< The size that the window has given itself last.
     bool _sizedByHand = false;

@@ -3,8 +3,12 @@
 #include "AppData.h"
 #include "BufferWindow.h"
 #include "Channel.h"
+#include "ChannelAction.h"
+#include "ChannelEvents.h"
 #include "ChannelManager.h"
 #include "GLWidget.h"
+#include "LoginManager.h"
+#include "Notice.h"
 #include "PostProcessingEffects.h"
 #include "Window.h"
 #include "WindowManagerState.h"
@@ -13,6 +17,8 @@
 #include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
+
+#include <utility>
 
 namespace
 {
@@ -38,10 +44,12 @@ void Window::createMenus()
 {
     _contextMenu = new QMenu(this);
     AppSettings const& settings = _appData.settings;
-    addMenu(tr("&File"), {MenuAction::OpenVideoFile, MenuAction::OpenVideoFiles, MenuAction::AddVideoFiles,
-                          MenuAction::OpenVideoStream, separator, MenuAction::Record, separator,
-                          MenuAction::CloseWindow, MenuAction::Exit});
+    addMenu(tr("&File"),
+            {MenuAction::OpenVideoFile, MenuAction::OpenVideoFiles, MenuAction::AddVideoFiles,
+             MenuAction::OpenVideoStream, separator, MenuAction::Record, separator, MenuAction::SignIn,
+             MenuAction::SignOut, MenuAction::CreateAccount, separator, MenuAction::CloseWindow, MenuAction::Exit});
 
+    createChannelsMenu(addMenu(tr("&Channels"), {}));
     QMenu* const play =
         addMenu(tr("&Playback"), {MenuAction::Mute, MenuAction::IncreaseVolume, MenuAction::DecreaseVolume, separator,
                                   MenuAction::SeekForwards, MenuAction::SeekBackwards, separator});
@@ -60,18 +68,33 @@ void Window::createMenus()
     for (int const percent : zoomPercents)
         connect(zoomMenu->addAction(tr("%1 %").arg(percent)), &QAction::triggered, this,
                 [this, percent] { zoom(percent / 100.0); });
+    QAction* const perspective = view->addAction(tr("Perspective"));
+    perspective->setCheckable(true);
+    connect(perspective, &QAction::triggered, &_appData.settings, &AppSettings::setPerspectiveMode);
     createPostProcessingMenu(view->addMenu(tr("Effects")));
     QAction* const screenshot = view->addAction(tr("Take Screenshot"));
     screenshot->setShortcut(QKeySequence("Ctrl+Shift+S"));
+    screenshot->setAutoRepeat(false);
     connect(screenshot, &QAction::triggered, _glWidget, &GLWidget::onTakeScreenshot);
     createBufferEntry(view);
 
-    addMenu(tr("&Options"), {MenuAction::RunAtStartup, separator, MenuAction::About});
+    addMenu(tr("&Options"), {MenuAction::TestChannels, MenuAction::RunAtStartup, separator, MenuAction::About});
 
     // With the menu bar hidden, the shortcuts still work.
     for (QAction* const action : _menuBar->actions())
         addActions(action->menu()->actions());
     addActions(settings.actions().speeds());
+}
+
+void Window::createChannelsMenu(QMenu* menu)
+{
+    // When it is opened: a directory may have thousands of channels, and changes while nobody looks.
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        menu->clear();
+        ChannelManager& channels = *_appData.channelManager();
+        for (Channel* const channel : channels.channels())
+            menu->addAction(channels.channelActions().action(channel));
+    });
 }
 
 void Window::createPostProcessingMenu(QMenu* menu)
@@ -140,6 +163,10 @@ void Window::connectActions()
     on(MenuAction::RunAtStartup, [this](bool checked) { _appData.settings.setRunAtStartup(checked); });
     on(MenuAction::VideoPostProcessing,
        [this](bool checked) { _appData.settings.setEnableVideoPostProcessing(checked); });
+    on(MenuAction::SignIn, [this] { _appData.signIn(this, !std::exchange(_hasBegun, true)); });
+    on(MenuAction::SignOut, [this] { _appData.signOut(true); });
+    on(MenuAction::CreateAccount, [this] { _appData.signUp(this); });
+    on(MenuAction::TestChannels, [this](bool checked) { _appData.settings.setTestMode(checked); });
     on(MenuAction::SeekForwards, [this] { _appData.channelManager()->seekForwards(seekStep); });
     on(MenuAction::SeekBackwards, [this] { _appData.channelManager()->seekBackwards(seekStep); });
     on(MenuAction::IncreaseSpeed, [this] { stepSpeed(1); });
@@ -166,19 +193,34 @@ void Window::connectSignals()
     connect(&settings, &AppSettings::showMenuBarChanged, this,
             [this] { _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen()); });
     connect(&_appData, &AppData::channelChanged, this, &Window::updateTitle);
+    connect(&_appData, &AppData::channelsUpdated, this, &Window::updateTitle);
+    connect(&_appData, &AppData::signInStarted, this, [this] { _notice->keep(tr("Signing in ...")); });
+    connect(_appData.loginManager(), &LoginManager::loginCompleted, this, [this] { _notice->keep({}); });
     ChannelManager const* const channels = _appData.channelManager();
     connect(channels, &ChannelManager::streamOpened, this, &Window::onStreamOpened);
     connect(channels, &ChannelManager::streamOpened, this, &Window::updateSpeedMenu);
     connect(channels, &ChannelManager::channelOpened, this, &Window::updateSpeedMenu);
     connect(channels, &ChannelManager::channelClosed, this, &Window::updateSpeedMenu);
     connect(channels, &ChannelManager::speedChanged, this, &Window::updateSpeedMenu);
+    connect(channels, &ChannelManager::channelError, this, &Window::onChannelError);
+    connect(channels, &ChannelManager::multiviewLimitExceeded, this, [this] {
+        _notice->tell(
+            tr("Your account shows %n channel(s) at once.", nullptr, _appData.settings.multiviewChannelLimit()));
+    });
     connect(_glWidget, &GLWidget::contextMenuRequested, _contextMenu, [this](QPoint p) { _contextMenu->popup(p); });
     connect(_glWidget, &GLWidget::filesDropped, this, &Window::open);
     connect(_glWidget, &GLWidget::screenshotCompleted, this, &Window::onScreenshotCompleted);
     connect(_glWidget, &GLWidget::initialized, this, [this] {
         _surfaceReady = true;
+        _appData.channelEvents()->setSurfaceReady();
         open(std::exchange(_pendingNames, {}));
     });
+}
+
+void Window::onChannelError(Channel* channel, QString const& text)
+{
+    if (!channel) // Which would say so itself.
+        _notice->keep(text);
 }
 
 void Window::onSpeed(QAction* action)

@@ -7,6 +7,7 @@
 #include "LoginDialog.h"
 #include "RsaProvider.h"
 #include "SettingsFile.h"
+#include "SignIn.h"
 #include "SignupDialog.h"
 #include "UpdateDialog.h"
 
@@ -75,6 +76,7 @@ protected:
     {
         settingsFile().setValue("application/service/url", QString("http://127.0.0.1:%1").arg(_server.port()));
         _appData.initialize(nullptr);
+        _appData.loginManager()->disconnect(_appData.signIn()); // It would ask again by dialog.
     }
     ~LoginManagerTest() override
     {

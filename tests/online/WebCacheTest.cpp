@@ -208,3 +208,16 @@ TEST_F(WebCacheTest, MayBeDestroyedWhileItsThreadWorks)
     thread.exit();
     thread.wait();
 }
+
+TEST_F(WebCacheTest, WhatNobodyWatchesAnyMoreDoesNotTakeThePlaceOfTheCopy)
+{
+    fetch(page, "one");
+    cache->update(page);
+    advance(0);
+    server.takeRequest();
+    cache->ignore(page);
+    server.send("HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nbad");
+    ASSERT_TRUE(processEventsUntil([&] { return log.count("Downloaded http") == 2; }));
+    fetch(uri("other"), "two"); // After that.
+    EXPECT_EQ(cache->content(page), "one");
+}

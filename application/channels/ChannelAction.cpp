@@ -1,0 +1,28 @@
+#include "ChannelAction.h"
+
+#include "Channel.h"
+
+#include <QIcon>
+#include <QPixmap>
+#include <QSignalBlocker>
+
+ChannelAction::ChannelAction(Channel* channel, QObject* parent) : QAction(parent), _channel(channel)
+{
+    setCheckable(true);
+    update();
+    connect(this, &QAction::triggered, this, &ChannelAction::onTriggered);
+}
+
+void ChannelAction::update()
+{
+    // Whoever shows it looks when it is shown; its group would look through thousands at each change.
+    QSignalBlocker const blocker(this);
+    QString title = _channel->desc.title();
+    setText(title.replace('&', "&&")); // As it stands: no letter of it is a shortcut.
+    setIcon(QIcon(QPixmap::fromImage(_channel->desc.logo())));
+}
+
+void ChannelAction::onTriggered()
+{
+    emit channelClicked(_channel);
+}
