@@ -22,18 +22,11 @@ namespace
 QString const passwordKey = QStringLiteral("password");
 QString const automaticKey = QStringLiteral("signInAutomatically");
 
-SoapService serviceOf(AppData& appData)
-{
-    SoapService service = SoapService::at(appData.settings.soapHost(), appData.networkAccessManager());
-    service.allowPlainCredentials = appData.settings.allowPlainCredentials();
-    return service;
-}
-
 } // namespace
 
 LoginManager::LoginManager(AppData& appData, QObject* parent)
-    : QObject(parent), _appData(appData), _soapLogin(new SoapLogin(serviceOf(appData), this)),
-      _soapSignup(new SoapSignup(serviceOf(appData), this))
+    : QObject(parent), _appData(appData), _soapLogin(new SoapLogin(service(), this)),
+      _soapSignup(new SoapSignup(service(), this))
 {
     connect(_soapLogin, &SoapLogin::updateAvailable, this, &LoginManager::onUpdateAvailable);
     connect(_soapLogin, &SoapLogin::loginCompleted, this, &LoginManager::onLoginResponse);
@@ -42,6 +35,13 @@ LoginManager::LoginManager(AppData& appData, QObject* parent)
 }
 
 LoginManager::~LoginManager() = default;
+
+SoapService LoginManager::service() const
+{
+    SoapService service = SoapService::at(_appData.settings.soapHost(), _appData.networkAccessManager());
+    service.allowPlainCredentials = _appData.settings.allowPlainCredentials();
+    return service;
+}
 
 QString LoginManager::nodeId(QString const& email, QString const& machineId)
 {
@@ -90,6 +90,7 @@ void LoginManager::cancelLogin()
 
 void LoginManager::onLoginResponse(bool ok, SoapLoginResponse const& response)
 {
+    _wasAnswered = ok;
     if (!ok || !response.authenticated) {
         fail(response.message.isEmpty() ? tr("The service does not accept this e-mail address and password.")
                                         : response.message);

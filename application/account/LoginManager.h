@@ -2,6 +2,7 @@
 
 #include "OmbravisionUser.h"
 #include "SoapLoginResponse.h"
+#include "SoapService.h"
 
 #include <QObject>
 #include <QPointer>
@@ -30,6 +31,9 @@ public:
     explicit LoginManager(AppData& appData, QObject* parent = nullptr);
     ~LoginManager() override;
 
+    /// Where the calls of an account go, as the settings say. The access manager is the application's.
+    SoapService service() const;
+
     /// Asks the service, unless it is being asked. `automatic` says that nobody has typed this just now.
     void login(QString const& email, QString const& password, bool automatic);
 
@@ -37,8 +41,12 @@ public:
     /// follows then.
     bool autoLogin();
 
-    /// Asks the viewer until they are signed in or have cancelled; true in the first case. Runs an event loop.
-    bool loginWithGui(QWidget* parent);
+    /// Whether the service has said itself how the last attempt ended; false where it was not reached.
+    bool wasAnswered() const { return _wasAnswered; }
+
+    /// Asks the viewer until they are signed in or have cancelled; true in the first case. The failure, if there is
+    /// one, is why it comes to this, in words. Runs an event loop.
+    bool loginWithGui(QWidget* parent, QString const& failure = {});
 
     /// Asks the service for an account, unless it is being asked.
     void signup(QString const& email, QString const& password, bool emailAllowed);
@@ -92,6 +100,7 @@ private:
     void pushSettings(SoapLoginResponse const& response);
     void fail(QString const& text);
     void remember();
+    void showUpdateAboveDialog();
     void storePassword(QString const& email, QString const& password);
     void submitLogin();
     void submitSignup();
@@ -102,6 +111,7 @@ private:
     SoapLogin* const _soapLogin;
     SoapSignup* const _soapSignup;
     Attempt _attempt;
+    bool _wasAnswered = false;
     OmbravisionUser _user;
     QString _offeredVersion; ///< The update that the viewer has been told of.
     QPointer<LoginDialog> _loginDialog;

@@ -11,6 +11,8 @@
 
 #include <QAction>
 
+#include <utility>
+
 Logger* SignIn::log = LoggerManager::logger();
 
 SignIn::SignIn(AppData& appData, TimerFactory* timers, QObject* parent)
@@ -41,17 +43,19 @@ void SignIn::signIn(QWidget* widget, bool automatic)
 {
     _autoSignInTimer->stop();
     _signInTimer->stop();
+    QString const failure = std::exchange(_failure, {});
     if (isSignedIn())
         return;
     enableActions(false);
     LoginManager& login = *_appData.loginManager();
     if (automatic && login.autoLogin())
         return;
-    bool const ok = login.loginWithGui(widget);
+    _isAsking = true;
+    bool const ok = login.loginWithGui(widget, failure);
+    _isAsking = false;
+    endSigningIn();
     if (ok)
         enter(login.user().email());
-    else
-        _isSigningIn = false;
     enableActions(true);
 }
 
@@ -62,8 +66,10 @@ void SignIn::signUp(QWidget* widget)
     enableActions(false);
     bool const ok = _appData.loginManager()->signupWithGui(widget);
     enableActions(true);
-    if (ok)
-        signIn(widget, false);
+    if (!ok)
+        return;
+    signOut(true);
+    signIn(widget, false);
 }
 
 void SignIn::signOut(bool notify)
@@ -101,21 +107,27 @@ void SignIn::onLoginStarted()
 
 void SignIn::onAutoLoginCompleted(bool ok, QString const& text)
 {
-    _isSigningIn = false;
+    endSigningIn();
     if (ok) {
         enter(text);
         enableActions(true);
-    } else if (_appData.settings.startupMode()) {
+    } else if (_appData.settings.startupMode() && !_appData.loginManager()->wasAnswered()) {
         enableActions(true);
         _autoSignInTimer->start(autoSignInDelay);
     } else {
+        _failure = text;
         _signInTimer->start(dialogDelay);
     }
 }
 
-void SignIn::enter(QString const& email)
+void SignIn::endSigningIn()
 {
     _isSigningIn = false;
+    emit signInEnded();
+}
+
+void SignIn::enter(QString const& email)
+{
     AppSettings& settings = _appData.settings;
     settings.saveGlobalSettings();
     settings.loadUserSettings(email);

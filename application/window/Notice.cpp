@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace
 {
 constexpr int distance = 12; // Pixels between the notice and the edges of its place.
@@ -22,17 +24,39 @@ Notice::Notice(QWidget* parent, QWidget* place) : QLabel(parent), _place(place)
     hide();
     _timer.setSingleShot(true);
     _timer.setInterval(showTime);
-    connect(&_timer, &QTimer::timeout, this, &QWidget::hide);
+    connect(&_timer, &QTimer::timeout, this, &Notice::onPassed);
     _place->installEventFilter(this);
 }
 
 void Notice::tell(QString const& text)
 {
+    display(text);
+    _timer.start();
+}
+
+void Notice::keep(Subject subject, QString const& text)
+{
+    _lasting[static_cast<size_t>(subject)] = text;
+    if (!_timer.isActive())
+        onPassed();
+}
+
+void Notice::onPassed()
+{
+    _timer.stop();
+    auto const text = std::find_if(_lasting.cbegin(), _lasting.cend(), [](QString const& t) { return !t.isEmpty(); });
+    if (text == _lasting.cend())
+        hide();
+    else
+        display(*text);
+}
+
+void Notice::display(QString const& text)
+{
     setText(text);
     moveIntoPlace();
     show();
     raise();
-    _timer.start();
 }
 
 void Notice::moveIntoPlace()

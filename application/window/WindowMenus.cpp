@@ -9,6 +9,7 @@
 #include "GLWidget.h"
 #include "Notice.h"
 #include "PostProcessingEffects.h"
+#include "SignIn.h"
 #include "Window.h"
 #include "WindowManagerState.h"
 
@@ -70,6 +71,7 @@ void Window::createMenus()
     createPostProcessingMenu(view->addMenu(tr("Effects")));
     QAction* const screenshot = view->addAction(tr("Take Screenshot"));
     screenshot->setShortcut(QKeySequence("Ctrl+Shift+S"));
+    screenshot->setAutoRepeat(false);
     connect(screenshot, &QAction::triggered, _glWidget, &GLWidget::onTakeScreenshot);
     createBufferEntry(view);
 
@@ -158,7 +160,7 @@ void Window::connectActions()
     on(MenuAction::RunAtStartup, [this](bool checked) { _appData.settings.setRunAtStartup(checked); });
     on(MenuAction::VideoPostProcessing,
        [this](bool checked) { _appData.settings.setEnableVideoPostProcessing(checked); });
-    on(MenuAction::SignIn, [this] { _appData.signIn(this, !std::exchange(_hasBegun, true)); });
+    on(MenuAction::SignIn, &Window::onSignIn);
     on(MenuAction::SignOut, [this] { _appData.signOut(true); });
     on(MenuAction::CreateAccount, [this] { _appData.signUp(this); });
     on(MenuAction::TestChannels, [this](bool checked) { _appData.settings.setTestMode(checked); });
@@ -188,6 +190,9 @@ void Window::connectSignals()
     connect(&settings, &AppSettings::showMenuBarChanged, this,
             [this] { _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen()); });
     connect(&_appData, &AppData::channelChanged, this, &Window::updateTitle);
+    connect(&_appData, &AppData::channelsUpdated, this, &Window::updateTitle); // It may have been renamed.
+    connect(&_appData, &AppData::signInStarted, this, &Window::onSigningInChanged);
+    connect(_appData.signIn(), &SignIn::signInEnded, this, &Window::onSigningInChanged);
     ChannelManager const* const channels = _appData.channelManager();
     connect(channels, &ChannelManager::streamOpened, this, &Window::onStreamOpened);
     connect(channels, &ChannelManager::streamOpened, this, &Window::updateSpeedMenu);
@@ -213,10 +218,23 @@ void Window::onChannelError(Channel* channel, QString const& text)
 {
     if (channel)
         return; // It says so itself.
-    if (text.isEmpty())
-        _notice->hide();
+    _notice->keep(Notice::Subject::Directory, text);
+}
+
+void Window::onSignIn()
+{
+    SignIn const& signIn = *_appData.signIn();
+    if (signIn.isSignedIn())
+        _notice->tell(tr("You are signed in as %1.").arg(signIn.email()));
     else
-        _notice->tell(text);
+        _appData.signIn(this, !std::exchange(_hasBegun, true));
+}
+
+void Window::onSigningInChanged()
+{
+    SignIn const& signIn = *_appData.signIn();
+    bool const isTold = signIn.isSigningIn() && !signIn.isAsking();
+    _notice->keep(Notice::Subject::SigningIn, isTold ? tr("Signing in ...") : QString());
 }
 
 void Window::onSpeed(QAction* action)

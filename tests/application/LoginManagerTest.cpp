@@ -2,6 +2,8 @@
 
 #include "AppData.h"
 #include "EventLoop.h"
+#include "FakeTickCounter.h"
+#include "FakeTimerFactory.h"
 #include "HttpTestServer.h"
 #include "LogCapture.h"
 #include "LoginDialog.h"
@@ -38,15 +40,22 @@ QByteArray loginAnswer(QByteArray const& value)
     return answerTo("LoginWithErrorHandling", value);
 }
 
-/// The open dialog of a kind.
+/// The open dialog of a kind, or null.
 template<typename Dialog>
-Dialog* shown()
+Dialog* find()
 {
     for (QWidget* const widget : QApplication::allWidgets())
         if (auto* const dialog = qobject_cast<Dialog*>(widget); dialog && dialog->isVisible())
             return dialog;
-    ADD_FAILURE() << "the dialog is not open";
     return nullptr;
+}
+
+template<typename Dialog>
+Dialog* shown()
+{
+    auto* const dialog = find<Dialog>();
+    EXPECT_TRUE(dialog) << "it is not open";
+    return dialog;
 }
 
 template<typename Child>
@@ -91,6 +100,22 @@ protected:
     void whenOpen(Action action)
     {
         QTimer::singleShot(0, &_context, action);
+    }
+
+    /// Likewise to one that opens some time later, and is to be closed.
+    template<typename Dialog, typename Action>
+    void onceOpen(Action action)
+    {
+        auto* const poll = new QTimer(&_context);
+        QObject::connect(poll, &QTimer::timeout, &_context, [poll, action] {
+            auto* const dialog = find<Dialog>();
+            if (!dialog)
+                return;
+            delete poll;
+            action(dialog);
+            dialog->close();
+        });
+        poll->start(1);
     }
 
     HttpTestServer _server;
@@ -165,6 +190,54 @@ TEST_F(LoginManagerTest, ACriticalUpdateRefusesTheSignInAndSaysWhereToGetIt)
     dialog->close();
     for (char const* const address : {"http://example.com/x", "file:///x", "https:x", "https://a@example.com", ""})
         EXPECT_FALSE(UpdateDialog::downloadUrl(address).isValid()) << address;
+}
+
+TEST_F(LoginManagerTest, WhatTheServiceHasAnsweredIsToldAndNotTriedAgain)
+{
+    FakeTickCounter clock;
+    FakeTimerFactory timers(clock);
+    SignIn signIn(_appData, &timers);
+    _appData.settings.setStartupMode(true);
+    QSignalSpy completed(&manager(), &LoginManager::autoLoginCompleted);
+    manager().login("ann", "secret", true);
+    _server.answer(loginAnswer("<authenticated>true</authenticated><response_code>2</response_code>"
+                               "<update_version>3.3</update_version>"));
+    ASSERT_TRUE(processEventsUntil([&] { return !completed.isEmpty(); }));
+    onceOpen<LoginDialog>([](LoginDialog* dialog) {
+        EXPECT_EQ(messageOf(dialog), "You must install the critical update");
+        EXPECT_TRUE(processEventsUntil([] {
+            return qobject_cast<UpdateDialog*>(QApplication::activeModalWidget()) != nullptr;
+        })) << "it can be used";
+        if (auto* const update = shown<UpdateDialog>())
+            update->close();
+    });
+    timers.advance(SignIn::dialogDelay);
+    EXPECT_FALSE(find<LoginDialog>());
+    clock.advance(SignIn::autoSignInDelay);
+    EXPECT_EQ(_server.connectionCount(), 1);
+}
+
+TEST_F(LoginManagerTest, ANewAccountTakesThePlaceOfTheOneThatIsSignedIn)
+{
+    FakeTickCounter clock;
+    FakeTimerFactory timers(clock);
+    SignIn signIn(_appData, &timers);
+    _appData.settings.setDemoMode(true); // Nothing is asked of the directory.
+    signIn.onAutoLoginCompleted(true, "ann@example.com");
+    QString offered;
+    onceOpen<SignupDialog>([&](SignupDialog* dialog) {
+        for (char const* const field : {"email", "password", "repetition"})
+            in<QLineEdit>(dialog, field)->setText("bob@example.com");
+        QTest::keyClick(dialog, Qt::Key_Return);
+        onceOpen<LoginDialog>([&](LoginDialog* login) {
+            offered = login->email();
+            EXPECT_FALSE(signIn.isSignedIn());
+        });
+        _server.answer(answerTo("Register", "&lt;response/>"));
+        EXPECT_TRUE(processEventsUntil([&] { return !dialog->isBusy(); }));
+    });
+    signIn.signUp(nullptr);
+    EXPECT_EQ(offered, "bob@example.com");
 }
 
 TEST_F(LoginManagerTest, TheDialogTellsWhatIsWrongAndKeepsThePasswordEncipheredForTheNextStart)
