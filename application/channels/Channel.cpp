@@ -359,6 +359,7 @@ void Channel::onStreamOpened(ChannelStream* stream)
 void Channel::onStreamError(ChannelStream* stream, QString text)
 {
     _hasError = !text.isEmpty();
+    _error = text;
     if (!text.isEmpty())
         text += tr("\nClick here to reconnect");
     setOverlayText(text);

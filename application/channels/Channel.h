@@ -51,6 +51,8 @@ public:
     bool isBuffering() const;
     bool isFading() const;
     bool hasError() const { return _hasError; }
+    /// What is wrong, in words; empty when nothing is.
+    QString error() const { return _hasError ? _error : QString(); }
     bool hasVideo() const;
     bool hasAudio() const;
     /// Whether some stream can seek, and so play at another speed than its own; known once it is open.
@@ -139,5 +141,6 @@ private:
     std::unique_ptr<GLControl> _control;
     std::unique_ptr<GLTextArea> _textArea;
     bool _hasError = false;
+    QString _error; ///< The last one.
     qint64 _openTime = 0;
 };

@@ -21,7 +21,6 @@ ChannelEvents::ChannelEvents(AppData& appData, TimerFactory* timers, QObject* pa
     ChannelManager const* const channels = appData.channelManager();
     connect(channels, &ChannelManager::channelsUpdated, this, &ChannelEvents::onChannelsUpdated);
     connect(channels, &ChannelManager::channelChanged, this, &ChannelEvents::onChannelChanged);
-    connect(channels, &ChannelManager::channelError, this, &ChannelEvents::onChannelError);
     connect(&appData.settings, &AppSettings::testModeChanged, this, &ChannelEvents::onTestModeChanged);
 }
 
@@ -60,15 +59,8 @@ void ChannelEvents::onSignedInChanged()
 
 void ChannelEvents::onChannelChanged(Channel*, Channel*)
 {
-    _lastError.clear();
     if (_appData.settings.testMode())
         startTestModeTimer();
-}
-
-void ChannelEvents::onChannelError(Channel* channel, QString const& text)
-{
-    if (channel && channel == _appData.channelManager()->activeChannel())
-        _lastError = text;
 }
 
 void ChannelEvents::onWindowVisibilityChanged(bool visible)
@@ -122,7 +114,7 @@ void ChannelEvents::report(Channel const& channel)
 {
     TestEvent event = {channel.desc.rootId(), channel.desc.title(), channel.isPlaying() && !channel.hasError(), {}};
     if (!event.isPlaying)
-        event.error = _lastError.isEmpty() ? tr("The channel did not play in time.") : _lastError;
+        event.error = channel.hasError() ? channel.error() : tr("The channel did not play in time.");
     if (event.isPlaying)
         LOG_INFO("Test of channel %s: it plays", qUtf8Printable(event.title));
     else

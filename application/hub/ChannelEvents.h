@@ -30,7 +30,6 @@ signals:
 public slots:
     void onChannelsUpdated();
     void onChannelChanged(Channel* from, Channel* to);
-    void onChannelError(Channel* channel, QString const& text);
     void onWindowVisibilityChanged(bool visible);
     void onSignedInChanged();
     void onTestModeChanged();
@@ -46,7 +45,6 @@ private:
     AppData& _appData;
     TimerFactory* const _timers;
     Timer* const _testModeTimer; ///< Of the factory.
-    QString _lastError;          ///< Of the active channel.
     bool _isSurfaceReady = false;
     bool _isVisible = true;
     bool _hasOpenedFirst = false; ///< Since the directory began to be followed.
