@@ -101,6 +101,8 @@ private:
     void fail(QString const& text);
     void remember();
     void showUpdateAboveDialog();
+    void storeOnceThereIsAKey(QString const& email, QString const& password);
+    void tellPasswordIsNotKept();
     void storePassword(QString const& email, QString const& password);
     void submitLogin();
     void submitSignup();

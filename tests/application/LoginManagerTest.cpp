@@ -217,6 +217,23 @@ TEST_F(LoginManagerTest, WhatTheServiceHasAnsweredIsToldAndNotTriedAgain)
     EXPECT_EQ(_server.connectionCount(), 1);
 }
 
+TEST_F(LoginManagerTest, APasswordThatCannotBeKeptIsTold)
+{
+    QFile::remove(_appData.settings.dataDirectory() + "/PrivateKey.pem");
+    QSignalSpy const told(&_appData.settings, &AppSettings::settingsFileFailed);
+    whenOpen([this] {
+        auto* const dialog = shown<LoginDialog>();
+        ASSERT_TRUE(dialog);
+        dialog->fill("ann@example.com", "secret");
+        dialog->setKeepSignedIn(true);
+        QTest::keyClick(dialog, Qt::Key_Return);
+        _server.answer(loginAnswer("<authenticated>true</authenticated>"));
+    });
+    EXPECT_TRUE(manager().loginWithGui(nullptr));
+    emit _appData.rsaProvider()->unavailable();
+    EXPECT_EQ(told.size(), 1);
+}
+
 TEST_F(LoginManagerTest, ANewAccountTakesThePlaceOfTheOneThatIsSignedIn)
 {
     FakeTickCounter clock;
