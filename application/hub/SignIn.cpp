@@ -2,6 +2,7 @@
 
 #include "AppData.h"
 #include "ChannelManager.h"
+#include "CookieJar.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
@@ -10,6 +11,7 @@
 #include "TimerFactory.h"
 
 #include <QAction>
+#include <QNetworkAccessManager>
 
 #include <utility>
 
@@ -82,7 +84,10 @@ void SignIn::signOut(bool notify)
     save();
     LOG_INFO("Signed out");
     _email.clear();
-    _appData.loginManager()->forgetUser();
+    LoginManager& login = *_appData.loginManager();
+    login.forgetUser();
+    if (auto* const jar = qobject_cast<CookieJar*>(_appData.networkAccessManager()->cookieJar()))
+        jar->removeCookiesOf(login.service().host); // Whoever comes next is somebody else.
     enableActions(true);
     if (notify)
         emit signedInChanged();

@@ -15,6 +15,9 @@
 #include "SettingsFile.h"
 
 #include <QAction>
+#include <QNetworkAccessManager>
+#include <QNetworkCookie>
+#include <QNetworkCookieJar>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -91,7 +94,12 @@ TEST_F(SignInTest, TheChannelsOfAnAccountAreFoundAgainAndGoWithIt)
         channels.addUserChannel(described(id));
     channels.openChannel("b", false, true);
     channels.openChannel("c", false, false);
+    QNetworkCookieJar& jar = *_appData.networkAccessManager()->cookieJar();
+    for (char const* const url : {"http://127.0.0.1/a", "http://elsewhere.example/"})
+        jar.setCookiesFromUrl({QNetworkCookie("session", "ann's")}, QUrl(url));
     _appData.signOut(true);
+    EXPECT_TRUE(jar.cookiesForUrl(QUrl("http://127.0.0.1/a")).isEmpty());
+    EXPECT_EQ(jar.cookiesForUrl(QUrl("http://elsewhere.example/")).size(), 1);
     EXPECT_EQ(channels.channelCount(), 0);
     EXPECT_FALSE(isEnabled(MenuAction::SignOut));
     EXPECT_EQ(changed.size(), 2);
