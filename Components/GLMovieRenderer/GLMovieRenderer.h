@@ -95,7 +95,8 @@ public:
     bool setMovieTime(double seconds);
 
     /// Fades in to a volume within so many milliseconds, from the first picture and the first sound on. What is not
-    /// to fade is there at once, unless an earlier call has it fade in still.
+    /// to fade is there at once, unless an earlier call has it fade in still. fadeInCompleted() tells when all that
+    /// the movie has is there.
     void fadeIn(int milliseconds, double volume, bool fadeVideo, bool fadeAudio);
     /// Fades out; fadeOutCompleted() tells the end.
     void fadeOut(int milliseconds, bool fadeVideo, bool fadeAudio);
@@ -119,6 +120,8 @@ public:
     /// Draws the picture in the plane z of the current space, y upward, from the lower left corner (x, y); with
     /// keepAspect, as large as fits.
     void drawVideoPerspectiveMode(double x, double y, double width, double height, bool keepAspect, double z = 0.0);
+    /// Whether the newest picture is too large for a texture of this card.
+    bool exceedsTextures() const;
     /// Draws the picture without textures, fitted by its aspect ratio: the last resort.
     void drawVideoWithDrawPixels(int x, int y, int width, int height);
 
@@ -152,6 +155,7 @@ signals:
     void firstAudioPacketReceived(GLMovieRenderer* renderer);
     void firstVideoPacketReceived(GLMovieRenderer* renderer);
     void movieTimeUpdated(GLMovieRenderer* renderer, double seconds);
+    void fadeInCompleted(GLMovieRenderer* renderer);
     void fadeOutCompleted(GLMovieRenderer* renderer);
     /// There is something new to paint.
     void pictureUpdated(GLMovieRenderer* renderer);
@@ -178,6 +182,8 @@ private:
     bool canDraw() const;
     void applyVolume();
     void fadeOneIn(GLAnimation& fade, int& waiting, bool wanted, bool begun, int milliseconds);
+    void endFade();
+    bool isFadeWaiting() const;
     double visibleOpacity() const { return _opacity * _videoFade.value(); }
     bool showsOverlay() const;
     void drawVideoOverlay(QRectF const& rectangle);
@@ -196,6 +202,7 @@ private:
     GLAnimation _audioFade;             ///< 0.0 to 1.0, times _volume.
     int _waitingVideoFade = notWaiting; ///< ms of a fade that begins with the first picture.
     int _waitingAudioFade = notWaiting; ///< ms of a fade that begins with the first sound.
+    bool _fadingIn = false;             ///< fadeInCompleted() is to come.
     bool _fadingOut = false;
 
     bool _useHardwareColourConversion = false;

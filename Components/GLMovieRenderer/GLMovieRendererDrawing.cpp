@@ -139,6 +139,16 @@ void GLMovieRenderer::drawVideoPerspectiveMode(double x, double y, double width,
     calculateVideoWindowCoordinates(_painter.draw(quad, visibleOpacity()));
 }
 
+bool GLMovieRenderer::exceedsTextures() const
+{
+    GLMovieTexture const* const texture = canDraw() ? _movie->texture() : nullptr;
+    if (!texture)
+        return false;
+    GLint largest = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
+    return std::max(texture->textureWidth(0), texture->textureHeight(0)) > largest;
+}
+
 void GLMovieRenderer::drawVideoWithDrawPixels(int x, int y, int width, int height)
 {
     GLMovieTexture* const texture = canDraw() ? _movie->texture() : nullptr;

@@ -1,5 +1,6 @@
 // Fades of picture and sound.
 
+#include "GLMovie.h"
 #include "GLMovieRenderer.h"
 
 #include <algorithm>
@@ -16,6 +17,8 @@ void GLMovieRenderer::fadeIn(int milliseconds, double volume, bool fadeVideo, bo
     fadeOneIn(_audioFade, _waitingAudioFade, fadeAudio, _hasSound, milliseconds);
     applyVolume();
     emit pictureUpdated(this);
+    _fadingIn = true;
+    endFade();
 }
 
 void GLMovieRenderer::fadeOneIn(GLAnimation& fade, int& waiting, bool wanted, bool begun, int milliseconds)
@@ -38,6 +41,7 @@ void GLMovieRenderer::fadeOut(int milliseconds, bool fadeVideo, bool fadeAudio)
 {
     _waitingVideoFade = notWaiting;
     _waitingAudioFade = notWaiting;
+    _fadingIn = false;
     _fadingOut = fadeVideo || fadeAudio;
     if (fadeVideo)
         _videoFade.startTo(0.0, milliseconds);
@@ -57,8 +61,23 @@ void GLMovieRenderer::onAnimationValueChanged(GLAnimation* animation)
 
 void GLMovieRenderer::onAnimationCompleted(GLAnimation*)
 {
-    if (!_fadingOut || isFading())
+    endFade();
+}
+
+void GLMovieRenderer::endFade()
+{
+    if (isFading())
         return;
-    _fadingOut = false;
-    emit fadeOutCompleted(this);
+    if (std::exchange(_fadingOut, false))
+        emit fadeOutCompleted(this);
+    else if (_fadingIn && !isFadeWaiting() && std::exchange(_fadingIn, false))
+        emit fadeInCompleted(this);
+}
+
+/// For what the movie, once it is open, does not have nobody waits.
+bool GLMovieRenderer::isFadeWaiting() const
+{
+    bool const isKnown = _movie && _movie->isOpened();
+    return (_waitingVideoFade != notWaiting && (!isKnown || _movie->hasVideo())) ||
+           (_waitingAudioFade != notWaiting && (!isKnown || _movie->hasAudio()));
 }

@@ -102,6 +102,21 @@ bool GLSurface::create(bool antialiasing)
     return false;
 }
 
+void GLSurface::renew(bool antialiasing)
+{
+    if (_context && QOpenGLContext::currentContext() == _context.get())
+        _context->doneCurrent();
+    _context.reset();
+    _hasFailed = false;
+    _window = nullptr;
+    QWindow* const window = _widget.windowHandle();
+    if (!window || !window->handle())
+        return;
+    window->setSurfaceType(QSurface::OpenGLSurface);
+    window->setFormat(surfaceFormat(antialiasing)); // Which counts when the window is made.
+    renewWindow(window->winId());
+}
+
 bool GLSurface::adoptWindow()
 {
     if (!_context)

@@ -31,6 +31,8 @@ public:
 
     /// Makes a context, if there is none. False, and an error in the log, when that fails: it is tried once.
     bool create(bool antialiasing);
+    /// Gives up the context, with all that is in it, and makes the window anew: the next create() begins afresh.
+    void renew(bool antialiasing);
     /// Takes the widget's window of now. False without a context or a window.
     bool adoptWindow();
     /// Makes the context current on the widget's window of now. False without a context or a window.

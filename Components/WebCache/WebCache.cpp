@@ -348,15 +348,14 @@ bool WebCache::accept(Uri const& uri, QString const& path)
 {
     QMutexLocker locker(&_mutex);
     auto const entry = _entries.constFind(uri);
-    bool const isWatched = entry != _entries.cend();
-    WebCacheInterest::Check const check = isWatched ? entry->interest.check : nullptr;
-    if (!isWatched)
+    if (entry == _entries.cend()) { // Ignored meanwhile: nobody is left to say what it should be.
         _downloading.remove(uri);
-    locker.unlock();
-    if (!isWatched) {
-        QFile::remove(path); // Its check went with whoever ignored it.
+        locker.unlock();
+        QFile::remove(path);
         return false;
     }
+    WebCacheInterest::Check const check = entry->interest.check;
+    locker.unlock();
     if (!check)
         return true;
     QFile file(path);

@@ -2,12 +2,15 @@
 
 #include "ChannelDescription.h"
 #include "ChannelStream.h"
+#include "GLTexture.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointF>
 #include <QRect>
+#include <QRectF>
 
 #include <memory>
 #include <vector>
@@ -50,9 +53,9 @@ public:
     bool isPlaying() const;
     bool isBuffering() const;
     bool isFading() const;
-    bool hasError() const { return _hasError; }
-    /// What is wrong, in words; empty when nothing is.
-    QString error() const { return _hasError ? _error : QString(); }
+    bool hasError() const { return !_errors.isEmpty(); }
+    /// What the first stream that failed has told; empty without an error.
+    QString errorText() const;
     bool hasVideo() const;
     bool hasAudio() const;
     /// Whether some stream can seek, and so play at another speed than its own; known once it is open.
@@ -79,10 +82,23 @@ public:
 
     /// Uploads new pictures; before any drawing.
     void updateVideoTexture();
-    /// Draws all streams as an array inside the area, in pixels of the surface, y downward.
-    void drawOrthoVideoArray(QRect const& area, GLMovieRenderer::DrawMode mode);
+    /// Draws what stands in for a picture: the logo of a channel of the directory, while it has none to show. Areas
+    /// are in pixels, y downward, unless said otherwise.
+    void drawBackground(QRect const& area);
+    /// Draws the channel's pictures inside the area, those of several streams as an array.
+    void drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawMode mode);
+    void drawOrthoVideoArray(QRect const& area, int columns, GLMovieRenderer::DrawMode mode);
+    /// The same in the plane z of the current space, y upward from the area's top.
+    void drawVideoPerspectiveMode(QRectF const& area, bool keepAspect, double z = 0.0);
+    void drawPerspectiveVideoArray(QRectF const& area, int columns, bool keepAspect, double z = 0.0);
     /// Draws the channel's texts over the area.
     void drawOverlay(QRect const& area);
+
+    /// The logo for drawing; not created() while there is none.
+    GLTexture* logoTexture() { return &_logoTexture; }
+    /// Makes it of the description's logo, if that has changed since.
+    void createLogoTexture();
+    void deleteLogoTexture();
 
     /// Whether the two would draw no more than opaque pictures as they are, and those pictures, to be appended.
     bool isPlain() const;
@@ -117,8 +133,17 @@ signals:
 
 public slots:
     void onStreamOpened(ChannelStream* stream);
+    void onStreamTimeUpdated(ChannelStream* stream, double seconds);
     void onStreamError(ChannelStream* stream, QString text);
     void onStreamStateChanged(ChannelStream* stream, QString text);
+    void onStreamAdded(ChannelStream* stream);
+    void onStreamClosing(ChannelStream* stream);
+    void onStreamClosed(ChannelStream* stream);
+    void onStreamCompleted(ChannelStream* stream);
+    void onStreamLooped(ChannelStream* stream);
+    void onStreamNeedsLoop(ChannelStream* stream);
+    void onStreamMutedChanged(ChannelStream* stream, bool muted);
+    void onStreamVolumeChanged(ChannelStream* stream, double volume);
     void onStreamPlaying(ChannelStream* stream);
     void onStreamNotice(ChannelStream* stream, QString text);
     void onCloseTimer();
@@ -128,9 +153,12 @@ private:
     void connectStream(ChannelStream* stream);
     void openStream(ChannelStream& stream);
     bool hasOverlay() const;
-    QRect streamArea(QRect const& area, size_t index) const;
+    bool showsLogo() const;
+    int columns() const;
     std::unique_ptr<ChannelStream> takeStream(StreamDescription const& description);
+    void renewDescriptions();
     void createOverlay();
+    void showErrorOr(QString const& text);
     void setOverlayText(QString const& text);
 
     static Logger* log;
@@ -140,7 +168,8 @@ private:
     std::unique_ptr<GLControlLayout> _layout; ///< Null while closed, as are the next two.
     std::unique_ptr<GLControl> _control;
     std::unique_ptr<GLTextArea> _textArea;
-    bool _hasError = false;
-    QString _error; ///< The last one.
+    GLTexture _logoTexture;
+    bool _isLogoChanged = false;                  ///< Since the texture was made.
+    QHash<ChannelStream const*, QString> _errors; ///< What streams have told that have failed.
     qint64 _openTime = 0;
 };

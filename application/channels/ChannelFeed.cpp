@@ -88,10 +88,14 @@ std::unique_ptr<ChannelDescriptionProvider> ChannelFeed::createServiceProvider()
     QImage const logo(":/Resources/latte_en.png");
     auto provider = std::make_unique<RestfulChannelDescriptionProvider>(
         _appData.webCache(), user, &_appData.dateTimeBuilder, settings.channelsDocumentUri(), settings.soapHost(),
-        logo, logo, nullptr,
-        [this](Uri const&) { return std::make_unique<SoapAllowedChannels>(_appData.loginManager()->service()); });
+        logo, logo, nullptr, [login = _appData.loginManager()](Uri const&) {
+            return std::make_unique<SoapAllowedChannels>(login->service());
+        });
     using Provider = RestfulChannelDescriptionProvider;
     connect(_gizmo.get(), &UserChannelGizmo::refreshUserChannels, provider.get(), &Provider::refresh);
+    // What the viewer has just added may be in no copy of the document yet.
+    connect(_gizmo.get(), &UserChannelGizmo::refreshUserChannels, provider.get(),
+            [cache = _appData.webCache(), document = settings.channelsDocumentUri()] { cache->update(document); });
     connect(provider.get(), &Provider::allowedChannelsLoaded, this, &ChannelFeed::onAllowedChannelsLoaded);
     connect(provider.get(), &Provider::allowedChannelsError, this, &ChannelFeed::onAllowedChannelsError);
     connect(provider.get(), &Provider::channelParsingError, this, &ChannelFeed::onChannelParsingError);

@@ -4,7 +4,9 @@
 
 #include <QList>
 #include <QPointF>
+#include <QPolygonF>
 #include <QRect>
+#include <QSizeF>
 
 #include <vector>
 
@@ -16,9 +18,26 @@ class ChannelGrid
 {
 public:
     /// The part of an area that belongs to one of `count` pictures, numbered from 0 row by row.
-    static QRect cell(QRect const& area, int count, int index);
+    static QRect cell(QRect const& area, int count, int index) { return cell(area, columns(count), count, index); }
+    static QRect cell(QRect const& area, int columns, int count, int index);
+    static int columns(int count);
 
     void render(QList<Channel*> const& channels, QRect const& area, GLMovieRenderer::DrawMode mode);
+
+    /// Draws them on a wall that bends around the viewer: a column of pictures to each of its faces. The viewport is
+    /// the surface, of which the area is all.
+    void renderPerspective(QList<Channel*> const& channels, QRect const& area, bool keepAspect);
+
+    /// Where a picture stands on that wall: the middle of its face in pixels, with (0, 0, 0) amid the surface, y
+    /// upward and z towards the viewer, and by how many degrees it is turned about the y axis.
+    struct Face {
+        double x = 0.0;
+        double y = 0.0;
+        double z = 0.0;
+        double degrees = 0.0;
+        QSizeF size;
+    };
+    static Face face(QSize const& surface, int count, int index);
 
     /// Whether render() would draw no more than opaque pictures as they are, on black.
     static bool isPlain(QList<Channel*> const& channels);
@@ -30,5 +49,8 @@ public:
     Channel* channelAt(QList<Channel*> const& channels, QPointF point) const;
 
 private:
+    static void drawFace(Channel& channel, QSizeF const& size, bool keepAspect);
+
     QRect _lastArea;
+    QList<QPolygonF> _faces; ///< Of the channels in their order, as drawn last; empty if those were in the flat grid.
 };

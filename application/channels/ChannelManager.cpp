@@ -7,7 +7,6 @@
 #include "OwnChannels.h"
 #include "SponsorshipSource.h"
 
-#include <QDateTime>
 #include <QTimer>
 
 Logger* ChannelManager::log = LoggerManager::logger();
@@ -20,6 +19,7 @@ ChannelManager::ChannelManager(AppData& appData, Parts const& parts, QObject* pa
       _sponsorshipSource(parts.sponsorship ? parts.sponsorship : _noSponsorship.get()),
       _switch(parts.timers ? parts.timers : &appData.timerFactory),
       _feed(appData, parts.timers ? parts.timers : &appData.timerFactory, parts.createProvider),
+      _update(*this, _known, parts.timers ? parts.timers : &appData.timerFactory),
       _sponsorship(appData, *this, parts.timers ? parts.timers : &appData.timerFactory, _sponsorshipSource)
 {
     connectParts();
@@ -38,6 +38,7 @@ void ChannelManager::connectParts()
     connect(&_actions, &ChannelActions::channelClicked, this, &Manager::onChannelClicked);
     connect(&_switch, &ChannelSwitch::fadedOut, this, &Manager::onFadeAndCloseAllChannels);
     connect(&_feed, &ChannelFeed::channelsUpdated, this, &Manager::onChannelsUpdated);
+    connect(&_update, &ChannelUpdate::completed, this, &Manager::onUpdateCompleted);
     connect(&_feed, &ChannelFeed::channelLogoUpdated, this, &Manager::onChannelLogoUpdated);
     connect(&_feed, &ChannelFeed::failed, this, [this](QString const& text) { emit channelError(nullptr, text); });
     connect(&_sponsorship, &Sponsorship::postSponsorshipChannelChanged, this,
@@ -52,131 +53,6 @@ ChannelManager::~ChannelManager()
 {
     stopChecking();
     closeAllChannels();
-}
-
-void ChannelManager::openChannel(Channel* channel, bool useSponsorship, bool nonMultiview, int index)
-{
-    if (_switch.isPending() && !nonMultiview)
-        _switch.addBeside(channel->desc.rootId());
-    else if (!_switch.isPending() && isChannelOpen(channel))
-        setActiveChannel(channel);
-    else if (nonMultiview || _open.isEmpty())
-        openChannelNonMultiview(channel, useSponsorship);
-    else
-        openChannelMultiview(channel, index);
-}
-
-void ChannelManager::openChannel(QString const& rootId, bool useSponsorship, bool nonMultiview, int index)
-{
-    if (Channel* const channel = getChannelByRootId(rootId))
-        openChannel(channel, useSponsorship, nonMultiview, index);
-}
-
-void ChannelManager::previewChannel(ChannelDescription const& description, bool useSponsorship, bool nonMultiview,
-                                    int index)
-{
-    openChannel(addUserChannel(description), useSponsorship, nonMultiview, index);
-}
-
-void ChannelManager::openChannelNonMultiview(Channel* channel, bool useSponsorship)
-{
-    if (useSponsorship && _sponsorship.isPlaying()) {
-        _sponsorship.replaceNext(channel);
-        return;
-    }
-    using Action = ChannelSwitch::Action;
-    bool const isNew = _switch.begin(useSponsorship ? Action::OpenSponsorship : Action::OpenChannel,
-                                     channel->desc.rootId(), fadeTime);
-    if (_open.isEmpty())
-        onFadeAndCloseAllChannels(); // Nothing fades.
-    else if (isNew)
-        _open.fadeOut(fadeTime);
-}
-
-void ChannelManager::openChannelMultiview(Channel* channel, int index)
-{
-    int const limit = _appData.settings.multiviewChannelLimit();
-    if (limit != -1 && _open.count() >= limit)
-        emit multiviewLimitExceeded();
-    else
-        _open.open(channel, index);
-}
-
-void ChannelManager::fadeAndCloseAllChannels(int ms)
-{
-    _open.fadeOut(ms);
-    _switch.begin(ChannelSwitch::Action::None, {}, ms);
-}
-
-void ChannelManager::onFadeAndCloseAllChannels()
-{
-    auto const [action, id, beside] = _switch.take();
-    Channel const* const previous = activeChannel();
-    qint64 const opened = previous ? previous->openTime() : 0;
-    closeAllChannels(false);
-    Channel* const wanted = getChannelByRootId(id);
-    if (wanted && action == ChannelSwitch::Action::OpenSponsorship) {
-        qint64 const seconds = opened > 0 ? QDateTime::currentSecsSinceEpoch() - opened : 0;
-        _sponsorship.request(wanted, previous, static_cast<int>(seconds));
-        return;
-    }
-    for (QString const& each : QStringList(id) + beside)
-        if (Channel* const channel = getChannelByRootId(each); channel && !isChannelOpen(channel))
-            openChannelMultiview(channel, -1);
-}
-
-void ChannelManager::closeChannel(Channel* channel)
-{
-    _open.close(channel);
-}
-
-void ChannelManager::closeChannel(QString const& rootId)
-{
-    if (Channel* const channel = getChannelByRootId(rootId))
-        closeChannel(channel);
-}
-
-void ChannelManager::closeAllChannels(bool cancelSponsorship)
-{
-    _open.closeAll();
-    if (cancelSponsorship)
-        _sponsorship.cancel();
-}
-
-void ChannelManager::closeForLater()
-{
-    ChannelSwitch::Pending const pending = _switch.take();
-    QString const next = pending.channelId.isEmpty() ? postSponsorshipChannelId() : pending.channelId;
-    closeAllChannels();
-    if (next.isEmpty())
-        return;
-    setLastChannelId(next);
-    setLastChannelIds(QStringList(next) + pending.beside);
-}
-
-void ChannelManager::openLastChannels(bool useSponsorship)
-{
-    QString const lastId = lastChannelId(); // Both change while channels are opened.
-    QStringList const lastIds = lastChannelIds();
-    if (lastIds.size() > 1)
-        for (QString const& id : lastIds)
-            if (Channel* const channel = getChannelByRootId(id); channel && !isChannelOpen(channel))
-                openChannelMultiview(channel, -1);
-    Channel* const last = getChannelByRootId(lastId);
-    if (last && isChannelOpen(last))
-        setActiveChannel(last);
-    else if (_open.isEmpty() && (last || defaultChannel()))
-        openChannel(last ? last : defaultChannel(), useSponsorship, true);
-}
-
-void ChannelManager::reconnectChannel(Channel* channel)
-{
-    int const position = static_cast<int>(openChannels().indexOf(channel));
-    bool const wasActive = channel == activeChannel();
-    closeChannel(channel);
-    _open.open(channel, position);
-    if (wasActive)
-        setActiveChannel(channel);
 }
 
 void ChannelManager::openUserStream(QString const& url, QString const& title, bool nonMultiview)
@@ -246,11 +122,18 @@ void ChannelManager::onChannelStreamStateChanged(Channel* channel, ChannelStream
     emit channelStateChanged(channel, text);
 }
 
+void ChannelManager::onChannelStreamClosed(Channel* channel, ChannelStream*)
+{
+    LOG_DEBUG("A stream of channel %s was closed", Channel::logTitle(channel).constData());
+    emit pictureUpdated(); // Its last one has to go.
+}
+
 void ChannelManager::onChannelStreamNeedsLoop(Channel* channel, ChannelStream*)
 {
-    // The stream that asks must be out of its own call before it is closed.
-    QTimer::singleShot(0, channel, [this, channel] {
-        if (isChannelOpen(channel))
+    // Not at once: the stream that asks must be out of its own call, and one that ends as soon as it begins must not
+    // keep the program busy. What failed waits for a click.
+    QTimer::singleShot(pauseBeforeLoop, channel, [this, channel] {
+        if (isChannelOpen(channel) && !channel->hasError())
             performChannelClickAction(channel->desc.rootId(), ReconnectClickAction);
     });
 }

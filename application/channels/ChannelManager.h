@@ -5,6 +5,7 @@
 #include "ChannelFeed.h"
 #include "ChannelGrid.h"
 #include "ChannelSwitch.h"
+#include "ChannelUpdate.h"
 #include "KnownChannels.h"
 #include "OpenChannels.h"
 #include "SponsorshipSequence.h"
@@ -27,8 +28,9 @@ class QKeyEvent;
 class SponsorshipSource;
 
 /// Knows every channel, and is the only way to open or close one. The face of several: KnownChannels owns them,
-/// ChannelFeed tells where they come from, OpenChannels has those that are open, ChannelSwitch what comes after a
-/// fade, ChannelGrid how they are shown, ChannelActions their menu entries, SponsorshipSequence a pre-roll.
+/// ChannelFeed tells where they come from and ChannelUpdate follows that, OpenChannels has those that are open,
+/// ChannelSwitch what comes after a fade, ChannelGrid how they are shown, ChannelActions their menu entries,
+/// SponsorshipSequence a pre-roll.
 ///
 /// Main thread only.
 class ChannelManager : public QObject
@@ -37,6 +39,7 @@ class ChannelManager : public QObject
 
 public:
     static constexpr int fadeTime = OpenChannels::fadeTime; ///< ms
+    static constexpr int pauseBeforeLoop = 500;             ///< ms, where a stream begins anew by being opened again.
 
     /// What the manager works with, all borrowed; where something is left out it takes the application's own.
     struct Parts {
@@ -57,6 +60,8 @@ public:
     void unloadChannels();
     /// Whether there has been a directory since the last unloadChannels().
     bool channelsLoaded() const { return _channelsLoaded; }
+    /// Whether a new directory is being taken over; channelsUpdated() tells the end.
+    bool isUpdating() const { return _update.isRunning(); }
     QList<Channel*> channels(int typeMask = KnownChannels::anyType) const { return _known.channels(typeMask); }
     int channelCount() const { return _known.count(); }
     Channel* getChannelByIndex(int index) const { return _known.at(index); }
@@ -73,6 +78,10 @@ public:
     /// The service's choice, otherwise the first; null when there is none.
     Channel* defaultChannel() const;
 
+    /// Adds a channel that is not known yet.
+    Channel* addChannel(ChannelDescription const& description);
+    /// Closes and forgets one.
+    void removeChannel(Channel* channel);
     /// Adds a channel of the viewer's own, or gives the one that has this root id already.
     Channel* addUserChannel(ChannelDescription const& description);
     /// Closes and forgets a channel.
@@ -89,7 +98,7 @@ public:
     void previewChannel(ChannelDescription const& description, bool useSponsorship, bool nonMultiview,
                         int index = -1);
     /// Opens a channel unseen and silent, so that it can be shown at once later.
-    void prepareChannel(Channel* channel) { _open.prepare(channel, true); }
+    void prepareChannel(Channel* channel) { _open.prepareUnseen(channel); }
     void closeChannel(Channel* channel);
     void closeChannel(QString const& rootId);
     /// And, with the flag, gives up a pre-roll and what was to come after it.
@@ -101,6 +110,8 @@ public:
     void openLastChannels(bool useSponsorship = false);
     /// Closes a channel and opens it in the same place.
     void reconnectChannel(Channel* channel);
+    /// The same with the streams of another description.
+    void reconnectChannel(Channel* channel, ChannelDescription const& description);
 
     /// Opens an address, for which OwnChannels::isAddress() holds, as a channel of its own, beside or in place of the
     /// others.
@@ -144,6 +155,8 @@ public:
     ChannelClickAction channelClickAction(QString const& rootId, bool isModifierHeld) const;
     void performChannelClickAction(QString const& rootId, ChannelClickAction action);
     QCursor cursorForChannelClickAction(ChannelClickAction action) const;
+    /// Has cursorChanged() tell the pointer over a channel, for what a click on it does; over none with an empty id.
+    void setChannelCursor(QString const& rootId, bool isModifierHeld);
     ChannelActions& channelActions() { return _actions; }
 
     // The surface: its size and points are in its pixels, y downward; drawing with the GL context current.
@@ -151,18 +164,25 @@ public:
     {
         _grid.render(openChannels(), area, mode);
     }
+    /// The same in the depth of the screen; pictures keep their aspect ratio unless they are to be stretched.
+    void renderVideoPerspective(QRect const& area, GLMovieRenderer::DrawMode mode)
+    {
+        _grid.renderPerspective(openChannels(), area, mode != GLMovieRenderer::Stretch);
+    }
     /// Whether renderVideoOrtho() would draw no more than opaque pictures as they are, on black, and those.
     bool isPlain() const { return ChannelGrid::isPlain(openChannels()); }
     std::vector<GLMoviePicture> plainPictures(QRect const& area, GLMovieRenderer::DrawMode mode)
     {
         return _grid.plainPictures(openChannels(), area, mode);
     }
-    /// The pointer over a point of the surface, for what a click there does.
-    QCursor cursorAt(QPointF point, Qt::KeyboardModifiers modifiers) const;
-    void videoMouseMove(QPointF point);
+    void videoMouseMove(QPointF point, Qt::KeyboardModifiers modifiers);
+    /// A click is a press and a release on the same channel.
     void videoMousePress(QPointF point, Qt::KeyboardModifiers modifiers);
+    void videoMouseRelease(QPointF point, Qt::KeyboardModifiers modifiers);
     /// The digits choose among the open channels, "page up" and "page down" among all. Whether it was one of those.
     bool videoKeyPress(QKeyEvent const* event);
+    /// The pointer follows the modifier. Whether the key has no other meaning.
+    bool videoKeyRelease(QKeyEvent const* event);
 
     QString postSponsorshipChannelId() const { return _sponsorship.postSponsorshipChannelId(); }
     Channel* sponsorshipChannel() const { return _sponsorship.channel(); }
@@ -170,8 +190,11 @@ public:
 
     // What the service has told of this viewer.
     QString ipAddress() const { return _feed.ipAddress(); }
+    void setIpAddress(QString const& address) { _feed.setIpAddress(address); }
     QString countryId() const { return _feed.countryId(); }
+    void setCountryId(QString const& id) { _feed.setCountryId(id); }
     QString confidenceFactor() const { return _feed.confidenceFactor(); }
+    void setConfidenceFactor(QString const& factor) { _feed.setConfidenceFactor(factor); }
 
 signals:
     void channelOpened(Channel* channel);
@@ -190,6 +213,7 @@ signals:
     void multiviewLimitExceeded();
     void mouseEnteredChannel(QString rootId);
     void mouseLeftChannel(QString rootId);
+    void cursorChanged(QCursor cursor);
     void postSponsorshipChannelChanged(QString rootId);
     void sponsorshipLoadCompanionAds(SponsorshipResponse response);
     void sponsorshipDisplayCompanionAds();
@@ -203,6 +227,7 @@ public slots:
     void onChannelLogoUpdated(ChannelDescription const& description);
     void onChannelStreamError(Channel* channel, ChannelStream* stream, QString const& text);
     void onChannelStreamStateChanged(Channel* channel, ChannelStream* stream, QString const& text);
+    void onChannelStreamClosed(Channel* channel, ChannelStream* stream);
     void onChannelStreamNeedsLoop(Channel* channel, ChannelStream* stream);
     void onFadeAndCloseAllChannels();
     void onMuteChanged();
@@ -210,14 +235,14 @@ public slots:
     void onFullScreenChanged();
 
 private:
-    Channel* addChannel(ChannelDescription const& description);
-    void removeChannel(Channel* channel);
-    void applyChanges(KnownChannels::Changes const& changes);
-    void reopen(QStringList const& ids, QString const& activeId);
-    static QStringList rootIds(QList<Channel*> const& channels);
+    void onUpdateCompleted(bool hasChanged);
     void openOwnChannel(ChannelDescription const& description, bool nonMultiview);
     void connectParts();
+    QString channelIdAt(QPointF point) const;
     static bool isModifierHeld(Qt::KeyboardModifiers modifiers);
+    void stay(Channel* channel);
+    void openBeside(QStringList const& ids);
+    Channel* chosenChannel() const;
     void openChannelNonMultiview(Channel* channel, bool useSponsorship);
     void openChannelMultiview(Channel* channel, int index);
     void onChannelClicked(Channel* channel);
@@ -233,7 +258,9 @@ private:
     ChannelSwitch _switch;
     ChannelGrid _grid;
     ChannelFeed _feed;
+    ChannelUpdate _update;
     SponsorshipSequence _sponsorship;
-    QString _channelUnderMouse; ///< Its root id.
+    QString _channelUnderMouse; ///< Its root id, as the next one.
+    QString _pressedChannel;
     bool _channelsLoaded = false;
 };

@@ -14,13 +14,15 @@ ChannelClickAction ChannelManager::channelClickAction(QString const& rootId, boo
     Channel const* const channel = getChannelByRootId(rootId);
     if (!channel)
         return NoClickAction;
-    if (channel->hasError())
+    if (channel->hasError() && isChannelOpen(channel))
         return ReconnectClickAction;
     // During a pre-roll another channel is chosen to come after it.
     if (_sponsorship.isPlaying())
         return channel == activeChannel() ? SponsorClickAction : OpenClickAction;
     if (!isChannelOpen(channel))
         return isModifierHeld ? AddClickAction : OpenClickAction;
+    if (_switch.isPending() && !isModifierHeld)
+        return OpenClickAction; // It stays.
     if (_open.count() < 2)
         return NoClickAction;
     if (isModifierHeld)
@@ -73,19 +75,22 @@ bool ChannelManager::isModifierHeld(Qt::KeyboardModifiers modifiers)
     return modifiers.testFlag(Qt::ControlModifier);
 }
 
-QCursor ChannelManager::cursorAt(QPointF point, Qt::KeyboardModifiers modifiers) const
+void ChannelManager::setChannelCursor(QString const& rootId, bool isModifierHeld)
 {
-    Channel const* const channel = _grid.channelAt(openChannels(), point);
-    if (!channel)
-        return Qt::ArrowCursor;
-    return cursorForChannelClickAction(channelClickAction(channel->desc.rootId(), isModifierHeld(modifiers)));
+    emit cursorChanged(cursorForChannelClickAction(channelClickAction(rootId, isModifierHeld)));
 }
 
-void ChannelManager::videoMouseMove(QPointF point)
+QString ChannelManager::channelIdAt(QPointF point) const
 {
     Channel const* const channel = _grid.channelAt(openChannels(), point);
-    QString const now = channel ? channel->desc.rootId() : QString();
+    return channel ? channel->desc.rootId() : QString();
+}
+
+void ChannelManager::videoMouseMove(QPointF point, Qt::KeyboardModifiers modifiers)
+{
+    QString const now = channelIdAt(point);
     QString const before = std::exchange(_channelUnderMouse, now);
+    setChannelCursor(now, isModifierHeld(modifiers));
     if (now == before)
         return;
     if (!before.isEmpty())
@@ -94,17 +99,33 @@ void ChannelManager::videoMouseMove(QPointF point)
         emit mouseEnteredChannel(now);
 }
 
-void ChannelManager::videoMousePress(QPointF point, Qt::KeyboardModifiers modifiers)
+void ChannelManager::videoMousePress(QPointF point, Qt::KeyboardModifiers)
 {
-    Channel const* const channel = _grid.channelAt(openChannels(), point);
-    if (!channel)
+    _pressedChannel = channelIdAt(point);
+}
+
+void ChannelManager::videoMouseRelease(QPointF point, Qt::KeyboardModifiers modifiers)
+{
+    QString const pressed = std::exchange(_pressedChannel, {});
+    if (pressed.isEmpty() || pressed != channelIdAt(point))
         return;
-    QString const rootId = channel->desc.rootId();
-    performChannelClickAction(rootId, channelClickAction(rootId, isModifierHeld(modifiers)));
+    performChannelClickAction(pressed, channelClickAction(pressed, isModifierHeld(modifiers)));
+    setChannelCursor(channelIdAt(point), isModifierHeld(modifiers)); // Another click does something else.
+}
+
+/// What the viewer has chosen last, even if it does not play yet.
+Channel* ChannelManager::chosenChannel() const
+{
+    for (QString const& id : {_switch.pending().channelId, postSponsorshipChannelId()})
+        if (Channel* const channel = getChannelByRootId(id))
+            return channel;
+    return activeChannel();
 }
 
 bool ChannelManager::videoKeyPress(QKeyEvent const* event)
 {
+    if (event->key() == Qt::Key_Control)
+        setChannelCursor(_channelUnderMouse, true);
     int const digit = event->key() - Qt::Key_1;
     bool const isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (isPlain && digit >= 0 && digit < 9 && digit < _open.count()) {
@@ -114,8 +135,17 @@ bool ChannelManager::videoKeyPress(QKeyEvent const* event)
     bool const isNext = event->key() == Qt::Key_PageDown;
     if (!isPlain || (!isNext && event->key() != Qt::Key_PageUp))
         return false;
-    if (Channel* const channel = isNext ? nextChannel(activeChannel()) : previousChannel(activeChannel()))
+    Channel const* const from = chosenChannel();
+    if (Channel* const channel = isNext ? nextChannel(from) : previousChannel(from))
         performChannelClickAction(channel->desc.rootId(), OpenClickAction);
+    return true;
+}
+
+bool ChannelManager::videoKeyRelease(QKeyEvent const* event)
+{
+    if (event->key() != Qt::Key_Control)
+        return false;
+    setChannelCursor(_channelUnderMouse, false);
     return true;
 }
 

@@ -91,6 +91,7 @@ void ChannelStream::open(bool forceFile)
     connect(_renderer.get(), &GLMovieRenderer::looped, this, &ChannelStream::onLooped);
     connect(_renderer.get(), &GLMovieRenderer::movieTimeUpdated, this, &ChannelStream::onTimeUpdated);
     connect(_renderer.get(), &GLMovieRenderer::pictureUpdated, this, &ChannelStream::pictureUpdated);
+    connect(_renderer.get(), &GLMovieRenderer::fadeInCompleted, this, [this] { emit fadeInComplete(this); });
     connect(_renderer.get(), &GLMovieRenderer::fadeOutCompleted, this, [this] { emit fadeOutComplete(this); });
 
     _dataSource = createSource(forceFile);
@@ -134,20 +135,22 @@ std::unique_ptr<GLMovieDataSource> ChannelStream::createSource(bool forceFile)
     StreamDescription description = _description;
     Uri const uri = _appData.streamAddress.addressOf(_description);
     description.setUri(uri);
+    auto const plainFileFound = [this, opening = ++_openings] {
+        if (opening == _openings)
+            onPlainFileFound();
+    };
     if (!forceFile && isMediaFileOnTheWeb(uri)) {
         auto source = std::make_unique<HttpFileDataSource>(uri.toString());
         connect(source.get(), &HttpFileDataSource::downloadProgressChanged, this, &ChannelStream::onDownloadProgress);
         // Queued: the source goes.
-        connect(source.get(), &HttpFileDataSource::streamFound, this, &ChannelStream::onPlainFileFound,
-                Qt::QueuedConnection);
+        connect(source.get(), &HttpFileDataSource::streamFound, this, plainFileFound, Qt::QueuedConnection);
         return source;
     }
     if (!forceFile && !isSegmentedOnTheWeb(uri) && _appData.latte.hasClientFactory(uri.scheme())) {
         auto source = std::make_unique<LatteDataSource>(&_appData.latte, description, QString());
         source->setStartDelay(_appData.settings.latteStartDelay());
         // Queued: the source goes.
-        connect(source.get(), &LatteDataSource::plainFileFound, this, &ChannelStream::onPlainFileFound,
-                Qt::QueuedConnection);
+        connect(source.get(), &LatteDataSource::plainFileFound, this, plainFileFound, Qt::QueuedConnection);
         return source;
     }
     auto source = std::make_unique<FileDataSource>(FileName::fromAddress(uri.toString()));
@@ -248,165 +251,16 @@ void ChannelStream::onRecordingFailed(GLMovieDataSource*, QString reason)
 
 void ChannelStream::onEnableVideoPostProcessingChanged()
 {
-    if (_renderer)
-        _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
+    if (!_renderer)
+        return;
+    _renderer->setPostProcessingEnabled(_appData.settings.enableVideoPostProcessing());
     emit pictureUpdated();
 }
 
 void ChannelStream::onVideoPostProcessingChanged()
 {
-    if (_renderer)
-        givePostProcessing();
+    if (!_renderer)
+        return;
+    givePostProcessing();
     emit pictureUpdated();
-}
-
-void ChannelStream::fadeIn(int ms, double volume, bool fadeVideo, bool fadeAudio)
-{
-    _volume = volume;
-    if (fadeVideo)
-        setOpacity(1.0); // The fade goes on below it.
-    if (_renderer)
-        _renderer->fadeIn(ms, volume, fadeVideo, fadeAudio);
-}
-
-void ChannelStream::fadeOut(int ms, bool fadeVideo, bool fadeAudio)
-{
-    if (_renderer)
-        _renderer->fadeOut(ms, fadeVideo, fadeAudio);
-}
-
-bool ChannelStream::isOpen() const
-{
-    return _renderer && _opened;
-}
-
-bool ChannelStream::isPlaying() const
-{
-    return _renderer && _renderer->movie() && _renderer->movie()->isPlaying();
-}
-
-bool ChannelStream::isBuffering() const
-{
-    return _renderer && !_opened;
-}
-
-bool ChannelStream::isFading() const
-{
-    return _renderer && _renderer->isFading();
-}
-
-bool ChannelStream::hasVideo() const
-{
-    return _renderer && _renderer->movie() && _renderer->movie()->hasVideo();
-}
-
-bool ChannelStream::hasAudio() const
-{
-    return _renderer && _renderer->movie() && _renderer->movie()->hasAudio();
-}
-
-bool ChannelStream::isSeekable() const
-{
-    return isOpen() && _dataSource->isSeekable();
-}
-
-double ChannelStream::aspectRatio() const
-{
-    return _renderer ? _renderer->aspectRatio() : 0.0;
-}
-
-void ChannelStream::setSpeed(double speed)
-{
-    _speed = speed;
-    applySpeed();
-}
-
-void ChannelStream::applySpeed()
-{
-    if (_renderer)
-        _renderer->setSpeed(isSeekable() ? _speed : 1.0);
-}
-
-void ChannelStream::setVolume(double volume)
-{
-    _volume = volume;
-    if (_renderer)
-        _renderer->setVolume(volume);
-    emit volumeChanged(this, volume);
-}
-
-void ChannelStream::setMuted(bool muted)
-{
-    _muted = muted;
-    if (_renderer)
-        _renderer->setMuted(muted);
-    emit mutedChanged(this, muted);
-}
-
-void ChannelStream::setWatched(bool watched)
-{
-    _watched = watched;
-    if (_renderer)
-        _renderer->setWatched(watched);
-}
-
-void ChannelStream::setLoop(bool loop)
-{
-    _loop = loop;
-    if (_renderer)
-        _renderer->setLoop(loop);
-}
-
-void ChannelStream::setOpacity(double opacity)
-{
-    _opacity = opacity;
-    if (_renderer)
-        _renderer->setOpacity(opacity);
-}
-
-void ChannelStream::seekForwards(double seconds)
-{
-    if (_renderer && _dataSource->isSeekable())
-        _renderer->setMovieTime(_renderer->movieTime() + seconds);
-}
-
-void ChannelStream::seekBackwards(double seconds)
-{
-    if (_renderer && _dataSource->isSeekable())
-        _renderer->setMovieTime(qMax(0.0, _renderer->movieTime() - seconds));
-}
-
-void ChannelStream::updateVideoTexture()
-{
-    if (_renderer)
-        _renderer->updateVideoTexture();
-}
-
-bool ChannelStream::hitTest(QPointF point) const
-{
-    return _renderer && _renderer->hitTest(point);
-}
-
-void ChannelStream::drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawMode mode)
-{
-    if (_renderer)
-        _renderer->drawVideoOrthoMode(area.x(), area.y(), area.width(), area.height(), mode);
-}
-
-std::optional<GLMoviePicture> ChannelStream::plainPicture(QRect const& area, GLMovieRenderer::DrawMode mode)
-{
-    return _renderer ? _renderer->plainPicture(area, mode) : std::nullopt;
-}
-
-QRect ChannelStream::videoWindow() const
-{
-    return _renderer ? _renderer->videoWindow() : QRect();
-}
-
-QSize ChannelStream::movieSize() const
-{
-    GLMovie const* const movie = _renderer ? _renderer->movie() : nullptr;
-    if (!movie || !movie->hasVideo())
-        return {};
-    return {qRound(movie->codecHeight() * movie->aspectRatio()), movie->codecHeight()};
 }

@@ -27,6 +27,10 @@ public:
     ~ChannelStream() override;
 
     StreamDescription const& description() const { return _description; }
+    /// An equal one, for the next opening.
+    void setDescription(StreamDescription const& description) { _description = description; }
+    /// Takes how another one plays, but the sound.
+    void playBeside(ChannelStream const& other);
 
     /// Opens the stream and plays it as soon as it can; with forceFile, by FFmpeg's own access whatever the scheme.
     /// Does nothing if it is open.
@@ -46,6 +50,8 @@ public:
     /// Whether it is open and not live.
     bool isSeekable() const;
     double aspectRatio() const;
+    /// Whether there is a picture to be drawn.
+    bool hasPicture() const;
 
     /// What delivers the stream's bytes while it is open; null when that is no client.
     LatteClient const* latteClient() const;
@@ -71,6 +77,10 @@ public:
     void updateVideoTexture();
     bool hitTest(QPointF point) const;
     void drawVideoOrthoMode(QRect const& area, GLMovieRenderer::DrawMode mode);
+    /// In the plane z of the current space, y upward from the area's top.
+    void drawVideoPerspectiveMode(QRectF const& area, bool keepAspect, double z = 0.0);
+    /// Without textures, for pictures that are too large for those of the card.
+    void drawVideoWithDrawPixels(QRect const& area);
 
     /// Whether drawVideoOrthoMode() would draw no more than an opaque picture as it is, and that picture.
     bool isPlain() const { return !_renderer || _renderer->isPlain(); }
@@ -128,7 +138,7 @@ private:
 
     AppData& _appData;
     Channel* const _channel;
-    StreamDescription const _description;
+    StreamDescription _description;
     std::unique_ptr<GLMovieDataSource> _dataSource; ///< Outlives the renderer.
     std::unique_ptr<GLMovieRenderer> _renderer;
     bool _muted = false;
@@ -138,4 +148,5 @@ private:
     double _opacity = 1.0;
     bool _watched = true;
     bool _opened = false;
+    int _openings = 0; ///< For what is on its way from a source that is gone.
 };

@@ -1,11 +1,9 @@
 #include "KnownChannels.h"
 
 #include "Channel.h"
-#include "ChannelDescriptionProvider.h"
-
-#include <QSet>
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -41,12 +39,13 @@ Channel* KnownChannels::add(std::unique_ptr<Channel> channel)
 
 std::unique_ptr<Channel> KnownChannels::remove(Channel* channel)
 {
-    auto const found =
-        std::ranges::find_if(_channels, [channel](auto const& owned) { return owned.get() == channel; });
-    if (found == _channels.end())
+    // From the end, where all are removed.
+    auto const found = std::find_if(_channels.rbegin(), _channels.rend(),
+                                    [channel](auto const& owned) { return owned.get() == channel; });
+    if (found == _channels.rend())
         return nullptr;
     std::unique_ptr<Channel> removed = std::move(*found);
-    _channels.erase(found);
+    _channels.erase(std::prev(found.base()));
     if (_byRootId.value(removed->desc.rootId()) == channel)
         _byRootId.remove(removed->desc.rootId());
     return removed;
@@ -57,26 +56,13 @@ void KnownChannels::sort()
     std::ranges::stable_sort(_channels, isBefore);
 }
 
-KnownChannels::Changes KnownChannels::compare(ChannelDescriptionProvider const& provider) const
+QStringList KnownChannels::idsBut(QSet<QString> const& ids) const
 {
-    Changes changes;
-    QSet<QString> provided;
-    for (long long i = 0; i < provider.numChannels(); ++i) {
-        ChannelDescription const description = provider.descriptionAt(i);
-        // Language variants share one channel: that of the first.
-        if (provided.contains(description.rootId()))
-            continue;
-        provided.insert(description.rootId());
-        Channel const* const known = find(description.rootId());
-        if (!known)
-            changes.added.append(description);
-        else if (known->desc != description)
-            changes.modified.append(description);
-    }
+    QStringList others;
     for (auto const& channel : _channels)
-        if (!provided.contains(channel->desc.rootId()) && (channel->desc.channelType() & ownTypes) == 0)
-            changes.gone.append(channel.get());
-    return changes;
+        if (!ids.contains(channel->desc.rootId()) && (channel->desc.channelType() & ownTypes) == 0)
+            others.append(channel->desc.rootId());
+    return others;
 }
 
 Channel* KnownChannels::at(int index) const

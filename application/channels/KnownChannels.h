@@ -4,27 +4,19 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
 
 class Channel;
-class ChannelDescriptionProvider;
 
 /// All channels that the program knows, in order of their titles, found by root id. Owns them. Main thread only.
 class KnownChannels
 {
 public:
-    /// What a provider has that the directory has not, and the other way round.
-    struct Changes {
-        QList<Channel*> gone;               ///< No longer provided, and none that the viewer has brought in.
-        QList<ChannelDescription> modified; ///< Of channels that are here, but described otherwise.
-        QList<ChannelDescription> added;
-
-        bool isEmpty() const { return gone.isEmpty() && modified.isEmpty() && added.isEmpty(); }
-    };
-
     static constexpr int anyType = ~0;
 
     KnownChannels();
@@ -39,7 +31,8 @@ public:
     /// After titles have changed.
     void sort();
 
-    Changes compare(ChannelDescriptionProvider const& provider) const;
+    /// The root ids of what is none of these, and nothing that the viewer has brought in.
+    QStringList idsBut(QSet<QString> const& ids) const;
 
     int count() const { return static_cast<int>(_channels.size()); }
     /// Null outside of the list.

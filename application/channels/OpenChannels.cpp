@@ -29,17 +29,34 @@ bool OpenChannels::contains(Channel const* channel) const
 void OpenChannels::prepare(Channel* channel, bool muted)
 {
     channel->setWatched(_watched);
+    channel->setSpeed(_speed);
+    if (channel->hasError())
+        channel->close();
     if (!channel->isOpen() && !channel->isBuffering()) {
         channel->setVolume(0.0);
         channel->setOpacity(0.0);
-        channel->setSpeed(_speed);
         channel->open();
     }
     channel->setMuted(muted);
 }
 
+void OpenChannels::prepareUnseen(Channel* channel)
+{
+    dropUnseen(channel);
+    _unseen = channel;
+    prepare(channel, true);
+}
+
+void OpenChannels::dropUnseen(Channel const* wanted)
+{
+    if (_unseen && _unseen != wanted)
+        std::exchange(_unseen, nullptr)->close();
+}
+
 void OpenChannels::open(Channel* channel, int index)
 {
+    if (channel == _unseen)
+        _unseen = nullptr;
     bool const isFirst = _channels.isEmpty();
     _channels.insert(index < 0 ? _channels.size() : std::min<qsizetype>(index, _channels.size()), channel);
     prepare(channel, !isFirst || _muted);
@@ -52,6 +69,8 @@ void OpenChannels::open(Channel* channel, int index)
 
 void OpenChannels::close(Channel* channel)
 {
+    if (channel == _unseen)
+        dropUnseen();
     if (!_channels.removeOne(channel))
         return;
     if (channel == _active)
@@ -118,6 +137,12 @@ void OpenChannels::fadeOut(int ms)
 {
     for (Channel* const channel : std::as_const(_channels))
         channel->fadeOut(ms, true, true);
+}
+
+void OpenChannels::fadeIn(int ms)
+{
+    for (Channel* const channel : std::as_const(_channels))
+        channel->fadeIn(ms, _volume, true, true);
 }
 
 void OpenChannels::setVolume(double volume)

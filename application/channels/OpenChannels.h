@@ -31,9 +31,13 @@ public:
     void close(Channel* channel);
     void closeAll();
     void setActive(Channel* channel);
-    /// Gives a channel the volume and so on of what it is to play beside or after, and opens it unseen and silent.
-    void prepare(Channel* channel, bool muted);
+    /// Opens a channel unseen and silent, in place of the one before, for open() to show it later.
+    void prepareUnseen(Channel* channel);
+    /// Closes that, unless it is the wanted one.
+    void dropUnseen(Channel const* wanted = nullptr);
     void fadeOut(int ms);
+    /// Takes a fadeOut() back.
+    void fadeIn(int ms);
 
     /// What was open and active last, by root ids; what the viewer does not choose again is left out.
     QString lastChannelId() const { return _lastChannelId; }
@@ -58,12 +62,14 @@ signals:
     void pictureUpdated();
 
 private:
+    void prepare(Channel* channel, bool muted);
     void saveLast();
 
     static Logger* log;
 
     QList<Channel*> _channels;
     Channel* _active = nullptr;
+    Channel* _unseen = nullptr; ///< Open, and not among those that are shown.
     QString _lastChannelId;
     QStringList _lastChannelIds;
     double _volume = 1.0;

@@ -1,24 +1,19 @@
 #include "SponsorshipSequence.h"
 
 #include "AppData.h"
-#include "BoundedImage.h"
 #include "Channel.h"
 #include "ChannelManager.h"
-#include "FileName.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
 #include "OwnChannels.h"
 #include "SponsorshipSource.h"
-#include "TickCounter.h"
+#include "ThreadedMemoQueue.h"
 #include "Timer.h"
 #include "TimerFactory.h"
-#include "WebCache.h"
 
-#include <QDir>
-#include <QSaveFile>
-#include <QUrl>
-
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 Logger* SponsorshipSequence::log = LoggerManager::logger();
@@ -26,15 +21,11 @@ Logger* SponsorshipSequence::log = LoggerManager::logger();
 SponsorshipSequence::SponsorshipSequence(AppData& appData, ChannelManager& channels, TimerFactory* timers,
                                          SponsorshipSource* source, QObject* parent)
     : QObject(parent), _appData(appData), _channels(channels), _timers(timers), _source(source),
-      _timer(timers->createTimer())
+      _timer(timers->createTimer()),
+      _media(appData.webCache(), appData.memoThread(), appData.settings.dataDirectory() + "/Sponsorship")
 {
     _timer->setSingleShot(true);
-    connect(_timer, &Timer::timeout, this, [this] {
-        if (std::exchange(_isStillShown, false))
-            onSponsorshipStaticImageCompleted();
-        else
-            openPostSponsorshipChannel();
-    });
+    connect(_timer, &Timer::timeout, this, &SponsorshipSequence::onTimeout);
     connect(source, &SponsorshipSource::sponsorshipRequestCompleted, this,
             &SponsorshipSequence::onSponsorshipRequestCompleted);
     connect(&channels, &ChannelManager::channelClosed, this, &SponsorshipSequence::onChannelClosed);
@@ -42,12 +33,48 @@ SponsorshipSequence::SponsorshipSequence(AppData& appData, ChannelManager& chann
         if (_channel && _channel->desc.rootId() == description.rootId())
             _channel = nullptr;
     });
-    connect(appData.webCache(), &WebCache::updated, this, &SponsorshipSequence::onLogoUpdated);
+    connect(&_media, &SponsorshipMedia::prepared, this, &SponsorshipSequence::onMediaPrepared);
+    connect(&_media, &SponsorshipMedia::logoUpdated, this, &SponsorshipSequence::onLogoUpdated);
 }
 
 SponsorshipSequence::~SponsorshipSequence()
 {
     _timers->disposeTimer(_timer);
+}
+
+void SponsorshipSequence::wait(Wait what, qint64 ms)
+{
+    _wait = what;
+    if (what == Wait::None)
+        _timer->stop();
+    else
+        _timer->start(static_cast<int>(std::min<qint64>(ms, std::numeric_limits<int>::max())));
+}
+
+void SponsorshipSequence::onTimeout()
+{
+    Wait const over = std::exchange(_wait, Wait::None);
+    if (over == Wait::StillImage)
+        onSponsorshipStaticImageCompleted();
+    else if (over == Wait::Start)
+        giveUp();
+    else
+        openPostSponsorshipChannel();
+}
+
+/// Nobody waits for a pre-roll for ever.
+void SponsorshipSequence::giveUp()
+{
+    LOG_WARNING("No pre-roll has begun in %d ms", startTime);
+    if (std::exchange(_isRequested, false)) {
+        _source->cancelRequest();
+        _media.cancel();
+    } else if (_channel) {
+        _channel->disconnect(this);
+        _source->onPlaybackError();
+    }
+    emit sponsorshipCloseCompanionAds();
+    openPostSponsorshipChannel();
 }
 
 bool SponsorshipSequence::isPlaying() const
@@ -61,10 +88,14 @@ void SponsorshipSequence::setNextId(QString const& id)
         emit postSponsorshipChannelChanged(id);
 }
 
-void SponsorshipSequence::request(Channel* next, Channel const* previous, int previousSeconds)
+void SponsorshipSequence::request(Channel* next, QStringList const& beside, Channel const* previous,
+                                  int previousSeconds)
 {
+    cancel(); // Another choice, before the answer to the last one.
     setNextId(next->desc.rootId());
+    _beside = beside;
     _isRequested = true;
+    wait(Wait::Start, startTime);
     _source->requestSponsorship(next->desc.rootId(), _appData.loginManager()->user().nodeId(), previousSeconds,
                                 previous ? previous->desc.rootId() : QString(), _appData.settings.showVideoTips());
 }
@@ -75,8 +106,15 @@ void SponsorshipSequence::replaceNext(Channel* next)
         return;
     if (Channel* const before = _channels.getChannelByRootId(_nextId))
         before->close();
+    _beside.clear();
     setNextId(next->desc.rootId());
     bufferNext();
+}
+
+void SponsorshipSequence::addBeside(QString const& id)
+{
+    if (id != _nextId && !_beside.contains(id))
+        _beside.append(id);
 }
 
 void SponsorshipSequence::bufferNext()
@@ -87,12 +125,13 @@ void SponsorshipSequence::bufferNext()
 
 void SponsorshipSequence::cancel()
 {
-    _timer->stop();
-    _isStillShown = false;
+    wait(Wait::None, 0);
     if (std::exchange(_isRequested, false))
         _source->cancelRequest();
+    _media.cancel();
     if (Channel* const next = _channels.getChannelByRootId(_nextId); next && !_channels.isChannelOpen(next))
         next->close();
+    _beside.clear();
     setNextId({});
 }
 
@@ -103,33 +142,42 @@ void SponsorshipSequence::click()
 
 void SponsorshipSequence::onSponsorshipRequestCompleted(bool ok, SponsorshipResponse const& response)
 {
-    if (!std::exchange(_isRequested, false))
+    if (!_isRequested)
         return; // Not wanted any more.
     if (!ok || !OwnChannels::isAddress(response.url)) {
+        _isRequested = false;
+        wait(Wait::None, 0);
         LOG_INFO("Request for sponsorship failed");
         openPostSponsorshipChannel();
         return;
     }
     LOG_INFO("Request for sponsorship succeeded");
+    _media.prepare(response);
+}
+
+void SponsorshipSequence::onMediaPrepared(SponsorshipResponse const& response, QString const& address,
+                                          QImage const& logo)
+{
+    if (!std::exchange(_isRequested, false))
+        return;
     _response = response;
-    _channels.openChannel(createSponsorshipChannel(response), false, true);
+    _channels.openChannel(createSponsorshipChannel(address, logo), false, true);
     bufferNext();
     emit sponsorshipLoadCompanionAds(response);
 }
 
-Channel* SponsorshipSequence::createSponsorshipChannel(SponsorshipResponse const& response)
+Channel* SponsorshipSequence::createSponsorshipChannel(QString const& address, QImage const& logo)
 {
-    _appData.webCache()->ignore(std::exchange(_watched, {}));
-    QString const id = QStringLiteral("file_sponsorship_%1").arg(response.id);
+    QString const id = QStringLiteral("file_sponsorship_%1").arg(_response.id);
     ChannelDescription description;
     description.setId(id);
     description.setRootId(id);
     description.setChannelType(ChannelDescription::SponsorshipChannel);
-    description.setTitle(response.title);
-    description.setSummary(response.description);
-    description.setWebsite(response.websiteUrl);
-    description.setLogo(logo(response.logoUrl));
-    description.appendStreamDescription(OwnChannels::streamWithBothTracks(Uri(mediaAddress(response.url))));
+    description.setTitle(_response.title);
+    description.setSummary(_response.description);
+    description.setWebsite(_response.websiteUrl);
+    description.setLogo(logo);
+    description.appendStreamDescription(OwnChannels::streamWithBothTracks(Uri(address)));
     // There is one at most.
     if (_channel && _channel->desc.rootId() != id)
         _channels.removeUserChannel(_channel);
@@ -150,132 +198,34 @@ void SponsorshipSequence::connectPlayback()
     connect(_channel, &Channel::streamError, this, &SponsorshipSequence::onSponsorshipPlaybackError);
 }
 
-/// What is in the cache plays from a file of its own, since the cache may drop its copy at any time.
-QString SponsorshipSequence::mediaAddress(QString const& url)
-{
-    Uri const uri(url);
-    watch(url);
-    QString const name = QUrl(url).fileName();
-    QDir const directory(_appData.settings.dataDirectory() + "/Sponsorship");
-    if (name.isEmpty() || name.startsWith('.') || !_appData.webCache()->isAvailable(uri) || !directory.mkpath(".")) {
-        LOG_INFO("Opening sponsorship url %s", qUtf8Printable(url));
-        return url;
-    }
-    QString const path = directory.filePath(name);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(_appData.webCache()->content(uri)) <= 0 || !file.commit()) {
-        LOG_WARNING("%s: %s", qUtf8Printable(path), qUtf8Printable(file.errorString()));
-        return url;
-    }
-    LOG_INFO("Opening cached sponsorship file %s", qUtf8Printable(path));
-    return FileName::toAddress(path);
-}
-
-QImage SponsorshipSequence::logo(QString const& url)
-{
-    if (OwnChannels::isAddress(url)) {
-        watch(url);
-        if (QImage const cached = BoundedImage::decode(_appData.webCache()->content(Uri(url))); !cached.isNull()) {
-            LOG_INFO("Sponsorship logo has been cached for url %s", qUtf8Printable(url));
-            return cached;
-        }
-    }
-    LOG_INFO("Setting default sponsorship logo to default for url %s", qUtf8Printable(url));
-    return QImage(":/Resources/latte_en.png");
-}
-
-void SponsorshipSequence::watch(QString const& url)
-{
-    _appData.webCache()->watch(Uri(url));
-    _watched.insert(Uri(url));
-}
-
 void SponsorshipSequence::onChannelClosed(Channel* channel)
 {
     if (channel != _channel)
         return;
+    if (_wait != Wait::WantedChannel)
+        wait(Wait::None, 0);
+    if (std::exchange(_isStarted, false)) {
+        channel->disconnect(this);
+        _source->onPlaybackIncomplete();
+        emit sponsorshipCloseCompanionAds();
+    }
     // Later: whoever closes it still holds it.
     QMetaObject::invokeMethod(
         this,
         [this, channel] {
             if (channel == _channel && !_channels.isChannelOpen(channel))
                 _channels.removeUserChannel(channel);
+            if (!_nextId.isEmpty() && !_isRequested && !_channel)
+                openPostSponsorshipChannel(); // Closed before its end, and nothing was chosen instead.
         },
         Qt::QueuedConnection);
 }
 
-void SponsorshipSequence::onLogoUpdated(Uri const& uri)
+void SponsorshipSequence::onLogoUpdated(QImage const& logo)
 {
-    if (!_channel || uri.toString() != _response.logoUrl)
+    if (!_channel)
         return;
     ChannelDescription description = _channel->desc;
-    description.setLogo(logo(_response.logoUrl));
+    description.setLogo(logo);
     _channels.onChannelLogoUpdated(description);
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackStarted(Channel*, ChannelStream*)
-{
-    _msStarted = _appData.tickCounter()->msSinceEpoch();
-    _source->onPlaybackStarted();
-    emit sponsorshipDisplayCompanionAds();
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackTimeUpdated(Channel*, ChannelStream*, double seconds)
-{
-    _source->onPlaybackTimeUpdated(seconds);
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackCompleted(Channel*, ChannelStream*)
-{
-    qint64 const left = _msStarted + qint64{_response.duration} * 1000 - _appData.tickCounter()->msSinceEpoch();
-    if (_response.type == SponsorshipResponse::StaticImage && left > 0) {
-        _isStillShown = true;
-        _timer->start(static_cast<int>(left));
-        return;
-    }
-    _channel->disconnect(this);
-    _source->onPlaybackCompleted();
-    finish();
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackLooped(Channel* channel, ChannelStream* stream)
-{
-    onSponsorshipPlaybackCompleted(channel, stream);
-}
-
-void SponsorshipSequence::onSponsorshipPlaybackError(Channel*, ChannelStream*, QString const& text)
-{
-    if (text.isEmpty())
-        return;
-    _channel->disconnect(this);
-    _source->onPlaybackError();
-    finish();
-}
-
-void SponsorshipSequence::onSponsorshipStaticImageCompleted()
-{
-    _channel->disconnect(this);
-    if (_nextId.isEmpty()) {
-        _source->onPlaybackIncomplete();
-        return;
-    }
-    _source->onPlaybackCompleted();
-    finish();
-}
-
-void SponsorshipSequence::finish()
-{
-    emit sponsorshipCloseCompanionAds();
-    _timer->start(afterPlayback);
-}
-
-void SponsorshipSequence::openPostSponsorshipChannel()
-{
-    if (_nextId.isEmpty())
-        return;
-    QString const id = _nextId;
-    setNextId({}); // First: what opens next is no choice of what comes after a pre-roll.
-    Channel* const next = _channels.getChannelByRootId(id);
-    if (Channel* const wanted = next ? next : _channels.defaultChannel())
-        _channels.openChannel(wanted, false, true);
 }

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "SponsorshipMedia.h"
 #include "SponsorshipResponse.h"
-#include "Uri.h"
 
 #include <QImage>
 #include <QObject>
-#include <QSet>
 #include <QString>
+#include <QStringList>
 
 class AppData;
 class Channel;
@@ -25,6 +25,7 @@ class SponsorshipSequence : public QObject
 
 public:
     static constexpr int afterPlayback = 100; ///< ms, from the end of the pre-roll to the wanted channel.
+    static constexpr int startTime = 10000;   ///< ms, for the pre-roll to begin; the wanted channel comes then.
 
     /// All are borrowed.
     SponsorshipSequence(AppData& appData, ChannelManager& channels, TimerFactory* timers, SponsorshipSource* source,
@@ -38,8 +39,14 @@ public:
     /// What comes after the pre-roll; empty when there is none.
     QString postSponsorshipChannelId() const { return _nextId; }
 
-    /// Asks for a pre-roll before a channel; nothing else is open.
-    void request(Channel* next, Channel const* previous, int previousSeconds);
+    /// The others that are to be opened beside that.
+    QStringList beside() const { return _beside; }
+
+    /// Asks for a pre-roll before a channel, and those beside it; nothing else is open. `previous` played for so many
+    /// seconds, and may be null.
+    void request(Channel* next, QStringList const& beside, Channel const* previous, int previousSeconds);
+    /// While something is to come after one: another channel is to be opened beside that.
+    void addBeside(QString const& id);
     /// While one plays: another channel is to come after it.
     void replaceNext(Channel* next);
     /// There will be no pre-roll, and nothing after it.
@@ -62,14 +69,16 @@ public slots:
     void onSponsorshipPlaybackLooped(Channel* channel, ChannelStream* stream);
     void onSponsorshipPlaybackError(Channel* channel, ChannelStream* stream, QString const& text);
     void onSponsorshipStaticImageCompleted();
-    /// A logo has come into the cache.
-    void onLogoUpdated(Uri const& uri);
+    void onLogoUpdated(QImage const& logo);
 
 private:
-    Channel* createSponsorshipChannel(SponsorshipResponse const& response);
-    QString mediaAddress(QString const& url);
-    QImage logo(QString const& url);
-    void watch(QString const& url);
+    enum class Wait { None, Start, StillImage, WantedChannel }; ///< What the timer runs for.
+
+    void wait(Wait what, qint64 ms);
+    void onTimeout();
+    void giveUp();
+    void onMediaPrepared(SponsorshipResponse const& response, QString const& address, QImage const& logo);
+    Channel* createSponsorshipChannel(QString const& address, QImage const& logo);
     void onChannelClosed(Channel* channel);
     void connectPlayback();
     void setNextId(QString const& id);
@@ -82,12 +91,14 @@ private:
     ChannelManager& _channels;
     TimerFactory* const _timers;
     SponsorshipSource* const _source;
-    Timer* const _timer;        ///< Of the factory: to the wanted channel, or to the end of a still image.
-    bool _isStillShown = false; ///< What the timer runs for.
+    Timer* const _timer; ///< Of the factory.
+    Wait _wait = Wait::None;
     Channel* _channel = nullptr;
     SponsorshipResponse _response;
-    QSet<Uri> _watched; ///< For this response.
+    SponsorshipMedia _media;
     QString _nextId;
-    bool _isRequested = false;
-    qint64 _msStarted = 0; ///< On the application's clock.
+    QStringList _beside;
+    bool _isRequested = false; ///< Nothing plays yet: neither is it answered, nor its media there.
+    bool _isStarted = false;   ///< It plays, or is shown.
+    qint64 _msStarted = 0;     ///< On the application's clock.
 };

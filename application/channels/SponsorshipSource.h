@@ -13,8 +13,8 @@ class SponsorshipSource : public QObject
 public:
     using QObject::QObject;
 
-    /// Answered by sponsorshipRequestCompleted(), at once or later. The user is known by `nodeId`; `previousChannel`
-    /// played for `seconds`; `showTips` says whether the viewer wants advice.
+    /// Answered by sponsorshipRequestCompleted(), at once or later, also where one was cancelled before. The user is
+    /// known by `nodeId`; `previousChannel` played for `seconds`; `showTips` says whether the viewer wants advice.
     virtual void requestSponsorship(QString const& channelRootId, QString const& nodeId, int seconds,
                                     QString const& previousChannel, bool showTips) = 0;
     /// The answer to what was asked does not come any more.

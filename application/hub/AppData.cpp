@@ -8,7 +8,6 @@
 #include "Channel.h"
 #include "ChannelEvents.h"
 #include "ChannelManager.h"
-#include "CookieJar.h"
 #include "FileLatteClientFactory.h"
 #include "FileName.h"
 #include "Logger.h"
@@ -33,13 +32,8 @@
 #include "WebCache.h"
 
 #include <QAction>
-#include <QCursor>
 #include <QFile>
 #include <QFileInfo>
-#include <QImage>
-#include <QNetworkAccessManager>
-#include <QNetworkProxy>
-#include <QPixmap>
 
 #include <ctime>
 #include <stdexcept>
@@ -80,9 +74,8 @@ void AppData::initialize(QWidget* mainWidget)
     settings.initEncryption(_rsaProvider);
     settings.loadGlobalSettings();
     setProxy();
-    createCursors();
-    _networkAccessManager = new QNetworkAccessManager;
-    loadCookieJar();
+    _cursors = std::make_unique<ClickCursors>();
+    _webAccess.createManager();
     _memoThread = new ThreadedMemoQueue;
     _memoThread->start(QThread::InheritPriority);
     _memoThread->waitUntilReady();
@@ -122,14 +115,13 @@ void AppData::uninitialize()
     _signIn->save();
     destroy(_channelEvents);
     destroy(_signIn);
-    saveCookieJar();
-    _networkAccessManager->deleteLater();
-    _networkAccessManager = nullptr;
+    _webAccess.destroyManager();
     // Channels play on the device and are shown through the settings' actions: they close before either goes.
     _channelManager->closeAllChannels();
     settings.destroyActions();
     destroy(_audioDeviceWatch);
     _audioDevice->closeDevice();
+    _webCache->ignore(settings.entitlementsUrl());
     // Whoever posts goes before the messaging client, which still sends what they have posted.
     destroy(_channelManager);
     destroy(_loginManager);
@@ -152,9 +144,7 @@ void AppData::uninitialize()
     _memoThread->wait();
     destroy(_memoThread);
     destroy(_tickCounter);
-    destroy(_playCursor);
-    destroy(_openCursor);
-    destroy(_closeCursor);
+    _cursors.reset();
     videoPrograms.clearPostProcessingShaders();
     _initialized = false;
     LOG_INFO("Finished destroying application components");
@@ -166,6 +156,7 @@ void AppData::createWebCache()
     _webCache = new WebCache(_pipelinedFileDownloader, _randomGenerator, _memoThread, _tickCounter,
                              settings.cacheDirectory());
     _webCache->setLimit(settings.cacheLimit());
+    connect(_webCache, &WebCache::updated, this, &AppData::onWebCacheUpdate);
 }
 
 void AppData::createBiscotti()
@@ -179,46 +170,10 @@ void AppData::createBiscotti()
                                 CentralisedBiscottiMessageEncoding::Der, CentralisedBiscottiMessageDecoding::Ber);
 }
 
-void AppData::createCursors()
-{
-    auto const create = [](char const* name) {
-        QImage const image(QStringLiteral(":/Resources/%1.png").arg(name));
-        return new QCursor(QPixmap::fromImage(image), -1, -1);
-    };
-    _playCursor = create("PlayCursor");
-    _openCursor = create("OpenCursor");
-    _closeCursor = create("CloseCursor");
-}
-
 QString AppData::buildStyleSheet(bool skin)
 {
     QFile file(skin ? ":/Resources/stylesheet_skin.txt" : ":/Resources/stylesheet_normal.txt");
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-void AppData::setProxy()
-{
-    QNetworkProxy::setApplicationProxy(proxy());
-}
-
-QNetworkProxy AppData::proxy() const
-{
-    auto const type = static_cast<QNetworkProxy::ProxyType>(settings.proxyType());
-    return {type, settings.proxyHostName(), static_cast<quint16>(settings.proxyPort()), settings.proxyUser(),
-            settings.proxyPassword()};
-}
-
-void AppData::loadCookieJar()
-{
-    auto jar = std::make_unique<CookieJar>();
-    jar->load();
-    _networkAccessManager->setCookieJar(jar.release());
-}
-
-void AppData::saveCookieJar()
-{
-    if (auto const* const jar = qobject_cast<CookieJar*>(_networkAccessManager->cookieJar()))
-        jar->save();
 }
 
 void AppData::registerLatteSchemes()
@@ -239,8 +194,8 @@ void AppData::connectChannelManager()
     connect(_channelManager, &ChannelManager::channelsUpdated, this, &AppData::channelsUpdated);
     connect(_channelManager, &ChannelManager::channelError, this, &AppData::channelError);
     connect(_channelManager, &ChannelManager::channelStateChanged, this, &AppData::channelStateChanged);
-    connect(_channelManager, &ChannelManager::channelLogoUpdated, this, &AppData::channelLogoUpdated);
     using Manager = ChannelManager;
+    connect(_channelManager, &Manager::channelLogoUpdated, this, &AppData::channelLogoUpdated);
     connect(_channelManager, &Manager::postSponsorshipChannelChanged, this, &AppData::postSponsorshipChannelChanged);
     connect(_channelManager, &Manager::sponsorshipLoadCompanionAds, this, &AppData::sponsorshipLoadCompanionAds);
     connect(_channelManager, &Manager::sponsorshipDisplayCompanionAds, this,
@@ -284,10 +239,13 @@ void AppData::begin()
 
 void AppData::onSignedInChanged()
 {
-    if (_signIn->isSignedIn())
+    if (_signIn->isSignedIn()) {
         _webCache->start();
-    else
+        _webCache->watch(settings.entitlementsUrl()); // Nobody else is entitled, and the service is left alone.
+    } else {
+        _webCache->ignore(settings.entitlementsUrl());
         _webCache->stop();
+    }
 }
 
 void AppData::connectSettings()
@@ -298,19 +256,30 @@ void AppData::connectSettings()
     connect(&settings, &AppSettings::audioDeviceChanged, this, &AppData::onAudioDeviceChanged);
     connect(&settings, &AppSettings::useHardwareColourConversionChanged, this,
             &AppData::onUseHardwareColourConversionChanged);
+    connect(&settings, &AppSettings::enableAntialiasingChanged, this, &AppData::onEnableAntialiasingChanged);
 }
 
 void AppData::onAudioDeviceChanged()
 {
-    _channelManager->closeForLater();
-    AudioOutputChoice(settings, *_audioDevice).open();
-    _channelManager->openLastChannels();
+    _channelEvents->closeAround([this] { AudioOutputChoice(settings, *_audioDevice).open(); });
 }
 
 void AppData::onUseHardwareColourConversionChanged()
 {
-    _channelManager->closeAllChannels();
-    _channelManager->openLastChannels();
+    _channelEvents->closeAround([] {}); // It counts from the next opening on.
+}
+
+void AppData::onEnableAntialiasingChanged()
+{
+    _channelEvents->closeForNewSurface();
+    emit surfaceOutdated();
+}
+
+/// Who is entitled to what has changed: the service is asked again.
+void AppData::onWebCacheUpdate(Uri const& uri, bool hasChanged, QDateTime const&)
+{
+    if (hasChanged && uri == settings.entitlementsUrl())
+        _channelManager->refresh();
 }
 
 void AppData::onWindowVisibilityChanged(bool visible)

@@ -3,6 +3,7 @@
 #include "AppSettings.h"
 #include "BufferLatteVisualiser.h"
 #include "ChannelDescription.h"
+#include "ClickCursors.h"
 #include "Latte.h"
 #include "LatteVisualiserRegistry.h"
 #include "NativeRtspClientFactory.h"
@@ -14,9 +15,10 @@
 #include "TestEvent.h"
 #include "TokenStreamAddress.h"
 #include "VideoPrograms.h"
+#include "WebAccess.h"
 
+#include <QDateTime>
 #include <QList>
-#include <QNetworkProxy>
 #include <QObject>
 #include <QString>
 
@@ -35,7 +37,6 @@ class LoginManager;
 class MmsLatteClientFactory;
 class PersistentKeychain;
 class PipelinedFileDownloader;
-class QCursor;
 class QNetworkAccessManager;
 class QWidget;
 class RandomGenerator;
@@ -93,13 +94,13 @@ public:
     TickCounter* tickCounter() const { return _tickCounter; }
     RandomGenerator* randomGenerator() const { return _randomGenerator; }
     TimedHttpClientFactory* httpClientFactory() const { return _httpClientFactory; }
-    QNetworkAccessManager* networkAccessManager() const { return _networkAccessManager; }
+    QNetworkAccessManager* networkAccessManager() const { return _webAccess.manager(); }
     QWidget* mainWidget() const { return _mainWidget; }
 
     /// The pointers that say what a click on a channel does: replace what plays, add to it, close.
-    QCursor* playCursor() const { return _playCursor; }
-    QCursor* openCursor() const { return _openCursor; }
-    QCursor* closeCursor() const { return _closeCursor; }
+    QCursor* playCursor() const { return &_cursors->play; }
+    QCursor* openCursor() const { return &_cursors->open; }
+    QCursor* closeCursor() const { return &_cursors->close; }
 
     /// The look of the window with its frame, or without it as a skin; empty when the resource is missing.
     static QString buildStyleSheet(bool skin);
@@ -111,11 +112,11 @@ public:
     void emitDockIconClicked() { emit dockIconClicked(); }
 
     /// Makes the application's proxy as the settings say.
-    void setProxy();
+    void setProxy() { _webAccess.setProxy(); }
     /// The proxy of the settings.
-    QNetworkProxy proxy() const;
-    void loadCookieJar();
-    void saveCookieJar();
+    QNetworkProxy proxy() const { return _webAccess.proxy(); }
+    void loadCookieJar() { _webAccess.loadCookieJar(); }
+    void saveCookieJar() { _webAccess.saveCookieJar(); }
 
     /// The effects that pictures pass through while post-processing is on, in order.
     QList<GLMovieShader*> postProcessingShaders() const { return videoPrograms.postProcessingShaders(); }
@@ -153,6 +154,8 @@ signals:
     void systemSuspended();
     void systemResumed();
     void videoPostProcessingChanged();
+    /// The video surface is to be made anew; nothing plays until that is done.
+    void surfaceOutdated();
 
 public slots:
     /// A hidden window never plays: hiding closes all channels, showing opens them again.
@@ -160,9 +163,10 @@ public slots:
     void onSignedInChanged();
     void onAudioDeviceChanged();
     void onUseHardwareColourConversionChanged();
+    void onEnableAntialiasingChanged();
+    void onWebCacheUpdate(Uri const& uri, bool hasChanged, QDateTime const& date);
 
 private:
-    void createCursors();
     void registerLatteSchemes();
     void createBiscotti();
     void createWebCache();
@@ -173,10 +177,8 @@ private:
     static Logger* log;
 
     QWidget* _mainWidget = nullptr;
-    QCursor* _playCursor = nullptr;
-    QCursor* _openCursor = nullptr;
-    QCursor* _closeCursor = nullptr;
-    QNetworkAccessManager* _networkAccessManager = nullptr;
+    std::unique_ptr<ClickCursors> _cursors;
+    WebAccess _webAccess{settings};
     ThreadedMemoQueue* _memoThread = nullptr;
     TickCounter* _tickCounter = nullptr;
     RandomGenerator* _randomGenerator = nullptr;

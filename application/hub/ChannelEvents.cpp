@@ -12,6 +12,8 @@
 #include <QAction>
 #include <QApplication>
 
+#include <utility>
+
 Logger* ChannelEvents::log = LoggerManager::logger();
 
 ChannelEvents::ChannelEvents(AppData& appData, TimerFactory* timers, QObject* parent)
@@ -32,7 +34,26 @@ ChannelEvents::~ChannelEvents()
 void ChannelEvents::setSurfaceReady()
 {
     _isSurfaceReady = true;
-    openFirst();
+    if (std::exchange(_opensAgain, false) && _isVisible)
+        _appData.channelManager()->openLastChannels();
+    else
+        openFirst();
+}
+
+void ChannelEvents::closeForNewSurface()
+{
+    _opensAgain = _appData.channelManager()->isBusy();
+    _isSurfaceReady = false;
+    _appData.channelManager()->closeForLater();
+}
+
+void ChannelEvents::closeAround(std::function<void()> const& work)
+{
+    bool const opensAgain = _appData.channelManager()->isBusy() && _isVisible;
+    _appData.channelManager()->closeForLater();
+    work();
+    if (opensAgain)
+        _appData.channelManager()->openLastChannels();
 }
 
 void ChannelEvents::onChannelsUpdated()
@@ -71,6 +92,8 @@ void ChannelEvents::onWindowVisibilityChanged(bool visible)
         if (settings.testMode())
             settings.action(MenuAction::TestChannels)->trigger();
         _appData.channelManager()->closeForLater();
+    } else if (_appData.channelManager()->isUpdating()) {
+        LOG_DEBUG("Channels open when the directory is there");
     } else if (_hasOpenedFirst || !_appData.channelManager()->channelsLoaded()) {
         _appData.channelManager()->openLastChannels();
     } else {
@@ -114,7 +137,7 @@ void ChannelEvents::report(Channel const& channel)
 {
     TestEvent event = {channel.desc.rootId(), channel.desc.title(), channel.isPlaying() && !channel.hasError(), {}};
     if (!event.isPlaying)
-        event.error = channel.hasError() ? channel.error() : tr("The channel did not play in time.");
+        event.error = channel.hasError() ? channel.errorText() : tr("The channel did not play in time.");
     if (event.isPlaying)
         LOG_INFO("Test of channel %s: it plays", qUtf8Printable(event.title));
     else

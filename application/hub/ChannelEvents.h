@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class AppData;
 class Channel;
 class Logger;
@@ -21,8 +23,12 @@ public:
     ChannelEvents(AppData& appData, TimerFactory* timers, QObject* parent = nullptr);
     ~ChannelEvents() override;
 
-    /// Nothing opens by itself before there is a surface to draw on.
+    /// Nothing opens by itself before there is a surface to draw on. If it is made anew, what played comes back.
     void setSurfaceReady();
+    /// The surface goes, to be made anew: all channels close before that.
+    void closeForNewSurface();
+    /// Closes what plays or is about to, does something that it has to go for, and opens it again.
+    void closeAround(std::function<void()> const& work);
 
 signals:
     void channelTestEvent(TestEvent event);
@@ -47,5 +53,6 @@ private:
     Timer* const _testModeTimer; ///< Of the factory.
     bool _isSurfaceReady = false;
     bool _isVisible = true;
+    bool _opensAgain = false;     ///< With the new surface.
     bool _hasOpenedFirst = false; ///< Since the directory began to be followed.
 };

@@ -70,7 +70,7 @@ void SignIn::signUp(QWidget* widget)
     enableActions(true);
     if (!ok)
         return;
-    signOut(true);
+    signOut(true); // Who has been here until now.
     signIn(widget, false);
 }
 

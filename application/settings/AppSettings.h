@@ -55,6 +55,7 @@ public:
     QString channelsBaseUrl() const { return addresses().channels(); }
     QString streamsPath() const { return addresses().streams(); }
     QString stripesPath() const { return addresses().stripes(); }
+    Uri entitlementsUrl() const { return addresses().entitlements(); }
     Uri logUploadUrl() const { return addresses().logUpload(); }
     Uri streamsLoginUrl() const { return addresses().streamsLogin(); }
     Uri invitationsUrl() const { return addresses().invitations(); }

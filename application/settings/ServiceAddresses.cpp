@@ -18,8 +18,17 @@ bool ServiceAddresses::isUsable(Uri const& base)
     return url.isValid() && isWeb && !url.host().isEmpty() && !url.hasQuery() && !url.hasFragment();
 }
 
+Uri ServiceAddresses::ofVersion(char const* name) const
+{
+    return Uri(_base + "/client/desktop/" + QString(_version).replace('.', Deployment::versionSeparator) + name);
+}
+
 Uri ServiceAddresses::channelsDocument() const
 {
-    return Uri(_base + "/client/desktop/" + QString(_version).replace('.', Deployment::versionSeparator) +
-               "/channels.xml");
+    return ofVersion("/channels.xml");
+}
+
+Uri ServiceAddresses::entitlements() const
+{
+    return ofVersion("/entitlements.xml");
 }

@@ -17,6 +17,7 @@ public:
 
     Uri base() const { return Uri(_base); }
     Uri channelsDocument() const; ///< The directory of channels, as this version of the program reads it.
+    Uri entitlements() const;     ///< A document that changes with who is entitled to which channel.
     QString channels() const { return _base + "/channels/"; }
     QString streams() const { return _base + "/client/" + _version + "/streams/"; }
     QString stripes() const { return _base + "/client/" + _version + "/stripes/"; }
@@ -31,6 +32,7 @@ public:
     Uri feedback() const { return under("/feedback"); }
 
 private:
+    Uri ofVersion(char const* name) const;
     Uri under(char const* path) const { return Uri(_base + path); }
 
     QString _base; ///< Without a slash at its end.

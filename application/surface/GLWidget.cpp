@@ -9,11 +9,7 @@
 #include "LoggerManager.h"
 #include "PostProcessingEffects.h"
 
-#include <QContextMenuEvent>
 #include <QDateTime>
-#include <QDragEnterEvent>
-#include <QMimeData>
-#include <QMouseEvent>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QScreen>
@@ -48,7 +44,10 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
     _mouseHideTimer.setInterval(mouseHideTime);
     connect(&_mouseHideTimer, &QTimer::timeout, this, &GLWidget::onMouseHideTimer);
     connect(_appData.channelManager(), &ChannelManager::pictureUpdated, &_pacer, &PaintPacer::request);
+    connect(_appData.channelManager(), &ChannelManager::cursorChanged, this, &GLWidget::onCursorChanged);
     connect(&_appData.settings, &AppSettings::drawModeChanged, &_pacer, &PaintPacer::request);
+    connect(&_appData.settings, &AppSettings::perspectiveChanged, &_pacer, &PaintPacer::request);
+    connect(&_appData, &AppData::surfaceOutdated, this, &GLWidget::onSurfaceOutdated);
     connect(&_pacer, &PaintPacer::paint, this, &GLWidget::onRenderTimer);
     connect(&_screenshots, &ImageSaver::saved, this, &GLWidget::screenshotCompleted);
     connect(&_surface, &GLSurface::exposed, this, &GLWidget::onExposed);
@@ -58,12 +57,27 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
 
 GLWidget::~GLWidget()
 {
+    destroyPrograms();
+}
+
+void GLWidget::destroyPrograms()
+{
     _presenter.reset();
     if (_surface.makeCurrent()) {
         _appData.videoPrograms.clearPostProcessingShaders();
         _appData.videoPrograms.colourConversionShader().destroy();
         _surface.context()->doneCurrent();
     }
+}
+
+void GLWidget::onSurfaceOutdated()
+{
+    if (!_isInitialized)
+        return;
+    destroyPrograms();
+    _surface.renew(_appData.settings.enableAntialiasing());
+    _isInitialized = false;
+    _pacer.request();
 }
 
 bool GLWidget::hasOpenGL()
@@ -79,6 +93,8 @@ void GLWidget::initializeGL()
              qPrintable(GLExtension::vendor()));
     _appData.videoPrograms.createColourConversion();
     choosePresentation();
+    if (!_effects.isEmpty())
+        setEffects(_effects);
     emit initialized();
 }
 
@@ -139,7 +155,7 @@ bool GLWidget::presentPictures()
     if (!_presenter)
         return false;
     ChannelManager& channels = *_appData.channelManager();
-    if (channels.isPlain() &&
+    if (!_appData.settings.perspectiveMode() && channels.isPlain() &&
         _presenter->present(surfaceRect().size(), channels.plainPictures(surfaceRect(), drawMode())) !=
             GLMoviePresenter::Result::Impossible)
         return true;
@@ -153,7 +169,7 @@ void GLWidget::drawPictures()
     createViewport(surface.width(), surface.height());
     _surface.context()->functions()->glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
     _surface.context()->functions()->glClear(GL_COLOR_BUFFER_BIT);
-    renderVideoOrtho();
+    renderVideo();
     _surface.swapBuffers();
 }
 
@@ -162,9 +178,12 @@ GLMovieRenderer::DrawMode GLWidget::drawMode() const
     return static_cast<GLMovieRenderer::DrawMode>(_appData.settings.drawMode());
 }
 
-void GLWidget::renderVideoOrtho()
+void GLWidget::renderVideo()
 {
-    _appData.channelManager()->renderVideoOrtho(surfaceRect(), drawMode());
+    if (_appData.settings.perspectiveMode())
+        _appData.channelManager()->renderVideoPerspective(surfaceRect(), drawMode());
+    else
+        _appData.channelManager()->renderVideoOrtho(surfaceRect(), drawMode());
 }
 
 void GLWidget::createViewport(int width, int height)
@@ -203,7 +222,7 @@ QImage GLWidget::takeScreenshot()
     QImage image(surface.size(), QImage::Format_RGBX8888);
     createViewport(surface.width(), surface.height());
     _surface.context()->functions()->glClear(GL_COLOR_BUFFER_BIT);
-    renderVideoOrtho();
+    renderVideo();
     // Rows of this format are four bytes a pixel, so they need no padding.
     _surface.context()->functions()->glReadPixels(0, 0, image.width(), image.height(), GL_RGBA, GL_UNSIGNED_BYTE,
                                                   image.bits());
@@ -223,6 +242,7 @@ void GLWidget::onTakeScreenshot()
 
 void GLWidget::setEffects(QStringList const& names)
 {
+    _effects = names;
     if (!_surface.makeCurrent())
         return;
     _appData.videoPrograms.clearPostProcessingShaders();
@@ -237,64 +257,4 @@ double GLWidget::calculateZoom() const
     double const shown = static_cast<double>(channel->videoWindow().width()) / channel->movieSize().width();
     return *std::min_element(zoomFactors.cbegin(), zoomFactors.cend(),
                              [shown](double a, double b) { return std::abs(a - shown) < std::abs(b - shown); });
-}
-
-void GLWidget::resizeEvent(QResizeEvent*)
-{
-    _pacer.request();
-}
-
-void GLWidget::mousePressEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton)
-        _appData.channelManager()->videoMousePress(event->position() * devicePixelRatio(), event->modifiers());
-}
-
-void GLWidget::mouseMoveEvent(QMouseEvent* event)
-{
-    QPointF const point = event->position() * devicePixelRatio();
-    _appData.channelManager()->videoMouseMove(point);
-    setCursor(_appData.channelManager()->cursorAt(point, event->modifiers()));
-    if (_appData.settings.showFullScreen())
-        _mouseHideTimer.start();
-}
-
-void GLWidget::onMouseHideTimer()
-{
-    if (_appData.settings.showFullScreen())
-        setCursor(Qt::BlankCursor);
-}
-
-void GLWidget::onShowFullScreenChanged()
-{
-    unsetCursor();
-    if (_appData.settings.showFullScreen())
-        _mouseHideTimer.start();
-}
-
-void GLWidget::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton)
-        _appData.settings.setShowFullScreen(!_appData.settings.showFullScreen());
-}
-
-void GLWidget::contextMenuEvent(QContextMenuEvent* event)
-{
-    emit contextMenuRequested(event->globalPos());
-}
-
-void GLWidget::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (event->mimeData()->hasUrls())
-        event->acceptProposedAction();
-}
-
-void GLWidget::dropEvent(QDropEvent* event)
-{
-    QStringList names;
-    for (QUrl const& url : event->mimeData()->urls())
-        // A local name need not have characters; its address always has.
-        names.append(url.isLocalFile() ? QString::fromLatin1(url.toEncoded()) : url.toString());
-    emit filesDropped(names);
-    event->acceptProposedAction();
 }

@@ -59,6 +59,9 @@ signals:
 public slots:
     /// Paints, if anything of the surface can be seen.
     void onRenderTimer();
+    /// Begins anew with the antialiasing of the settings.
+    void onSurfaceOutdated();
+    void onCursorChanged(QCursor const& cursor);
     void onMouseHideTimer();
     void onShowFullScreenChanged();
     void onTakeScreenshot();
@@ -67,7 +70,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -75,13 +80,14 @@ protected:
 
 private:
     void initializeGL();
+    void destroyPrograms();
     void onWindowChanged(QWindow* window);
     void onExposed();
     void choosePresentation();
     void render();
     bool presentPictures();
     void drawPictures();
-    void renderVideoOrtho();
+    void renderVideo();
     GLMovieRenderer::DrawMode drawMode() const;
     void createViewport(int width, int height);
     void logVideoRectangle();
@@ -95,6 +101,7 @@ private:
     std::unique_ptr<GLMoviePresenter> _presenter; ///< Null where OpenGL draws everything.
     ImageSaver _screenshots;
     bool _isInitialized = false;
+    QStringList _effects;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;
 };

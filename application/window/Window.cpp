@@ -123,7 +123,7 @@ void Window::keyReleaseEvent(QKeyEvent* event)
         return;
     if (event->key() == Qt::Key_Escape && _appData.settings.showFullScreen())
         _appData.settings.action(MenuAction::FullScreen)->trigger();
-    else
+    else if (!_appData.channelManager()->videoKeyRelease(event))
         QWidget::keyReleaseEvent(event);
 }
 

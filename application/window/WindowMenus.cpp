@@ -68,6 +68,9 @@ void Window::createMenus()
     for (int const percent : zoomPercents)
         connect(zoomMenu->addAction(tr("%1 %").arg(percent)), &QAction::triggered, this,
                 [this, percent] { zoom(percent / 100.0); });
+    QAction* const perspective = view->addAction(tr("Perspective"));
+    perspective->setCheckable(true);
+    connect(perspective, &QAction::triggered, &_appData.settings, &AppSettings::setPerspectiveMode);
     createPostProcessingMenu(view->addMenu(tr("Effects")));
     QAction* const screenshot = view->addAction(tr("Take Screenshot"));
     screenshot->setShortcut(QKeySequence("Ctrl+Shift+S"));

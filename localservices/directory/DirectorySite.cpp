@@ -78,6 +78,10 @@ WebAnswer DirectorySite::page(WebRequest const& request)
     static QRegularExpression const document(QStringLiteral("^/client/desktop/[A-Za-z0-9_.]{1,32}/channels\\.xml$"));
     if (document.match(request.path).hasMatch())
         return channelDocument(request);
+    static QRegularExpression const entitled(
+        QStringLiteral("^/client/desktop/[A-Za-z0-9_.]{1,32}/entitlements\\.xml$"));
+    if (entitled.match(request.path).hasMatch())
+        return entitlements(request);
     if (request.path.startsWith(QLatin1String("/logos/")))
         return logo(request);
     if (request.path.startsWith(QLatin1String("/hls/")))
@@ -122,6 +126,15 @@ WebAnswer DirectorySite::channelDocument(WebRequest const& request)
             _documents.insert(key, made);
         }
         return made->bytes;
+    });
+}
+
+WebAnswer DirectorySite::entitlements(WebRequest const& request)
+{
+    qint64 const changed = _parts.directory.lastChanged();
+    return dated(request, "application/xml; charset=utf-8", changed, [changed] {
+        return QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<entitlements changed=\"" +
+                          QByteArray::number(changed) + "\"/>\n");
     });
 }
 

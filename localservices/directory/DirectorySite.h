@@ -37,6 +37,8 @@ public:
 private:
     WebAnswer page(WebRequest const& request);
     WebAnswer channelDocument(WebRequest const& request);
+    /// A document that is new whenever somebody may be entitled to something else.
+    WebAnswer entitlements(WebRequest const& request);
     WebAnswer logo(WebRequest const& request);
     WebAnswer channelsPage() const;
     WebAnswer moderators() const;

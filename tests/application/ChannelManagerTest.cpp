@@ -12,6 +12,7 @@
 #include "StreamToken.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -211,6 +212,19 @@ TEST_F(ChannelManagerTest, OneChoiceDuringTheFadeReplacesTheOtherAndTheFadeEndsI
     _timers.advance(1);
     EXPECT_EQ(opened(), "c* d");
 
+    manager().openChannel("a", false, true);
+    manager().openChannel("c", false, true);
+    _timers.advance(ChannelManager::fadeTime);
+    EXPECT_EQ(opened(), "c* d") << "the viewer has thought better of it";
+    manager().openChannel("a", false, true);
+    provided.removeFirst();
+    manager().refresh();
+    _timers.advance(ChannelManager::fadeTime);
+    EXPECT_EQ(opened(), "b*") << "gone: the default channel";
+    provide({"a", "b", "c", "d"});
+    manager().closeAllChannels();
+    openBeside({"c"});
+
     manager().openChannel("b", false, true);
     manager().closeForLater();
     _timers.advance(ChannelManager::fadeTime);
@@ -257,7 +271,13 @@ TEST_F(ChannelManagerTest, AClickDoesWhatItsPointerSays)
     EXPECT_FALSE(channel("a")->hasError());
 
     QSignalSpy exceeded(&manager(), &ChannelManager::multiviewLimitExceeded);
+    _appData.settings.setMultiviewChannelLimit(0);
+    manager().closeAllChannels();
+    openBeside({"a", "c"});
+    EXPECT_EQ(opened(), "a*") << "one channel always plays";
+    exceeded.clear();
     _appData.settings.setMultiviewChannelLimit(2);
+    openBeside({"c"});
     manager().performChannelClickAction("b", AddClickAction);
     EXPECT_EQ(exceeded.size(), 1);
     EXPECT_EQ(opened(), "a* c");
@@ -280,13 +300,16 @@ TEST_F(ChannelManagerTest, APreRollPlaysBeforeTheChannelThatWasChosenLast)
     manager().openChannel("b", true, true);
     _timers.advance(ChannelManager::fadeTime);
     EXPECT_EQ(_sponsorship.calls.last(), "request b after a");
+    manager().openChannel("a", false, false);
     answerSponsorship(true, SponsorshipResponse::StaticImage);
     QString const preRoll = "file_sponsorship_7";
+    ASSERT_TRUE(QTest::qWaitFor([this] { return manager().sponsorshipChannel(); })) << "its media come by a memo";
     EXPECT_EQ(opened(), preRoll + "*");
     EXPECT_EQ(manager().channelClickAction(preRoll, false), SponsorClickAction);
     manager().performChannelClickAction(preRoll, SponsorClickAction);
     EXPECT_EQ(_sponsorship.calls.last(), "click");
     manager().openChannel("c", true, true);
+    manager().openChannel("b", false, false);
     EXPECT_EQ(opened(), preRoll + "*") << "it goes on";
     EXPECT_EQ(manager().postSponsorshipChannelId(), "c");
     EXPECT_EQ(manager().lastChannelId(), "a") << "nobody chose it";
@@ -297,7 +320,7 @@ TEST_F(ChannelManagerTest, APreRollPlaysBeforeTheChannelThatWasChosenLast)
     EXPECT_EQ(_sponsorship.calls.last(), "started") << "a still image stays for its time";
     _timers.advance(1000 * 1000 + SponsorshipSequence::afterPlayback + ChannelManager::fadeTime);
     EXPECT_EQ(_sponsorship.calls.last(), "completed");
-    EXPECT_EQ(opened(), "c*");
+    EXPECT_EQ(opened(), "c* b") << "what was added meanwhile plays beside it";
     QCoreApplication::processEvents();
     EXPECT_FALSE(manager().sponsorshipChannel());
     EXPECT_FALSE(channel(preRoll));
@@ -308,6 +331,36 @@ TEST_F(ChannelManagerTest, APreRollPlaysBeforeTheChannelThatWasChosenLast)
     EXPECT_EQ(_sponsorship.calls.last(), "cancel");
     answerSponsorship(true);
     EXPECT_EQ(opened(), "") << "an answer that nobody waits for";
+
+    manager().openChannel("a", true, true);
+    manager().openChannel("b", false, true);
+    EXPECT_EQ(_sponsorship.calls.last(), "cancel") << "another choice, without one";
+    EXPECT_EQ(opened(), "b*");
+    manager().openChannel("c", true, true);
+    _timers.advance(ChannelManager::fadeTime);
+    answerSponsorship(true, SponsorshipResponse::StaticImage);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return manager().sponsorshipChannel(); }));
+    emit manager().sponsorshipChannel()->streamOpened(manager().sponsorshipChannel(), nullptr);
+    emit manager().sponsorshipChannel()->streamCompleted(manager().sponsorshipChannel(), nullptr);
+    manager().closeChannel(preRoll);
+    EXPECT_EQ(_sponsorship.calls.last(), "incomplete");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(opened(), "c*") << "closed before its end";
+
+    manager().openChannel("a", true, true);
+    _timers.advance(ChannelManager::fadeTime);
+    _timers.advance(SponsorshipSequence::startTime);
+    EXPECT_EQ(_sponsorship.calls.last(), "cancel");
+    EXPECT_EQ(opened(), "a*") << "nobody answers";
+    manager().openChannel("b", true, true);
+    _timers.advance(ChannelManager::fadeTime);
+    answerSponsorship(true, SponsorshipResponse::StaticImage);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return manager().sponsorshipChannel(); }));
+    emit manager().sponsorshipChannel()->streamOpened(manager().sponsorshipChannel(), nullptr);
+    emit manager().sponsorshipChannel()->streamCompleted(manager().sponsorshipChannel(), nullptr);
+    manager().openChannel("c", false, true);
+    _timers.advance(1000 * 1000 + ChannelManager::fadeTime);
+    EXPECT_EQ(opened(), "c*") << "something else was chosen";
 }
 
 TEST_F(ChannelManagerTest, AChannelTellsItsErrorAndKeepsStreamsThatStay)
@@ -319,6 +372,27 @@ TEST_F(ChannelManagerTest, AChannelTellsItsErrorAndKeepsStreamsThatStay)
     channel("a")->onStreamError(nullptr, "");
     EXPECT_EQ(errors[0][1], "Lost\nClick here to reconnect");
     EXPECT_EQ(errors[1][1], "");
+
+    Channel several(_appData, [] {
+        ChannelDescription description = described("several");
+        for (int i = 0; i < 3; ++i)
+            description.appendStreamDescription(StreamDescription(Uri(QString("nothing://a/%1").arg(i))));
+        return description;
+    }());
+    QList<ChannelStream*> streams;
+    QObject::connect(&several, &Channel::streamVolumeChanged, &several,
+                     [&](Channel*, ChannelStream* stream, double volume) {
+                         EXPECT_EQ(volume, streams.isEmpty() ? 0.5 : 0.0) << "one sound for all";
+                         streams.append(stream);
+                     });
+    several.setVolume(0.5);
+    ASSERT_EQ(streams.size(), 3);
+    several.open();
+    several.onStreamError(streams[0], "first");
+    several.onStreamError(streams[1], "second");
+    several.onStreamError(streams[1], "");
+    several.onStreamOpened(streams[1]);
+    EXPECT_EQ(several.errorText(), "first") << "which is still dead";
 
     Channel owner(_appData, described("x"));
     QSignalSpy closed(&owner, &Channel::streamClosing);
@@ -333,6 +407,50 @@ TEST_F(ChannelManagerTest, AChannelTellsItsErrorAndKeepsStreamsThatStay)
     EXPECT_EQ(closed.size(), 1) << "only the first is gone";
     owner.close();
     EXPECT_EQ(closed.size(), 3);
+}
+
+TEST_F(ChannelManagerTest, OnlyLocalFilesLoopAndAnAdvertisementNeverDoes)
+{
+    auto const ends = [this](char const* rootId) {
+        ChannelDescription description = described(rootId);
+        description.appendStreamDescription(StreamDescription(Uri("nothing://a/film")));
+        Channel channel(_appData, description);
+        QSignalSpy completed(&channel, &Channel::streamCompleted);
+        QSignalSpy needsLoop(&channel, &Channel::streamNeedsLoop);
+        ChannelStream* stream = nullptr;
+        QObject::connect(&channel, &Channel::streamMutedChanged, &channel,
+                         [&](Channel*, ChannelStream* each) { stream = each; });
+        channel.setMuted(true);
+        channel.open();
+        stream->onCompleted(nullptr);
+        return QString("%1 %2").arg(completed.size()).arg(needsLoop.size());
+    };
+    EXPECT_EQ(ends("file_1"), "0 1");
+    EXPECT_EQ(ends("file_sponsorship_1"), "1 0");
+    EXPECT_EQ(ends("latte_1"), "1 0");
+}
+
+TEST_F(ChannelManagerTest, AClickIsAPressAndAReleaseOnOneChannelOfTheWall)
+{
+    constexpr QSize surface(1600, 900);
+    ChannelGrid::Face const left = ChannelGrid::face(surface, 4, 0);
+    ChannelGrid::Face const right = ChannelGrid::face(surface, 4, 3);
+    EXPECT_DOUBLE_EQ(left.x, -right.x);
+    EXPECT_DOUBLE_EQ(left.degrees, -right.degrees);
+    EXPECT_LT(left.z, 0.0) << "into the screen";
+    EXPECT_EQ(ChannelGrid::face(surface, 1, 0).degrees, 0.0) << "one alone is flat";
+
+    provide({"a", "b"});
+    openBeside({"a", "b"});
+    manager().plainPictures(QRect(0, 0, 200, 100), GLMovieRenderer::TouchInside);
+    QPointF const onA(50, 50);
+    QPointF const onB(150, 50);
+    manager().videoMousePress(onA, {});
+    manager().videoMouseRelease(onB, {});
+    EXPECT_EQ(opened(), "a* b");
+    manager().videoMousePress(onB, {});
+    manager().videoMouseRelease(onB, {});
+    EXPECT_EQ(opened(), "a b*");
 }
 
 TEST_F(ChannelManagerTest, ASecureStreamOpensWithATokenOfItsNetworkAndAnotherAsItIs)

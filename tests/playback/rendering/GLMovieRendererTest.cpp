@@ -60,6 +60,7 @@ protected:
     QSignalSpy _keyFrames{&_renderer, &GLMovieRenderer::firstKeyFrameReceived};
     QSignalSpy _pictures{&_renderer, &GLMovieRenderer::pictureUpdated};
     QSignalSpy _errors{&_renderer, &GLMovieRenderer::error};
+    QSignalSpy _fadedIn{&_renderer, &GLMovieRenderer::fadeInCompleted};
     QSignalSpy _fadedOut{&_renderer, &GLMovieRenderer::fadeOutCompleted};
 };
 
@@ -112,7 +113,9 @@ TEST_F(GLMovieRendererTest, AFadeBeginsWithTheFirstPicture)
     EXPECT_TRUE(_renderer.isFading());
     EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), Qt::blue));
     _renderer.fadeOut(longFade, true, false);
+    EXPECT_TRUE(_fadedIn.isEmpty());
     _renderer.fadeIn(0, 0.5, false, true);
+    EXPECT_EQ(_fadedIn.count(), 1) << "For sound that the film does not have nobody waits";
     EXPECT_FALSE(_renderer.isFading()) << "A fade out ends with the next fade in";
     EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), scriptedColour));
     _renderer.setOpacity(0.5);
@@ -135,6 +138,7 @@ TEST_F(GLMovieRendererTest, AFadeBeginsWithTheFirstPicture)
     ASSERT_TRUE(QTest::qWaitFor([this] { return !_renderer.isFading(); }));
     EXPECT_TRUE(isNear(drawn().pixelColor(100, 50), scriptedColour));
     EXPECT_DOUBLE_EQ(_renderer.movie()->volume(), 0.5);
+    EXPECT_EQ(_fadedIn.count(), 2);
     EXPECT_EQ(_fadedOut.count(), 1);
 }
 
