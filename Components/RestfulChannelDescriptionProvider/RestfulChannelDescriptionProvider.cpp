@@ -2,6 +2,7 @@
 
 #include "BoundedImage.h"
 #include "DateTimeBuilder.h"
+#include "DeleteLaterMemo.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "MemoQueue.h"
@@ -144,7 +145,7 @@ void RestfulChannelDescriptionProvider::retire()
 {
     _webCache->disconnect(this);
     _queue->clear(this);
-    post([](RestfulChannelDescriptionProvider& provider) { provider.deleteLater(); });
+    _queue->handleNow(new DeleteLaterMemo(this));
 }
 
 void RestfulChannelDescriptionProvider::refresh()

@@ -222,8 +222,8 @@ TEST_F(RestfulProviderTest, ADocumentThatIsMissingIsFetchedOnRefreshAndOneThatIs
 
     int const readings = log.count("Parsing ");
     provider->refresh(); // It would be read once more.
-    QPointer<QObject> const retired = provider.release();
-    static_cast<ChannelDescriptionProvider*>(retired.data())->retire();
+    QPointer<ChannelDescriptionProvider> const retired = provider.release();
+    retired->retire();
     EXPECT_TRUE(retired);
     ASSERT_TRUE(processEventsUntil([&] { return !retired; }));
     EXPECT_EQ(log.count("Parsing "), readings);
