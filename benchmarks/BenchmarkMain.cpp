@@ -1,7 +1,12 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
+#ifdef OMBRAVISION_BENCHMARK_WIDGETS
+#include <QApplication>
+#include <QTemporaryDir>
+#else
 #include <QCoreApplication>
+#endif
 
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -56,7 +61,17 @@ int main(int argc, char** argv)
     // A benchmark is not the program: it leaves the user's log file alone.
     LoggerManager::logger()->setMethod(Logger::StandardError);
     LoggerManager::logger()->setLevel(Logger::Warning);
+#ifdef OMBRAVISION_BENCHMARK_WIDGETS
+    // With a home of its own, since the parts of the program keep settings and caches there; and without a display.
+    QTemporaryDir const home;
+    for (char const* const place : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"})
+        qputenv(place, home.path().toUtf8());
+    qputenv("ALSOFT_DRIVERS", "null");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+#else
     QCoreApplication application(argc, argv);
+#endif
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

@@ -12,6 +12,7 @@
 
 #include <QCryptographicHash>
 
+#include <algorithm>
 #include <utility>
 
 Logger* LoginManager::log = LoggerManager::logger();
@@ -55,6 +56,7 @@ void LoginManager::login(QString const& email, QString const& password, bool aut
 {
     if (_soapLogin->isWaitingForResponse())
         return;
+    _wasAnswered = false;
     _attempt = {email, password, nodeId(email, MachineIdGenerator::machineId()), automatic, false};
     _soapLogin->login({email, password, _attempt.nodeId, _appData.settings.version(), automatic});
     emit loginStarted();
@@ -130,7 +132,8 @@ void LoginManager::pushSettings(SoapLoginResponse const& response)
     settings.setBannerAdvertisingSizes(response.bannerSizes.split(',', Qt::SkipEmptyParts));
     settings.setChatAllowed(response.chatAllowed);
     settings.setSponsorshipEnabled(response.showSponsorship);
-    settings.setMultiviewChannelLimit(response.multiviewChannels);
+    // A service that says 0 means one.
+    settings.setMultiviewChannelLimit(response.multiviewChannels < 0 ? -1 : std::max(1, response.multiviewChannels));
     settings.setAllowChatRoomChange(response.chatTethering);
     settings.setAllowVideoPostProcessing(response.videoPostprocessing);
     settings.setBuyPremiumMessage(response.buyPremiumMessage);

@@ -34,6 +34,7 @@ void Channel::open()
 {
     if (_layout)
         return;
+    ++_openings;
     _openTime = QDateTime::currentSecsSinceEpoch();
     _errors.clear();
     createOverlay();
@@ -89,7 +90,10 @@ void Channel::reconnect()
 void Channel::fadeAndClose(int ms)
 {
     fadeOut(ms, true, true);
-    QTimer::singleShot(ms, this, &Channel::onCloseTimer);
+    QTimer::singleShot(ms, this, [this, opening = _openings] {
+        if (opening == _openings)
+            onCloseTimer(); // Else it has been opened anew meanwhile.
+    });
 }
 
 void Channel::onCloseTimer()

@@ -172,4 +172,5 @@ private:
     bool _isLogoChanged = false;                  ///< Since the texture was made.
     QHash<ChannelStream const*, QString> _errors; ///< What streams have told that have failed.
     qint64 _openTime = 0;
+    int _openings = 0; ///< So far.
 };

@@ -4,6 +4,7 @@
 
 #include <QIcon>
 #include <QPixmap>
+#include <QSignalBlocker>
 
 ChannelAction::ChannelAction(Channel* channel, QObject* parent) : QAction(parent), _channel(channel)
 {
@@ -14,6 +15,8 @@ ChannelAction::ChannelAction(Channel* channel, QObject* parent) : QAction(parent
 
 void ChannelAction::update()
 {
+    // Whoever shows it looks when it is shown; its group would look through thousands at each change.
+    QSignalBlocker const blocker(this);
     QString title = _channel->desc.title();
     setText(title.replace('&', "&&")); // As it stands: no letter of it is a shortcut.
     setIcon(QIcon(QPixmap::fromImage(_channel->desc.logo())));

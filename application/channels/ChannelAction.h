@@ -14,7 +14,7 @@ public:
     explicit ChannelAction(Channel* channel, QObject* parent = nullptr);
 
     Channel* channel() const { return _channel; }
-    /// Takes title and logo from the channel's description.
+    /// Takes title and logo from the channel's description. A menu that is open shows them the next time.
     void update();
 
 signals:

@@ -231,7 +231,8 @@ void ChannelStream::onDownloadProgress(qint64 received, qint64 total)
 
 void ChannelStream::onRecordChanged()
 {
-    if (!_dataSource || !_opened)
+    // Nobody wants to keep what comes before a channel.
+    if (!_dataSource || !_opened || _channel->desc.channelType() == ChannelDescription::SponsorshipChannel)
         return;
     if (!_appData.settings.record()) {
         _dataSource->stopRecording();

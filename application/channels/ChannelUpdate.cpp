@@ -49,6 +49,7 @@ void ChannelUpdate::begin(ChannelDescriptionProvider const& provider)
     cancel();
     _hasChanged = hasChanged;
     LOG_INFO("Channel update started");
+    _isRunning = true;
     for (long long i = 0; i < provider.numChannels(); ++i)
         _provided.append(provider.descriptionAt(i));
     run();
@@ -57,6 +58,7 @@ void ChannelUpdate::begin(ChannelDescriptionProvider const& provider)
 void ChannelUpdate::cancel()
 {
     ++_number;
+    _isRunning = false;
     _timer->stop();
     _provided.clear();
     _compared = 0;

@@ -32,7 +32,7 @@ public:
     /// Takes what the provider has now, in place of what an update under way still had to do.
     void begin(ChannelDescriptionProvider const& provider);
     void cancel();
-    bool isRunning() const { return !_provided.isEmpty(); }
+    bool isRunning() const { return _isRunning; }
 
 signals:
     /// The directory is as the provider is, and was not so before if it has changed.
@@ -59,6 +59,7 @@ private:
     QStringList _gone;
     QList<ChannelDescription> _modified;
     QList<ChannelDescription> _added;
+    bool _isRunning = false;
     bool _hasChanged = false; ///< By an update that was not completed, too.
     bool _isSorted = true;    ///< No title has changed, in an update that was not completed either.
     int _number = 0;          ///< Of the update; changes when it is cancelled, too.

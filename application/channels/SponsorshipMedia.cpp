@@ -52,6 +52,13 @@ void SponsorshipMedia::prepare(SponsorshipResponse const& response)
     _memos->handleNow(new Memo(this, [this, response, number = ++_number] { read(response, number); }));
 }
 
+void SponsorshipMedia::forget()
+{
+    cancel();
+    _logoUrl.clear();
+    _cache->ignore(std::exchange(_watched, {}));
+}
+
 void SponsorshipMedia::watch(QString const& url)
 {
     _cache->watch(Uri(url));
@@ -105,6 +112,9 @@ QString SponsorshipMedia::mediaAddress(QString const& url) const
         LOG_WARNING("%s: %s", qUtf8Printable(path), qUtf8Printable(file.errorString()));
         return url;
     }
+    for (QString const& other : directory.entryList(QDir::Files))
+        if (other != name)
+            QFile::remove(directory.filePath(other)); // Of the pre-rolls before.
     LOG_INFO("Opening cached sponsorship file %s", qUtf8Printable(path));
     return FileName::toAddress(path);
 }

@@ -27,6 +27,8 @@ public:
     void prepare(SponsorshipResponse const& response);
     /// prepared() does not follow any more.
     void cancel() { ++_number; }
+    /// The same, and nothing of it is watched any more.
+    void forget();
 
 signals:
     /// The address to play the film from, and the logo.

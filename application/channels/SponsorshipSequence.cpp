@@ -30,8 +30,11 @@ SponsorshipSequence::SponsorshipSequence(AppData& appData, ChannelManager& chann
             &SponsorshipSequence::onSponsorshipRequestCompleted);
     connect(&channels, &ChannelManager::channelClosed, this, &SponsorshipSequence::onChannelClosed);
     connect(&channels, &ChannelManager::channelRemoved, this, [this](ChannelDescription const& description) {
-        if (_channel && _channel->desc.rootId() == description.rootId())
-            _channel = nullptr;
+        if (!_channel || _channel->desc.rootId() != description.rootId())
+            return;
+        _channel = nullptr;
+        if (!_isRequested) // Otherwise that of the next one.
+            _media.forget();
     });
     connect(&_media, &SponsorshipMedia::prepared, this, &SponsorshipSequence::onMediaPrepared);
     connect(&_media, &SponsorshipMedia::logoUpdated, this, &SponsorshipSequence::onLogoUpdated);
@@ -158,10 +161,12 @@ void SponsorshipSequence::onSponsorshipRequestCompleted(bool ok, SponsorshipResp
 void SponsorshipSequence::onMediaPrepared(SponsorshipResponse const& response, QString const& address,
                                           QImage const& logo)
 {
-    if (!std::exchange(_isRequested, false))
+    if (!_isRequested)
         return;
     _response = response;
-    _channels.openChannel(createSponsorshipChannel(address, logo), false, true);
+    Channel* const channel = createSponsorshipChannel(address, logo);
+    _isRequested = false;
+    _channels.openChannel(channel, false, true);
     bufferNext();
     emit sponsorshipLoadCompanionAds(response);
 }

@@ -36,7 +36,6 @@
 #include <QFileInfo>
 
 #include <ctime>
-#include <stdexcept>
 
 Logger* AppData::log = LoggerManager::logger();
 

@@ -117,6 +117,7 @@ void SignIn::onAutoLoginCompleted(bool ok, QString const& text)
         enter(text);
         enableActions(true);
     } else if (_appData.settings.startupMode() && !_appData.loginManager()->wasAnswered()) {
+        // The network may not be up yet. What the service refuses it would refuse again.
         enableActions(true);
         _autoSignInTimer->start(autoSignInDelay);
     } else {

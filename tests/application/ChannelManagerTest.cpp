@@ -11,6 +11,7 @@
 #include "SponsorshipSource.h"
 #include "StreamToken.h"
 
+#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -407,6 +408,51 @@ TEST_F(ChannelManagerTest, AChannelTellsItsErrorAndKeepsStreamsThatStay)
     EXPECT_EQ(closed.size(), 1) << "only the first is gone";
     owner.close();
     EXPECT_EQ(closed.size(), 3);
+}
+
+TEST_F(ChannelManagerTest, AnUpdateOfThousandsIsTakenInSlicesAndAnotherReplacesItsRest)
+{
+    QStringList ids;
+    for (int i = 0; i < 3000; ++i)
+        ids.append(QString::number(i));
+    provide(ids);
+    provided.append(described("late"));
+    provided.removeFirst();
+    manager().refresh();
+    while (manager().isUpdating())
+        _timers.advance(1);
+    EXPECT_EQ(manager().channelCount(), 3000);
+    EXPECT_TRUE(channel("late"));
+    EXPECT_FALSE(channel("0"));
+    manager().unloadChannels();
+    EXPECT_EQ(manager().channelCount(), 0);
+}
+
+TEST_F(ChannelManagerTest, AChannelBehindAPreRollGoesWithItIfItIsNotShown)
+{
+    provide({"a", "b", "c", "d"});
+    provided[0].appendStreamDescription(StreamDescription(Uri("nothing://a/film")));
+    manager().refresh();
+    manager().openChannel("a", true, true);
+    answerSponsorship(true, SponsorshipResponse::StaticImage);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return manager().sponsorshipChannel(); }));
+    EXPECT_TRUE(channel("a")->isBuffering());
+    emit manager().sponsorshipChannel()->streamOpened(manager().sponsorshipChannel(), nullptr);
+    emit manager().sponsorshipChannel()->streamLooped(manager().sponsorshipChannel(), nullptr);
+    _timers.advance(1000 * 1000);
+    _timers.advance(SponsorshipSequence::afterPlayback);
+    manager().openChannel("b", false, true); // While the pre-roll fades to the other.
+    EXPECT_EQ(manager().channelClickAction("a", false), OpenClickAction);
+    _timers.advance(ChannelManager::fadeTime);
+    EXPECT_EQ(opened(), "b*");
+    EXPECT_FALSE(channel("a")->isBuffering());
+
+    QKeyEvent const next(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
+    _appData.settings.setSponsorshipEnabled(false);
+    manager().videoKeyPress(&next);
+    manager().videoKeyPress(&next);
+    _timers.advance(ChannelManager::fadeTime);
+    EXPECT_EQ(opened(), "d*") << "each press goes on by one";
 }
 
 TEST_F(ChannelManagerTest, OnlyLocalFilesLoopAndAnAdvertisementNeverDoes)
