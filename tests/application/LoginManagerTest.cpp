@@ -40,22 +40,15 @@ QByteArray loginAnswer(QByteArray const& value)
     return answerTo("LoginWithErrorHandling", value);
 }
 
-/// The open dialog of a kind, or null.
+/// The open dialog of a kind.
 template<typename Dialog>
-Dialog* find()
+Dialog* shown()
 {
     for (QWidget* const widget : QApplication::allWidgets())
         if (auto* const dialog = qobject_cast<Dialog*>(widget); dialog && dialog->isVisible())
             return dialog;
+    ADD_FAILURE() << "the dialog is not open";
     return nullptr;
-}
-
-template<typename Dialog>
-Dialog* shown()
-{
-    auto* const dialog = find<Dialog>();
-    EXPECT_TRUE(dialog) << "it is not open";
-    return dialog;
 }
 
 template<typename Child>
@@ -100,22 +93,6 @@ protected:
     void whenOpen(Action action)
     {
         QTimer::singleShot(0, &_context, action);
-    }
-
-    /// Likewise to one that opens some time later, and is to be closed.
-    template<typename Dialog, typename Action>
-    void onceOpen(Action action)
-    {
-        auto* const poll = new QTimer(&_context);
-        QObject::connect(poll, &QTimer::timeout, &_context, [poll, action] {
-            auto* const dialog = find<Dialog>();
-            if (!dialog)
-                return;
-            delete poll;
-            action(dialog);
-            dialog->close();
-        });
-        poll->start(1);
     }
 
     HttpTestServer _server;
@@ -203,58 +180,22 @@ TEST_F(LoginManagerTest, WhatTheServiceHasAnsweredIsToldAndNotTriedAgain)
     _server.answer(loginAnswer("<authenticated>true</authenticated><response_code>2</response_code>"
                                "<update_version>3.3</update_version>"));
     ASSERT_TRUE(processEventsUntil([&] { return !completed.isEmpty(); }));
-    onceOpen<LoginDialog>([](LoginDialog* dialog) {
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&poll] {
+        auto* const update = qobject_cast<UpdateDialog*>(QApplication::activeModalWidget());
+        if (!update)
+            return; // The dialog is above it, and it cannot be used.
+        poll.stop();
+        auto* const dialog = shown<LoginDialog>();
         EXPECT_EQ(messageOf(dialog), "You must install the critical update");
-        EXPECT_TRUE(processEventsUntil([] {
-            return qobject_cast<UpdateDialog*>(QApplication::activeModalWidget()) != nullptr;
-        })) << "it can be used";
-        if (auto* const update = shown<UpdateDialog>())
-            update->close();
+        update->close();
+        dialog->close();
     });
+    poll.start(1);
     timers.advance(SignIn::dialogDelay);
-    EXPECT_FALSE(find<LoginDialog>());
+    EXPECT_FALSE(poll.isActive());
     clock.advance(SignIn::autoSignInDelay);
     EXPECT_EQ(_server.connectionCount(), 1);
-}
-
-TEST_F(LoginManagerTest, APasswordThatCannotBeKeptIsTold)
-{
-    QFile::remove(_appData.settings.dataDirectory() + "/PrivateKey.pem");
-    QSignalSpy const told(&_appData.settings, &AppSettings::settingsFileFailed);
-    whenOpen([this] {
-        auto* const dialog = shown<LoginDialog>();
-        ASSERT_TRUE(dialog);
-        dialog->fill("ann@example.com", "secret");
-        dialog->setKeepSignedIn(true);
-        QTest::keyClick(dialog, Qt::Key_Return);
-        _server.answer(loginAnswer("<authenticated>true</authenticated>"));
-    });
-    EXPECT_TRUE(manager().loginWithGui(nullptr));
-    emit _appData.rsaProvider()->unavailable();
-    EXPECT_EQ(told.size(), 1);
-}
-
-TEST_F(LoginManagerTest, ANewAccountTakesThePlaceOfTheOneThatIsSignedIn)
-{
-    FakeTickCounter clock;
-    FakeTimerFactory timers(clock);
-    SignIn signIn(_appData, &timers);
-    _appData.settings.setDemoMode(true); // Nothing is asked of the directory.
-    signIn.onAutoLoginCompleted(true, "ann@example.com");
-    QString offered;
-    onceOpen<SignupDialog>([&](SignupDialog* dialog) {
-        for (char const* const field : {"email", "password", "repetition"})
-            in<QLineEdit>(dialog, field)->setText("bob@example.com");
-        QTest::keyClick(dialog, Qt::Key_Return);
-        onceOpen<LoginDialog>([&](LoginDialog* login) {
-            offered = login->email();
-            EXPECT_FALSE(signIn.isSignedIn());
-        });
-        _server.answer(answerTo("Register", "&lt;response/>"));
-        EXPECT_TRUE(processEventsUntil([&] { return !dialog->isBusy(); }));
-    });
-    signIn.signUp(nullptr);
-    EXPECT_EQ(offered, "bob@example.com");
 }
 
 TEST_F(LoginManagerTest, TheDialogTellsWhatIsWrongAndKeepsThePasswordEncipheredForTheNextStart)

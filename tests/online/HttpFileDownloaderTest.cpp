@@ -4,9 +4,6 @@
 #include "SignalRecorder.h"
 #include "WebFixture.h"
 
-#include <QSemaphore>
-#include <QThreadPool>
-
 namespace
 {
 
@@ -47,29 +44,6 @@ TEST_F(HttpFileDownloaderTest, TheFileTakesItsPlaceWhenItIsWhole)
     EXPECT_EQ(read(file("file")), "newest");
     EXPECT_EQ(progresses.count(), 2);
     EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files).size(), 1);
-}
-
-TEST_F(HttpFileDownloaderTest, CancelledAtTheLastMomentItLeavesTheOldFileAndItMayGoAtTheFirst)
-{
-    QThreadPool& pool = *QThreadPool::globalInstance();
-    QSemaphore isMoving; // What moves the file waits in the pool.
-    for (int i = 0; i < pool.maxThreadCount(); ++i)
-        pool.start([&] { isMoving.acquire(); });
-    write(file("file"), "old");
-    download.start();
-    client().respond(HttpResponseHeader(200));
-    client().receive("new");
-    client().finish();
-    download.cancel();
-    isMoving.release(pool.maxThreadCount());
-    pool.waitForDone();
-    EXPECT_EQ(read(file("file")), "old");
-    EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files).size(), 1);
-
-    auto* const brief = new HttpFileDownloader(&clients, Uri("https://host/"), file("file"));
-    QObject::connect(brief, &HttpFileDownloader::started, [brief] { delete brief; });
-    brief->start();
-    EXPECT_TRUE(clients.clients().isEmpty());
 }
 
 TEST_F(HttpFileDownloaderTest, WhatFailsLeavesTheOldFile)
