@@ -26,6 +26,10 @@ public:
     /// The list stays as it is from now on.
     virtual void stop() = 0;
 
+    /// Deletes this, which nobody owns but perhaps a parent, later: when nothing that it has begun on another thread
+    /// runs any more.
+    virtual void retire() { deleteLater(); }
+
 public slots:
     /// Reads the source again.
     virtual void refresh() = 0;

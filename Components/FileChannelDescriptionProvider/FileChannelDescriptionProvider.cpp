@@ -3,6 +3,7 @@
 #include "BoundedImage.h"
 #include "ChannelFileReader.h"
 #include "CheckFileMemo.h"
+#include "DeleteLaterMemo.h"
 #include "LoadLogosMemo.h"
 #include "Logger.h"
 #include "LoggerManager.h"
@@ -61,6 +62,13 @@ void FileChannelDescriptionProvider::start()
 {
     _isRunning = true;
     load();
+}
+
+/// A memo that decodes logos may be running.
+void FileChannelDescriptionProvider::retire()
+{
+    _queue->clear(this);
+    _queue->handleNow(new DeleteLaterMemo(this));
 }
 
 void FileChannelDescriptionProvider::refresh()

@@ -35,6 +35,7 @@ public:
     /// These two throw std::logic_error when the file cannot be opened or is no XML; the list stays as it is then.
     void start() override;
     void refresh() override;
+    void retire() override;
     void stop() override { _isRunning = false; }
 
     // What the memos do, on the queue's thread.

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFutureWatcher>
+#include <QPointer>
 #include <QPromise>
 #include <QThreadPool>
 
@@ -38,15 +39,17 @@ bool isRedirection(int status)
     return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
 
-/// Has the file written to the disk and given its name; what went wrong, in words. Waits for the disk.
-QString moveIntoPlace(QString const& from, QString const& to)
+/// Has the file written to the disk and given its name, unless it is dropped; what went wrong, in words. Waits for
+/// the disk.
+QString moveIntoPlace(QString const& from, QString const& to, std::atomic_bool const& isDropped)
 {
     int const descriptor = ::open(QFile::encodeName(from).constData(), O_RDONLY | O_CLOEXEC);
     bool const isWritten = descriptor >= 0 && ::fsync(descriptor) == 0;
     QString const fault = isWritten ? QString() : qt_error_string(errno);
     if (descriptor >= 0)
         ::close(descriptor);
-    if (isWritten && std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0)
+    if (isWritten && !isDropped &&
+        std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0)
         return {};
     QString const text = isWritten ? qt_error_string(errno) : fault;
     QFile::remove(from);
@@ -83,9 +86,10 @@ void HttpFileDownloader::start()
     _errorString.clear();
     _file.setFileName(temporaryPath());
     int const attempt = _attempt;
+    QPointer<HttpFileDownloader> const self = this;
     emit started(this);
-    if (!_isUnderWay || attempt != _attempt)
-        return; // Cancelled from there.
+    if (!self || !_isUnderWay || attempt != _attempt)
+        return; // Deleted or cancelled from there.
     if (!_file.open(QIODevice::WriteOnly))
         fail(_file.errorString());
     else if (!send(QUrl(_uri.toString())))
@@ -117,6 +121,8 @@ bool HttpFileDownloader::send(QUrl const& url)
 /// Gives back the client, and removes what has come.
 void HttpFileDownloader::release()
 {
+    if (_isDropped)
+        *_isDropped = true;
     if (HttpClient* const client = std::exchange(_client, nullptr)) {
         client->disconnect(this);
         client->abort();
@@ -200,6 +206,7 @@ void HttpFileDownloader::finish()
 {
     _file.close();
     release();
+    _isDropped = std::make_shared<std::atomic_bool>(false);
     auto const promise = std::make_shared<QPromise<QString>>();
     auto* const watcher = new QFutureWatcher<QString>(this);
     connect(watcher, &QFutureWatcher<QString>::finished, this, [this, watcher, attempt = _attempt] {
@@ -215,8 +222,8 @@ void HttpFileDownloader::finish()
     });
     promise->start();
     watcher->setFuture(promise->future());
-    QThreadPool::globalInstance()->start([promise, from = _file.fileName(), to = _path] {
-        promise->addResult(moveIntoPlace(from, to));
+    QThreadPool::globalInstance()->start([promise, isDropped = _isDropped, from = _file.fileName(), to = _path] {
+        promise->addResult(moveIntoPlace(from, to, *isDropped));
         promise->finish();
     });
 }

@@ -8,6 +8,9 @@
 #include <QString>
 #include <QUrl>
 
+#include <atomic>
+#include <memory>
+
 class HttpClient;
 class HttpClientFactory;
 class Logger;
@@ -78,6 +81,7 @@ private:
     HttpResponseHeader _header;
     QFile _file;
     bool _isUnderWay = false;
+    std::shared_ptr<std::atomic_bool> _isDropped; ///< Read by the thread that moves the file, at the last moment.
     int _attempt = 0; ///< Counts the starts, so that the end of an earlier one is not taken for that of the last.
     int _redirections = 0;
     qint64 _bytesDone = 0;

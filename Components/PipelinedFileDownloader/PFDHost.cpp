@@ -12,3 +12,15 @@ void PFDHost::queueObject(DownloadableObject const& object)
                                     [](DownloadableObject const& waiting) { return !waiting.isUrgent; });
     _queue.insert(place, object);
 }
+
+QSet<Uri> PFDHost::dropObjects(QSet<Uri> const& uris)
+{
+    QSet<Uri> dropped;
+    _queue.removeIf([&](DownloadableObject const& object) {
+        bool const isUnwanted = uris.contains(object.uri);
+        if (isUnwanted)
+            dropped.insert(object.uri);
+        return isUnwanted;
+    });
+    return dropped;
+}

@@ -3,6 +3,7 @@
 #include "DownloadableObject.h"
 
 #include <QList>
+#include <QSet>
 
 class PFDDownload;
 class QNetworkReply;
@@ -18,6 +19,9 @@ public:
 
     /// The next object; there must be one.
     DownloadableObject dequeueObject() { return _queue.takeFirst(); }
+
+    /// Takes the objects of these addresses away. Returns the addresses of those that were there.
+    QSet<Uri> dropObjects(QSet<Uri> const& uris);
 
     PFDDownload* current = nullptr; ///< What is being fetched; null when nothing is.
     qint64 msLastActive = 0;        ///< By the downloader's clock.

@@ -79,6 +79,14 @@ void PipelinedFileDownloader::queueObject(DownloadableObject const& object)
     doNext(host);
 }
 
+QSet<Uri> PipelinedFileDownloader::dropWaiting(QSet<Uri> const& uris)
+{
+    QSet<Uri> dropped;
+    for (PFDHost& host : network().hosts)
+        dropped.unite(host.dropObjects(uris));
+    return dropped;
+}
+
 void PipelinedFileDownloader::doNext(QString const& host)
 {
     LOG_DEBUG("Doing next download for host %s...", qPrintable(host));

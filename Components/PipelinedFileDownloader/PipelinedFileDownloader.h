@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QObject>
+#include <QSet>
 #include <QString>
 
 class Logger;
@@ -36,6 +37,10 @@ public:
     /// web server; otherwise one of the signals tells how it went. Any thread.
     bool downloadFile(Uri const& uri, QString const& destination, QDateTime const& lastModified,
                       bool isUrgent = false);
+
+    /// Forgets those of the addresses of which no object has been asked for yet, and returns them: no signal tells of
+    /// them. On the queue's thread.
+    QSet<Uri> dropWaiting(QSet<Uri> const& uris);
 
     // What the memos do, on the queue's thread.
     void queueObject(DownloadableObject const& object);

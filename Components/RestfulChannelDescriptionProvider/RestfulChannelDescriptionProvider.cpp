@@ -2,6 +2,7 @@
 
 #include "BoundedImage.h"
 #include "DateTimeBuilder.h"
+#include "DeleteLaterMemo.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "MemoQueue.h"
@@ -119,7 +120,7 @@ void RestfulChannelDescriptionProvider::start()
         LOG_INFO("%d channels loaded.", count);
         updated();
     }
-    _webCache->watch(_channelsUri, {&ChannelDocumentReader::faultOf, true});
+    watchDocument();
     for (Uri const& logo : logos)
         _webCache->watch(logo, {&BoundedImage::faultOf});
 }
@@ -139,9 +140,36 @@ void RestfulChannelDescriptionProvider::stop()
     _isRunning = false;
 }
 
+/// The destructor waits for a memo that runs, which may be reading a long document: it comes after the last of them.
+void RestfulChannelDescriptionProvider::retire()
+{
+    _webCache->disconnect(this);
+    _queue->clear(this);
+    _queue->handleNow(new DeleteLaterMemo(this));
+}
+
 void RestfulChannelDescriptionProvider::refresh()
 {
-    post([](RestfulChannelDescriptionProvider& provider) { provider.readCachedDocument(); });
+    post([](RestfulChannelDescriptionProvider& provider) {
+        if (provider._webCache->isAvailable(provider._channelsUri))
+            provider.readCachedDocument();
+        else
+            provider.later([&provider] { provider.fetchAnew(); });
+    });
+}
+
+/// The cache may be about to fetch the document after a long while.
+void RestfulChannelDescriptionProvider::fetchAnew()
+{
+    if (QMutexLocker const locker(&_mutex); !_isRunning)
+        return;
+    _webCache->ignore(_channelsUri);
+    watchDocument();
+}
+
+void RestfulChannelDescriptionProvider::watchDocument()
+{
+    _webCache->watch(_channelsUri, {&ChannelDocumentReader::faultOf, true});
 }
 
 void RestfulChannelDescriptionProvider::takeLogo(Uri const& logo, QImage const& image)

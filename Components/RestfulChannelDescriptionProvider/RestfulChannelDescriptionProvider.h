@@ -54,8 +54,9 @@ public:
 
     void start() override;
     void stop() override;
+    void retire() override;
 
-    /// Reads the document that is in the cache, if there is one, and asks again what is allowed.
+    /// Reads the document that is in the cache, and asks again what is allowed; without one it is fetched.
     void refresh() override;
 
     /// What the service told last.
@@ -110,6 +111,8 @@ private:
     bool isMissingLogo(Uri const& uri) const;
 
     // On this object's thread.
+    void watchDocument();
+    void fetchAnew();
     void onDirectoryTaken();
     void takeLogo(Uri const& logo, QImage const& image);
     void parseAllowedChannels();

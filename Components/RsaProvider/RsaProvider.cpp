@@ -47,6 +47,7 @@ void RsaProvider::onKeyMade(RsaKey const& key, QString const& complaint)
     }
     LOG_ERROR("Secrets cannot be stored: no key could be kept in %s: %s", qUtf8Printable(_keyFile),
               qUtf8Printable(complaint));
+    _isUnavailable = true;
     emit unavailable();
 }
 

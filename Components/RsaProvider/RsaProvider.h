@@ -29,6 +29,8 @@ public:
     /// Reads the key, or has one made. ready() or unavailable() follows unless isReady() holds already.
     void prepare();
     bool isReady() const { return !_key.isNull(); }
+    /// Whether unavailable() has been emitted.
+    bool isUnavailable() const { return _isUnavailable; }
 
     /// Empty as long as the key is being made, and for what is longer than 20,000 bytes.
     QByteArray encrypt(QByteArray const& plain) override;
@@ -50,6 +52,7 @@ private:
 
     QString const _keyFile;
     bool _isPrepared = false;
+    bool _isUnavailable = false;
     RsaKey _key;
     std::jthread _maker; ///< Stopped and waited for at the end; that takes as long as one number is tested.
 };

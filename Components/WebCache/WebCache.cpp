@@ -13,6 +13,7 @@
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -83,6 +84,8 @@ void WebCache::stop()
     LOG_INFO("Stopping WebCache...");
     QMutexLocker locker(&_mutex);
     _isStopped = true;
+    locker.unlock();
+    dropUnwantedSoon();
 }
 
 void WebCache::watch(Uri const& uri, WebCacheInterest const& interest)
@@ -104,18 +107,47 @@ void WebCache::watch(Uri const& uri, WebCacheInterest const& interest)
 
 void WebCache::ignore(Uri const& uri)
 {
-    LOG_DEBUG("Ignoring %s.", qPrintable(uri.toString()));
-    QMutexLocker locker(&_mutex);
-    bool const wasWatched = _entries.remove(uri);
-    locker.unlock();
-    if (wasWatched)
-        emit ignored(uri);
+    ignore(QSet<Uri>{uri});
 }
 
 void WebCache::ignore(QSet<Uri> const& uris)
 {
+    QList<Uri> ignoredUris;
+    QMutexLocker locker(&_mutex);
     for (Uri const& uri : uris)
-        ignore(uri);
+        if (_entries.remove(uri))
+            ignoredUris.append(uri);
+    locker.unlock();
+    for (Uri const& uri : std::as_const(ignoredUris)) {
+        LOG_DEBUG("Ignoring %s.", qPrintable(uri.toString()));
+        emit ignored(uri);
+    }
+    if (!ignoredUris.isEmpty())
+        dropUnwantedSoon();
+}
+
+void WebCache::dropUnwantedSoon()
+{
+    QMutexLocker locker(&_mutex);
+    if (_downloading.isEmpty() || std::exchange(_isDropPosted, true))
+        return;
+    locker.unlock();
+    _queue->handleNow(new WebCacheCallMemo(this, [](WebCache& cache) { cache.dropUnwanted(); }));
+}
+
+/// Of what was handed to the downloader only what it has begun is left to it.
+void WebCache::dropUnwanted()
+{
+    QMutexLocker locker(&_mutex);
+    _isDropPosted = false;
+    QSet<Uri> unwanted;
+    for (Uri const& uri : std::as_const(_downloading))
+        if (_isStopped || !_entries.contains(uri))
+            unwanted.insert(uri);
+    locker.unlock();
+    QSet<Uri> const dropped = _downloader->dropWaiting(unwanted);
+    locker.relock();
+    _downloading.subtract(dropped);
 }
 
 void WebCache::update(Uri const& uri)
@@ -198,6 +230,15 @@ void WebCache::scheduleUpdateWithinLimits(Uri const& uri, qint64 ms)
         LOG_DEBUG("In %dms, will refresh %s", static_cast<int>(limited), qPrintable(uri.toString()));
 }
 
+/// After a success.
+void WebCache::scheduleNext(Uri const& uri, qint64 maxAgeSeconds, bool isOverdue)
+{
+    if (isOverdue)
+        schedule(uri, 0);
+    else
+        scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
+}
+
 /// Of what is not here yet a viewer waits for.
 void WebCache::scheduleRetry(Uri const& uri, bool isNetworkAtFault)
 {
@@ -229,8 +270,12 @@ void WebCache::download(Uri const& uri)
 {
     QMutexLocker locker(&_mutex);
     auto const entry = _entries.find(uri);
-    if (entry == _entries.end() || _downloading.contains(uri))
+    if (entry == _entries.end())
         return;
+    if (_downloading.contains(uri)) {
+        entry->isOverdue = entry->isForced; // It may have been asked for before it changed.
+        return;
+    }
     _downloading.insert(uri);
     bool const isForced = std::exchange(entry->isForced, false);
     bool const isUrgent = entry->interest.isUrgent;
@@ -282,7 +327,7 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
     auto const entry = _entries.find(uri);
     bool const isWatched = entry != _entries.end();
     bool const isFirst = isWatched && !entry->isAvailable;
-    bool const isWantedAnew = isWatched && entry->isForced; // Asked for while it was fetched.
+    bool const isOverdue = isWatched && std::exchange(entry->isOverdue, false);
     if (isWatched) {
         entry->isSeen = entry->isAvailable = true;
         entry->updates = entry->failures = 0;
@@ -293,10 +338,7 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
         emit available(uri, lastUpdate);
     if (isWatched) {
         emit updated(uri, !isSame, lastUpdate);
-        if (isWantedAnew)
-            schedule(uri, 0);
-        else
-            scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
+        scheduleNext(uri, maxAgeSeconds, isOverdue);
     }
     keepWithinLimit(isSame ? 0 : bytes);
 }
@@ -338,9 +380,11 @@ void WebCache::onUnmodified(Uri const& uri, QDateTime const& lastModified, int m
     bool const isHere = _directory.isAvailable(uri);
     QMutexLocker locker(&_mutex);
     _downloading.remove(uri);
+    bool isOverdue = false;
     if (auto const entry = _entries.find(uri); entry != _entries.end()) {
         entry->failures = 0;
         entry->isAvailable = isHere;
+        isOverdue = std::exchange(entry->isOverdue, false);
     }
     locker.unlock();
     if (!isHere) {
@@ -348,7 +392,7 @@ void WebCache::onUnmodified(Uri const& uri, QDateTime const& lastModified, int m
         return;
     }
     touchUri(uri, lastModified.isValid() ? lastModified : _directory.lastUpdated(uri), maxAgeSeconds);
-    scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
+    scheduleNext(uri, maxAgeSeconds, isOverdue);
 }
 
 void WebCache::touchUri(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds)

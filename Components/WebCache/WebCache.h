@@ -54,14 +54,14 @@ public:
     /// Fetches all that is watched, within StartupPeriodMs.
     void start();
 
-    /// From now on nothing is fetched until start().
+    /// From now on nothing is fetched until start(), save what is on its way.
     void stop();
 
     /// Keeps the address fresh from now on; fetches it at once if there is no copy. Only content that passes the
     /// check becomes the copy.
     void watch(Uri const& uri, WebCacheInterest const& interest = {});
 
-    /// The copy stays.
+    /// The copy stays as it is: what is on its way for it is dropped.
     void ignore(Uri const& uri);
     void ignore(QSet<Uri> const& uris);
 
@@ -107,12 +107,15 @@ public slots:
 
 private:
     void followDownloader();
+    void dropUnwantedSoon();
+    void dropUnwanted();
     void lookAt(Uri const& uri);
     void download(Uri const& uri);
     bool accept(Uri const& uri, QString const& path);
     void touchUri(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds);
     bool schedule(Uri const& uri, qint64 ms);
     void scheduleUpdateWithinLimits(Uri const& uri, qint64 ms);
+    void scheduleNext(Uri const& uri, qint64 maxAgeSeconds, bool isOverdue);
     void scheduleRetry(Uri const& uri, bool isNetworkAtFault);
     void keepWithinLimit(qint64 bytesWritten);
 
@@ -130,6 +133,7 @@ private:
     QSet<Uri> _downloading;
     QList<Uri> _unseen; ///< Watched, and not yet looked for on the disk.
     bool _isStopped = false;
+    bool _isDropPosted = false;
 
     qint64 _bytes = -1; ///< Of all copies, about; -1 before they were counted. Of the queue's thread.
 };

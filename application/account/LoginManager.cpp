@@ -57,7 +57,6 @@ void LoginManager::login(QString const& email, QString const& password, bool aut
     if (_soapLogin->isWaitingForResponse())
         return;
     _wasAnswered = false;
-    _automaticFailure.clear();
     _attempt = {email, password, nodeId(email, MachineIdGenerator::machineId()), automatic, false};
     _soapLogin->login({email, password, _attempt.nodeId, _appData.settings.version(), automatic});
     emit loginStarted();
@@ -160,14 +159,33 @@ void LoginManager::remember()
         settings.remove(passwordKey);
         return;
     }
-    auto const store = [this, email = _attempt.email, password = _attempt.password] {
-        storePassword(email, password);
-    };
-    // The key may still be in the making.
-    if (RsaProvider* const rsaProvider = _appData.rsaProvider(); !rsaProvider->isReady())
-        connect(rsaProvider, &RsaProvider::ready, this, store, Qt::SingleShotConnection);
+    RsaProvider const& rsaProvider = *_appData.rsaProvider();
+    if (rsaProvider.isReady())
+        storePassword(_attempt.email, _attempt.password);
+    else if (rsaProvider.isUnavailable())
+        tellPasswordIsNotKept();
     else
-        store();
+        storeOnceThereIsAKey(_attempt.email, _attempt.password);
+}
+
+/// The key is in the making. Whatever comes of it, the password is forgotten then.
+void LoginManager::storeOnceThereIsAKey(QString const& email, QString const& password)
+{
+    auto* const wait = new QObject(this);
+    connect(_appData.rsaProvider(), &RsaProvider::ready, wait, [this, wait, email, password] {
+        wait->deleteLater();
+        storePassword(email, password);
+    });
+    connect(_appData.rsaProvider(), &RsaProvider::unavailable, wait, [this, wait] {
+        wait->deleteLater();
+        tellPasswordIsNotKept();
+    });
+}
+
+void LoginManager::tellPasswordIsNotKept()
+{
+    emit _appData.settings.settingsFileFailed(
+        tr("Your password could not be stored. You will be asked for it at the next start."));
 }
 
 void LoginManager::storePassword(QString const& email, QString const& password)
@@ -181,8 +199,6 @@ void LoginManager::storePassword(QString const& email, QString const& password)
 void LoginManager::onLoginCompleted(bool ok, QString const& text)
 {
     Attempt const attempt = std::exchange(_attempt, {});
-    if (attempt.isAutomatic && !ok)
-        _automaticFailure = text;
     if (attempt.isAutomatic)
         emit autoLoginCompleted(ok, text);
     else if (_loginDialog && ok)

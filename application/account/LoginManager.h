@@ -31,6 +31,9 @@ public:
     explicit LoginManager(AppData& appData, QObject* parent = nullptr);
     ~LoginManager() override;
 
+    /// Where the calls of an account go, as the settings say. The access manager is the application's.
+    SoapService service() const;
+
     /// Asks the service, unless it is being asked. `automatic` says that nobody has typed this just now.
     void login(QString const& email, QString const& password, bool automatic);
 
@@ -38,8 +41,12 @@ public:
     /// follows then.
     bool autoLogin();
 
-    /// Asks the viewer until they are signed in or have cancelled; true in the first case. Runs an event loop.
-    bool loginWithGui(QWidget* parent);
+    /// Whether the service has said itself how the last attempt ended; false where it was not reached.
+    bool wasAnswered() const { return _wasAnswered; }
+
+    /// Asks the viewer until they are signed in or have cancelled; true in the first case. The failure, if there is
+    /// one, is why it comes to this, in words. Runs an event loop.
+    bool loginWithGui(QWidget* parent, QString const& failure = {});
 
     /// Asks the service for an account, unless it is being asked.
     void signup(QString const& email, QString const& password, bool emailAllowed);
@@ -51,12 +58,6 @@ public:
     /// End what is under way, silently.
     void cancelLogin();
     void cancelSignup();
-
-    /// How the service is asked, here and by others.
-    SoapService service() const;
-
-    /// Whether the service has answered the last attempt, so that another one like it would end the same way.
-    bool wasAnswered() const { return _wasAnswered; }
 
     /// Who is signed in; the null user when nobody is.
     OmbravisionUser user() const { return _user; }
@@ -99,6 +100,9 @@ private:
     void pushSettings(SoapLoginResponse const& response);
     void fail(QString const& text);
     void remember();
+    void showUpdateAboveDialog();
+    void storeOnceThereIsAKey(QString const& email, QString const& password);
+    void tellPasswordIsNotKept();
     void storePassword(QString const& email, QString const& password);
     void submitLogin();
     void submitSignup();
@@ -110,7 +114,6 @@ private:
     SoapSignup* const _soapSignup;
     Attempt _attempt;
     bool _wasAnswered = false;
-    QString _automaticFailure; ///< For the dialog that comes after it.
     OmbravisionUser _user;
     QString _offeredVersion; ///< The update that the viewer has been told of.
     QPointer<LoginDialog> _loginDialog;

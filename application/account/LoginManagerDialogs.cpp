@@ -8,9 +8,9 @@
 #include "SignupDialog.h"
 #include "UpdateDialog.h"
 
-#include <utility>
+#include <QTimer>
 
-bool LoginManager::loginWithGui(QWidget* parent)
+bool LoginManager::loginWithGui(QWidget* parent, QString const& failure)
 {
     if (_loginDialog) {
         _loginDialog->activateWindow();
@@ -30,8 +30,10 @@ bool LoginManager::loginWithGui(QWidget* parent)
         if (signupWithGui(dialog) && dialog)
             dialog->fill(_newEmail, _newPassword);
     });
-    if (QString const failure = std::exchange(_automaticFailure, {}); !failure.isEmpty())
-        dialog->showError(failure); // Why it is asked at all.
+    if (!failure.isEmpty())
+        dialog->showError(failure);
+    if (_updateDialog)
+        QTimer::singleShot(0, this, &LoginManager::showUpdateAboveDialog); // Once this one is open.
     bool const isSignedIn = dialog->exec() == QDialog::Accepted;
     delete dialog.data();
     _newEmail.clear();
@@ -90,8 +92,19 @@ void LoginManager::onUpdateAvailable(SoapLoginResponse const& response)
         return;
     _offeredVersion = response.updateVersion;
     _updateDialog = new UpdateDialog(response, _appData.mainWidget());
-    // The dialog for signing in, which is modal, may stay open.
     if (_loginDialog)
-        _updateDialog->setWindowModality(Qt::ApplicationModal);
+        showUpdateAboveDialog();
+    else
+        _updateDialog->show();
+}
+
+/// The dialog for signing in is modal, and may stay open: only what is so as well, and came later, can be used.
+void LoginManager::showUpdateAboveDialog()
+{
+    if (!_updateDialog)
+        return;
+    _updateDialog->hide(); // Modality changes for a window that is hidden.
+    _updateDialog->setWindowModality(Qt::ApplicationModal);
     _updateDialog->show();
+    _updateDialog->raise();
 }

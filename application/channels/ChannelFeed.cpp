@@ -30,6 +30,7 @@ ChannelFeed::ChannelFeed(AppData& appData, TimerFactory* timers, ProviderFactory
 
 ChannelFeed::~ChannelFeed()
 {
+    blockSignals(true); // Whoever follows them is going as well.
     stopChecking();
     _timers->disposeTimer(_retryTimer);
 }
@@ -38,7 +39,7 @@ void ChannelFeed::startChecking()
 {
     if (_provider)
         return;
-    clearAllowedChannelsError();
+    clearErrors();
     _provider = createProvider();
     connect(_provider.get(), &ChannelDescriptionProvider::channelsUpdated, this, &ChannelFeed::channelsUpdated);
     connect(_provider.get(), &ChannelDescriptionProvider::channelLogoUpdated, this, &ChannelFeed::channelLogoUpdated);
@@ -96,16 +97,15 @@ std::unique_ptr<ChannelDescriptionProvider> ChannelFeed::createServiceProvider()
     connect(_gizmo.get(), &UserChannelGizmo::refreshUserChannels, provider.get(),
             [cache = _appData.webCache(), document = settings.channelsDocumentUri()] { cache->update(document); });
     connect(provider.get(), &Provider::allowedChannelsLoaded, this, &ChannelFeed::onAllowedChannelsLoaded);
-    // Queued: it may end the provider that tells it.
-    connect(provider.get(), &Provider::allowedChannelsError, this, &ChannelFeed::onAllowedChannelsError,
-            Qt::QueuedConnection);
+    connect(provider.get(), &Provider::allowedChannelsError, this, &ChannelFeed::onAllowedChannelsError);
     connect(provider.get(), &Provider::channelParsingError, this, &ChannelFeed::onChannelParsingError);
     return provider;
 }
 
 void ChannelFeed::stopChecking()
 {
-    _retryTimer->stop();
+    stopWaiting();
+    clearErrors();
     if (!_provider)
         return;
     _provider->blockSignals(true);
@@ -114,18 +114,27 @@ void ChannelFeed::stopChecking()
     // Later: a signal of its own may be what has led here. At the latest with this, as long as there is what it uses.
     ChannelDescriptionProvider* const provider = _provider.release();
     provider->setParent(this);
-    provider->deleteLater();
+    provider->retire();
     LOG_INFO("Stopped checking for channels");
 }
 
+/// What the provider has read stays with it; what went wrong stays told until that is over.
 void ChannelFeed::onStartChecking()
 {
-    startChecking();
+    stopWaiting();
+    refresh();
 }
 
-void ChannelFeed::clearAllowedChannelsError()
+void ChannelFeed::stopWaiting()
 {
-    if (std::exchange(_hasAllowedChannelsError, false))
+    _isWaiting = false;
+    _retryTimer->stop();
+}
+
+void ChannelFeed::clearErrors()
+{
+    bool const hadError = std::exchange(_hasError, false);
+    if (hadError)
         emit failed({});
 }
 
@@ -138,26 +147,23 @@ void ChannelFeed::onAllowedChannelsLoaded(QString const& ipAddress, QString cons
     _defaultChannelId = defaultId;
     LOG_INFO("Allowed channels were loaded ipAddress %s countryId %s confidenceFactor %s", qUtf8Printable(ipAddress),
              qUtf8Printable(countryId), qUtf8Printable(confidenceFactor));
-    bool const hadError = _hasAllowedChannelsError || _hasParsingError;
-    _hasAllowedChannelsError = false;
-    _hasParsingError = false;
-    if (hadError)
-        emit failed({});
+    stopWaiting();
+    clearErrors();
 }
 
 void ChannelFeed::onAllowedChannelsError(QString const& text)
 {
-    if (!_provider)
-        return; // Stopped meanwhile.
-    _hasAllowedChannelsError = true;
+    if (!_provider || _isWaiting)
+        return;
+    _isWaiting = true;
+    _hasError = true;
     emit failed(text + tr("\nRetrying..."));
-    stopChecking();
     _retryTimer->start(retryTime);
     LOG_INFO("Scheduling a retry for allowed channels in %d ms", retryTime);
 }
 
 void ChannelFeed::onChannelParsingError(QString const& text)
 {
-    _hasParsingError = true;
+    _hasError = true;
     emit failed(text);
 }

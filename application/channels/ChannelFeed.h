@@ -17,7 +17,7 @@ class TimerFactory;
 class UserChannelGizmo;
 
 /// Where the channels of the directory come from while they are checked: owns the provider, follows what the service
-/// says with it, and begins anew when there is no list at all. Main thread only.
+/// says with it, and asks again when there is no list at all. Main thread only.
 class ChannelFeed : public QObject
 {
     Q_OBJECT
@@ -66,7 +66,8 @@ private:
     std::unique_ptr<ChannelDescriptionProvider> createProvider();
     std::unique_ptr<ChannelDescriptionProvider> createServiceProvider();
     void start();
-    void clearAllowedChannelsError();
+    void stopWaiting();
+    void clearErrors();
 
     static Logger* log;
 
@@ -76,8 +77,8 @@ private:
     Timer* const _retryTimer; ///< Of the factory.
     std::unique_ptr<ChannelDescriptionProvider> _provider;
     std::unique_ptr<UserChannelGizmo> _gizmo;
-    bool _hasAllowedChannelsError = false; ///< Told, and not over; so is the next one.
-    bool _hasParsingError = false;
+    bool _hasError = false;  ///< Told, and not over.
+    bool _isWaiting = false; ///< For the time to ask again.
     QString _ipAddress;
     QString _countryId;
     QString _confidenceFactor;

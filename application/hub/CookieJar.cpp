@@ -15,6 +15,17 @@ void CookieJar::load()
     setAllCookies(QNetworkCookie::parseCookies(settingsFile().value(key).toByteArray()));
 }
 
+void CookieJar::removeCookiesOf(QString const& host)
+{
+    QList<QNetworkCookie> cookies = allCookies();
+    cookies.removeIf([&host](QNetworkCookie const& cookie) {
+        QString const domain = cookie.domain();
+        QString const name = domain.startsWith('.') ? domain.mid(1) : domain;
+        return host.compare(name, Qt::CaseInsensitive) == 0 || host.endsWith('.' + name, Qt::CaseInsensitive);
+    });
+    setAllCookies(cookies);
+}
+
 void CookieJar::save() const
 {
     QByteArray text;

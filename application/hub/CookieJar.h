@@ -13,6 +13,9 @@ public:
     /// Replaces the cookies by the stored ones.
     void load();
 
+    /// Forgets what a host has set, for itself or for all of its domain.
+    void removeCookiesOf(QString const& host);
+
     /// Stores all but session cookies.
     void save() const;
 };

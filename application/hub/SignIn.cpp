@@ -2,6 +2,7 @@
 
 #include "AppData.h"
 #include "ChannelManager.h"
+#include "CookieJar.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
@@ -10,6 +11,9 @@
 #include "TimerFactory.h"
 
 #include <QAction>
+#include <QNetworkAccessManager>
+
+#include <utility>
 
 Logger* SignIn::log = LoggerManager::logger();
 
@@ -41,17 +45,19 @@ void SignIn::signIn(QWidget* widget, bool automatic)
 {
     _autoSignInTimer->stop();
     _signInTimer->stop();
+    QString const failure = std::exchange(_failure, {});
     if (isSignedIn())
         return;
     enableActions(false);
     LoginManager& login = *_appData.loginManager();
     if (automatic && login.autoLogin())
         return;
-    bool const ok = login.loginWithGui(widget);
+    _isAsking = true;
+    bool const ok = login.loginWithGui(widget, failure);
+    _isAsking = false;
+    endSigningIn();
     if (ok)
         enter(login.user().email());
-    else
-        _isSigningIn = false;
     enableActions(true);
 }
 
@@ -78,7 +84,10 @@ void SignIn::signOut(bool notify)
     save();
     LOG_INFO("Signed out");
     _email.clear();
-    _appData.loginManager()->forgetUser();
+    LoginManager& login = *_appData.loginManager();
+    login.forgetUser();
+    if (auto* const jar = qobject_cast<CookieJar*>(_appData.networkAccessManager()->cookieJar()))
+        jar->removeCookiesOf(login.service().host); // Whoever comes next is somebody else.
     enableActions(true);
     if (notify)
         emit signedInChanged();
@@ -103,7 +112,7 @@ void SignIn::onLoginStarted()
 
 void SignIn::onAutoLoginCompleted(bool ok, QString const& text)
 {
-    _isSigningIn = false;
+    endSigningIn();
     if (ok) {
         enter(text);
         enableActions(true);
@@ -112,13 +121,19 @@ void SignIn::onAutoLoginCompleted(bool ok, QString const& text)
         enableActions(true);
         _autoSignInTimer->start(autoSignInDelay);
     } else {
+        _failure = text;
         _signInTimer->start(dialogDelay);
     }
 }
 
-void SignIn::enter(QString const& email)
+void SignIn::endSigningIn()
 {
     _isSigningIn = false;
+    emit signInEnded();
+}
+
+void SignIn::enter(QString const& email)
+{
     AppSettings& settings = _appData.settings;
     settings.saveGlobalSettings();
     settings.loadUserSettings(email);

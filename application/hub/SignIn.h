@@ -27,12 +27,16 @@ public:
     static QString lastUser();
 
     bool isSignedIn() const { return !_email.isEmpty(); }
+    /// The e-mail address of who is signed in.
+    QString email() const { return _email; }
     bool isSigningIn() const { return _isSigningIn; }
+    /// Whether a dialog asks the viewer, and tells how it goes.
+    bool isAsking() const { return _isAsking; }
 
     /// Without a dialog if `automatic`, and if the viewer has wanted that once; the dialogs' parent is `widget`. With
     /// one it runs an event loop.
     void signIn(QWidget* widget, bool automatic);
-    /// Makes an account, and then signs in with it.
+    /// Makes an account, and then signs in with it; who was signed in is not any more then.
     void signUp(QWidget* widget);
     void signOut(bool notify);
 
@@ -42,6 +46,8 @@ public:
 signals:
     void signedInChanged();
     void signInStarted();
+    /// It has ended, with somebody signed in or not.
+    void signInEnded();
 
 public slots:
     void onLoginStarted();
@@ -52,6 +58,7 @@ public slots:
 private:
     void enableActions(bool enabled);
     void enter(QString const& email);
+    void endSigningIn();
 
     static Logger* log;
 
@@ -59,6 +66,8 @@ private:
     TimerFactory* const _timers;
     Timer* const _autoSignInTimer; ///< Of the factory, as is the next one.
     Timer* const _signInTimer;
-    QString _email; ///< Of who is signed in.
+    QString _email;   ///< Of who is signed in.
+    QString _failure; ///< Of the automatic attempt, for the dialog that follows it.
     bool _isSigningIn = false;
+    bool _isAsking = false;
 };

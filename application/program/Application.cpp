@@ -48,7 +48,8 @@ void endAtOnce()
 
 } // namespace
 
-Application::Application(QString const& appId, int& argc, char** argv) : SingleApplication(appId, argc, argv)
+Application::Application(QString const& appId, int& argc, char** argv)
+    : SingleApplication(SingleInstance::idOfProfile(appId), argc, argv)
 {
     Q_INIT_RESOURCE(ombravision);
     setQuitOnLastWindowClosed(false);

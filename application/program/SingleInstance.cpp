@@ -3,10 +3,13 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
+#include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocalSocket>
+#include <QStandardPaths>
 #include <QStringDecoder>
 #include <QThread>
 #include <QTimer>
@@ -62,6 +65,15 @@ bool connectTo(QLocalSocket& socket, QString const& path, QDeadlineTimer const& 
 }
 
 } // namespace
+
+QString SingleInstance::idOfProfile(QString const& program)
+{
+    constexpr qsizetype digits = 12; // The path of a socket has 107 bytes at most.
+    QString const directory = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    QByteArray const name = QFile::encodeName(QDir::cleanPath(directory)); // It need not be there yet.
+    QByteArray const hash = QCryptographicHash::hash(name, QCryptographicHash::Sha256).toHex();
+    return program + '-' + QString::fromLatin1(hash.first(digits));
+}
 
 SingleInstance::SingleInstance(QString const& id, QObject* parent) : QObject(parent)
 {

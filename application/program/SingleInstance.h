@@ -27,6 +27,9 @@ class SingleInstance : public QObject
 public:
     static constexpr int maximumMessageBytes = 1 << 20;
 
+    /// The id of a program for a profile: for all that share a directory of settings, and for nobody else.
+    static QString idOfProfile(QString const& program);
+
     /// An instance of the program `id`, a name that can be part of a file name.
     explicit SingleInstance(QString const& id, QObject* parent = nullptr);
     ~SingleInstance() override;

@@ -108,7 +108,7 @@ void MenuActions::create()
     for (Spec const& spec : specs) {
         auto action = std::make_unique<QAction>(QCoreApplication::translate("MenuActions", spec.text));
         action->setCheckable(spec.kind == Kind::Toggle);
-        action->setAutoRepeat(spec.kind != Kind::Toggle); // A held key does not switch to and fro.
+        action->setAutoRepeat(false); // A held key acts once.
         if (spec.shortcut)
             action->setShortcut(QKeySequence(spec.shortcut));
         _actions[index(spec.action)] = std::move(action);

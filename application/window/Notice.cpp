@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace
 {
 constexpr int distance = 12; // Pixels between the notice and the edges of its place.
@@ -22,32 +24,34 @@ Notice::Notice(QWidget* parent, QWidget* place) : QLabel(parent), _place(place)
     hide();
     _timer.setSingleShot(true);
     _timer.setInterval(showTime);
-    connect(&_timer, &QTimer::timeout, this, &Notice::showKept);
+    connect(&_timer, &QTimer::timeout, this, &Notice::onPassed);
     _place->installEventFilter(this);
 }
 
 void Notice::tell(QString const& text)
 {
-    showText(text);
+    display(text);
     _timer.start();
 }
 
-void Notice::keep(QString const& text)
+void Notice::keep(Subject subject, QString const& text)
 {
-    _kept = text;
+    _lasting[static_cast<size_t>(subject)] = text;
     if (!_timer.isActive())
-        showKept();
+        onPassed();
 }
 
-void Notice::showKept()
+void Notice::onPassed()
 {
-    if (_kept.isEmpty())
+    _timer.stop();
+    auto const text = std::find_if(_lasting.cbegin(), _lasting.cend(), [](QString const& t) { return !t.isEmpty(); });
+    if (text == _lasting.cend())
         hide();
     else
-        showText(_kept);
+        display(*text);
 }
 
-void Notice::showText(QString const& text)
+void Notice::display(QString const& text)
 {
     setText(text);
     moveIntoPlace();

@@ -3,8 +3,10 @@
 #include <QLabel>
 #include <QTimer>
 
-/// A few words to the viewer over the lower edge of a widget, which go away by themselves or, where they tell of
-/// something that lasts, with that.
+#include <array>
+
+/// A few words to the viewer over the lower edge of a widget: passing ones, which go away by themselves, and lasting
+/// ones, which are there, under the passing ones, until they are taken back.
 ///
 /// A native window above those that it covers, since the picture is drawn past Qt. Main thread only.
 class Notice : public QLabel
@@ -17,20 +19,27 @@ public:
     /// Covers a part of `place`, which belongs to the same top-level window as the parent.
     Notice(QWidget* parent, QWidget* place);
 
+    /// What lasting words are about; the earlier one is shown first.
+    enum class Subject { SigningIn, Directory };
+
     /// Shows a text, taken as it is, in place of the last one.
     void tell(QString const& text);
-    /// Shows a text until an empty one takes it back; others may stand in its place meanwhile.
-    void keep(QString const& text);
+
+    /// Likewise, until the text of this subject is another one; an empty one takes it back.
+    void keep(Subject subject, QString const& text);
+
+public slots:
+    /// Passing words go.
+    void onPassed();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void showText(QString const& text);
-    void showKept();
+    void display(QString const& text);
     void moveIntoPlace();
 
     QWidget* const _place;
-    QString _kept; ///< Empty for none.
-    QTimer _timer;
+    QTimer _timer;                   ///< Runs while passing words are shown.
+    std::array<QString, 2> _lasting; ///< By subject.
 };

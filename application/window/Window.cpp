@@ -85,7 +85,7 @@ void Window::open(QStringList const& names)
     if (names.isEmpty())
         return;
     if (!_surfaceReady) {
-        _pendingNames += names;
+        _pendingNames += names; // The command line's may still wait.
         return;
     }
     _appData.openNames(names);

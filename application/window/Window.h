@@ -75,6 +75,9 @@ private slots:
     void onSpeed(QAction* action);
     /// What is wrong with the directory; a channel shows its own errors.
     void onChannelError(Channel* channel, QString const& text);
+    void onSignIn();
+    /// An attempt without a dialog has begun or ended.
+    void onSigningInChanged();
     /// A film that plays alone gets a window of its size, until the viewer has chosen one.
     void onStreamOpened();
 

@@ -7,9 +7,9 @@
 #include "ChannelEvents.h"
 #include "ChannelManager.h"
 #include "GLWidget.h"
-#include "LoginManager.h"
 #include "Notice.h"
 #include "PostProcessingEffects.h"
+#include "SignIn.h"
 #include "Window.h"
 #include "WindowManagerState.h"
 
@@ -163,7 +163,7 @@ void Window::connectActions()
     on(MenuAction::RunAtStartup, [this](bool checked) { _appData.settings.setRunAtStartup(checked); });
     on(MenuAction::VideoPostProcessing,
        [this](bool checked) { _appData.settings.setEnableVideoPostProcessing(checked); });
-    on(MenuAction::SignIn, [this] { _appData.signIn(this, !std::exchange(_hasBegun, true)); });
+    on(MenuAction::SignIn, &Window::onSignIn);
     on(MenuAction::SignOut, [this] { _appData.signOut(true); });
     on(MenuAction::CreateAccount, [this] { _appData.signUp(this); });
     on(MenuAction::TestChannels, [this](bool checked) { _appData.settings.setTestMode(checked); });
@@ -193,9 +193,9 @@ void Window::connectSignals()
     connect(&settings, &AppSettings::showMenuBarChanged, this,
             [this] { _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen()); });
     connect(&_appData, &AppData::channelChanged, this, &Window::updateTitle);
-    connect(&_appData, &AppData::channelsUpdated, this, &Window::updateTitle);
-    connect(&_appData, &AppData::signInStarted, this, [this] { _notice->keep(tr("Signing in ...")); });
-    connect(_appData.loginManager(), &LoginManager::loginCompleted, this, [this] { _notice->keep({}); });
+    connect(&_appData, &AppData::channelsUpdated, this, &Window::updateTitle); // It may have been renamed.
+    connect(&_appData, &AppData::signInStarted, this, &Window::onSigningInChanged);
+    connect(_appData.signIn(), &SignIn::signInEnded, this, &Window::onSigningInChanged);
     ChannelManager const* const channels = _appData.channelManager();
     connect(channels, &ChannelManager::streamOpened, this, &Window::onStreamOpened);
     connect(channels, &ChannelManager::streamOpened, this, &Window::updateSpeedMenu);
@@ -219,8 +219,25 @@ void Window::connectSignals()
 
 void Window::onChannelError(Channel* channel, QString const& text)
 {
-    if (!channel) // Which would say so itself.
-        _notice->keep(text);
+    if (channel)
+        return; // It says so itself.
+    _notice->keep(Notice::Subject::Directory, text);
+}
+
+void Window::onSignIn()
+{
+    SignIn const& signIn = *_appData.signIn();
+    if (signIn.isSignedIn())
+        _notice->tell(tr("You are signed in as %1.").arg(signIn.email()));
+    else
+        _appData.signIn(this, !std::exchange(_hasBegun, true));
+}
+
+void Window::onSigningInChanged()
+{
+    SignIn const& signIn = *_appData.signIn();
+    bool const isTold = signIn.isSigningIn() && !signIn.isAsking();
+    _notice->keep(Notice::Subject::SigningIn, isTold ? tr("Signing in ...") : QString());
 }
 
 void Window::onSpeed(QAction* action)

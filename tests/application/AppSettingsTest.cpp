@@ -353,13 +353,14 @@ TEST_F(AppSettingsTest, TheServiceIsWhereTheFileSaysIfThatCanBe)
     }
 }
 
-TEST_F(AppSettingsTest, EveryActionHasItsOwnShortcut)
+TEST_F(AppSettingsTest, EveryActionHasItsOwnShortcutAndIsNotRepeatedByAHeldKey)
 {
     QStringList seen;
     for (int i = 0; i < menuActionCount; ++i) {
         QAction const* const action = _settings.action(static_cast<MenuAction>(i));
         QString const shortcut = action->shortcut().toString();
         EXPECT_TRUE(shortcut.isEmpty() || !seen.contains(shortcut)) << qPrintable(action->text());
+        EXPECT_FALSE(action->autoRepeat());
         seen.append(shortcut);
     }
 }

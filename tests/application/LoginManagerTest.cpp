@@ -2,6 +2,8 @@
 
 #include "AppData.h"
 #include "EventLoop.h"
+#include "FakeTickCounter.h"
+#include "FakeTimerFactory.h"
 #include "HttpTestServer.h"
 #include "LogCapture.h"
 #include "LoginDialog.h"
@@ -165,6 +167,35 @@ TEST_F(LoginManagerTest, ACriticalUpdateRefusesTheSignInAndSaysWhereToGetIt)
     dialog->close();
     for (char const* const address : {"http://example.com/x", "file:///x", "https:x", "https://a@example.com", ""})
         EXPECT_FALSE(UpdateDialog::downloadUrl(address).isValid()) << address;
+}
+
+TEST_F(LoginManagerTest, WhatTheServiceHasAnsweredIsToldAndNotTriedAgain)
+{
+    FakeTickCounter clock;
+    FakeTimerFactory timers(clock);
+    SignIn signIn(_appData, &timers);
+    _appData.settings.setStartupMode(true);
+    QSignalSpy completed(&manager(), &LoginManager::autoLoginCompleted);
+    manager().login("ann", "secret", true);
+    _server.answer(loginAnswer("<authenticated>true</authenticated><response_code>2</response_code>"
+                               "<update_version>3.3</update_version>"));
+    ASSERT_TRUE(processEventsUntil([&] { return !completed.isEmpty(); }));
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&poll] {
+        auto* const update = qobject_cast<UpdateDialog*>(QApplication::activeModalWidget());
+        if (!update)
+            return; // The dialog is above it, and it cannot be used.
+        poll.stop();
+        auto* const dialog = shown<LoginDialog>();
+        EXPECT_EQ(messageOf(dialog), "You must install the critical update");
+        update->close();
+        dialog->close();
+    });
+    poll.start(1);
+    timers.advance(SignIn::dialogDelay);
+    EXPECT_FALSE(poll.isActive());
+    clock.advance(SignIn::autoSignInDelay);
+    EXPECT_EQ(_server.connectionCount(), 1);
 }
 
 TEST_F(LoginManagerTest, TheDialogTellsWhatIsWrongAndKeepsThePasswordEncipheredForTheNextStart)

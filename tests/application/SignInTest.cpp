@@ -3,13 +3,21 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "ChannelEvents.h"
+#include "ChannelFeed.h"
 #include "ChannelManager.h"
+#include "EventLoop.h"
 #include "FakeTickCounter.h"
 #include "FakeTimerFactory.h"
+#include "HttpTestServer.h"
+#include "LogCapture.h"
 #include "LoginManager.h"
+#include "Notice.h"
 #include "SettingsFile.h"
 
 #include <QAction>
+#include <QNetworkAccessManager>
+#include <QNetworkCookie>
+#include <QNetworkCookieJar>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -60,10 +68,12 @@ TEST_F(SignInTest, AnAutomaticFailureAsksByDialogOrAtSystemStartUpTriesAgainLate
                 all.append(timer->interval());
         return all;
     };
+    QSignalSpy const ended(&signIn, &SignIn::signInEnded);
     signIn.onLoginStarted();
     EXPECT_TRUE(signIn.isSigningIn());
     signIn.onAutoLoginCompleted(false, "away");
     EXPECT_FALSE(signIn.isSigningIn());
+    EXPECT_EQ(ended.size(), 1);
     EXPECT_EQ(waits(), QList<int>{SignIn::dialogDelay});
     for (FakeTimer* const timer : _timers.timers())
         timer->stop();
@@ -84,7 +94,12 @@ TEST_F(SignInTest, TheChannelsOfAnAccountAreFoundAgainAndGoWithIt)
         channels.addUserChannel(described(id));
     channels.openChannel("b", false, true);
     channels.openChannel("c", false, false);
+    QNetworkCookieJar& jar = *_appData.networkAccessManager()->cookieJar();
+    for (char const* const url : {"http://127.0.0.1/a", "http://elsewhere.example/"})
+        jar.setCookiesFromUrl({QNetworkCookie("session", "ann's")}, QUrl(url));
     _appData.signOut(true);
+    EXPECT_TRUE(jar.cookiesForUrl(QUrl("http://127.0.0.1/a")).isEmpty());
+    EXPECT_EQ(jar.cookiesForUrl(QUrl("http://elsewhere.example/")).size(), 1);
     EXPECT_EQ(channels.channelCount(), 0);
     EXPECT_FALSE(isEnabled(MenuAction::SignOut));
     EXPECT_EQ(changed.size(), 2);
@@ -97,6 +112,48 @@ TEST_F(SignInTest, TheChannelsOfAnAccountAreFoundAgainAndGoWithIt)
     signIn.onAutoLoginCompleted(true, "ann@example.com");
     EXPECT_EQ(channels.lastChannelIds(), (QStringList{"b", "c"}));
     EXPECT_EQ(channels.lastChannelId(), "b");
+}
+
+TEST_F(SignInTest, TheServiceIsAskedAsAtSignInAndTheDirectoryReadOnce)
+{
+    HttpTestServer server;
+    settingsFile().setValue("application/service/url", QString("http://0.0.0.0:%1").arg(server.port()));
+    settingsFile().setValue("application/service/allowPlainCredentials", true);
+    AppData elsewhere; // By its name, which is not that of this machine.
+    elsewhere.initialize(nullptr);
+    {
+        LogCapture const log;
+        ChannelFeed feed(elsewhere, &_timers, {});
+        QSignalSpy failed(&feed, &ChannelFeed::failed);
+        feed.startChecking();
+        QByteArray const xml = "<channels><channel><unique-short-name>a</unique-short-name></channel></channels>";
+        server.answer("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(xml.size()) + "\r\n\r\n" + xml);
+        for (int i = 1; i <= 2; ++i) {
+            ASSERT_TRUE(server.takeRequest().lines.value(0).startsWith("POST "));
+            server.send("HTTP/1.1 500 Oops\r\nContent-Length: 0\r\n\r\n");
+            ASSERT_TRUE(processEventsUntil([&] { return failed.size() == i; }));
+            _timers.advance(ChannelFeed::retryTime);
+        }
+        EXPECT_EQ(log.count("Inserted channel description"), 1);
+    }
+    elsewhere.uninitialize();
+}
+
+TEST_F(SignInTest, LastingWordsReturnAfterPassingOnesUntilTheyAreTakenBack)
+{
+    QWidget window;
+    Notice notice(&window, &window);
+    window.show();
+    notice.keep(Notice::Subject::Directory, "no network");
+    notice.tell("saved");
+    EXPECT_EQ(notice.text(), "saved");
+    notice.onPassed();
+    EXPECT_EQ(notice.text(), "no network");
+    notice.tell("saved");
+    notice.keep(Notice::Subject::Directory, {});
+    EXPECT_TRUE(notice.isVisible()) << "the passing ones go on";
+    notice.onPassed();
+    EXPECT_FALSE(notice.isVisible());
 }
 
 TEST_F(SignInTest, TestModeGoesFromChannelToChannelAndEndsWithTheWindow)
@@ -116,7 +173,7 @@ TEST_F(SignInTest, TestModeGoesFromChannelToChannelAndEndsWithTheWindow)
     auto const report = reports[0][0].value<TestEvent>();
     EXPECT_EQ(report.rootId, "a");
     EXPECT_FALSE(report.isPlaying);
-    EXPECT_TRUE(report.error.startsWith("no such stream"));
+    EXPECT_EQ(report.error, "no such stream");
     EXPECT_TRUE(channels.isBusy());
     events.onWindowVisibilityChanged(false);
     EXPECT_FALSE(_appData.settings.testMode());

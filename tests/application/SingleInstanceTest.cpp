@@ -121,6 +121,17 @@ TEST_F(SingleInstanceTest, ClientsThatBreakTheRulesAreCutOffAndSilentOnesHoldNob
     }));
 }
 
+TEST_F(SingleInstanceTest, EachProfileHasAFirstInstanceOfItsOwn)
+{
+    QByteArray const previous = qgetenv("XDG_CONFIG_HOME");
+    QString const mine = SingleInstance::idOfProfile(id);
+    qputenv("XDG_CONFIG_HOME", _directory.filePath("not/there").toUtf8());
+    QString const other = SingleInstance::idOfProfile(id);
+    previous.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", previous);
+    EXPECT_NE(mine, other);
+    EXPECT_EQ(mine, SingleInstance::idOfProfile(id));
+}
+
 TEST_F(SingleInstanceTest, WithoutARuntimeDirectoryItMakesOneThatNobodyElseCanEnter)
 {
     qunsetenv("XDG_RUNTIME_DIR");

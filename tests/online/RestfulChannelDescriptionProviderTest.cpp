@@ -8,6 +8,7 @@
 #include "WebFixture.h"
 
 #include <QBuffer>
+#include <QPointer>
 
 #include <gmock/gmock.h>
 
@@ -206,6 +207,26 @@ TEST_F(RestfulProviderTest, AServiceThatIsGoneIsTold)
     answer("503 Gone");
     ASSERT_TRUE(failures->wait());
     EXPECT_EQ(failures->first().first(), "Resource not available");
+}
+
+TEST_F(RestfulProviderTest, ADocumentThatIsMissingIsFetchedOnRefreshAndOneThatIsHereReadOnce)
+{
+    provider->start();
+    answer("503 Gone");
+    ASSERT_TRUE(failures->wait());
+    provider->refresh();
+    load(document({channel("a")}), {"a"});
+    provider->refresh();
+    allow({"a"});
+    EXPECT_EQ(log.count("Inserted channel description"), 1);
+
+    int const readings = log.count("Parsing ");
+    provider->refresh(); // It would be read once more.
+    QPointer<ChannelDescriptionProvider> const retired = provider.release();
+    retired->retire();
+    EXPECT_TRUE(retired);
+    ASSERT_TRUE(processEventsUntil([&] { return !retired; }));
+    EXPECT_EQ(log.count("Parsing "), readings);
 }
 
 TEST_F(RestfulProviderTest, StoppedItWaitsWithWhatComes)

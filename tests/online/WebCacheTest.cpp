@@ -164,6 +164,37 @@ TEST_F(WebCacheTest, FetchesNothingWhileStoppedOrIgnored)
     EXPECT_TRUE(!cache->isWatched(page) && cache->isAvailable(page));
 }
 
+TEST_F(WebCacheTest, WhatIsIgnoredOnItsWayCostsNothing)
+{
+    fetch(page, "good");
+    cache->watch(page, {&refuseBad});
+    cache->update(page);
+    server.takeRequest();
+    cache->watch(uri("other"));
+    ASSERT_TRUE(processEventsUntil([&] { return downloadCount() == 3; }));
+    processPendingEvents();
+    cache->ignore({page, uri("other")});
+    server.send("HTTP/1.1 200 OK\r\nContent-Length: 8\r\n\r\nbad page");
+    ASSERT_TRUE(processEventsUntil([&] { return log.count("*** Finishing with") == 2; }));
+    processPendingEvents();
+    EXPECT_EQ(cache->content(page), "good") << "nobody has checked the other one";
+    EXPECT_EQ(QDir(file("cache")).entryList(QDir::Files).size(), 2);
+    EXPECT_EQ(log.count("Creating new request"), 2) << "the other one still waited";
+    fetch(uri("other"), "two");
+}
+
+TEST_F(WebCacheTest, AnUpdateDuringADownloadFollowsIt)
+{
+    cache->watch(page);
+    server.takeRequest();
+    cache->update(page);
+    processPendingEvents();
+    server.send("HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\none");
+    answer("200 OK", {}, "two");
+    ASSERT_TRUE(updates->wait(2));
+    EXPECT_EQ(cache->content(page), "two");
+}
+
 TEST_F(WebCacheTest, WhatWasNotUsedForLongestGoes)
 {
     auto const isOld = [&](Uri const& uri, int days) {
@@ -207,17 +238,4 @@ TEST_F(WebCacheTest, MayBeDestroyedWhileItsThreadWorks)
     fetcher.reset();
     thread.exit();
     thread.wait();
-}
-
-TEST_F(WebCacheTest, WhatNobodyWatchesAnyMoreDoesNotTakeThePlaceOfTheCopy)
-{
-    fetch(page, "one");
-    cache->update(page);
-    advance(0);
-    server.takeRequest();
-    cache->ignore(page);
-    server.send("HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nbad");
-    ASSERT_TRUE(processEventsUntil([&] { return log.count("Downloaded http") == 2; }));
-    fetch(uri("other"), "two"); // After that.
-    EXPECT_EQ(cache->content(page), "one");
 }

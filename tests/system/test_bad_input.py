@@ -17,7 +17,7 @@ class BadInput(unittest.TestCase):
 
     def check(self, bad):
         """The program says something of `bad`, on the screen and in its log, and then plays another film."""
-        with Program(self.display) as program:
+        with Program(self.display, "-demo") as program:
             area = self.display.geometry(program.window)
             empty = self.display.screenshot(area)
             self.assertEqual(program.start_second("--", bad), 0)

@@ -124,7 +124,7 @@ class Desktop(unittest.TestCase):
             self.assertTrue(program.logged("The display is gone"))
 
     def test_screenshots_say_where_they_are(self):
-        with Program(self.display) as program:
+        with Program(self.display, "-demo") as program:
             directory = program.home / ".Ombravision/Screenshots"
             area = self.display.geometry(program.window)
             empty = self.display.screenshot(area)

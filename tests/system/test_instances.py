@@ -15,7 +15,7 @@ class Instances(unittest.TestCase):
         cls.display = cls.enterClassContext(VirtualDisplay())
 
     def test_a_second_start_raises_the_first_window_and_ends(self):
-        with Program(self.display) as program:
+        with Program(self.display, "-demo") as program:
             for hide in (self.display.minimise, self.display.close):
                 hide(program.window)
                 wait_for(lambda: not self.display.is_shown(program.window), 5, "the window to go away")
@@ -26,7 +26,7 @@ class Instances(unittest.TestCase):
 
     def test_a_second_start_hands_its_files_over(self):
         clip = clips.mp4()
-        with Program(self.display) as program:
+        with Program(self.display, "-demo") as program:
             self.assertEqual(program.start_second(clip), 0)
             program.wait_for_log(r"^Playing .*" + clip.name)
             self.assertIsNotNone(program.video_rectangle())

@@ -49,6 +49,7 @@ class Program:
         for key, value in settings.items():
             group, name = key.split("/")
             groups[group].append(f"{name}={value}\n")
+        (self.home / "Channels.xml").write_text("<channels/>")  # With -demo nobody is asked for an account.
         text = "".join(f"[{group}]\n{''.join(lines)}" for group, lines in groups.items())
         directory = self.home / ".config/Ombravision"
         directory.mkdir(parents=True)
