@@ -1,5 +1,6 @@
 #include "ChannelActions.h"
 
+#include "Channel.h"
 #include "ChannelAction.h"
 
 #include <QActionGroup>

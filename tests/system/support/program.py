@@ -105,6 +105,11 @@ class Program:
         if self.status != 0:
             raise AssertionError(f"the program ended with status {self.status}")
 
+    def again(self):
+        """Starts the program anew, after it has ended, with what it has kept."""
+        self.status = None
+        self.__enter__()
+
     def wait(self, seconds=10):
         """The status of a program that ends by itself."""
         self.status = self._process.wait(seconds)
