@@ -13,6 +13,7 @@
 
 #include <QKeyEvent>
 #include <QSignalSpy>
+#include <QTcpServer>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -73,6 +74,7 @@ protected:
     ChannelManagerTest()
     {
         settingsFile().clear();
+        EXPECT_TRUE(_silent.listen(QHostAddress::LocalHost));
         _appData.initialize(nullptr);
         ChannelManager::Parts parts;
         parts.timers = &_timers;
@@ -114,13 +116,14 @@ protected:
         response.id = 7;
         response.type = type;
         response.duration = 1000;
-        response.url = "nothing://ad/film"; // Fails to open, without a network.
+        response.url = QString("http://127.0.0.1:%1/film").arg(_silent.serverPort());
         emit _sponsorship.sponsorshipRequestCompleted(ok, response);
     }
 
     FakeTickCounter _clock;
     FakeTimerFactory _timers{_clock};
     FakeSponsorship _sponsorship;
+    QTcpServer _silent; ///< Where films are that neither begin nor fail.
     QList<ChannelDescription> provided;
     AppData _appData;
     std::unique_ptr<ChannelManager> _manager;
