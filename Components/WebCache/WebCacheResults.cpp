@@ -1,0 +1,139 @@
+// What the cache makes of a download that has ended. On the thread of its queue.
+
+#include "Logger.h"
+#include "WebCache.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMutexLocker>
+
+#include <utility>
+
+void WebCache::onError(Uri const& uri, QString const& text)
+{
+    LOG_WARNING("Error '%s' watching %s", qPrintable(text), qPrintable(uri.toString()));
+    bool const isNetworkAtFault = text.startsWith("Network error ");
+    QMutexLocker locker(&_mutex);
+    _downloading.remove(uri);
+    auto const entry = _entries.constFind(uri);
+    bool const isMissed = entry != _entries.cend() && !entry->isAvailable;
+    locker.unlock();
+    if (isMissed)
+        emit unavailable(uri,
+                         isNetworkAtFault ? NetworkErrors::CouldNotConnect : NetworkErrors::ResourceNotAvailable);
+    scheduleRetry(uri, isNetworkAtFault);
+}
+
+void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const& lastModified, int maxAgeSeconds)
+{
+    LOG_DEBUG("Downloaded %s to %s. Last modified %s. Max. age is %d seconds.", qPrintable(uri.toString()),
+              qPrintable(path), qPrintable(lastModified.toString(Qt::ISODate)), maxAgeSeconds);
+    if (!accept(uri, path))
+        return;
+    bool const isSame = _directory.hasContentOf(uri, path);
+    qint64 const bytes = QFileInfo(path).size();
+    if (isSame) {
+        LOG_DEBUG("Touching %s.", qPrintable(uri.toString()));
+        QFile::remove(path);
+    } else {
+        LOG_DEBUG("Updating %s.", qPrintable(uri.toString()));
+        if (!_directory.replaceData(uri, path)) {
+            onError(uri, QStringLiteral("Could not write the copy."));
+            return;
+        }
+    }
+    touchUri(uri, lastModified, maxAgeSeconds);
+    LOG_DEBUG("Cached %s", qPrintable(uri.toString()));
+    QMutexLocker locker(&_mutex);
+    _downloading.remove(uri);
+    auto const entry = _entries.find(uri);
+    bool const isWatched = entry != _entries.end();
+    bool const isFirst = isWatched && !entry->isAvailable;
+    bool const isOverdue = isWatched && std::exchange(entry->isOverdue, false);
+    if (isWatched) {
+        entry->isSeen = entry->isAvailable = true;
+        entry->updates = entry->failures = 0;
+    }
+    locker.unlock();
+    QDateTime const lastUpdate = _directory.lastUpdated(uri);
+    if (isFirst)
+        emit available(uri, lastUpdate);
+    if (isWatched) {
+        emit updated(uri, !isSame, lastUpdate);
+        scheduleNext(uri, maxAgeSeconds, isOverdue);
+    }
+    keepWithinLimit(isSame ? 0 : bytes);
+}
+
+/// Whether what was fetched passes its check; otherwise it goes, and the copy stays.
+bool WebCache::accept(Uri const& uri, QString const& path)
+{
+    QMutexLocker locker(&_mutex);
+    auto const entry = _entries.constFind(uri);
+    if (entry == _entries.cend()) { // Ignored meanwhile: nobody is left to say what it should be.
+        _downloading.remove(uri);
+        locker.unlock();
+        QFile::remove(path);
+        return false;
+    }
+    WebCacheInterest::Check const check = entry->interest.check;
+    locker.unlock();
+    if (!check)
+        return true;
+    QFile file(path);
+    QString const fault =
+        file.open(QIODevice::ReadOnly) ? check(file.readAll()) : QStringLiteral("it cannot be read");
+    if (fault.isEmpty())
+        return true;
+    LOG_WARNING("%s is not what it should be: %s", qPrintable(uri.toString()), qPrintable(fault));
+    file.remove();
+    locker.relock();
+    _downloading.remove(uri);
+    locker.unlock();
+    scheduleUpdateWithinLimits(uri, 0);
+    emit refused(uri, fault);
+    return false;
+}
+
+void WebCache::onUnmodified(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds)
+{
+    LOG_DEBUG("%s is unmodified. Last modified %s. Max. age is %d seconds.", qPrintable(uri.toString()),
+              qPrintable(lastModified.toString(Qt::ISODate)), maxAgeSeconds);
+    bool const isHere = _directory.isAvailable(uri);
+    QMutexLocker locker(&_mutex);
+    _downloading.remove(uri);
+    bool isOverdue = false;
+    if (auto const entry = _entries.find(uri); entry != _entries.end()) {
+        entry->failures = 0;
+        entry->isAvailable = isHere;
+        isOverdue = std::exchange(entry->isOverdue, false);
+    }
+    locker.unlock();
+    if (!isHere) {
+        update(uri); // It went while it was asked for.
+        return;
+    }
+    touchUri(uri, lastModified.isValid() ? lastModified : _directory.lastUpdated(uri), maxAgeSeconds);
+    scheduleNext(uri, maxAgeSeconds, isOverdue);
+}
+
+void WebCache::touchUri(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds)
+{
+    LOG_DEBUG("Updating info for %s", qPrintable(uri.toString()));
+    _directory.writeInfo(uri, lastModified, maxAgeSeconds);
+}
+
+/// Counts the files only when they may be over the limit, and then makes some room.
+void WebCache::keepWithinLimit(qint64 bytesWritten)
+{
+    constexpr qint64 shareToKeep = 9;
+    constexpr qint64 shares = 10;
+    qint64 const limit = _limit;
+    _bytes = _bytes < 0 ? _directory.size() : _bytes + bytesWritten;
+    if (_bytes <= limit)
+        return;
+    _bytes = _directory.trim(limit / shares * shareToKeep);
+    QMutexLocker locker(&_mutex);
+    for (WebCacheEntry& entry : _entries)
+        entry.isSeen = false; // The disk is asked again.
+}
