@@ -22,7 +22,7 @@ namespace
 {
 
 /// Without streams nothing reaches for a network or a card.
-ChannelDescription described(QString const& id, QString const& title = {})
+ChannelDescription channelOf(QString const& id, QString const& title = {})
 {
     ChannelDescription description;
     description.setId(id);
@@ -101,7 +101,7 @@ protected:
     {
         provided.clear();
         for (QString const& id : ids)
-            provided.append(described(id));
+            provided.append(channelOf(id));
         manager().startChecking();
         manager().refresh();
     }
@@ -139,7 +139,7 @@ TEST_F(ChannelManagerTest, TheDirectoryFollowsItsProviderAndDisturbsNothingThatS
     EXPECT_EQ(manager().nextChannel(channel("c")), channel("A"));
     EXPECT_EQ(manager().previousChannel(channel("A")), channel("c"));
     manager().addUserChannel([] {
-        ChannelDescription own = described("own");
+        ChannelDescription own = channelOf("own");
         own.setChannelType(ChannelDescription::UserStreamChannel);
         return own;
     }());
@@ -378,7 +378,7 @@ TEST_F(ChannelManagerTest, AChannelTellsItsErrorAndKeepsStreamsThatStay)
     EXPECT_EQ(errors[1][1], "");
 
     Channel several(_appData, [] {
-        ChannelDescription description = described("several");
+        ChannelDescription description = channelOf("several");
         for (int i = 0; i < 3; ++i)
             description.appendStreamDescription(StreamDescription(Uri(QString("nothing://a/%1").arg(i))));
         return description;
@@ -398,7 +398,7 @@ TEST_F(ChannelManagerTest, AChannelTellsItsErrorAndKeepsStreamsThatStay)
     several.onStreamOpened(streams[1]);
     EXPECT_EQ(several.errorText(), "first") << "which is still dead";
 
-    Channel owner(_appData, described("x"));
+    Channel owner(_appData, channelOf("x"));
     QSignalSpy closed(&owner, &Channel::streamClosing);
     owner.addStream(StreamDescription(Uri("nothing://a/1")));
     owner.addStream(StreamDescription(Uri("nothing://a/2")));
@@ -419,7 +419,7 @@ TEST_F(ChannelManagerTest, AnUpdateOfThousandsIsTakenInSlicesAndAnotherReplacesI
     for (int i = 0; i < 3000; ++i)
         ids.append(QString::number(i));
     provide(ids);
-    provided.append(described("late"));
+    provided.append(channelOf("late"));
     provided.removeFirst();
     manager().refresh();
     while (manager().isUpdating())
@@ -461,7 +461,7 @@ TEST_F(ChannelManagerTest, AChannelBehindAPreRollGoesWithItIfItIsNotShown)
 TEST_F(ChannelManagerTest, OnlyLocalFilesLoopAndAnAdvertisementNeverDoes)
 {
     auto const ends = [this](char const* rootId) {
-        ChannelDescription description = described(rootId);
+        ChannelDescription description = channelOf(rootId);
         description.appendStreamDescription(StreamDescription(Uri("nothing://a/film")));
         Channel channel(_appData, description);
         QSignalSpy completed(&channel, &Channel::streamCompleted);
