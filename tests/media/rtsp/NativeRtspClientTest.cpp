@@ -206,7 +206,7 @@ TEST_F(NativeRtspClientTest, RedirectionsWithoutEndAreNotFollowed)
 TEST_F(NativeRtspClientTest, LookUpsThatHangAreLeftBehindUpToABound)
 {
     NameLookup const lookUp;
-    connectTo("rtsp://slow.invalid/live", 10 - NativeRtspClient::grace);
+    connectTo("rtsp://slow.invalid/live", 300 - NativeRtspClient::grace);
     EXPECT_EQ(untilEnd(), NetworkErrors::CouldNotResolve);
     EXPECT_EQ(lookUp.waiting(), 1);
     connectTo(_server.address()); // Nothing stands in the way of the next.
