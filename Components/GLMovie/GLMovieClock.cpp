@@ -199,8 +199,8 @@ void GLMovieClock::followVideoLeap(double seconds, Due& due)
         if (!goesBySound())
             startAt(seconds + _video.shift);
     } else if (_isLive && !_video.end && own - now > jumpSeconds && goesBySound()) {
-        // A stream that is joined where it begins anew: the first picture comes from before that place, its sound from
-        // behind it.
+        // A stream that is joined where it begins anew: the first picture comes from before that place, its sound
+        // from behind it.
         moveTo(_video, seconds, now);
     } else if ((now - own > jumpSeconds || own - now > gap()) && soundHasLed) {
         moveTo(_video, seconds, sounds);
