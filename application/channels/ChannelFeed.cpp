@@ -74,9 +74,12 @@ std::unique_ptr<ChannelDescriptionProvider> ChannelFeed::createProvider()
     if (_factory)
         return _factory();
     AppSettings const& settings = _appData.settings;
-    if (settings.demoMode())
-        return std::make_unique<FileChannelDescriptionProvider>(_appData.memoThread(), settings.localChannelFile(),
-                                                                settings.logoDirectory(), fileCheckInterval);
+    if (settings.demoMode()) {
+        auto provider = std::make_unique<FileChannelDescriptionProvider>(
+            _appData.memoThread(), settings.localChannelFile(), settings.logoDirectory(), fileCheckInterval);
+        connect(provider.get(), &ChannelDescriptionProvider::channelsUpdated, this, &ChannelFeed::clearErrors);
+        return provider;
+    }
     return createServiceProvider();
 }
 

@@ -89,6 +89,7 @@ void ChannelManager::onUpdateCompleted(bool hasChanged)
 
 void ChannelManager::onChannelLogoUpdated(ChannelDescription const& description)
 {
+    _update.noteLogo(description);
     Channel* const channel = getChannelByRootId(description.rootId());
     if (!channel)
         return;

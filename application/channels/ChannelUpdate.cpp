@@ -67,6 +67,7 @@ void ChannelUpdate::cancel()
     _gone.clear();
     _modified.clear();
     _added.clear();
+    _logos.clear();
     _hasChanged = false;
 }
 
@@ -98,10 +99,10 @@ bool ChannelUpdate::step()
         if (Channel* const channel = _known.find(_gone.takeLast()))
             _channels.removeChannel(channel);
     } else if (!_modified.isEmpty()) {
-        modify(_modified.takeLast());
+        modify(withNewestLogo(_modified.takeLast()));
     } else if (!_added.isEmpty()) {
         if (ChannelDescription const description = _added.takeFirst(); !_known.find(description.rootId()))
-            _channels.addChannel(description);
+            _channels.addChannel(withNewestLogo(description));
     } else {
         return false;
     }
@@ -119,6 +120,19 @@ void ChannelUpdate::compare(ChannelDescription const& description)
         _added.append(description);
     else if (known->desc != description || hasOtherKeys(known->desc, description))
         _modified.append(description);
+}
+
+void ChannelUpdate::noteLogo(ChannelDescription const& description)
+{
+    if (_isRunning)
+        _logos.insert(description.rootId(), description.logo());
+}
+
+ChannelDescription ChannelUpdate::withNewestLogo(ChannelDescription description) const
+{
+    if (auto const logo = _logos.constFind(description.rootId()); logo != _logos.constEnd())
+        description.setLogo(*logo);
+    return description;
 }
 
 void ChannelUpdate::findGone()

@@ -2,6 +2,8 @@
 
 #include "ChannelDescription.h"
 
+#include <QHash>
+#include <QImage>
 #include <QList>
 #include <QObject>
 #include <QSet>
@@ -33,6 +35,8 @@ public:
     void begin(ChannelDescriptionProvider const& provider);
     void cancel();
     bool isRunning() const { return _isRunning; }
+    /// A logo that has come since begin(): what is still to be done has the one before.
+    void noteLogo(ChannelDescription const& description);
 
 signals:
     /// The directory is as the provider is, and was not so before if it has changed.
@@ -42,6 +46,7 @@ private:
     void run();
     bool step();
     void compare(ChannelDescription const& description);
+    ChannelDescription withNewestLogo(ChannelDescription description) const;
     void findGone();
     void modify(ChannelDescription const& description);
     void end();
@@ -59,6 +64,7 @@ private:
     QStringList _gone;
     QList<ChannelDescription> _modified;
     QList<ChannelDescription> _added;
+    QHash<QString, QImage> _logos; ///< By root id: those that have come meanwhile.
     bool _isRunning = false;
     bool _hasChanged = false; ///< By an update that was not completed, too.
     bool _isSorted = true;    ///< No title has changed, in an update that was not completed either.

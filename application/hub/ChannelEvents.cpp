@@ -92,7 +92,7 @@ void ChannelEvents::onWindowVisibilityChanged(bool visible)
         if (settings.testMode())
             settings.action(MenuAction::TestChannels)->trigger();
         _appData.channelManager()->closeForLater();
-    } else if (_appData.channelManager()->isUpdating()) {
+    } else if (_appData.channelManager()->isUpdating() && !_appData.channelManager()->channelsLoaded()) {
         LOG_DEBUG("Channels open when the directory is there");
     } else if (_hasOpenedFirst || !_appData.channelManager()->channelsLoaded()) {
         _appData.channelManager()->openLastChannels();

@@ -422,10 +422,14 @@ TEST_F(ChannelManagerTest, AnUpdateOfThousandsIsTakenInSlicesAndAnotherReplacesI
     provided.append(channelOf("late"));
     provided.removeFirst();
     manager().refresh();
+    ChannelDescription drawn = channelOf("late");
+    drawn.setLogo(QImage(2, 2, QImage::Format_RGB32));
+    manager().onChannelLogoUpdated(drawn);
     while (manager().isUpdating())
         _timers.advance(1);
     EXPECT_EQ(manager().channelCount(), 3000);
-    EXPECT_TRUE(channel("late"));
+    ASSERT_TRUE(channel("late"));
+    EXPECT_EQ(channel("late")->desc.logo().width(), 2) << "it came between two slices";
     EXPECT_FALSE(channel("0"));
     manager().unloadChannels();
     EXPECT_EQ(manager().channelCount(), 0);
