@@ -195,7 +195,8 @@ void GLMovieClock::followVideoLeap(double seconds, Due& due)
     if (_video.end && *_video.end - own > jumpSeconds) {
         due.jumped = true;
         _video.first = seconds;
-        moveTo(_video, seconds, soundIsNear ? sounds : *_video.end + _videoStep);
+        bool const hasLed = *_video.end - now > jumpSeconds; // It comes back to the sound.
+        moveTo(_video, seconds, soundHasLed || (soundIsNear && hasLed) ? sounds : *_video.end + _videoStep);
         if (!goesBySound())
             startAt(seconds + _video.shift);
     } else if (_isLive && !_video.end && own - now > jumpSeconds && goesBySound()) {

@@ -118,6 +118,12 @@ void TcpMmsClient::readingHeader()
     startReadTimer();
 }
 
+void TcpMmsClient::readingNewHeader()
+{
+    readingHeader();
+    startTimer();
+}
+
 void TcpMmsClient::startStreaming()
 {
     if (_state != ReadingHeader) {

@@ -67,6 +67,7 @@ public:
     bool addBandwidthCheckPoint();
 
     void readingHeader();           ///< The header comes next.
+    void readingNewHeader();        ///< That of another stream, within the time for an answer whatever else comes.
     void startStreaming();          ///< Data packets come next.
     void stopStreaming(bool error); ///< Ends the session: RemoteServerClosed on error, else EndOfStream.
     void startReadTimer();          ///< Limits silence from now on.

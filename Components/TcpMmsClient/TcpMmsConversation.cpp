@@ -97,7 +97,7 @@ void TcpMmsConversation::follow(TcpMmsClient& client, MmsLinkMacToViewerPing con
 void TcpMmsConversation::follow(TcpMmsClient& client, MmsLinkMacToViewerReportStreamChange const&)
 {
     if (client.state() == MmsClient::Streaming)
-        client.readingHeader();
+        client.readingNewHeader();
 }
 
 void TcpMmsConversation::follow(TcpMmsClient&, MmsLinkMacToViewerReportDisconnectedFunnel const&)

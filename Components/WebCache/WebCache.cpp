@@ -237,7 +237,7 @@ void WebCache::scheduleNext(Uri const& uri, qint64 maxAgeSeconds, bool isOverdue
         scheduleUpdateWithinLimits(uri, maxAgeSeconds * msPerSecond);
 }
 
-/// Of what is not here yet a viewer waits for.
+/// For what is not here yet, or is known to be old, a viewer waits.
 void WebCache::scheduleRetry(Uri const& uri, bool isNetworkAtFault)
 {
     QMutexLocker locker(&_mutex);
@@ -245,7 +245,7 @@ void WebCache::scheduleRetry(Uri const& uri, bool isNetworkAtFault)
     if (entry == _entries.end())
         return;
     int const failures = entry->failures++;
-    bool const isSoon = isNetworkAtFault && !entry->isAvailable;
+    bool const isSoon = isNetworkAtFault && (!entry->isAvailable || entry->isForced);
     locker.unlock();
     if (isSoon)
         schedule(uri, _schedule.growingDelay(failures, FirstRetryMs, MinRefreshMs));
@@ -275,7 +275,7 @@ void WebCache::download(Uri const& uri)
         return;
     }
     _downloading.insert(uri);
-    bool const isForced = std::exchange(entry->isForced, false);
+    bool const isForced = entry->wasForced = std::exchange(entry->isForced, false);
     bool const isUrgent = entry->interest.isUrgent;
     locker.unlock();
     LOG_DEBUG("Downloading %s", qPrintable(uri.toString()));

@@ -19,6 +19,7 @@ struct WebCacheEntry {
     bool isSeen = false;      ///< Whether it has been looked for on the disk.
     bool isAvailable = false; ///< Since then.
     bool isForced = false;    ///< The next request is made even if nothing has changed.
+    bool wasForced = false;   ///< The one under way is.
     bool isOverdue = false;   ///< That request was due while one was under way.
     int updates = 0;          ///< That were asked for since content was last taken.
     int failures = 0;         ///< Since it was last fetched.

@@ -15,8 +15,10 @@ void WebCache::onError(Uri const& uri, QString const& text)
     bool const isNetworkAtFault = text.startsWith("Network error ");
     QMutexLocker locker(&_mutex);
     _downloading.remove(uri);
-    auto const entry = _entries.constFind(uri);
-    bool const isMissed = entry != _entries.cend() && !entry->isAvailable;
+    auto const entry = _entries.find(uri);
+    bool const isMissed = entry != _entries.end() && !entry->isAvailable;
+    if (entry != _entries.end() && std::exchange(entry->wasForced, false))
+        entry->isForced = true; // It is still to be done.
     locker.unlock();
     if (isMissed)
         emit unavailable(uri,

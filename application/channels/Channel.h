@@ -155,7 +155,6 @@ private:
     bool hasOverlay() const;
     bool showsLogo() const;
     int columns() const;
-    std::unique_ptr<ChannelStream> takeStream(StreamDescription const& description);
     void renewDescriptions();
     void createOverlay();
     void showErrorOr(QString const& text);

@@ -127,7 +127,7 @@ public:
     bool isChannelOpen(Channel const* channel) const { return _open.contains(channel); }
     bool isChannelOpenByRootId(QString const& rootId) const;
     /// Whether something is open, or is about to be.
-    bool isBusy() const { return !_open.isEmpty() || _switch.isPending(); }
+    bool isBusy() const { return !_open.isEmpty() || _switch.isPending() || !postSponsorshipChannelId().isEmpty(); }
 
     QString lastChannelId() const { return _open.lastChannelId(); }
     void setLastChannelId(QString const& id) { _open.setLastChannelId(id); }

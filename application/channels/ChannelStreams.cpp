@@ -5,6 +5,7 @@
 
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -52,17 +53,16 @@ void Channel::removeStream(StreamDescription const& description)
 {
     desc.removeStreamDescription(description);
     double const volume = _streams.empty() ? 1.0 : _streams.front()->volume();
-    std::erase_if(_streams, [&](auto const& stream) { return stream->description() == description; });
+    auto const found =
+        std::ranges::find_if(_streams, [&](auto const& stream) { return stream->description() == description; });
+    if (found == _streams.end())
+        return;
+    std::unique_ptr<ChannelStream> stream = std::move(*found);
+    _streams.erase(found);
+    _errors.remove(stream.get());
+    stream.reset();    // Whoever is told of its end finds the others.
     setVolume(volume); // The first of those that are left has the sound.
     emit pictureUpdated();
-}
-
-std::unique_ptr<ChannelStream> Channel::takeStream(StreamDescription const& description)
-{
-    for (auto& stream : _streams)
-        if (stream && stream->description() == description)
-            return std::move(stream);
-    return nullptr;
 }
 
 /// What is equal, and so plays on, may have other keys at its next opening.
@@ -76,20 +76,24 @@ void Channel::renewDescriptions()
 
 void Channel::resetStreams()
 {
-    double const volume = _streams.empty() ? 1.0 : _streams.front()->volume();
-    std::vector<std::unique_ptr<ChannelStream>> streams;
+    std::vector<std::unique_ptr<ChannelStream>> before = std::exchange(_streams, {});
+    ChannelStream const* const first = before.empty() ? nullptr : before.front().get();
+    double const volume = first ? first->volume() : 1.0;
     for (StreamDescription const& description : desc.streamDescriptions()) {
-        std::unique_ptr<ChannelStream> stream = takeStream(description);
-        if (!stream) {
-            stream = std::make_unique<ChannelStream>(_appData, this, description);
-            connectStream(stream.get());
-            if (!_streams.empty() && _streams.front())
-                stream->playBeside(*_streams.front());
+        auto const same = std::ranges::find_if(
+            before, [&](auto const& stream) { return stream && stream->description() == description; });
+        if (same != before.end()) {
+            _streams.push_back(std::move(*same));
+        } else {
+            _streams.push_back(std::make_unique<ChannelStream>(_appData, this, description));
+            connectStream(_streams.back().get());
+            if (first)
+                _streams.back()->playBeside(*first);
         }
-        streams.push_back(std::move(stream));
     }
-    std::swap(_streams, streams);
-    streams.clear(); // Those that are left close.
+    for (auto const& left : before)
+        _errors.remove(left.get());
+    before.clear(); // Those that are left close.
     setVolume(volume);
     if (_layout)
         for (auto const& stream : _streams)

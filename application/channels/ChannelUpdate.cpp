@@ -109,8 +109,9 @@ bool ChannelUpdate::step()
     return true;
 }
 
-void ChannelUpdate::compare(ChannelDescription const& description)
+void ChannelUpdate::compare(ChannelDescription const& provided)
 {
+    ChannelDescription const description = withNewestLogo(provided);
     // Language variants share one channel: that of the first.
     if (_providedIds.contains(description.rootId()))
         return;

@@ -45,7 +45,7 @@ signals:
 private:
     void run();
     bool step();
-    void compare(ChannelDescription const& description);
+    void compare(ChannelDescription const& provided);
     ChannelDescription withNewestLogo(ChannelDescription description) const;
     void findGone();
     void modify(ChannelDescription const& description);

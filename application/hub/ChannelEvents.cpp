@@ -42,7 +42,7 @@ void ChannelEvents::setSurfaceReady()
 
 void ChannelEvents::closeForNewSurface()
 {
-    _opensAgain = _appData.channelManager()->isBusy();
+    _opensAgain = _opensAgain || _appData.channelManager()->isBusy();
     _isSurfaceReady = false;
     _appData.channelManager()->closeForLater();
 }
@@ -61,15 +61,16 @@ void ChannelEvents::onChannelsUpdated()
     openFirst();
 }
 
-/// Once there is a directory, what was open last is so again, unless the viewer has chosen something meanwhile.
+/// Once there is a directory, what was open last is so again, unless the viewer has chosen something meanwhile. The
+/// same when all that was open has gone from it.
 void ChannelEvents::openFirst()
 {
     ChannelManager& channels = *_appData.channelManager();
-    if (_hasOpenedFirst || !_isSurfaceReady || !_isVisible || !channels.channelsLoaded() || !channels.firstChannel())
+    if (!_isSurfaceReady || !_isVisible || !channels.channelsLoaded() || !channels.firstChannel())
         return;
-    _hasOpenedFirst = true;
+    bool const isFirst = !std::exchange(_hasOpenedFirst, true);
     if (!channels.isBusy())
-        channels.openLastChannels(_appData.settings.sponsorshipEnabled());
+        channels.openLastChannels(isFirst && _appData.settings.sponsorshipEnabled());
 }
 
 void ChannelEvents::onSignedInChanged()

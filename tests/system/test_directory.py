@@ -73,6 +73,12 @@ class Directory(unittest.TestCase):
             self.assertFalse(program.logged(PASSWORD))
             self.assertNotIn(PASSWORD, (program.home / ".config/Ombravision/Ombravision.ini").read_text())
 
+    def test_what_plays_may_go_from_the_directory(self):
+        with self.program() as program:
+            self.shown(program, "Channel B")
+            self.service.control("channel remove b")
+            self.shown(program, "Channel A")
+
     def test_a_service_that_keeps_dying(self):
         print(f"OMBRAVISION_TEST_SEED={SEED}", flush=True)
         chance = random.Random(SEED)

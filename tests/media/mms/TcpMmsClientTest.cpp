@@ -185,6 +185,12 @@ TEST_F(TcpMmsClientTest, AnotherStreamFollowsOnTheSameConnection)
     receive(change);
     timers.advance(timeout);
     EXPECT_EQ(ends, QList({MmsClient::ReadTimeout})) << "the header does not come";
+    goTo(ForData);
+    receive(change);
+    timers.advance(timeout - 1);
+    receive(data(4, "more of the old"));
+    timers.advance(1);
+    EXPECT_EQ(ends, QList({MmsClient::CouldNotConnected})) << "but something else";
 }
 
 TEST_F(TcpMmsClientTest, EveryStepEndsAtSilenceALossOrAStopAtOnce)
