@@ -39,6 +39,23 @@ bool ChannelDescription::isNull() const
     return *this == Null();
 }
 
+void ChannelDescription::setTitle(QString const& title)
+{
+    constexpr char16_t firstEmbedding = 0x202A;
+    constexpr char16_t lastOverride = 0x202E;
+    constexpr char16_t firstIsolate = 0x2066;
+    constexpr char16_t lastIsolate = 0x2069;
+    QString line = title;
+    line.removeIf([](QChar character) {
+        return (character >= firstEmbedding && character <= lastOverride) ||
+               (character >= firstIsolate && character <= lastIsolate);
+    });
+    for (QChar& character : line)
+        if (character.category() == QChar::Other_Control)
+            character = ' ';
+    _data->title = line;
+}
+
 void ChannelDescription::setLogo(QImage const& logo)
 {
     _data->logo = logo;

@@ -50,7 +50,9 @@ public:
     void setRootId(QString const& rootId) { _data->rootId = rootId; }
 
     QString title() const { return _data->title; }
-    void setTitle(QString const& title) { _data->title = title; }
+    /// One line, which cannot turn round what stands beside it: control characters become blanks, and those that
+    /// embed or override a direction (UAX #9) go.
+    void setTitle(QString const& title);
     QString summary() const { return _data->summary; }
     void setSummary(QString const& summary) { _data->summary = summary; }
     QString website() const { return _data->website; }

@@ -40,3 +40,10 @@ TEST(ChannelDescription, AStreamGoesByItsAddressTracksAndDescriptor)
         EXPECT_EQ(channel.streamDescriptions().isEmpty(), goes) << qPrintable(removed.uri().toString());
     }
 }
+
+TEST(ChannelDescription, ATitleIsALineThatTurnsNothingRound)
+{
+    ChannelDescription channel;
+    channel.setTitle(QString::fromUtf8("News\t\u202Eon\u202C\nair \u2067\u05D0\u2069 \u00E9"));
+    EXPECT_EQ(channel.title(), QString::fromUtf8("News on air \u05D0 \u00E9"));
+}
