@@ -245,7 +245,7 @@ void WebCache::scheduleRetry(Uri const& uri, bool isNetworkAtFault)
     if (entry == _entries.end())
         return;
     int const failures = entry->failures++;
-    bool const isSoon = isNetworkAtFault && (!entry->isAvailable || entry->isForced);
+    bool const isSoon = entry->isForced || (isNetworkAtFault && !entry->isAvailable);
     locker.unlock();
     if (isSoon)
         schedule(uri, _schedule.growingDelay(failures, FirstRetryMs, MinRefreshMs));

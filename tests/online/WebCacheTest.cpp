@@ -195,6 +195,18 @@ TEST_F(WebCacheTest, AnUpdateDuringADownloadFollowsIt)
     EXPECT_EQ(cache->content(page), "two");
 }
 
+TEST_F(WebCacheTest, AnUpdateThatFailsIsMadeUpForSoonWhateverTheServerThinks)
+{
+    fetch(page, "one", "Last-Modified: Sun, 01 Nov 2026 00:00:00 GMT\r\n");
+    cache->update(page);
+    answer("500 Oh");
+    ASSERT_TRUE(processEventsUntil([&] { return log.contains("HTTP error 500"); }));
+    advance(WebCache::FirstRetryMs);
+    EXPECT_FALSE(answer("200 OK", {}, "two").join('\n').contains("If-Modified-Since"));
+    ASSERT_TRUE(updates->wait(2));
+    EXPECT_EQ(cache->content(page), "two");
+}
+
 TEST_F(WebCacheTest, WhatWasNotUsedForLongestGoes)
 {
     auto const isOld = [&](Uri const& uri, int days) {
