@@ -150,7 +150,14 @@ void RestfulChannelDescriptionProvider::retire()
 
 void RestfulChannelDescriptionProvider::refresh()
 {
+    QMutexLocker locker(&_mutex);
+    if (std::exchange(_isRefreshPosted, true))
+        return; // Triggers may come by hundreds.
+    locker.unlock();
     post([](RestfulChannelDescriptionProvider& provider) {
+        QMutexLocker posted(&provider._mutex);
+        provider._isRefreshPosted = false;
+        posted.unlock();
         if (provider._webCache->isAvailable(provider._channelsUri))
             provider.readCachedDocument();
         else

@@ -132,6 +132,7 @@ private:
     mutable QMutex _mutex; ///< Guards the fields below. Never held while a signal is emitted or the cache is called.
     bool _isRunning = false;
     bool _isResetPending = false;
+    bool _isRefreshPosted = false;
     ChannelDirectory _directory; ///< All channels of the last document.
     ChannelDirectory _published; ///< Those of them that are allowed: the list.
     bool _isAllowedRequestInFlight = false;

@@ -93,10 +93,11 @@ void TcpMmsConversation::follow(TcpMmsClient& client, MmsLinkMacToViewerPing con
     client.sendLinkViewerToMacPong();
 }
 
-/// The header of another stream follows on this connection. To ignore it would be to wait for the end of a silence.
+/// The header of another stream follows on this connection, in place of one that is still under way. To ignore it
+/// would be to wait for the end of a silence.
 void TcpMmsConversation::follow(TcpMmsClient& client, MmsLinkMacToViewerReportStreamChange const&)
 {
-    if (client.state() == MmsClient::Streaming)
+    if (client.state() == MmsClient::Streaming || client.state() == MmsClient::ReadingHeader)
         client.readingNewHeader();
 }
 

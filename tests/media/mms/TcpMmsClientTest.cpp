@@ -164,7 +164,7 @@ TEST_F(TcpMmsClientTest, AnotherStreamFollowsOnTheSameConnection)
 {
     QByteArray const change = message(0x40020, numbers({0, 0, 0, 0, 0, 0}));
     goTo(ForHeader);
-    receive(change); // Nothing is to be read anew yet.
+    receive(data(0, "\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9") + change); // Its rest will not come.
     receive(header() + streamSwitch() + startedPlaying());
     socket().takeWritten();
     for (quint32 sequence = 7; sequence < 11; sequence += 2) {
