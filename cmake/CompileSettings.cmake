@@ -6,7 +6,7 @@ target_compile_options(ombravision_settings INTERFACE
   -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
 if(OMBRAVISION_UNITY)
   # A class of a source file may have a field of that file's own types.
-  target_compile_options(ombravision_settings INTERFACE -Wno-subobject-linkage)
+  target_compile_options(ombravision_settings INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
   set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
 endif()
 if(OMBRAVISION_WERROR)
