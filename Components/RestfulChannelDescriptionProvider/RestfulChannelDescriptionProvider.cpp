@@ -120,7 +120,7 @@ void RestfulChannelDescriptionProvider::start()
         LOG_INFO("%d channels loaded.", count);
         updated();
     }
-    watchDocument();
+    _webCache->watch(_channelsUri, {&ChannelDocumentReader::faultOf, true});
     for (Uri const& logo : logos)
         _webCache->watch(logo, {&BoundedImage::faultOf});
 }
@@ -158,25 +158,8 @@ void RestfulChannelDescriptionProvider::refresh()
         QMutexLocker posted(&provider._mutex);
         provider._isRefreshPosted = false;
         posted.unlock();
-        if (provider._webCache->isAvailable(provider._channelsUri))
-            provider.readCachedDocument();
-        else
-            provider.later([&provider] { provider.fetchAnew(); });
+        provider.readCachedDocument(); // One that is missing is the cache's to fetch, less and less often.
     });
-}
-
-/// The cache may be about to fetch the document after a long while.
-void RestfulChannelDescriptionProvider::fetchAnew()
-{
-    if (QMutexLocker const locker(&_mutex); !_isRunning)
-        return;
-    _webCache->ignore(_channelsUri);
-    watchDocument();
-}
-
-void RestfulChannelDescriptionProvider::watchDocument()
-{
-    _webCache->watch(_channelsUri, {&ChannelDocumentReader::faultOf, true});
 }
 
 void RestfulChannelDescriptionProvider::takeLogo(Uri const& logo, QImage const& image)

@@ -8,6 +8,7 @@
 #include "ChannelUpdate.h"
 #include "KnownChannels.h"
 #include "OpenChannels.h"
+#include "RetiredChannels.h"
 #include "SponsorshipSequence.h"
 
 #include <QCursor>
@@ -54,9 +55,13 @@ public:
 
     // The directory.
     void startChecking() { _feed.startChecking(); }
-    void stopChecking() { _feed.stopChecking(); }
+    void stopChecking()
+    {
+        _feed.stopChecking();
+        _update.cancel();
+    }
     void refresh() { _feed.refresh(); }
-    /// Closes and forgets all channels.
+    /// Closes and forgets all channels; they are deleted little by little.
     void unloadChannels();
     /// Whether there has been a directory since the last unloadChannels().
     bool channelsLoaded() const { return _channelsLoaded; }
@@ -241,6 +246,8 @@ private:
     QString channelIdAt(QPointF point) const;
     static bool isModifierHeld(Qt::KeyboardModifiers modifiers);
     void stay(Channel* channel);
+    void reconnectAndStay(Channel* channel);
+    void loopLater(Channel* channel);
     void openBeside(QStringList const& ids);
     Channel* chosenChannel() const;
     void openChannelNonMultiview(Channel* channel, bool useSponsorship);
@@ -254,12 +261,15 @@ private:
     SponsorshipSource* const _sponsorshipSource;
     KnownChannels _known;
     ChannelActions _actions; ///< Of the channels: they go before those.
+    RetiredChannels _retired;
     OpenChannels _open;
     ChannelSwitch _switch;
     ChannelGrid _grid;
     ChannelFeed _feed;
     ChannelUpdate _update;
     SponsorshipSequence _sponsorship;
+    QString _activeForLater; ///< By their root ids, the channels that closeForLater() has closed.
+    QStringList _openForLater;
     QString _channelUnderMouse; ///< Its root id, as the next one.
     QString _pressedChannel;
     bool _channelsLoaded = false;

@@ -311,7 +311,9 @@ TEST_F(AppSettingsTest, AFileThatIsDamagedOrOutOfReachIsToldAndNothingIsLost)
     QString const path = settingsFile().fileName();
     QSignalSpy failed(&_settings, &AppSettings::settingsFileFailed);
     QByteArray const damaged =
-        QByteArray("[application]\naudio\\audioDevice=Card\n***\n[other]\nkey=1\n").replace('*', '\0');
+        QByteArray("[application]\naudio\\audioDevice=Card\n***\nproxy\\ProxyPassword=X\n[other]\nkey=1\n"
+                   "user\\a%40b\\password = \"X\\\nX\"\ntwitter\\token=sealed:AbC=\n")
+            .replace('*', '\0');
     auto const write = [](QString const& name, QByteArray const& bytes) {
         QFile file(name);
         EXPECT_TRUE(file.open(QFile::WriteOnly));
@@ -325,7 +327,9 @@ TEST_F(AppSettingsTest, AFileThatIsDamagedOrOutOfReachIsToldAndNothingIsLost)
     EXPECT_EQ(settingsFile().value("other/key"), "1");
     QFile copy(path + ".damaged");
     EXPECT_TRUE(copy.open(QFile::ReadOnly));
-    EXPECT_EQ(copy.readAll(), damaged);
+    // All but the secrets that it had in plain text, and for the viewer alone.
+    EXPECT_EQ(copy.readAll(), QByteArray(damaged).replace(" \"X\\\nX\"", "\n").replace("X", ""));
+    EXPECT_EQ(copy.permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     _settings.loadGlobalSettings();
     EXPECT_EQ(failed.count(), 1);
 

@@ -209,12 +209,20 @@ TEST_F(RestfulProviderTest, AServiceThatIsGoneIsTold)
     EXPECT_EQ(failures->first().first(), "Resource not available");
 }
 
-TEST_F(RestfulProviderTest, ADocumentThatIsMissingIsFetchedOnRefreshAndOneThatIsHereReadOnce)
+TEST_F(RestfulProviderTest, ADocumentThatIsMissingIsFetchedLessAndLessOftenAndOneThatIsHereReadOnce)
 {
     provider->start();
-    answer("503 Gone");
-    ASSERT_TRUE(failures->wait());
-    provider->refresh();
+    for (int ms : {4375, 8750, 17500}) {
+        int const told = failures->count();
+        answer("404 Not Found");
+        ASSERT_TRUE(failures->wait(told + 1));
+        int const requests = log.count("Downloading http");
+        advance(ms - 1);
+        provider->refresh(); // As often as the feed asks: it makes no difference.
+        processPendingEvents();
+        EXPECT_EQ(log.count("Downloading http"), requests);
+        advance(1);
+    }
     load(document({channel("a")}), {"a"});
     int readings = log.count("Parsing ");
     for (int trigger = 0; trigger < 3; ++trigger)
