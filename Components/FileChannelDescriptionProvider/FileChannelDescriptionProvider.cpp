@@ -92,8 +92,8 @@ void FileChannelDescriptionProvider::load()
             channel.setLogo(old.logo());
         ids.append(channel.id());
     }
-    publish(channels, reading);
     queueLogos(ids);
+    publish(channels, reading);
 }
 
 /// The channels without their logos. Any thread.
@@ -186,6 +186,5 @@ void FileChannelDescriptionProvider::setLogos(Logos const& logos)
             changed.append(channel);
         }
     }
-    for (ChannelDescription const& channel : std::as_const(changed))
-        logoUpdated(channel);
+    logosUpdated(changed);
 }

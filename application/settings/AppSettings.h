@@ -5,6 +5,7 @@
 #include "ServiceAddresses.h"
 #include "SettingsTable.h"
 #include "SettingsValues.h"
+#include "SettingsWriter.h"
 
 #include <QObject>
 
@@ -31,6 +32,9 @@ public:
 
     explicit AppSettings(QObject* parent = nullptr);
     ~AppSettings() override;
+
+    /// For what is kept in the file and is no setting.
+    SettingsWriter& file() { return _file; }
 
     // Fixed names.
     QString applicationName() const { return "Ombravision"; }
@@ -364,6 +368,7 @@ private:
 
     static Logger* log;
 
+    SettingsWriter _file;
     QString const _dataDirectory;
     bool _debugMode = false;
     bool _demoMode = false;

@@ -264,6 +264,23 @@ TEST_F(RestfulProviderTest, StoppedItWaitsWithWhatComes)
     EXPECT_EQ(ids(), QStringList({"a", "b"}));
 }
 
+TEST_F(RestfulProviderTest, MayGoWhileADialogOfItsOwnSlotIsOpen)
+{
+    QByteArray const logo = uri("logo.png").toString().toLatin1();
+    provider->start();
+    load(document({channel("a", logo), channel("b", logo)}), {"a", "b"});
+    QPointer<ChannelDescriptionProvider> const retired = provider.get();
+    int told = 0;
+    QObject::connect(provider.get(), &ChannelDescriptionProvider::channelLogoUpdated, cache.get(), [&] {
+        ++told;
+        provider.release()->retire();
+        EXPECT_TRUE(processEventsUntil([&] { return !retired; }));
+    });
+    answer("200 OK", {}, png(Qt::red));
+    ASSERT_TRUE(processEventsUntil([&] { return !retired; }));
+    EXPECT_EQ(told, 1);
+}
+
 TEST_F(RestfulProviderTest, MayBeDestroyedWhileTheCacheWorks)
 {
     ThreadedMemoQueue thread;
