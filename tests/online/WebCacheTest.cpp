@@ -271,7 +271,7 @@ TEST_F(WebCacheTest, MayBeDestroyedWhileItsThreadWorks)
         do // What an earlier one has asked for may come first.
             answer("200 OK", {}, "one");
         while (round % 2 == 0 && fetched.isEmpty());
-        other.ignore(uri("0"));
+        other.ignore({uri(QString("%1/1").arg(round)), uri(QString("%1/2").arg(round))}); // Some wait for their turn.
     }
     fetcher.reset();
     thread.exit();
