@@ -68,7 +68,7 @@ Window::Window(AppData& appData)
     if (_place->restore())
         _sizedByHand = true;
     else
-        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, _menuBar->sizeHint().height()));
+        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, 0) + sizeAround());
 }
 
 Window::~Window()
@@ -102,6 +102,12 @@ void Window::createChildControls()
     _actionStates = std::make_unique<ActionStates>(_appData);
 }
 
+QSize Window::sizeAround() const
+{
+    QMargins const margins = layout()->contentsMargins();
+    return {margins.left() + margins.right(), layout()->totalSizeHint().height() - _splitter->sizeHint().height()};
+}
+
 void Window::createMenus()
 {
     _menus = new WindowMenus(_appData, *_zoom, *this);
@@ -132,7 +138,7 @@ void Window::applySkin()
     QApplication::setPalette(isSkinned() ? skinPalette() : QPalette());
     setStyleSheet(AppData::buildStyleSheet(isSkinned()));
     if (isSkinned()) {
-        frame()->titleBar()->leading()->addWidget(_menuBar);
+        frame()->titleBar()->leading()->addWidget(_menuBar, 0, Qt::AlignVCenter);
         _menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     } else {
         contents()->insertWidget(0, _menuBar);
@@ -285,5 +291,9 @@ void Window::onShowTabsChanged()
 
 void Window::onSkinChanged()
 {
+    QSize const picture = _glWidget->size();
     applySkin();
+    layout()->activate();
+    if (!(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+        _zoom->resizeWindow(size() + picture - _glWidget->size()); // Not larger or smaller for another frame.
 }

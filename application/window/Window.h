@@ -108,6 +108,7 @@ private slots:
 
 private:
     void createChildControls();
+    QSize sizeAround() const; ///< What the frame in the skin, menu bar and margins need.
     void createMenus();
     void createTrayIcon();
     void createNotifier();
