@@ -6,16 +6,16 @@
 namespace
 {
 
-QString const directory = QStringLiteral(":/Resources/translations");
-constexpr QLocale::Language fallback = QLocale::English; // Of the sources; for the plural forms.
+QString const translationDirectory = QStringLiteral(":/Resources/translations");
+constexpr QLocale::Language sourceLanguage = QLocale::English; // Of the sources; for the plural forms.
 
 } // namespace
 
 Translations::Translations(QLocale const& locale)
 {
     Q_INIT_RESOURCE(translations);
-    if (!_own.load(locale, "ombravision", "_", directory) &&
-        !_own.load(QLocale(fallback), "ombravision", "_", directory))
+    if (!_own.load(locale, "ombravision", "_", translationDirectory) &&
+        !_own.load(QLocale(sourceLanguage), "ombravision", "_", translationDirectory))
         return;
     QCoreApplication::installTranslator(&_own);
     // In the same language, so that no dialog speaks two.

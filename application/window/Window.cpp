@@ -105,7 +105,8 @@ void Window::createChildControls()
 QSize Window::sizeAround() const
 {
     QMargins const margins = layout()->contentsMargins();
-    return {margins.left() + margins.right(), layout()->totalSizeHint().height() - _splitter->sizeHint().height()};
+    int const title = isSkinned() ? frame()->titleBar()->sizeHint().height() : _menuBar->sizeHint().height();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom() + title};
 }
 
 void Window::createMenus()
