@@ -1,6 +1,7 @@
 // What the cache makes of a download that has ended. On the thread of its queue.
 
 #include "Logger.h"
+#include "MemoQueue.h"
 #include "WebCache.h"
 #include "WebCacheCallMemo.h"
 

@@ -41,6 +41,9 @@ public:
     /// empty on failure.
     void saveScreenshot(QImage const& image, QString const& path);
 
+    /// Makes the surface's OpenGL context current. False where there is none.
+    bool makeCurrent() { return _surface.makeCurrent(); }
+
     /// Lays the named effects over all pictures, in place of those of before.
     void setEffects(QStringList const& names);
 

@@ -13,7 +13,7 @@ namespace
 {
 
 /// The palette's own names, as the settings file has them.
-constexpr char const* names[] = {
+constexpr char const* chatColourNames[] = {
     QT_TRANSLATE_NOOP("ChatColours", "Room Name"),     QT_TRANSLATE_NOOP("ChatColours", "Your Alias"),
     QT_TRANSLATE_NOOP("ChatColours", "Other Alias"),   QT_TRANSLATE_NOOP("ChatColours", "Ignored Alias"),
     QT_TRANSLATE_NOOP("ChatColours", "Admin Alias"),   QT_TRANSLATE_NOOP("ChatColours", "Bot Alias"),
@@ -21,7 +21,7 @@ constexpr char const* names[] = {
     QT_TRANSLATE_NOOP("ChatColours", "Action"),        QT_TRANSLATE_NOOP("ChatColours", "Link"),
 };
 
-QString shown(QString const& name)
+QString shownColourName(QString const& name)
 {
     return QCoreApplication::translate("ChatColours", name.toUtf8().constData());
 }
@@ -89,11 +89,11 @@ void ChatPage::addColours()
         grid->addWidget(new QLabel(kinds.at(column).first, place), 0, column + 1);
     QList<std::function<void()>> shows;
     int row = 0;
-    for (char const* const name : names) {
-        grid->addWidget(new QLabel(shown(name), place), ++row, 0);
+    for (char const* const name : chatColourNames) {
+        grid->addWidget(new QLabel(shownColourName(name), place), ++row, 0);
         for (int column = 0; column < kinds.size(); ++column) {
             auto const& [kindName, kind] = kinds.at(column);
-            auto* const button = new ColourButton(QString("%1, %2").arg(shown(name), kindName), place);
+            auto* const button = new ColourButton(QString("%1, %2").arg(shownColourName(name), kindName), place);
             grid->addWidget(button, row, column + 1);
             shows.append([this, button, name, kind] {
                 button->setColour(colourOf(appData().settings.chatColours(), name, kind));

@@ -3,7 +3,9 @@
 #include "AppData.h"
 
 #include <QFileDialog>
+#include <QCheckBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 

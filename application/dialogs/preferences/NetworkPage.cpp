@@ -4,6 +4,7 @@
 #include "RsaProvider.h"
 #include "WebCache.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QNetworkProxy>
 #include <QPushButton>

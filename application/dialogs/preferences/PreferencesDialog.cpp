@@ -14,7 +14,8 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QVBoxLayout>
+#include <QShowEvent>
 #include <QStackedWidget>
 
 #include <utility>
@@ -33,14 +34,13 @@ PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     row->addWidget(_list);
     row->addWidget(_stack, 1);
     contents()->addLayout(row, 1);
-    AppData& data = appData;
-    addPage(tr("General"), Icon::Settings, [&data] { return new GeneralPage(data); });
-    addPage(tr("Video"), Icon::Television, [&data] { return new VideoPage(data); });
-    addPage(tr("Sound"), Icon::Volume, [&data] { return new SoundPage(data); });
-    addPage(tr("Network"), Icon::Link, [&data] { return new NetworkPage(data); });
-    addPage(tr("Account"), Icon::User, [&data] { return new AccountPage(data); });
-    addPage(tr("Alerts"), Icon::Alert, [&data] { return new AlertsPage(data); });
-    addPage(tr("Chat"), Icon::Chat, [&data] { return new ChatPage(data); });
+    addPage(tr("General"), Icon::Settings, [&appData] { return new GeneralPage(appData); });
+    addPage(tr("Video"), Icon::Television, [&appData] { return new VideoPage(appData); });
+    addPage(tr("Sound"), Icon::Volume, [&appData] { return new SoundPage(appData); });
+    addPage(tr("Network"), Icon::Link, [&appData] { return new NetworkPage(appData); });
+    addPage(tr("Account"), Icon::User, [&appData] { return new AccountPage(appData); });
+    addPage(tr("Alerts"), Icon::Alert, [&appData] { return new AlertsPage(appData); });
+    addPage(tr("Chat"), Icon::Chat, [&appData] { return new ChatPage(appData); });
     _list->setFixedWidth(_list->sizeHintForColumn(0) + 2 * _list->frameWidth() + Look::margin);
 
     QPushButton* const defaults = addButton(tr("&Defaults"), QDialogButtonBox::ResetRole);

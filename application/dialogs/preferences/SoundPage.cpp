@@ -6,6 +6,7 @@
 #include "LinuxAudioConfig.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QSlider>
 
