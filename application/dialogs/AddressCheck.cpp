@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr char const* playableSchemes[] = {"http", "https", "mms",  "mmsh", "mmst",
+constexpr char const* playableSchemes[] = {"http", "https", "mms",   "mmsh", "mmst",
                                            "rtsp", "rtmp",  "rtmps", "rtp",  "udp"};
 
 bool isPlayable(QString const& scheme)
@@ -49,7 +49,8 @@ AddressCheck AddressCheck::of(QString const& text)
                 tr(QT_TRANSLATE_NOOP("AddressCheck", "There is something in this address that does not belong "
                                                      "there."))};
     if (url.host().isEmpty())
-        return {Kind::Nothing,
-                tr(QT_TRANSLATE_NOOP("AddressCheck", "The name of the computer is missing after %1://.")).arg(scheme)};
+        return {
+            Kind::Nothing,
+            tr(QT_TRANSLATE_NOOP("AddressCheck", "The name of the computer is missing after %1://.")).arg(scheme)};
     return {Kind::Stream, tr(QT_TRANSLATE_NOOP("AddressCheck", "A stream of %1.")).arg(url.host())};
 }

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Whether a text is an address that may be played, and what is wrong with one that isn't, in words. A value. Looks at
-/// the text only: not at the disk, and not at the network.
+/// Whether a text is an address that may be played, and what is wrong with one that isn't, in words. A value. Looks
+/// at the text only: not at the disk, and not at the network.
 struct AddressCheck {
     enum class Kind { Nothing, Stream, File };
 

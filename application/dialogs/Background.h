@@ -14,8 +14,8 @@
 class Background
 {
 public:
-    /// Runs work on a thread of its own, and hands its result to `then` on the caller's thread, unless the context has
-    /// gone by then. The work must not touch what belongs to the caller's thread.
+    /// Runs work on a thread of its own, and hands its result to `then` on the caller's thread, unless the context
+    /// has gone by then. The work must not touch what belongs to the caller's thread.
     template<class Work, class Then>
     static void run(QObject* context, Work work, Then then)
     {

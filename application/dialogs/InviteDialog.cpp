@@ -9,9 +9,9 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <QUrl>
 #include <QUrlQuery>
+#include <QVBoxLayout>
 
 namespace
 {

@@ -2,8 +2,8 @@
 
 #include <QAction>
 #include <QHeaderView>
-#include <QShowEvent>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -50,7 +50,7 @@ KeysDialog::KeysDialog(AppData& appData, QWidget* window)
     addButton(QDialogButtonBox::Close)->setDefault(true);
     fill();
     int const rowHeight = fontMetrics().lineSpacing() + 4;
-    _table->setMinimumSize(_table->columnWidth(0) + _table->sizeHintForColumn(1) + rowHeight, shownRows * rowHeight);
+    _table->setMinimumSize(_table->columnWidth(0) + _table->columnWidth(1) + 2 * rowHeight, shownRows * rowHeight);
 }
 
 void KeysDialog::showEvent(QShowEvent* event)

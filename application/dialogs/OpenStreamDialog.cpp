@@ -11,9 +11,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <QShortcut>
 #include <QShowEvent>
+#include <QVBoxLayout>
 
 namespace
 {

@@ -29,10 +29,11 @@ SupportDialog::SupportDialog(AppData& appData, GLWidget& surface, QWidget* paren
 {
     setObjectName("supportDialog");
     setSizeGripEnabled(true);
-    auto* const label = new QLabel(tr("This is what helps the &support to find out what is wrong. It has no passwords "
-                                      "and no e-mail addresses. Read it, then give it to whom you like: nothing is "
-                                      "sent from here."),
-                                   this);
+    auto* const label =
+        new QLabel(tr("This is what helps the &support to find out what is wrong. It has no passwords "
+                      "and no e-mail addresses. Read it, then give it to whom you like: nothing is "
+                      "sent from here."),
+                   this);
     label->setBuddy(_report);
     label->setWordWrap(true);
     contents()->addWidget(label);
@@ -109,8 +110,7 @@ void SupportDialog::save(QString const& path)
 {
     auto const write = [path, bytes = _report->toPlainText().toUtf8()] {
         QSaveFile file(path);
-        bool const isWritten =
-            file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+        bool const isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
         return isWritten ? QString() : file.errorString();
     };
     Background::run(this, write, [this, path](QString const& problem) {

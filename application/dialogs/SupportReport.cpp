@@ -54,12 +54,12 @@ QStringList SupportReport::libraries()
 QString SupportReport::ofProgram(AppData const& appData, QWidget const& window)
 {
     LocalhostInfo const host;
-    QString report = section("Program", {"Ombravision " + appData.settings.version(), libraries().join(", "),
-                                         host.operatingSystem() + ", " + host.architecture(),
-                                         "Qt platform " + QGuiApplication::platformName() + ", session " +
-                                             qEnvironmentVariable("XDG_SESSION_TYPE") + ", desktop " +
-                                             qEnvironmentVariable("XDG_CURRENT_DESKTOP") + ", language " +
-                                             QLocale().name()});
+    QString report =
+        section("Program", {"Ombravision " + appData.settings.version(), libraries().join(", "),
+                            host.operatingSystem() + ", " + host.architecture(),
+                            "Qt platform " + QGuiApplication::platformName() + ", session " +
+                                qEnvironmentVariable("XDG_SESSION_TYPE") + ", desktop " +
+                                qEnvironmentVariable("XDG_CURRENT_DESKTOP") + ", language " + QLocale().name()});
     report += section("OpenGL", {GLExtension::vendor(), GLExtension::renderer(), GLExtension::version(),
                                  GLExtension::isSoftwareRenderer() ? "draws on the processor" : "draws on a card"});
     QStringList screens;

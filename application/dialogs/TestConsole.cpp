@@ -127,8 +127,7 @@ void TestConsole::save(QString const& path)
 {
     auto const write = [path, bytes = _model.csv()] {
         QSaveFile file(path);
-        bool const isWritten =
-            file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+        bool const isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
         return isWritten ? QString() : file.errorString();
     };
     Background::run(this, write, [this, path](QString const& problem) {

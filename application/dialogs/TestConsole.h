@@ -7,8 +7,8 @@
 class QLabel;
 class QTableView;
 
-/// Test mode: how long each channel gets, whether a failure sounds, and a table of what was found out, to be saved for
-/// a spreadsheet. Main thread only.
+/// Test mode: how long each channel gets, whether a failure sounds, and a table of what was found out, to be saved
+/// for a spreadsheet. Main thread only.
 class TestConsole : public OmbravisionDialog
 {
     Q_OBJECT

@@ -75,7 +75,7 @@ QByteArray TestEventModel::csv() const
     };
     QString text = "time,channel,id,plays,what\r\n";
     for (Row const& row : _rows)
-        text += row.time.toString(Qt::ISODate) + ',' + quoted(row.event.title) + ',' + quoted(row.event.rootId) + ',' +
-                (row.event.isPlaying ? "yes" : "no") + ',' + quoted(row.event.error) + "\r\n";
+        text += row.time.toString(Qt::ISODate) + ',' + quoted(row.event.title) + ',' + quoted(row.event.rootId) +
+                ',' + (row.event.isPlaying ? "yes" : "no") + ',' + quoted(row.event.error) + "\r\n";
     return text.toUtf8();
 }

@@ -53,8 +53,8 @@ protected:
                 constexpr int room = 2 * Look::grid;
                 painter.drawRoundedRect(square.adjusted(-room, -room, room, room), Look::radius, Look::radius);
             }
-            QImage image = Icons::image(_icons.at(i), qRound(iconSide * ratio),
-                                        isMiddle ? Look::accent : Look::overlayDimText);
+            QImage image =
+                Icons::image(_icons.at(i), qRound(iconSide * ratio), isMiddle ? Look::accent : Look::overlayDimText);
             painter.drawImage(square, image);
         }
     }
@@ -69,21 +69,24 @@ TutorialDialog::TutorialDialog(AppData& appData, QWidget* parent)
     : OmbravisionDialog(appData, tr("Tutorial"), parent), _pages(new QStackedWidget(this)), _place(new QLabel(this))
 {
     setObjectName("tutorialDialog");
-    addPage({Icon::Radio, Icon::Television, Icon::Favourite}, tr("Welcome"),
-            tr("Ombravision plays live television from all over the world. The tab \"Channels\" has your channels, and "
-               "\"Search\" finds more. A double click plays a channel."));
+    addPage(
+        {Icon::Radio, Icon::Television, Icon::Favourite}, tr("Welcome"),
+        tr("Ombravision plays live television from all over the world. The tab \"Channels\" has your channels, and "
+           "\"Search\" finds more. A double click plays a channel."));
     addPage({Icon::Previous, Icon::Play, Icon::Next}, tr("Over the picture"),
             tr("Move the pointer over the picture, and the controls appear: volume, mute, previous and next channel, "
                "full screen. They go by themselves once the pointer rests."));
     addPage({Icon::Television, Icon::Multiview, Icon::Television}, tr("Several at once"),
             tr("Hold Ctrl and click another channel to watch it beside the first. A click on a picture gives it the "
                "sound, and Ctrl with a click closes it."));
-    addPage({Icon::Record, Icon::Screenshot, Icon::Carousel}, tr("Keep and find"),
-            tr("Record what plays, keep a picture of it, or turn the carousel to see all channels at once. All of it is "
-               "in the menus, with its keys."));
-    addPage({Icon::Settings, Icon::Info, Icon::User}, tr("Make it yours"),
-            tr("Sign in to have your channels and settings wherever you are. The preferences change at once, and Help "
-               "has a table of all keys. You find this tutorial there, too."));
+    addPage(
+        {Icon::Record, Icon::Screenshot, Icon::Carousel}, tr("Keep and find"),
+        tr("Record what plays, keep a picture of it, or turn the carousel to see all channels at once. All of it is "
+           "in the menus, with its keys."));
+    addPage(
+        {Icon::Settings, Icon::Info, Icon::User}, tr("Make it yours"),
+        tr("Sign in to have your channels and settings wherever you are. The preferences change at once, and Help "
+           "has a table of all keys. You find this tutorial there, too."));
     contents()->addWidget(_pages, 1);
     contents()->addWidget(_place);
     _back = addButton(tr("&Back"), QDialogButtonBox::ActionRole);

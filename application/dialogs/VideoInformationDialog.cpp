@@ -29,7 +29,8 @@ QString keyOf(StreamInformation const& stream)
 } // namespace
 
 VideoInformationDialog::VideoInformationDialog(AppData& appData, QWidget* parent)
-    : OmbravisionDialog(appData, tr("Video Information"), parent), _form(new QFormLayout), _stream(new QComboBox(this))
+    : OmbravisionDialog(appData, tr("Video Information"), parent), _form(new QFormLayout),
+      _stream(new QComboBox(this))
 {
     setObjectName("videoInformationDialog");
     _form->setHorizontalSpacing(Look::margin);
@@ -190,23 +191,25 @@ void VideoInformationDialog::showStream(StreamInformation const& stream, qint64 
     setLine(_transport, isOpen ? stream.transport : tr("No open channel"));
     setLine(_picture, pictureText(stream));
     setLine(_sound, soundText(stream));
-    setLine(_pictures, isOpen ? tr("%1 shown, %2 dropped")
-                                    .arg(locale().toString(stream.picturesShown),
-                                         locale().toString(stream.picturesDropped))
-                              : QString());
+    setLine(_pictures,
+            isOpen ? tr("%1 shown, %2 dropped")
+                         .arg(locale().toString(stream.picturesShown), locale().toString(stream.picturesDropped))
+                   : QString());
     setLine(_lost, isOpen ? tr("%1 of the picture, %2 of the sound")
                                 .arg(locale().toString(stream.videoLost), locale().toString(stream.audioLost))
                           : QString());
     setLine(_buffer, stream.buffered < 0 ? QString()
-                                         : tr("%1 of %2").arg(locale().formattedDataSize(stream.buffered),
-                                                              locale().formattedDataSize(stream.bufferSize)));
+                                         : tr("%1 of %2")
+                                               .arg(locale().formattedDataSize(stream.buffered),
+                                                    locale().formattedDataSize(stream.bufferSize)));
     setLine(_bitrate, bitrate > 0 ? tr("%1 kbit/s").arg(locale().toString(bitrate / 1000)) : QString());
     setLine(_offset, offsetText(stream));
-    setLine(_time, !isOpen                 ? QString()
-                   : stream.duration > 0.0 ? tr("%1 of %2 s")
-                                                 .arg(locale().toString(stream.time, 'f', 1),
-                                                      locale().toString(stream.duration, 'f', 1))
-                                           : tr("%1 s").arg(locale().toString(stream.time, 'f', 1)));
+    setLine(
+        _time,
+        !isOpen ? QString()
+        : stream.duration > 0.0
+            ? tr("%1 of %2 s").arg(locale().toString(stream.time, 'f', 1), locale().toString(stream.duration, 'f', 1))
+            : tr("%1 s").arg(locale().toString(stream.time, 'f', 1)));
 }
 
 void VideoInformationDialog::copy()

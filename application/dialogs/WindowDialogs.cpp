@@ -75,6 +75,7 @@ void WindowDialogs::createActions()
         action->setShortcut(keys);
         action->setAutoRepeat(false);
         _actions[place(which)] = action;
+        _window.addAction(action); // Its keys work while the menu bar is hidden.
     };
     add(WindowDialog::TestConsole, tr("Test Console"));
     add(WindowDialog::VideoInformation, tr("Video Information"), QKeySequence("Ctrl+I"));

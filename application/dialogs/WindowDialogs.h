@@ -71,7 +71,7 @@ private:
     GLWidget& _surface;
     QWidget& _window;
     std::unique_ptr<EffectsLibrary> _effects;
-    std::unique_ptr<EffectsChain> _effectsChain; ///< Shows what the library has.
+    std::unique_ptr<EffectsChain> _effectsChain;        ///< Shows what the library has.
     std::array<QWidget*, windowDialogCount> _dialogs{}; ///< The window's children.
     std::array<QAction*, windowDialogCount> _actions{}; ///< Of the settings, or this object's children.
 };

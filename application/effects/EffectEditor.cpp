@@ -14,7 +14,10 @@
 class EffectEditor::Margin : public QWidget
 {
 public:
-    explicit Margin(EffectEditor& editor) : QWidget(&editor), _editor(editor) { setAccessibleName(tr("Line numbers")); }
+    explicit Margin(EffectEditor& editor) : QWidget(&editor), _editor(editor)
+    {
+        setAccessibleName(tr("Line numbers"));
+    }
 
 protected:
     void paintEvent(QPaintEvent* event) override { _editor.paintMargin(event); }

@@ -6,8 +6,8 @@
 
 /// What effects may be called, and the names of their files. Any thread.
 ///
-/// A name may have any letters; its file's has ASCII letters, digits, "-", "_" and percent-encoded bytes only, so that
-/// no name leads out of the directory, and two names never have one file.
+/// A name may have any letters; its file's has ASCII letters, digits, "-", "_" and percent-encoded bytes only, so
+/// that no name leads out of the directory, and two names never have one file.
 namespace EffectNames
 {
 

@@ -26,7 +26,7 @@ namespace
 {
 
 constexpr QSize trialPicture(320, 180); // Large enough for a driver to share the work out as for a film.
-constexpr int trialPictures = 3;       // The first one may compile, too.
+constexpr int trialPictures = 3;        // The first one may compile, too.
 
 double microsecondsPerPicture(GLMovieShader const& shader, QOpenGLFunctions& gl)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The other side of an EffectTrial: a process of its own that reads a source from its standard input, compiles it and
-/// draws a few small pictures with it, and writes what it has found as JSON: "compiled", "log", and
+/// The other side of an EffectTrial: a process of its own that reads a source from its standard input, compiles it
+/// and draws a few small pictures with it, and writes what it has found as JSON: "compiled", "log", and
 /// "microsecondsPerMegapixel".
 class EffectTrialProgram
 {

@@ -136,8 +136,8 @@ void EffectsChain::compile()
 std::unique_ptr<GLMovieShader> EffectsChain::shaderFor(Effect const& effect,
                                                        std::vector<std::unique_ptr<GLMovieShader>>& old)
 {
-    auto const known = std::ranges::find_if(
-        old, [&effect](auto const& shader) { return shader && shader->name() == effect.name; });
+    auto const known =
+        std::ranges::find_if(old, [&effect](auto const& shader) { return shader && shader->name() == effect.name; });
     std::unique_ptr<GLMovieShader> shader = known == old.end() ? nullptr : std::move(*known);
     if (!isTrusted(effect) || (shader && shader->source() == effect.source))
         return shader; // What it was last.
@@ -149,7 +149,8 @@ std::unique_ptr<GLMovieShader> EffectsChain::shaderFor(Effect const& effect,
         LOG_ERROR("Effect %s: %s", qPrintable(effect.name), qPrintable(shader->infoLog()));
         _refused.insert(EffectTrial::mark(effect.source, _driver));
     }
-    emit examined(effect.name, isCompiled ? QString() : EffectTrial::words({EffectTrialResult::Verdict::Refused, {}, 0}),
+    emit examined(effect.name,
+                  isCompiled ? QString() : EffectTrial::words({EffectTrialResult::Verdict::Refused, {}, 0}),
                   shader->infoLog());
     return shader->isCompiled() ? std::move(shader) : nullptr;
 }

@@ -43,8 +43,7 @@ private:
     void onTried(EffectTrialResult const& result);
     void compile();
     void install();
-    std::unique_ptr<GLMovieShader> shaderFor(Effect const& effect,
-                                             std::vector<std::unique_ptr<GLMovieShader>>& old);
+    std::unique_ptr<GLMovieShader> shaderFor(Effect const& effect, std::vector<std::unique_ptr<GLMovieShader>>& old);
     QSize pictureSize() const;
     bool isTrusted(Effect const& effect) const;
 
@@ -54,8 +53,8 @@ private:
     EffectsLibrary& _library;
     GLWidget& _surface;
     EffectTrial _trial;
-    QString _driver;        ///< Empty before the surface stands.
-    QString _triedName;     ///< What runs in the trial.
+    QString _driver;    ///< Empty before the surface stands.
+    QString _triedName; ///< What runs in the trial.
     QString _triedSource;
     QSet<QByteArray> _refused; ///< Marks of what did not pass.
     QTimer _probation;

@@ -14,7 +14,7 @@ namespace
 /// Runs work on a pool's thread; its result comes back to the thread of the context, unless that has gone.
 template<class Result>
 void runOnPool(QThreadPool& pool, QObject* context, std::function<Result()> const& work,
-           std::function<void(Result const&)> const& then)
+               std::function<void(Result const&)> const& then)
 {
     auto const promise = std::make_shared<QPromise<Result>>();
     auto* const watcher = new QFutureWatcher<Result>(context);

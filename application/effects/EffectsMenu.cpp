@@ -29,8 +29,7 @@ void EffectsMenu::fill()
         action->setCheckable(true);
         action->setChecked(effect.isOn);
         action->setToolTip(effect.fault);
-        connect(action, &QAction::triggered, this,
-                [this, name = effect.name](bool isOn) { onChosen(name, isOn); });
+        connect(action, &QAction::triggered, this, [this, name = effect.name](bool isOn) { onChosen(name, isOn); });
     }
 }
 

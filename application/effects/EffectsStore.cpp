@@ -102,8 +102,7 @@ void EffectsStore::readIndex(Contents& contents) const
     std::optional<QByteArray> const bytes = readEffectFile(pathOf(indexFile), maximumIndex);
     QJsonObject const index = bytes ? QJsonDocument::fromJson(*bytes).object() : QJsonObject();
     if (!index.value("effects").isArray()) {
-        contents.problems.append(
-            tr("The order of the effects in %1 can't be read.").arg(pathOf(indexFile)));
+        contents.problems.append(tr("The order of the effects in %1 can't be read.").arg(pathOf(indexFile)));
         return;
     }
     contents.isEnabled = index.value("enabled").toBool();
@@ -137,8 +136,7 @@ void EffectsStore::readMarker(Contents& contents) const
         effect.passed.clear();
         effect.fault = tr("The program ended while this effect was being tried. It was switched off.");
         contents.problems.append(
-            tr("The program ended while the effect \"%1\" was being tried. It was switched off.")
-                .arg(effect.name));
+            tr("The program ended while the effect \"%1\" was being tried. It was switched off.").arg(effect.name));
     }
 }
 
@@ -159,8 +157,7 @@ QString EffectsStore::write(QString const& name, QString const& source) const
 QString EffectsStore::remove(QString const& name) const
 {
     QString const path = pathOf(EffectNames::fileName(name));
-    return QFile::remove(path) || !QFileInfo::exists(path) ? QString()
-                                                           : tr("%1 could not be removed.").arg(path);
+    return QFile::remove(path) || !QFileInfo::exists(path) ? QString() : tr("%1 could not be removed.").arg(path);
 }
 
 QString EffectsStore::writeIndex(QList<Effect> const& effects, bool isEnabled) const
@@ -182,6 +179,5 @@ QString EffectsStore::writeMarker(QStringList const& names) const
 QString EffectsStore::removeMarker() const
 {
     QString const path = pathOf(markerFile);
-    return QFile::remove(path) || !QFileInfo::exists(path) ? QString()
-                                                           : tr("%1 could not be removed.").arg(path);
+    return QFile::remove(path) || !QFileInfo::exists(path) ? QString() : tr("%1 could not be removed.").arg(path);
 }

@@ -24,9 +24,9 @@ public:
     static constexpr int mostEffects = 200;
 
     struct Contents {
-        QList<Effect> effects;     ///< In order.
-        bool isEnabled = false;    ///< Whether they are shown at all.
-        QStringList problems;      ///< What could not be read, in words.
+        QList<Effect> effects;  ///< In order.
+        bool isEnabled = false; ///< Whether they are shown at all.
+        QStringList problems;   ///< What could not be read, in words.
         bool hadMarker = false;
     };
 

@@ -3,10 +3,12 @@
 namespace
 {
 
-constexpr char const* glslKeywords = "\\b(?:attribute|const|uniform|varying|centroid|break|continue|do|for|while|if|else|in|"
-                                 "out|inout|true|false|lowp|mediump|highp|precision|invariant|discard|return|struct)\\b";
-constexpr char const* glslTypes = "\\b(?:void|bool|int|float|[bi]?vec[234]|mat[234](?:x[234])?|sampler[123]D|samplerCube|"
-                              "sampler[12]DShadow)\\b";
+constexpr char const* glslKeywords =
+    "\\b(?:attribute|const|uniform|varying|centroid|break|continue|do|for|while|if|else|in|"
+    "out|inout|true|false|lowp|mediump|highp|precision|invariant|discard|return|struct)\\b";
+constexpr char const* glslTypes =
+    "\\b(?:void|bool|int|float|[bi]?vec[234]|mat[234](?:x[234])?|sampler[123]D|samplerCube|"
+    "sampler[12]DShadow)\\b";
 constexpr char const* glslFunctions =
     "\\b(?:radians|degrees|a?sin|a?cos|a?tan|pow|exp2?|log2?|sqrt|inversesqrt|abs|sign|floor|ceil|fract|mod|min|max|"
     "clamp|mix|step|smoothstep|length|distance|dot|cross|normalize|faceforward|reflect|refract|matrixCompMult|"

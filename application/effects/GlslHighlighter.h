@@ -6,8 +6,8 @@
 
 #include <vector>
 
-/// Colours the shading language of OpenGL: words of the language, types, functions, numbers, directives, comments. The
-/// colours suit the ground of the palette, light or dark.
+/// Colours the shading language of OpenGL: words of the language, types, functions, numbers, directives, comments.
+/// The colours suit the ground of the palette, light or dark.
 class GlslHighlighter : public QSyntaxHighlighter
 {
     Q_OBJECT

@@ -44,9 +44,6 @@ public:
     /// Makes the surface's OpenGL context current. False where there is none.
     bool makeCurrent() { return _surface.makeCurrent(); }
 
-    /// Lays the named effects over all pictures, in place of those of before.
-    void setEffects(QStringList const& names);
-
     /// The nearest of the zoom factors to what is shown now, 0 without a picture.
     double calculateZoom() const;
 
@@ -104,7 +101,6 @@ private:
     std::unique_ptr<GLMoviePresenter> _presenter; ///< Null where OpenGL draws everything.
     ImageSaver _screenshots;
     bool _isInitialized = false;
-    QStringList _effects;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;
 };

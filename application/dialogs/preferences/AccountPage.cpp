@@ -33,8 +33,9 @@ AccountPage::AccountPage(AppData& appData) : PreferencesPage(appData)
     addSection(tr("Security"));
     QCheckBox* const plain =
         addSwitch(tr("Allow &passwords to be sent where nothing keeps them secret"), &V::allowPlainCredentials);
-    _warning = addNote(tr("Warning: whoever can listen on the way to the service reads your password then. Allow it only "
-                          "for a service on a network that is all yours."));
+    _warning =
+        addNote(tr("Warning: whoever can listen on the way to the service reads your password then. Allow it only "
+                   "for a service on a network that is all yours."));
     connect(plain, &QCheckBox::toggled, this, [this](bool on) {
         QFont font = _warning->font();
         font.setBold(on);

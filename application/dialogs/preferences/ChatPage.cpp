@@ -14,11 +14,11 @@ namespace
 
 /// The palette's own names, as the settings file has them.
 constexpr char const* chatColourNames[] = {
-    QT_TRANSLATE_NOOP("ChatColours", "Room Name"),     QT_TRANSLATE_NOOP("ChatColours", "Your Alias"),
-    QT_TRANSLATE_NOOP("ChatColours", "Other Alias"),   QT_TRANSLATE_NOOP("ChatColours", "Ignored Alias"),
-    QT_TRANSLATE_NOOP("ChatColours", "Admin Alias"),   QT_TRANSLATE_NOOP("ChatColours", "Bot Alias"),
-    QT_TRANSLATE_NOOP("ChatColours", "Timestamp"),     QT_TRANSLATE_NOOP("ChatColours", "System"),
-    QT_TRANSLATE_NOOP("ChatColours", "Action"),        QT_TRANSLATE_NOOP("ChatColours", "Link"),
+    QT_TRANSLATE_NOOP("ChatColours", "Room Name"),   QT_TRANSLATE_NOOP("ChatColours", "Your Alias"),
+    QT_TRANSLATE_NOOP("ChatColours", "Other Alias"), QT_TRANSLATE_NOOP("ChatColours", "Ignored Alias"),
+    QT_TRANSLATE_NOOP("ChatColours", "Admin Alias"), QT_TRANSLATE_NOOP("ChatColours", "Bot Alias"),
+    QT_TRANSLATE_NOOP("ChatColours", "Timestamp"),   QT_TRANSLATE_NOOP("ChatColours", "System"),
+    QT_TRANSLATE_NOOP("ChatColours", "Action"),      QT_TRANSLATE_NOOP("ChatColours", "Link"),
 };
 
 QString shownColourName(QString const& name)
@@ -103,12 +103,12 @@ void ChatPage::addColours()
         }
     }
     grid->setColumnStretch(static_cast<int>(kinds.size()) + 1, 1);
-    auto const store = binding().bind<QList<ChatColour>>(&SettingsValues::chatColours,
-                                                         [this, shows](QList<ChatColour> const&) {
-                                                             for (auto const& show : shows)
-                                                                 show();
-                                                             showSample();
-                                                         });
+    auto const store =
+        binding().bind<QList<ChatColour>>(&SettingsValues::chatColours, [this, shows](QList<ChatColour> const&) {
+            for (auto const& show : shows)
+                show();
+            showSample();
+        });
     for (ColourButton* const button : place->findChildren<ColourButton*>())
         connect(button, &ColourButton::chosen, this, [this, button, store](QColor const& chosen) {
             QList<ChatColour> colours = appData().settings.chatColours();

@@ -37,11 +37,10 @@ void ConnectionTest::onNetwork(bool isAvailable)
     if (!_isRunning)
         return;
     if (!isAvailable)
-        return finish(false, _proxy.hostName().isEmpty()
-                                 ? tr("This computer finds no way to %1. Is it connected to a network?")
-                                       .arg(_service.host())
-                                 : tr("This computer finds no way to the proxy %1. Is its name right?")
-                                       .arg(_proxy.hostName()));
+        return finish(
+            false, _proxy.hostName().isEmpty()
+                       ? tr("This computer finds no way to %1. Is it connected to a network?").arg(_service.host())
+                       : tr("This computer finds no way to the proxy %1. Is its name right?").arg(_proxy.hostName()));
     _manager.setProxy(_proxy);
     _time.start();
     _reply = _manager.get(QNetworkRequest(_service));
@@ -64,8 +63,9 @@ void ConnectionTest::onAnswer()
     else if (status == proxyRefuses)
         finish(false, wordsFor(QNetworkReply::ProxyAuthenticationRequiredError));
     else if (status == badGateway || status == gatewayTimeout)
-        finish(false, tr("Something on the way answers in place of %1: it can't be reached from there.")
-                          .arg(_service.host()));
+        finish(
+            false,
+            tr("Something on the way answers in place of %1: it can't be reached from there.").arg(_service.host()));
     else if (!elsewhere.host().isEmpty() && elsewhere.host() != _service.host())
         finish(false, tr("The network answers with a page of %1. Perhaps it wants you to sign in there first.")
                           .arg(elsewhere.host()));

@@ -2,8 +2,8 @@
 
 #include "AppData.h"
 
-#include <QFileDialog>
 #include <QCheckBox>
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,7 +24,8 @@ GeneralPage::GeneralPage(AppData& appData) : PreferencesPage(appData)
                     {tr("the first channel"), static_cast<int>(StartPage::DefaultChannel)},
                     {tr("nothing"), static_cast<int>(StartPage::Nothing)}});
     addSwitch(tr("&Start when I sign in to the desktop"), &V::runAtStartup);
-    addNote(tr("Where the desktop keeps a list of its own of what starts with it, add \"ombravision -startup\" there."));
+    addNote(
+        tr("Where the desktop keeps a list of its own of what starts with it, add \"ombravision -startup\" there."));
     addSection(tr("Window"));
     addSwitch(tr("&Always on top of other windows"), &V::alwaysOnTop);
     addSwitch(tr("Show the &menu bar"), &V::showMenuBar);

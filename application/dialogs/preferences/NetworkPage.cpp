@@ -102,7 +102,8 @@ void NetworkPage::addCache()
 void NetworkPage::onCleared(qint64 bytesLeft)
 {
     _clear->setEnabled(true);
-    _clearResult->setText(bytesLeft == 0 ? tr("The cache is empty.")
-                                         : tr("Some files could not be removed; %1 are left.")
-                                               .arg(locale().formattedDataSize(bytesLeft)));
+    _clearResult->setText(
+        bytesLeft == 0
+            ? tr("The cache is empty.")
+            : tr("Some files could not be removed; %1 are left.").arg(locale().formattedDataSize(bytesLeft)));
 }

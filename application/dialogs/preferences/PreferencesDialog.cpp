@@ -14,9 +14,9 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <QShowEvent>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 
 #include <utility>
 

@@ -47,7 +47,8 @@ QCheckBox* PreferencesPage::addSwitch(QString const& text, bool SettingsValues::
     return box;
 }
 
-QSpinBox* PreferencesPage::addNumber(QString const& label, int SettingsValues::*field, QString const& suffix, int unit)
+QSpinBox* PreferencesPage::addNumber(QString const& label, int SettingsValues::*field, QString const& suffix,
+                                     int unit)
 {
     auto* const box = new QSpinBox(this);
     box->setSuffix(suffix);

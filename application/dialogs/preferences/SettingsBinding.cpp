@@ -32,8 +32,7 @@ void SettingsBinding::bind(int SettingsValues::*field, QSpinBox* box, int unit)
     if (Setting const* const setting = findSetting(field); setting && setting->bounds)
         box->setRange(static_cast<int>(std::ceil(setting->bounds->minimum / unit)),
                       static_cast<int>(setting->bounds->maximum / unit));
-    auto const store =
-        bind<int>(field, [box, unit](int const& value) { box->setValue((value + unit / 2) / unit); });
+    auto const store = bind<int>(field, [box, unit](int const& value) { box->setValue((value + unit / 2) / unit); });
     connect(box, &QSpinBox::valueChanged, this, [this, field, store, unit](int value) {
         if ((_settings.values().*field + unit / 2) / unit != value) // What is shown may be rounded.
             store(value * unit);

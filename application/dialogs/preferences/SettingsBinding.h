@@ -36,8 +36,8 @@ public:
     template<class T>
     void bind(T SettingsValues::*field, QComboBox* box, std::function<QString(T const&)> const& other = {});
 
-    /// The general case. What is returned takes what the widget has now; `show` is given what the setting has, at once
-    /// and whenever that changes.
+    /// The general case. What is returned takes what the widget has now; `show` is given what the setting has, at
+    /// once and whenever that changes.
     template<class T>
     std::function<void(T const&)> bind(T SettingsValues::*field, std::function<void(T const&)> const& show);
 

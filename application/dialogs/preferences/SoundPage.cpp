@@ -14,7 +14,8 @@ SoundPage::SoundPage(AppData& appData) : PreferencesPage(appData), _tone(appData
 {
     using V = SettingsValues;
     addSection(tr("Device"));
-    _device = addChoice<QString>(tr("&Sound goes to:"), &V::audioDevice, {}, [](QString const& name) { return name; });
+    _device =
+        addChoice<QString>(tr("&Sound goes to:"), &V::audioDevice, {}, [](QString const& name) { return name; });
     _device->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // Names are long.
     constexpr int letters = 24;
     _device->setMinimumContentsLength(letters);
