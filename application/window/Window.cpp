@@ -2,7 +2,6 @@
 
 #include "ActionStates.h"
 #include "AppData.h"
-#include "BufferWindow.h"
 #include "Channel.h"
 #include "ChannelManager.h"
 #include "FileChannels.h"
@@ -17,6 +16,7 @@
 #include "Splitter.h"
 #include "TabWidget.h"
 #include "TrayIcon.h"
+#include "WindowDialogs.h"
 #include "WindowFade.h"
 #include "WindowKeys.h"
 #include "WindowManagerState.h"
@@ -82,6 +82,7 @@ Window::~Window()
         _appData.channelManager()->closeAllChannels();
     if (_appData.settings.actions().areCreated())
         _appData.settings.saveGlobalSettings();
+    _dialogs.reset();
     delete _glWidget;
 }
 
@@ -115,11 +116,12 @@ void Window::createMenus()
     _menuBar = _menus->bar();
     contents()->addWidget(_menuBar);
     contents()->addWidget(_splitter, 1);
-    _bufferWindow = new BufferWindow(_appData, this);
-    QAction* const buffer = _menus->view()->addAction(tr("Stream Buffer"));
-    buffer->setCheckable(true);
-    connect(buffer, &QAction::triggered, _bufferWindow, &QWidget::setVisible);
-    connect(_bufferWindow, &BufferWindow::visibilityChanged, buffer, &QAction::setChecked);
+    _dialogs = std::make_unique<WindowDialogs>(_appData, *_glWidget, *this);
+    _dialogs->fillEffectsMenu(_menus->effects());
+    for (WindowDialog const which : {WindowDialog::VideoInformation, WindowDialog::StreamBuffer})
+        _menus->view()->addAction(_dialogs->action(which));
+    _menus->options()->insertAction(_appData.settings.action(MenuAction::RunAtStartup),
+                                    _dialogs->action(WindowDialog::TestConsole));
 }
 
 void Window::createTrayIcon()
