@@ -26,8 +26,7 @@ ChannelRowPainter::Channel shown(ChannelListWidgetModelRow const& row)
 void ChannelListWidgetItemDelegate::paint(QPainter* painter, QStyleOptionViewItem const& given,
                                           QModelIndex const& index) const
 {
-    auto const* const row =
-        index.data(ChannelListWidgetModel::RowRole).value<ChannelListWidgetModelRow const*>();
+    auto const* const row = index.data(ChannelListWidgetModel::RowRole).value<ChannelListWidgetModelRow const*>();
     if (!row)
         return;
     QStyleOptionViewItem option = given;

@@ -4,8 +4,8 @@
 
 #include <QStyledItemDelegate>
 
-/// Paints the rows of the channel list: state, bell, and the channel with its logo, title, summary and languages, and a
-/// star, which is seen where it is set or where the pointer or the keyboard is. Main thread only.
+/// Paints the rows of the channel list: state, bell, and the channel with its logo, title, summary and languages, and
+/// a star, which is seen where it is set or where the pointer or the keyboard is. Main thread only.
 class ChannelListWidgetItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -9,9 +9,9 @@
 #include <functional>
 #include <vector>
 
-/// The channels of the list, in the order of the directory. A directory that changes is one reset, or, where its order
-/// stays, one signal for each run of rows that have changed; what the list knows of a channel stays with it. Main
-/// thread only.
+/// The channels of the list, in the order of the directory. A directory that changes is one reset, or, where its
+/// order stays, one signal for each run of rows that have changed; what the list knows of a channel stays with it.
+/// Main thread only.
 class ChannelListWidgetModel : public QAbstractTableModel
 {
     Q_OBJECT

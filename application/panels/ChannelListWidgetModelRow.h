@@ -6,7 +6,8 @@
 #include <QMetaType>
 #include <QString>
 
-/// A row of the channel list: a channel, what the list knows of it, and what is prepared for filter and order. A value.
+/// A row of the channel list: a channel, what the list knows of it, and what is prepared for filter and order. A
+/// value.
 struct ChannelListWidgetModelRow {
     explicit ChannelListWidgetModelRow(ChannelDescription const& of) { setDescription(of); }
 

@@ -8,14 +8,14 @@
 
 int ChannelListWidgetProxyModel::typesOf(Kind kind)
 {
-    using Channel = ChannelDescription;
+    using Description = ChannelDescription;
     switch (kind) {
     case Kind::PremiumPartner:
-        return Channel::SecureChannel | Channel::PayPerViewChannel;
+        return Description::SecureChannel | Description::PayPerViewChannel;
     case Kind::FreePartner:
-        return Channel::PublicChannel;
+        return Description::PublicChannel;
     case Kind::ViewerAdded:
-        return Channel::UserChannel | Channel::UserStreamChannel | Channel::FileChannel;
+        return Description::UserChannel | Description::UserStreamChannel | Description::FileChannel;
     case Kind::Any:
         break;
     }

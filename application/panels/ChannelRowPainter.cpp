@@ -100,11 +100,11 @@ void ChannelRowPainter::paintLine(QRect const& area, QFont const& font, QColor c
     bool const isOnRight = (_option.direction == Qt::RightToLeft) != atEnd;
     // The text has its own direction, the row says at which side it stands.
     _painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-    _painter.drawText(visual(area),
-                      static_cast<int>((isOnRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute |
-                                       Qt::AlignVCenter) |
-                          Qt::TextSingleLine,
-                      shown);
+    _painter.drawText(
+        visual(area),
+        static_cast<int>((isOnRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter) |
+            Qt::TextSingleLine,
+        shown);
 }
 
 void ChannelRowPainter::paintState(ChannelRowState state)
@@ -134,8 +134,7 @@ void ChannelRowPainter::paintIcon(Icon icon, bool isDim, bool atEnd)
                        QSize(Look::smallIcon, Look::smallIcon));
     QRect const place = atEnd ? iconAtEnd(_option) : middle;
     double const ratio = _painter.device()->devicePixelRatioF();
-    QImage image =
-        Icons::image(icon, static_cast<int>(std::lround(Look::smallIcon * ratio)), textColour(isDim));
+    QImage image = Icons::image(icon, static_cast<int>(std::lround(Look::smallIcon * ratio)), textColour(isDim));
     image.setDevicePixelRatio(ratio);
     _painter.drawImage(place.topLeft(), image);
 }
@@ -149,8 +148,7 @@ void ChannelRowPainter::paintLogo(QRect const& box, Channel const& channel, Logo
         _painter.setOpacity(0.5);
     if (pixmap.isNull()) {
         int const side = std::min(box.width(), box.height()) * 3 / 4;
-        QImage image =
-            Icons::image(channel.standIn, static_cast<int>(std::lround(side * ratio)), textColour(true));
+        QImage image = Icons::image(channel.standIn, static_cast<int>(std::lround(side * ratio)), textColour(true));
         image.setDevicePixelRatio(ratio);
         _painter.drawImage(place.center() - QPoint(side / 2, side / 2), image);
     } else {

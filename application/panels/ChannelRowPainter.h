@@ -12,8 +12,8 @@
 class LogoPixmaps;
 class QPainter;
 
-/// Paints one cell of a row that is a channel, in the palette of its view and in its direction. Texts are plain, of one
-/// line, and elided where they do not fit. Main thread only.
+/// Paints one cell of a row that is a channel, in the palette of its view and in its direction. Texts are plain, of
+/// one line, and elided where they do not fit. Main thread only.
 class ChannelRowPainter
 {
 public:

@@ -16,8 +16,8 @@ enum class ChannelRowState {
     Closed,
 };
 
-/// What a state is called and coloured, and what it is of each channel that is open: told of the events, asked by root
-/// id. Main thread only.
+/// What a state is called and coloured, and what it is of each channel that is open: told of the events, asked by
+/// root id. Main thread only.
 class ChannelRowStates
 {
     Q_DECLARE_TR_FUNCTIONS(ChannelRowStates)

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <utility>
 
 ChannelView::ChannelView(QWidget* parent) : QTreeView(parent)
@@ -33,7 +34,7 @@ ChannelView::ChannelView(QWidget* parent) : QTreeView(parent)
 ChannelView::Place ChannelView::place() const
 {
     QModelIndex const top = indexAt({0, 0});
-    return {top, top.isValid() ? visualRect(top).top() : 0};
+    return {top, top.isValid() ? visualRect(top).top() : 0, currentIndex(), currentIndex().row()};
 }
 
 void ChannelView::restore(Place const& place)
@@ -42,6 +43,8 @@ void ChannelView::restore(Place const& place)
         int const now = visualRect(place.top).top();
         verticalScrollBar()->setValue(verticalScrollBar()->value() + now - place.offset);
     }
+    if (place.currentRow >= 0 && !place.current.isValid() && model()->rowCount() > 0)
+        setCurrentIndex(model()->index(std::min(place.currentRow, model()->rowCount() - 1), 0));
     QModelIndex const current = currentIndex();
     if (current.isValid() && !selectionModel()->isRowSelected(current.row(), {}))
         selectionModel()->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -113,7 +116,7 @@ void ChannelView::mouseReleaseEvent(QMouseEvent* event)
 /// The first click has done it: with Ctrl the second one would take it back.
 void ChannelView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    _pressed = {};
+    _pressed = QModelIndex();
     event->accept();
 }
 

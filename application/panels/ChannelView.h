@@ -18,9 +18,11 @@ public:
     struct Place {
         QPersistentModelIndex top;
         int offset = 0; ///< Of the row's top from that of the view.
+        QPersistentModelIndex current = {};
+        int currentRow = -1; ///< Where it was.
     };
     Place place() const;
-    /// Has the row where it was, and the current row selected.
+    /// Has the row where it was, and the current row selected; if that has gone, what stands in its place.
     void restore(Place const& place);
 
 signals:
@@ -43,7 +45,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
-    QItemSelectionModel::SelectionFlags selectionCommand(QModelIndex const& index, QEvent const* event) const override;
+    QItemSelectionModel::SelectionFlags selectionCommand(QModelIndex const& index,
+                                                         QEvent const* event) const override;
 
 private:
     /// What a key of the list asks for; null for others.
