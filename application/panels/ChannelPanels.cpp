@@ -53,8 +53,6 @@ void ChannelPanels::connectList()
     connect(_list, &List::signInClicked, _appData.settings.action(MenuAction::SignIn), &QAction::trigger);
     connect(_myChannels, &MyChannels::removed, this, &Panels::onDeleted);
     connect(_myChannels, &MyChannels::failed, this, &Panels::onDeletionFailed);
-    connect(_appData.settings.action(MenuAction::AddRemoveChannels), &QAction::triggered, this,
-            &Panels::onChannelListWidgetManageChannels);
 }
 
 void ChannelPanels::connectSearch()

@@ -9,6 +9,7 @@
 class ActionStates;
 class BufferWindow;
 class Channel;
+class ChannelPanels;
 class FileChannels;
 class GLWidget;
 class HibernationManager;
@@ -126,6 +127,7 @@ private:
     Splitter* _splitter = nullptr;
     GLWidget* _glWidget = nullptr;
     TabWidget* _tabs = nullptr;
+    ChannelPanels* _panels = nullptr;
     Notice* _notice = nullptr;
     BufferWindow* _bufferWindow = nullptr;
     std::unique_ptr<WindowKeys> _keys;
