@@ -3,7 +3,10 @@
 #include "ActionStates.h"
 #include "AppData.h"
 #include "Channel.h"
+#include "ChannelListWidget.h"
 #include "ChannelManager.h"
+#include "ChannelPanels.h"
+#include "ChannelSearchWidget.h"
 #include "FileChannels.h"
 #include "GLWidget.h"
 #include "HibernationManager.h"
@@ -91,6 +94,9 @@ void Window::createChildControls()
     _splitter = new Splitter(_appData.settings, this);
     _glWidget = new GLWidget(_appData, _splitter);
     _tabs = new TabWidget(_appData.settings, _splitter);
+    _panels = new ChannelPanels(_appData, _tabs);
+    _tabs->addTab(_panels->list(), tr("Channels"));
+    _tabs->addTab(_panels->search(), tr("Search"));
     _splitter->addWidget(_glWidget);
     _splitter->addWidget(_tabs);
     _splitter->setStretchFactor(0, 1);

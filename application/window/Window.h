@@ -8,6 +8,7 @@
 
 class ActionStates;
 class Channel;
+class ChannelPanels;
 class FileChannels;
 class GLWidget;
 class HibernationManager;
@@ -127,6 +128,7 @@ private:
     Splitter* _splitter = nullptr;
     GLWidget* _glWidget = nullptr;
     TabWidget* _tabs = nullptr;
+    ChannelPanels* _panels = nullptr;
     Notice* _notice = nullptr;
     std::unique_ptr<WindowKeys> _keys;
     std::unique_ptr<WindowFade> _fade;
