@@ -123,6 +123,8 @@ public:
     void openUserStream(QString const& url, QString const& title, bool nonMultiview);
     /// The same for a file.
     void openFile(QString const& path, bool nonMultiview);
+    /// The same for a channel that the viewer has put together; one that is open already begins anew.
+    void openOwnChannel(ChannelDescription const& description, bool nonMultiview);
 
     void setActiveChannel(Channel* channel) { _open.setActive(channel); }
     Channel* activeChannel() const { return _open.active(); }
@@ -131,6 +133,8 @@ public:
     QList<Channel*> openChannels() const { return _open.channels(); }
     bool isChannelOpen(Channel const* channel) const { return _open.contains(channel); }
     bool isChannelOpenByRootId(QString const& rootId) const;
+    /// Whether it waits for a fade or a pre-roll.
+    bool isAboutToOpen(QString const& rootId) const;
     /// Whether something is open, or is about to be.
     bool isBusy() const { return !_open.isEmpty() || _switch.isPending() || !postSponsorshipChannelId().isEmpty(); }
 
@@ -241,7 +245,6 @@ public slots:
 
 private:
     void onUpdateCompleted(bool hasChanged);
-    void openOwnChannel(ChannelDescription const& description, bool nonMultiview);
     void connectParts();
     QString channelIdAt(QPointF point) const;
     static bool isModifierHeld(Qt::KeyboardModifiers modifiers);

@@ -9,6 +9,9 @@
 
 #include <QObject>
 
+#include <algorithm>
+#include <type_traits>
+
 class Logger;
 class QAction;
 class QSettings;
@@ -50,7 +53,10 @@ public:
     /// Directories of this user; made when they are first needed.
     QString dataDirectory() const { return _dataDirectory; }
     QString recordingDirectory() const { return _dataDirectory + "/Recording"; }
-    QString screenshotDirectory() const { return _dataDirectory + "/Screenshots"; }
+    QString screenshotDirectory() const
+    {
+        return _values.screenshotDirectory.isEmpty() ? _dataDirectory + "/Screenshots" : _values.screenshotDirectory;
+    }
     QString cacheDirectory() const;
 
     // The directory service. What ends with a slash is the beginning of addresses.
@@ -112,6 +118,16 @@ public:
     QString readEncryptedPassword(QSettings& settings, QString const& key) { return _secrets.read(settings, key); }
     /// An empty secret takes the key away.
     void writeEncryptedPassword(QSettings& settings, QString const& key, QString const& secret);
+
+    // Settings as fields, for what handles them as a table.
+    SettingsValues const& values() const { return _values; }
+    /// What the setter of the field does; a number outside its bounds is brought inside.
+    template<class T>
+    void setValue(T SettingsValues::*field, std::type_identity_t<T> const& value);
+    /// A new list of addresses that were opened, the newest first.
+    void setStreamHistory(QStringList const& addresses) { set(&SettingsValues::streamHistory, addresses); }
+    QStringList streamHistory() const { return _values.streamHistory; }
+    SettingsValues::StartPage startPage() const { return static_cast<SettingsValues::StartPage>(_values.startPage); }
 
     // Sound and picture.
     QString audioDevice() const { return _values.audioDevice; }
@@ -208,6 +224,13 @@ public:
     /// Null as long as the window has its own.
     QSize size() const { return _values.size; }
     void setSize(QSize size) { set(&SettingsValues::size, size); }
+    bool maximised() const { return _values.maximised; }
+    void setMaximised(bool on) { set(&SettingsValues::maximised, on); }
+    /// Whether the viewer has been told, once and for all, that drawing is slow here, and that a closed window goes on.
+    bool toldOfSlowDriver() const { return _values.toldOfSlowDriver; }
+    void setToldOfSlowDriver(bool told) { set(&SettingsValues::toldOfSlowDriver, told); }
+    bool toldOfTray() const { return _values.toldOfTray; }
+    void setToldOfTray(bool told) { set(&SettingsValues::toldOfTray, told); }
     /// Where the last file was opened.
     QString videoFileDirectory() const { return _values.videoFileDirectory; }
     void setVideoFileDirectory(QString const& directory) { set(&SettingsValues::videoFileDirectory, directory); }
@@ -234,6 +257,9 @@ public:
     /// Whether a channel's alerts are shown; one that was never asked for before gets the default for good.
     bool channelAlerts(QString const& id, bool byDefault);
     void setChannelAlerts(QString const& id, bool on);
+    /// Root ids, in the order in which the viewer has marked them.
+    QStringList favouriteChannels() const { return _values.favouriteChannels; }
+    void setFavouriteChannels(QStringList const& ids) { set(&SettingsValues::favouriteChannels, ids); }
     QStringList alertHistory() const { return _values.alertHistory; }
     void setAlertHistory(QStringList const& history) { set(&SettingsValues::alertHistory, history); }
 
@@ -326,9 +352,15 @@ signals:
     void alertDisplayOpacityChanged();
     void alertsUseGrowlChanged();
     void channelAlertsChanged();
+    void favouriteChannelsChanged();
     void audioDeviceChanged();
     void useHardwareColourConversionChanged();
     void enableAntialiasingChanged();
+    void deinterlaceChanged();
+    void colourConversionChanged();
+    void presentationChanged();
+    void proxyChanged();
+    void cacheLimitChanged();
     void chatNickChanged();
     void chatColoursChanged();
     void showVideoTipsChanged();
@@ -379,3 +411,23 @@ private:
     MenuActions _actions;
     SecretStore _secrets;
 };
+
+template<class T>
+void AppSettings::setValue(T SettingsValues::*field, std::type_identity_t<T> const& value)
+{
+    if constexpr (std::is_same_v<T, bool>) {
+        if (field == &SettingsValues::runAtStartup)
+            return setRunAtStartup(value);
+    }
+    if constexpr (std::is_same_v<T, double>) {
+        if (field == &SettingsValues::volume)
+            return setVolume(value);
+    }
+    if constexpr (std::is_same_v<T, int>) {
+        Setting const* const setting = findSetting(field);
+        if (setting && setting->bounds)
+            return set(field, static_cast<int>(std::clamp<double>(value, setting->bounds->minimum,
+                                                                  setting->bounds->maximum)));
+    }
+    set(field, value);
+}
