@@ -1,6 +1,6 @@
 #include "GLCanvas.h"
 
-#include "GLTexture.h"
+#include <QPainter>
 
 #include <algorithm>
 
@@ -12,15 +12,36 @@ GLCanvas::GLCanvas(QObject* parent) : QObject(parent)
 
 GLCanvas::~GLCanvas() = default;
 
+void GLCanvas::setGeometry(QRectF const& geometry)
+{
+    if (geometry == _geometry)
+        return;
+    _geometry = geometry;
+    if (_visible)
+        emit changed();
+}
+
 void GLCanvas::setOpacity(double opacity)
 {
     _fade.stop();
     _opacity = std::clamp(opacity, 0.0, 1.0);
+    if (_visible)
+        emit changed();
 }
 
 void GLCanvas::setTexture(GLTexture* texture)
 {
     _texture = texture;
+    _image = {};
+    _imageTexture.destroy();
+}
+
+void GLCanvas::setImage(QImage const& image)
+{
+    _texture = nullptr;
+    _image = image;
+    if (_visible)
+        emit changed();
 }
 
 void GLCanvas::setVisible(bool visible)
@@ -29,6 +50,7 @@ void GLCanvas::setVisible(bool visible)
         return;
     _visible = visible;
     emit visibilityChanged(visible);
+    emit changed();
 }
 
 void GLCanvas::fadeIn(int milliseconds)
@@ -54,11 +76,18 @@ bool GLCanvas::hitTest(QPointF point) const
 void GLCanvas::render(double opacity) const
 {
     double const alpha = opacity * _opacity;
-    if (!_visible || !_texture || !_texture->created() || alpha <= 0.0)
+    if (!_visible || alpha <= 0.0)
         return;
-    double const u = _texture->maxU();
-    double const v = _texture->maxV();
-    glBindTexture(GL_TEXTURE_2D, _texture->handle());
+    if (!_image.isNull() && (_texturedImage != _image.cacheKey() || _imageTexture.isLost())) {
+        _imageTexture.create(_image);
+        _texturedImage = _image.cacheKey();
+    }
+    GLTexture const* const texture = _image.isNull() ? _texture : &_imageTexture;
+    if (!texture || !texture->created())
+        return;
+    double const u = texture->maxU();
+    double const v = texture->maxV();
+    glBindTexture(GL_TEXTURE_2D, texture->handle());
     glColor4d(alpha, alpha, alpha, alpha);
     glBegin(GL_QUADS);
     glTexCoord2d(0.0, 0.0);
@@ -72,9 +101,20 @@ void GLCanvas::render(double opacity) const
     glEnd();
 }
 
+void GLCanvas::paint(QPainter& painter, double opacity) const
+{
+    double const alpha = opacity * _opacity;
+    if (!_visible || _image.isNull() || alpha <= 0.0)
+        return;
+    painter.setOpacity(alpha);
+    painter.drawImage(_geometry, _image);
+}
+
 void GLCanvas::onFadeValueChanged(GLAnimation* fade)
 {
     _opacity = fade->value();
+    if (_visible)
+        emit changed();
 }
 
 void GLCanvas::onFadeCompleted(GLAnimation*)

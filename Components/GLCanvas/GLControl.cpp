@@ -1,5 +1,7 @@
 #include "GLControl.h"
 
+#include <QPainter>
+
 #include <qopengl.h>
 
 GLControl::GLControl(QString const& name, QObject* parent) : GLCanvas(parent), _name(name)
@@ -13,12 +15,60 @@ void GLControl::addControl(GLControl* control)
 {
     removeControl(control);
     _controls.append(control);
+    connect(control, &GLCanvas::changed, this, &GLControl::onControlChanged);
+    connect(control, &QObject::destroyed, this, &GLControl::onControlChanged);
+    onControlChanged();
 }
 
 void GLControl::removeControl(GLControl* control)
 {
-    _controls.removeAll(control);
     _controls.removeAll(nullptr);
+    if (_controls.removeAll(control) == 0)
+        return;
+    control->disconnect(this);
+    onControlChanged();
+}
+
+void GLControl::onControlChanged()
+{
+    if (isVisible())
+        emit changed();
+}
+
+void GLControl::setLabel(QString const& label)
+{
+    if (label == _label)
+        return;
+    _label = label;
+    emit labelChanged(this);
+}
+
+QAccessible::State GLControl::state() const
+{
+    QAccessible::State state;
+    state.disabled = !_enabled;
+    state.invisible = !isVisible() || opacity() <= 0.0;
+    state.focusable = _focusable;
+    state.focused = _focused && _focusable;
+    return state;
+}
+
+void GLControl::setEnabled(bool enabled)
+{
+    if (enabled == _enabled)
+        return;
+    _enabled = enabled;
+    onControlChanged();
+}
+
+void GLControl::setFocused(bool focused, bool shown)
+{
+    bool const isNew = focused != _focused;
+    _focused = focused;
+    _showsFocus = focused && shown;
+    onControlChanged();
+    if (isNew)
+        emit focusChanged(this, focused);
 }
 
 QList<GLControl*> GLControl::controls() const
@@ -73,6 +123,18 @@ void GLControl::render(double opacity)
     for (GLControl* const control : controls())
         control->render(combined);
     glPopMatrix();
+}
+
+void GLControl::paint(QPainter& painter, double opacity)
+{
+    double const combined = opacity * this->opacity();
+    if (!isVisible() || combined <= 0.0)
+        return;
+    static_cast<GLControl const*>(this)->paint(painter, opacity);
+    painter.translate(geometry().topLeft());
+    for (GLControl* const control : controls())
+        control->paint(painter, combined);
+    painter.translate(-geometry().topLeft());
 }
 
 void GLControl::recalcLayout(double scale)

@@ -6,6 +6,7 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QStyleHints>
 
 #include <utility>
 
@@ -109,7 +110,14 @@ void ChannelManager::videoMouseRelease(QPointF point, Qt::KeyboardModifiers modi
     QString const pressed = std::exchange(_pressedChannel, {});
     if (pressed.isEmpty() || pressed != channelIdAt(point))
         return;
-    performChannelClickAction(pressed, channelClickAction(pressed, isModifierHeld(modifiers)));
+    ChannelClickAction const action = channelClickAction(pressed, isModifierHeld(modifiers));
+    if (action == SponsorClickAction) {
+        // It leads out of the program: not for somebody who wants full screen.
+        _waitingAction = [this, pressed] { performChannelClickAction(pressed, channelClickAction(pressed, false)); };
+        _waitingClick.start(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+        return;
+    }
+    performChannelClickAction(pressed, action);
     setChannelCursor(channelIdAt(point), isModifierHeld(modifiers)); // Another click does something else.
 }
 
