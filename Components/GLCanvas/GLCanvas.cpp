@@ -6,6 +6,7 @@
 
 GLCanvas::GLCanvas(QObject* parent) : QObject(parent)
 {
+    _fade.setEasing(QEasingCurve::OutCubic);
     connect(&_fade, &GLAnimation::valueChanged, this, &GLCanvas::onFadeValueChanged);
     connect(&_fade, &GLAnimation::completed, this, &GLCanvas::onFadeCompleted);
 }
@@ -55,16 +56,21 @@ void GLCanvas::setVisible(bool visible)
 
 void GLCanvas::fadeIn(int milliseconds)
 {
+    if (_visible && _fadesIn && (isFading() || _opacity >= 1.0))
+        return; // It is there, or on the way.
     if (!_visible)
         _opacity = 0.0;
+    _fadesIn = true;
     setVisible(true);
     _fade.start(_opacity, 1.0, milliseconds);
 }
 
 void GLCanvas::fadeOut(int milliseconds)
 {
-    if (_visible)
-        _fade.start(_opacity, 0.0, milliseconds);
+    if (!_visible || (isFading() && !_fadesIn))
+        return;
+    _fadesIn = false;
+    _fade.start(_opacity, 0.0, milliseconds);
 }
 
 bool GLCanvas::hitTest(QPointF point) const

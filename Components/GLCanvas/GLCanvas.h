@@ -41,10 +41,13 @@ public:
     void setVisible(bool visible);
     bool isVisible() const { return _visible; }
 
-    /// Shows the canvas and moves its opacity to 1.0, or to 0.0 and hides it then.
+    /// Shows the canvas and moves its opacity to 1.0, or to 0.0 and hides it then. One that is on that way already
+    /// goes on.
     void fadeIn(int milliseconds);
     void fadeOut(int milliseconds);
     bool isFading() const { return _fade.isRunning(); }
+    /// Whether it can be seen, and is not about to go.
+    bool isShown() const { return _visible && (_fadesIn || !isFading()); }
 
     /// Whether a visible canvas covers the point, in the coordinates of its holder.
     virtual bool hitTest(QPointF point) const;
@@ -73,4 +76,5 @@ private:
     mutable GLTexture _imageTexture;   ///< Of the image, as soon as OpenGL has drawn it.
     mutable qint64 _texturedImage = 0; ///< Which image that is.
     GLAnimation _fade;
+    bool _fadesIn = false; ///< What the last fade was for.
 };

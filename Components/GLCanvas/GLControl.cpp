@@ -145,5 +145,5 @@ void GLControl::recalcLayout(double scale)
 
 bool GLControl::hitTest(QPointF point)
 {
-    return static_cast<GLControl const*>(this)->hitTest(point);
+    return !_isPassedThrough && static_cast<GLControl const*>(this)->hitTest(point);
 }

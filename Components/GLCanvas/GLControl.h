@@ -41,6 +41,9 @@ public:
     /// The held controls that still live, lowest first.
     QList<GLControl*> controls() const;
 
+    /// Whether the pointer is never over it nor over what it holds. Starts false.
+    void setPassedThrough(bool passed) { _isPassedThrough = passed; }
+
     /// Whether it shows nothing itself, and only holds others.
     virtual bool isBare() const { return image().isNull() && !texture(); }
 
@@ -101,6 +104,7 @@ private:
     QList<QPointer<GLControl>> _controls;
     QString _label;
     bool _enabled = true;
+    bool _isPassedThrough = false;
     bool _focusable = false;
     bool _focused = false;
     bool _showsFocus = false;
