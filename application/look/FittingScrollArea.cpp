@@ -1,0 +1,48 @@
+#include "FittingScrollArea.h"
+
+#include <QEvent>
+#include <QScreen>
+#include <QScrollBar>
+
+namespace
+{
+constexpr int otherParts = 160; // Pixels of height for what is around it: frame, heading, buttons.
+constexpr int leastHeight = 64;
+} // namespace
+
+FittingScrollArea::FittingScrollArea(QWidget* contents, QWidget* parent) : QScrollArea(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(contents);
+    contents->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+    contents->installEventFilter(this);
+}
+
+QSize FittingScrollArea::sizeHint() const
+{
+    QSize hint = widget()->sizeHint();
+    int const room = screen()->availableSize().height() - otherParts;
+    if (hint.height() > room)
+        hint = {hint.width() + verticalScrollBar()->sizeHint().width(), room};
+    return hint;
+}
+
+QSize FittingScrollArea::minimumSizeHint() const
+{
+    QSize const least = widget()->minimumSizeHint();
+    int const room = qMax(leastHeight, screen()->availableSize().height() - otherParts);
+    if (least.height() <= room)
+        return least; // Nothing is cut that has room.
+    return {least.width() + verticalScrollBar()->sizeHint().width(), room};
+}
+
+bool FittingScrollArea::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QScrollArea>
+
+/// Shows a widget as large as it wants to be, and lets it scroll up and down where the screen has no room for that.
+class FittingScrollArea : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// Takes the widget.
+    FittingScrollArea(QWidget* contents, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
