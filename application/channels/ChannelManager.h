@@ -166,6 +166,8 @@ public:
     /// What a click on a channel does, wherever its name or picture is.
     ChannelClickAction channelClickAction(QString const& rootId, bool isModifierHeld) const;
     void performChannelClickAction(QString const& rootId, ChannelClickAction action);
+    /// As a click on the one after what the viewer has chosen last, or before it with a step of -1.
+    void openNeighbour(int step);
     QCursor cursorForChannelClickAction(ChannelClickAction action) const;
     /// Has cursorChanged() tell the pointer over a channel, for what a click on it does; over none with an empty id.
     void setChannelCursor(QString const& rootId, bool isModifierHeld);

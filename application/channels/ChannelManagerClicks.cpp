@@ -130,6 +130,13 @@ Channel* ChannelManager::chosenChannel() const
     return activeChannel();
 }
 
+void ChannelManager::openNeighbour(int step)
+{
+    Channel const* const from = chosenChannel();
+    if (Channel* const channel = step > 0 ? nextChannel(from) : previousChannel(from))
+        performChannelClickAction(channel->desc.rootId(), OpenClickAction);
+}
+
 bool ChannelManager::videoKeyPress(QKeyEvent const* event)
 {
     if (event->key() == Qt::Key_Control)
@@ -143,9 +150,7 @@ bool ChannelManager::videoKeyPress(QKeyEvent const* event)
     bool const isNext = event->key() == Qt::Key_PageDown;
     if (!isPlain || (!isNext && event->key() != Qt::Key_PageUp))
         return false;
-    Channel const* const from = chosenChannel();
-    if (Channel* const channel = isNext ? nextChannel(from) : previousChannel(from))
-        performChannelClickAction(channel->desc.rootId(), OpenClickAction);
+    openNeighbour(isNext ? 1 : -1);
     return true;
 }
 
