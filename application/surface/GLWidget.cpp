@@ -97,6 +97,9 @@ void GLWidget::connectOverlay()
 
 GLWidget::~GLWidget()
 {
+    // Whatever they still have to say while they go is for nobody.
+    for (QObject* const sender : std::initializer_list<QObject*>{qApp, &_layout, &_overlay, &_carousel})
+        sender->disconnect(this);
     destroyPrograms();
 }
 

@@ -114,7 +114,10 @@ void GLChannelBar::updateChannel()
 
 void GLChannelBar::updateLogo(Channel const* channel)
 {
-    QImage logo = channel ? channel->desc.logo() : QImage();
+    // One of the viewer's own has no logo but the one that all such have.
+    constexpr int withoutLogo = ChannelDescription::FileChannel | ChannelDescription::UserStreamChannel;
+    bool const hasLogo = channel && (channel->desc.channelType() & withoutLogo) == 0;
+    QImage logo = hasLogo ? channel->desc.logo() : QImage();
     if (!logo.isNull()) // Drawn in a square of few pixels: however large it is, no more of it is kept.
         logo = logo.scaled(QSize(logoSide, logoSide) * scale(), Qt::KeepAspectRatio, Qt::SmoothTransformation)
                    .convertToFormat(QImage::Format_ARGB32_Premultiplied);
