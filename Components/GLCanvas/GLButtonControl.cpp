@@ -1,5 +1,7 @@
 #include "GLButtonControl.h"
 
+#include "GLControlAccessible.h"
+
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -53,6 +55,7 @@ void GLButtonControl::setChecked(bool checked)
     if (std::exchange(_isChecked, checked) != checked) {
         update();
         emit labelChanged(this);
+        GLControlAccessible::changed(*this);
     }
 }
 

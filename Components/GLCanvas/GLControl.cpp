@@ -1,5 +1,7 @@
 #include "GLControl.h"
 
+#include "GLControlAccessible.h"
+
 #include <QPainter>
 
 #include <qopengl.h>
@@ -15,6 +17,7 @@ void GLControl::addControl(GLControl* control)
 {
     removeControl(control);
     _controls.append(control);
+    control->_holder = this;
     connect(control, &GLCanvas::changed, this, &GLControl::onControlChanged);
     connect(control, &QObject::destroyed, this, &GLControl::onControlChanged);
     onControlChanged();
@@ -25,8 +28,19 @@ void GLControl::removeControl(GLControl* control)
     _controls.removeAll(nullptr);
     if (_controls.removeAll(control) == 0)
         return;
+    control->_holder = nullptr;
     control->disconnect(this);
     onControlChanged();
+}
+
+GLControlLayout* GLControl::layout() const
+{
+    return _holder ? _holder->layout() : _layout;
+}
+
+void GLControl::setLayout(GLControlLayout* layout)
+{
+    _layout = layout;
 }
 
 void GLControl::onControlChanged()
@@ -41,6 +55,7 @@ void GLControl::setLabel(QString const& label)
         return;
     _label = label;
     emit labelChanged(this);
+    GLControlAccessible::changed(*this);
 }
 
 QAccessible::State GLControl::state() const

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QString>
 
+class GLControlLayout;
 class QKeyEvent;
 class QMouseEvent;
 class QWheelEvent;
@@ -40,6 +41,11 @@ public:
 
     /// The held controls that still live, lowest first.
     QList<GLControl*> controls() const;
+    /// What holds it, and the layout that the outermost holder is in; null without one.
+    GLControl* holder() const { return _holder; }
+    GLControlLayout* layout() const;
+    /// The layout's: it has been added there, or with null taken out.
+    void setLayout(GLControlLayout* layout);
 
     /// Whether the pointer is never over it nor over what it holds. Starts false.
     void setPassedThrough(bool passed) { _isPassedThrough = passed; }
@@ -102,6 +108,8 @@ private:
 
     QString const _name;
     QList<QPointer<GLControl>> _controls;
+    QPointer<GLControl> _holder;
+    GLControlLayout* _layout = nullptr; ///< Of one that nothing holds.
     QString _label;
     bool _enabled = true;
     bool _isPassedThrough = false;

@@ -1,6 +1,7 @@
 #include "GLControlLayout.h"
 
 #include "GLControl.h"
+#include "GLControlAccessible.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -57,7 +58,11 @@ void appendFocusable(QList<GLControl*>& found, QList<GLControl*> const& controls
 
 GLControlLayout::GLControlLayout(QObject* parent) : QObject(parent) {}
 
-GLControlLayout::~GLControlLayout() = default;
+GLControlLayout::~GLControlLayout()
+{
+    for (GLControl* const control : controls())
+        control->setLayout(nullptr);
+}
 
 void GLControlLayout::addControl(GLControl* control)
 {
@@ -66,6 +71,7 @@ void GLControlLayout::addControl(GLControl* control)
     _controls.append(control);
     connect(control, &GLCanvas::changed, this, &GLControlLayout::onControlChanged, Qt::UniqueConnection);
     connect(control, &QObject::destroyed, this, &GLControlLayout::onControlChanged, Qt::UniqueConnection);
+    control->setLayout(this);
     control->recalcLayout(_scale);
     onControlChanged();
 }
@@ -78,6 +84,7 @@ void GLControlLayout::removeControl(GLControl* control)
     if (_focus == control)
         _focus = nullptr;
     control->disconnect(this);
+    control->setLayout(nullptr);
     onControlChanged();
     if (_hovered.removeAll(control) > 0)
         emit control->mouseLeft(control);
@@ -135,8 +142,10 @@ void GLControlLayout::setFocus(GLControl* control, bool shown)
         before->setFocused(false, false);
     if (_focus)
         _focus->setFocused(true, shown);
-    if (before != control)
-        emit focusChanged(_focus);
+    if (before == control)
+        return;
+    GLControlAccessible::focusMoved(*this);
+    emit focusChanged(_focus);
 }
 
 bool GLControlLayout::focusNext(bool forward)

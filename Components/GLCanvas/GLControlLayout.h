@@ -13,6 +13,7 @@ class QKeyEvent;
 class QMouseEvent;
 class QPainter;
 class QWheelEvent;
+class QWidget;
 
 /// Holds the controls of one surface: draws them in the order in which they were added, and gives mouse events to the
 /// topmost control under the pointer, keys to the one with the focus.
@@ -65,6 +66,11 @@ public:
 
     double scale() const { return _scale; }
 
+    /// The widget that the controls are drawn on, for those who want to know where on the screen they are. Borrowed;
+    /// outlives the layout.
+    void setWidget(QWidget* widget) { _widget = widget; }
+    QWidget* widget() const { return _widget; }
+
     /// What the controls look like without OpenGL: a patch for each of those that a bare control holds, and for each
     /// of the others, lowest first; empty when nothing can be seen. Painted anew only where something has changed.
     QList<GLPatch> const& patches();
@@ -102,6 +108,7 @@ private:
     QList<QPointer<GLControl>> _hovered; ///< Outermost first.
     QPointer<GLControl> _grabber;        ///< Pressed and not yet released.
     QPointer<GLControl> _focus;
+    QWidget* _widget = nullptr;
     QSizeF _size;
     double _scale = 1.0;
     QList<GLPatch> _patches;

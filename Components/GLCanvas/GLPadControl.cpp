@@ -9,7 +9,7 @@
 namespace
 {
 constexpr double keyStep = 0.2;
-constexpr double handleRadius = 7.0; ///< Pixels.
+constexpr double padHandle = 7.0; ///< Pixels.
 
 QPointF stepOf(int key)
 {
@@ -104,8 +104,8 @@ void GLPadControl::draw(QPainter& painter, QSizeF const& size)
     painter.drawLine(QPointF(style().padding, middle.y()), QPointF(size.width() - style().padding, middle.y()));
     painter.setPen(Qt::NoPen);
     painter.setBrush(style().accent);
-    QPointF const reach(size.width() / 2.0 - handleRadius - 1.0, size.height() / 2.0 - handleRadius - 1.0);
-    painter.drawEllipse(middle + QPointF(_position.x() * reach.x(), _position.y() * reach.y()), handleRadius,
-                        handleRadius);
+    QPointF const reach(size.width() / 2.0 - padHandle - 1.0, size.height() / 2.0 - padHandle - 1.0);
+    painter.drawEllipse(middle + QPointF(_position.x() * reach.x(), _position.y() * reach.y()), padHandle,
+                        padHandle);
     drawFocus(painter, area);
 }

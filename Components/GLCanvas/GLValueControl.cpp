@@ -1,5 +1,7 @@
 #include "GLValueControl.h"
 
+#include "GLControlAccessible.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -50,6 +52,7 @@ void GLValueControl::setValue(double value)
     if (isSeen)
         update();
     emit labelChanged(this);
+    GLControlAccessible::changed(*this);
 }
 
 void GLValueControl::choose(double value)

@@ -8,6 +8,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "PostProcessingEffects.h"
+#include "SurfaceAccessible.h"
 
 #include <QAction>
 #include <QApplication>
@@ -50,6 +51,8 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent)
     _mouseHideTimer.setInterval(mouseHideTime);
     connect(&_mouseHideTimer, &QTimer::timeout, this, &GLWidget::onMouseHideTimer);
     _zoomAnimation.setEasing(QEasingCurve::OutCubic);
+    SurfaceAccessible::install();
+    _layout.setWidget(this);
     connectHub();
     connectOverlay();
 }

@@ -158,8 +158,8 @@ private:
     QStringList _effects;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;
-    double _zoom = 0.0;     ///< As told last.
-    QCursor _videoCursor;   ///< Where the pointer is over the picture.
+    double _zoom = 0.0;      ///< As told last.
+    QCursor _videoCursor;    ///< Where the pointer is over the picture.
     QString _pressedChannel; ///< By its root id, while it may be dragged to another's place.
     QPointF _pressPoint;
     bool _isDragging = false;

@@ -184,8 +184,7 @@ void GLWidget::onVideoMouseMove(QPointF point, QMouseEvent* event)
         return;
     }
     bool const canMove = isHeld && !_pressedChannel.isEmpty() && _appData.channelManager()->openChannels().size() > 1;
-    if (canMove && !_isDragging &&
-        (point - _pressPoint).manhattanLength() >= 2 * QApplication::startDragDistance()) {
+    if (canMove && !_isDragging && (point - _pressPoint).manhattanLength() >= 2 * QApplication::startDragDistance()) {
         _isDragging = true;
         setCursor(Qt::ClosedHandCursor);
     }

@@ -22,16 +22,16 @@ namespace
 constexpr int reach = 5;             ///< Slides to either side of the middle that are drawn.
 constexpr int playDelay = 700;       ///< ms that a channel is in the middle before it is opened.
 constexpr int pageStep = 5;          ///< Slides.
-constexpr double wheelNotch = 120.0; ///< Eighths of a degree.
+constexpr double slideNotch = 120.0; ///< Eighths of a degree.
 // Of the carousel's space, in which the surface is 1 high at the distance of the middle card.
-constexpr double distance = 1.5;
-constexpr double nearest = 0.1;
-constexpr double farthest = 10.0;
-constexpr double sideGap = 0.62;  ///< From the middle card to the first beside it.
-constexpr double nextGap = 0.26;  ///< From there on.
+constexpr double middleDistance = 1.5;
+constexpr double nearPlane = 0.1;
+constexpr double farPlane = 10.0;
+constexpr double sideGap = 0.62; ///< From the middle card to the first beside it.
+constexpr double nextGap = 0.26; ///< From there on.
 constexpr double sideDepth = 0.45;
-constexpr double turn = 58.0;     ///< Degrees, of the cards beside the middle.
-constexpr double raised = 0.07;   ///< The cards, over the middle of the surface.
+constexpr double sideTurn = 58.0;  ///< Degrees, of the cards beside the middle.
+constexpr double raised = 0.07;    ///< The cards, over the middle of the surface.
 constexpr double darkening = 0.16; ///< With each slide away from the middle.
 constexpr double titleReach = 0.6; ///< Slides from the middle at which a title has faded.
 } // namespace
@@ -97,8 +97,8 @@ void GLCarousel::onChannelsUpdated()
     }
     // The one in the middle stays there, wherever in the list it is now.
     QList<Channel*> const channels = _appData.channelManager()->channels();
-    auto const now = static_cast<int>(
-        channels.indexOf(_appData.channelManager()->getChannelByRootId(_activeChannel)));
+    auto const now =
+        static_cast<int>(channels.indexOf(_appData.channelManager()->getChannelByRootId(_activeChannel)));
     setHovered(nullptr);
     _slides.clear();
     if (now >= 0)
@@ -206,7 +206,7 @@ void GLCarousel::mouseRelease(QPointF point, bool isModifierHeld)
 void GLCarousel::wheel(QWheelEvent const* event)
 {
     QPoint const turned = event->angleDelta();
-    _wheelRest += (turned.y() != 0 ? turned.y() : turned.x()) / wheelNotch;
+    _wheelRest += (turned.y() != 0 ? turned.y() : turned.x()) / slideNotch;
     int const notches = static_cast<int>(_wheelRest);
     _wheelRest -= notches;
     if (notches != 0)
@@ -289,8 +289,8 @@ void GLCarousel::keepSlidesNear(int middle)
 {
     std::erase_if(_slides, [&](auto const& entry) {
         Channel const* const channel = _appData.channelManager()->getChannelByIndex(entry.first);
-        bool const isGone = std::abs(entry.first - middle) > reach || !channel ||
-                            channel->desc.rootId() != entry.second->rootId();
+        bool const isGone =
+            std::abs(entry.first - middle) > reach || !channel || channel->desc.rootId() != entry.second->rootId();
         if (isGone && entry.second.get() == _hovered)
             setHovered(nullptr);
         return isGone;
@@ -310,14 +310,13 @@ void GLCarousel::render(QSize const& surface, double zoom)
     keepSlidesNear(static_cast<int>(std::lround(position)));
     double const aspect = static_cast<double>(surface.width()) / surface.height();
     // Where the middle card is as wide, or as high, as the surface.
-    double const close =
-        distance * std::max(GLCarouselSlide::width / aspect, GLCarouselSlide::height);
-    double const eye = close + (distance - close) * zoom;
-    double const half = nearest / distance / 2;
+    double const close = middleDistance * std::max(GLCarouselSlide::width / aspect, GLCarouselSlide::height);
+    double const eye = close + (middleDistance - close) * zoom;
+    double const half = nearPlane / middleDistance / 2;
     glMatrixMode(GL_PROJECTION);
     glPushMatrix();
     glLoadIdentity();
-    glFrustum(-half * aspect, half * aspect, -half, half, nearest, farthest);
+    glFrustum(-half * aspect, half * aspect, -half, half, nearPlane, farPlane);
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glTranslated(0.0, raised * zoom, -eye);
@@ -348,7 +347,7 @@ void GLCarousel::renderSlide(int index, QSize const& surface)
     double const side = std::clamp(away, -1.0, 1.0);
     glPushMatrix();
     glTranslated(side * sideGap + (away - side) * nextGap, 0.0, -std::abs(side) * sideDepth);
-    glRotated(-side * turn, 0.0, 1.0, 0.0);
+    glRotated(-side * sideTurn, 0.0, 1.0, 0.0);
     double const opacity = std::clamp(1.0 - darkening * std::abs(away), 0.0, 1.0);
     double const titleOpacity = std::clamp(1.0 - std::abs(away) / titleReach, 0.0, 1.0);
     slide.render(*channel, opacity, titleOpacity, surface.height());

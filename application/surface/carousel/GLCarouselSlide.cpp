@@ -16,36 +16,38 @@ namespace
 {
 constexpr int largestLogo = 512;          ///< Pixels.
 constexpr double logoPart = 0.6;          ///< Of the card, at most.
-constexpr double titleHeight = 0.075;     ///< In units of the carousel.
+constexpr double titleHeight = 0.06;      ///< In units of the carousel.
 constexpr double titleGap = 0.03;         ///< Likewise, below the card.
 constexpr double reflectionHeight = 0.4;  ///< Of the card.
 constexpr double reflectionOpacity = 0.3; ///< At the card's edge; it fades from there.
+constexpr double widestTitle = 1.1;       // In units of the carousel: wider than the card.
 constexpr double textPart = 0.62;         ///< Of the title's height.
 constexpr qsizetype longestTitle = 200;   ///< Characters; more never fit.
 constexpr QColor cardColour(30, 36, 58);
 constexpr QColor cardFoot(20, 24, 40);
 
-void colour(QColor const& c, double opacity)
+void applyColour(QColor const& c, double opacity)
 {
     glColor4d(c.redF() * opacity, c.greenF() * opacity, c.blueF() * opacity, opacity);
 }
 
 /// In premultiplied colours.
-void gradient(QRectF const& area, QColor const& above, double aboveOpacity, QColor const& below, double belowOpacity)
+void drawGradient(QRectF const& area, QColor const& above, double aboveOpacity, QColor const& below,
+                  double belowOpacity)
 {
     glDisable(GL_TEXTURE_2D);
     glBegin(GL_QUADS);
-    colour(above, aboveOpacity);
+    applyColour(above, aboveOpacity);
     glVertex2d(area.left(), area.bottom());
     glVertex2d(area.right(), area.bottom());
-    colour(below, belowOpacity);
+    applyColour(below, belowOpacity);
     glVertex2d(area.right(), area.top());
     glVertex2d(area.left(), area.top());
     glEnd();
 }
 
 /// `area` has its lower edge at its top(), since y grows upward.
-void drawTexture(GLTexture const& texture, QRectF const& area, double opacity)
+void drawImageTexture(GLTexture const& texture, QRectF const& area, double opacity)
 {
     if (!texture.created())
         return;
@@ -79,8 +81,8 @@ void GLCarouselSlide::render(Channel& channel, double opacity, double titleOpaci
     glPopMatrix();
     double const foot = -height / 2;
     double const depth = height * reflectionHeight;
-    gradient({-width / 2, foot - depth, width, depth}, Qt::black, 1.0 - reflectionOpacity, Qt::black, 1.0);
-    gradient({-width / 2, foot - height, width, height - depth}, Qt::black, 1.0, Qt::black, 1.0);
+    drawGradient({-width / 2, foot - depth, width, depth}, Qt::black, 1.0 - reflectionOpacity, Qt::black, 1.0);
+    drawGradient({-width / 2, foot - height, width, height - depth}, Qt::black, 1.0, Qt::black, 1.0);
     renderCard(channel, opacity, false);
     if (titleOpacity > 0.0)
         renderTitle(channel, opacity * titleOpacity, pixelsPerUnit);
@@ -89,7 +91,7 @@ void GLCarouselSlide::render(Channel& channel, double opacity, double titleOpaci
 void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflection)
 {
     QRectF const card(-width / 2, -height / 2, width, height);
-    gradient(card, cardColour, 1.0, cardFoot, 1.0);
+    drawGradient(card, cardColour, 1.0, cardFoot, 1.0);
     if (channel.hasVideo()) {
         if (!isReflection)
             channel.updateVideoTexture();
@@ -99,11 +101,11 @@ void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflec
         if (_logo.created()) {
             QSizeF const size = QSizeF(_logo.originalWidth(), _logo.originalHeight())
                                     .scaled(card.size() * logoPart, Qt::KeepAspectRatio);
-            drawTexture(_logo, {-size.width() / 2, -size.height() / 2, size.width(), size.height()}, 1.0);
+            drawImageTexture(_logo, {-size.width() / 2, -size.height() / 2, size.width(), size.height()}, 1.0);
         }
     }
     if (opacity < 1.0) // Farther ones are darker, not transparent: what is behind them does not shine through.
-        gradient(card, Qt::black, 1.0 - opacity, Qt::black, 1.0 - opacity);
+        drawGradient(card, Qt::black, 1.0 - opacity, Qt::black, 1.0 - opacity);
 }
 
 void GLCarouselSlide::updateLogo(QImage const& logo)
@@ -126,7 +128,7 @@ void GLCarouselSlide::renderTitle(Channel const& channel, double opacity, double
     if (!_titleTexture.created())
         return;
     double const shown = titleHeight * _titleTexture.originalWidth() / _titleTexture.originalHeight();
-    drawTexture(_titleTexture, {-shown / 2, -height / 2 - titleGap - titleHeight, shown, titleHeight}, opacity);
+    drawImageTexture(_titleTexture, {-shown / 2, -height / 2 - titleGap - titleHeight, shown, titleHeight}, opacity);
 }
 
 void GLCarouselSlide::updateTitle(QString const& title, int pixels)
@@ -137,7 +139,7 @@ void GLCarouselSlide::updateTitle(QString const& title, int pixels)
     _title = text;
     QFont font = OverlayStyle::titleFont();
     font.setPixelSize(std::max(1, static_cast<int>(pixels * textPart)));
-    int const widest = static_cast<int>(pixels * width / titleHeight);
+    int const widest = static_cast<int>(pixels * widestTitle / titleHeight);
     QFontMetricsF const metrics(font);
     QString const shown = metrics.elidedText(text, Qt::ElideRight, widest - pixels / 2.0);
     int const needed = std::clamp(static_cast<int>(metrics.horizontalAdvance(shown) + pixels / 2.0), 1, widest);

@@ -11,11 +11,11 @@
 
 namespace
 {
-constexpr int second = 1000; ///< ms
+constexpr int tickInterval = 1000; ///< ms
 constexpr int volumeWidth = 96;
 constexpr int progressHeight = 24;
 constexpr int logoSide = 28;
-constexpr double quiet = 0.34;              ///< Below it the volume's icon has one wave.
+constexpr double quietVolume = 0.34;        ///< Below it the volume's icon has one wave.
 constexpr int bigNumber = 60 * 60 * 10 - 1; ///< Seconds; what is longer makes the bar wider.
 } // namespace
 
@@ -90,7 +90,7 @@ void GLChannelBar::connectControls()
     connect(&settings, &AppSettings::recordChanged, this, &GLChannelBar::updateRecording);
     connect(channels, &ChannelManager::pausedChanged, this, &GLChannelBar::updateChannel);
     connect(channels, &ChannelManager::streamOpened, this, &GLChannelBar::updateChannel);
-    _second.setInterval(second);
+    _second.setInterval(tickInterval);
     connect(&_second, &QTimer::timeout, this, &GLChannelBar::updateTime);
     connect(this, &GLCanvas::visibilityChanged, this, [this](bool visible) {
         if (visible) {
@@ -149,9 +149,9 @@ void GLChannelBar::updateVolume()
     bool const isSilent = settings.muted() || settings.volume() <= 0.0;
     _volume.setValue(settings.volume());
     _volume.setMuted(isSilent);
-    _mute.setIcon(OverlayStyle::icon(isSilent                    ? Icon::Muted
-                                     : settings.volume() < quiet ? Icon::VolumeLow
-                                                                 : Icon::Volume));
+    _mute.setIcon(OverlayStyle::icon(isSilent                          ? Icon::Muted
+                                     : settings.volume() < quietVolume ? Icon::VolumeLow
+                                                                       : Icon::Volume));
     _mute.setChecked(settings.muted());
     _mute.setLabel(settings.muted() ? tr("Sound on (Ctrl+M)") : tr("Mute (Ctrl+M)"));
 }
@@ -182,7 +182,7 @@ std::optional<double> GLChannelBar::bufferLevel(Channel const& channel)
 void GLChannelBar::updateTime()
 {
     if (_recording.isValid())
-        _recordTime.setText(GLProgressIndicator::timeText(static_cast<double>(_recording.elapsed()) / second));
+        _recordTime.setText(GLProgressIndicator::timeText(static_cast<double>(_recording.elapsed()) / tickInterval));
     Channel const* const channel = _appData.channelManager()->activeChannel();
     double const duration = channel ? channel->movieDuration() : 0.0;
     if (channel && duration > 0.0) {

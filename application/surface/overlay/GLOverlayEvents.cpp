@@ -14,8 +14,8 @@
 
 namespace
 {
-constexpr double wheelNotch = 120.0; ///< Eighths of a degree.
-constexpr double volumeStep = 0.05;  ///< Of the wheel's notch.
+constexpr double volumeNotch = 120.0; ///< Eighths of a degree.
+constexpr double wheelVolume = 0.05;  ///< Of the wheel's notch.
 } // namespace
 
 void GLOverlay::connectHub()
@@ -105,7 +105,7 @@ void GLOverlay::onVideoMousePress()
 void GLOverlay::onMouseWheel(GLControl*, QWheelEvent* event)
 {
     AppSettings& settings = _appData.settings;
-    settings.setVolume(settings.volume() + volumeStep * event->angleDelta().y() / wheelNotch);
+    settings.setVolume(settings.volume() + wheelVolume * event->angleDelta().y() / volumeNotch);
     updateVolume(); // Also where there is no more to be had.
 }
 
