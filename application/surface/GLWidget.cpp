@@ -35,6 +35,7 @@ constexpr std::array<double, 8> zoomFactors = {0.25, 0.5, 0.75, 1.0, 1.25, 1.5, 
 GLWidget::GLWidget(AppData& appData, QWidget* parent)
     : QWidget(parent), _appData(appData), _surface(*this), _overlay(appData, &_layout), _carousel(appData)
 {
+    SurfaceAccessible::install(); // First: what is asked for once is kept.
     setObjectName("glWidget");
     setAccessibleName(tr("Picture"));
     setAccessibleDescription(tr("What plays; Tab goes to its controls"));
@@ -51,7 +52,6 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent)
     _mouseHideTimer.setInterval(mouseHideTime);
     connect(&_mouseHideTimer, &QTimer::timeout, this, &GLWidget::onMouseHideTimer);
     _zoomAnimation.setEasing(QEasingCurve::OutCubic);
-    SurfaceAccessible::install();
     _layout.setWidget(this);
     connectHub();
     connectOverlay();
