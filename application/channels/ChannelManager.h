@@ -120,6 +120,8 @@ public:
     void openUserStream(QString const& url, QString const& title, bool nonMultiview);
     /// The same for a file.
     void openFile(QString const& path, bool nonMultiview);
+    /// The same for a channel that the viewer has put together; one that is open already begins anew.
+    void openOwnChannel(ChannelDescription const& description, bool nonMultiview);
 
     void setActiveChannel(Channel* channel) { _open.setActive(channel); }
     Channel* activeChannel() const { return _open.active(); }
@@ -260,7 +262,6 @@ public slots:
 
 private:
     void onUpdateCompleted(bool hasChanged);
-    void openOwnChannel(ChannelDescription const& description, bool nonMultiview);
     void connectParts();
     static bool isModifierHeld(Qt::KeyboardModifiers modifiers);
     void stay(Channel* channel);

@@ -8,19 +8,19 @@
 namespace
 {
 
-QString const service = QStringLiteral("org.freedesktop.portal.Desktop");
-QString const path = QStringLiteral("/org/freedesktop/portal/desktop");
-QString const interface = QStringLiteral("org.freedesktop.portal.Settings");
-constexpr int answerTime = 2000; // ms
+QString const portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+QString const portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+QString const portalInterface = QStringLiteral("org.freedesktop.portal.Settings");
+constexpr int portalAnswerTime = 2000; // ms
 
 /// Settings that say it, each in the words of one desktop.
-struct Known {
+struct MotionSetting {
     char const* group;
     char const* key;
     bool (*isReduced)(QVariant const& value);
 };
 
-constexpr Known known[] = {
+constexpr MotionSetting knownSettings[] = {
     {"org.freedesktop.appearance", "reduced-motion", [](QVariant const& value) { return value.toUInt() == 1; }},
     {"org.gnome.desktop.interface", "enable-animations", [](QVariant const& value) { return !value.toBool(); }},
     {"org.kde.kdeglobals.KDE", "AnimationDurationFactor",
@@ -34,15 +34,15 @@ DesktopMotion::DesktopMotion(QObject* parent) : QObject(parent)
     QDBusConnection session = QDBusConnection::sessionBus();
     if (!session.isConnected())
         return;
-    session.connect(service, path, interface, "SettingChanged", this,
+    session.connect(portalService, portalPath, portalInterface, "SettingChanged", this,
                     SLOT(onSettingChanged(QString, QString, QDBusVariant)));
-    for (Known const& one : known)
+    for (MotionSetting const& one : knownSettings)
         ask(one.group, one.key);
 }
 
 std::optional<bool> DesktopMotion::meaning(QString const& group, QString const& key, QVariant const& value)
 {
-    for (Known const& one : known)
+    for (MotionSetting const& one : knownSettings)
         if (group == QLatin1String(one.group) && key == QLatin1String(one.key) && value.isValid())
             return one.isReduced(value);
     return std::nullopt;
@@ -50,10 +50,10 @@ std::optional<bool> DesktopMotion::meaning(QString const& group, QString const& 
 
 void DesktopMotion::ask(QString const& group, QString const& key)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, "Read");
+    QDBusMessage call = QDBusMessage::createMethodCall(portalService, portalPath, portalInterface, "Read");
     call.setArguments({group, key});
     auto* const watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, answerTime), this);
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, portalAnswerTime), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, group, key] {
         watcher->deleteLater();
         QDBusPendingReply<QDBusVariant> const reply(*watcher);

@@ -6,7 +6,7 @@ namespace
 {
 
 /// What is looked at for elision: nobody reads a line to its ten thousandth character, and measuring it takes long.
-constexpr qsizetype longest = 1000;
+constexpr qsizetype longestLine = 1000;
 
 } // namespace
 
@@ -20,7 +20,7 @@ void ElidedLabel::setFullText(QString const& text)
 {
     if (_text == text)
         return;
-    _text = text.left(longest).simplified();
+    _text = text.left(longestLine).simplified();
     setAccessibleName(_text);
     updateGeometry();
     elide();

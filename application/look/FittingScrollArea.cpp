@@ -6,8 +6,8 @@
 
 namespace
 {
-constexpr int otherParts = 160; // Pixels of height for what is around it: frame, heading, buttons.
-constexpr int leastHeight = 64;
+constexpr int roomForOtherParts = 160; // Pixels of height for what is around it: frame, heading, buttons.
+constexpr int leastAreaHeight = 64;
 } // namespace
 
 FittingScrollArea::FittingScrollArea(QWidget* contents, QWidget* parent) : QScrollArea(parent)
@@ -25,7 +25,7 @@ FittingScrollArea::FittingScrollArea(QWidget* contents, QWidget* parent) : QScro
 QSize FittingScrollArea::sizeHint() const
 {
     QSize hint = widget()->sizeHint();
-    int const room = screen()->availableSize().height() - otherParts;
+    int const room = screen()->availableSize().height() - roomForOtherParts;
     if (hint.height() > room)
         hint = {hint.width() + verticalScrollBar()->sizeHint().width(), room};
     return hint;
@@ -34,7 +34,7 @@ QSize FittingScrollArea::sizeHint() const
 QSize FittingScrollArea::minimumSizeHint() const
 {
     QSize const least = widget()->minimumSizeHint();
-    int const room = qMax(leastHeight, screen()->availableSize().height() - otherParts);
+    int const room = qMax(leastAreaHeight, screen()->availableSize().height() - roomForOtherParts);
     if (least.height() <= room)
         return least; // Nothing is cut that has room.
     return {least.width() + verticalScrollBar()->sizeHint().width(), room};

@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr std::array<char const*, Icons::count> names = {
+constexpr std::array<char const*, Icons::count> iconNames = {
     "play",          "pause",      "stop",        "previous",
     "next",          "multiview",  "full-screen", "leave-full-screen",
     "volume",        "volume-low", "muted",       "record",
@@ -29,7 +29,7 @@ constexpr std::array<char const*, Icons::count> names = {
 
 QString Icons::path(Icon icon)
 {
-    return QStringLiteral(":/Resources/icons/%1.svg").arg(QLatin1String(names.at(static_cast<size_t>(icon))));
+    return QStringLiteral(":/Resources/icons/%1.svg").arg(QLatin1String(iconNames.at(static_cast<size_t>(icon))));
 }
 
 QIcon Icons::icon(Icon icon)

@@ -204,6 +204,13 @@ public:
     /// Null as long as the window has its own.
     QSize size() const { return _values.size; }
     void setSize(QSize size) { set(&SettingsValues::size, size); }
+    bool maximised() const { return _values.maximised; }
+    void setMaximised(bool on) { set(&SettingsValues::maximised, on); }
+    /// Whether the viewer has been told, once and for all, that drawing is slow here, and that a closed window goes on.
+    bool toldOfSlowDriver() const { return _values.toldOfSlowDriver; }
+    void setToldOfSlowDriver(bool told) { set(&SettingsValues::toldOfSlowDriver, told); }
+    bool toldOfTray() const { return _values.toldOfTray; }
+    void setToldOfTray(bool told) { set(&SettingsValues::toldOfTray, told); }
     /// Where the last file was opened.
     QString videoFileDirectory() const { return _values.videoFileDirectory; }
     void setVideoFileDirectory(QString const& directory) { set(&SettingsValues::videoFileDirectory, directory); }

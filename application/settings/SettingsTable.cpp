@@ -112,6 +112,16 @@ constexpr Setting table[] = {
         .within(1, 24 * 60 * 60),
     Line(Global, "videoWindow", "testModePlayFailureSound", &V::testModePlayFailureSound,
          &A::testModePlayFailureSoundChanged),
+    // What is written of the group above is not read again; a viewer finds the window again as it was all the same.
+    Line(Global, "window", "showFrame", &V::showWindowFrame, &A::showWindowFrameChanged, MenuAction::SkinMode)
+        .shownOff()
+        .otherwise(Current),
+    Line(Global, "window", "splitterState", &V::splitterState, &A::splitterStateChanged).otherwise(Current),
+    Line(Global, "window", "position", &V::position).otherwise(Current),
+    Line(Global, "window", "size", &V::size).otherwise(Current),
+    Line(Global, "window", "maximised", &V::maximised),
+    Line(Global, "window", "toldOfSlowDriver", &V::toldOfSlowDriver),
+    Line(Global, "window", "toldOfTray", &V::toldOfTray),
 
     Line(User, "", "chatNick", &V::chatNick, &A::chatNickChanged),
     Line(User, "", "signInAutomatically", &V::autoLogin, &A::autoLoginChanged),
@@ -140,7 +150,7 @@ constexpr Setting table[] = {
     Line(User, "videoWindow", "muted", &V::muted, &A::muteChanged, MenuAction::Mute),
     Line(User, "videoWindow", "alwaysOnTop", &V::alwaysOnTop, &A::alwaysOnTopChanged, MenuAction::AlwaysOnTop),
     Line(User, "videoWindow", "showTabs", &V::showTabs, &A::showTabsChanged, MenuAction::Tabs),
-    Line(User, "videoWindow", "splitterState", &V::splitterState, &A::splitterStateChanged),
+    Line(User, "videoWindow", "splitterState", &V::splitterState, &A::splitterStateChanged).otherwise(Current),
     Line(User, "videoWindow", "showMenuBar", &V::showMenuBar, &A::showMenuBarChanged, MenuAction::MenuBar),
     Line(User, "videoWindow", "showWindowFrame", &V::showWindowFrame, &A::showWindowFrameChanged,
          MenuAction::SkinMode)

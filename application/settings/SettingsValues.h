@@ -98,6 +98,9 @@ struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it 
     QList<int> tabPositions;
     QPoint position;
     QSize size;
+    bool maximised = false;
+    bool toldOfSlowDriver = false;
+    bool toldOfTray = false;
     QString videoFileDirectory;
     QString activeChannel;
     QStringList openChannels;

@@ -1,5 +1,7 @@
 #include "Notice.h"
 
+#include "Look.h"
+
 #include <QEvent>
 #include <QWindow>
 
@@ -19,6 +21,10 @@ Notice::Notice(QWidget* parent, QWidget* place) : QLabel(parent), _place(place)
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setMargin(distance / 2);
+    QPalette colours = palette(); // As over the picture, but opaque: nothing shines through a native window.
+    colours.setColor(QPalette::Window, QColor(Look::overlayGround.rgb()));
+    colours.setColor(QPalette::WindowText, Look::overlayText);
+    setPalette(colours);
     winId();
     windowHandle()->setFlag(Qt::WindowTransparentForInput); // Clicks are for the picture.
     hide();

@@ -4,7 +4,7 @@
 
 namespace
 {
-constexpr int restTime = 500; // ms
+constexpr int splitterRestTime = 500; // ms
 }
 
 Splitter::Splitter(AppSettings& settings, QWidget* parent) : QSplitter(Qt::Horizontal, parent), _settings(settings)
@@ -13,7 +13,7 @@ Splitter::Splitter(AppSettings& settings, QWidget* parent) : QSplitter(Qt::Horiz
     setChildrenCollapsible(false);
     setAccessibleName(tr("Picture and tabs"));
     _rest.setSingleShot(true);
-    _rest.setInterval(restTime);
+    _rest.setInterval(splitterRestTime);
     connect(&_rest, &QTimer::timeout, this, &Splitter::keep);
     connect(this, &QSplitter::splitterMoved, &_rest, qOverload<>(&QTimer::start));
     connect(&_settings, &AppSettings::splitterStateChanged, this, &Splitter::restore);

@@ -1,42 +1,49 @@
 #include "Window.h"
 
+#include "ActionStates.h"
 #include "AppData.h"
+#include "BufferWindow.h"
 #include "Channel.h"
 #include "ChannelManager.h"
+#include "FileChannels.h"
 #include "GLWidget.h"
 #include "HibernationManager.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "Notice.h"
-#include "OwnChannels.h"
 #include "ScreenSaverManager.h"
+#include "SkinPalette.h"
+#include "SlowDriverWarning.h"
+#include "Splitter.h"
+#include "TabWidget.h"
+#include "TrayIcon.h"
+#include "WindowFade.h"
+#include "WindowKeys.h"
 #include "WindowManagerState.h"
+#include "WindowMenus.h"
+#include "WindowPlace.h"
+#include "WindowZoom.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QInputDialog>
-#include <QKeyEvent>
-#include <QMenu>
+#include <QDragEnterEvent>
 #include <QMenuBar>
-#include <QMessageBox>
+#include <QMimeData>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QVBoxLayout>
 
 Logger* Window::log = LoggerManager::logger();
 
 namespace
 {
-
-constexpr double volumeStep = 0.1;
 constexpr QSize firstSize(854, 480); // Of the video surface.
-
+constexpr int firstTabsWidth = 296;
 } // namespace
 
 Window::Window(AppData& appData)
-    : _appData(appData), _windowManagerState(std::make_unique<WindowManagerState>(*this)),
+    : OmbravisionWidget(appData), _appData(appData), _keys(std::make_unique<WindowKeys>(appData.settings)),
+      _fade(std::make_unique<WindowFade>(*this)), _place(std::make_unique<WindowPlace>(*this, appData.settings)),
+      _windowManagerState(std::make_unique<WindowManagerState>(*this)),
       _hibernationManager(std::make_unique<HibernationManager>()),
       _screenSaverManager(std::make_unique<ScreenSaverManager>())
 {
@@ -48,36 +55,97 @@ Window::Window(AppData& appData)
     _appData.initialize(this);
     createChildControls();
     createMenus();
+    createNotifier();
     createTrayIcon();
     connectActions();
     connectSignals();
-    setStyleSheet(AppData::buildStyleSheet(false));
     setWindowIcon(QIcon(":/Resources/Ombravision.png"));
+    setAcceptDrops(true);
     updateTitle();
-    resizeItself(firstSize + QSize(0, _menuBar->sizeHint().height()));
+    applySkin();
+    onShowTabsChanged();
+    onShowMenuBarChanged();
+    if (_place->restore())
+        _sizedByHand = true;
+    else
+        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, 0) + sizeAround());
 }
 
 Window::~Window()
 {
+    disconnectActions();
+    disconnectSignals();
     // The streams draw in this window's surface.
     if (_appData.channelManager())
         _appData.channelManager()->stopChecking();
     if (_appData.channelManager())
         _appData.channelManager()->closeAllChannels();
-    _appData.settings.disconnect(this);
+    if (_appData.settings.actions().areCreated())
+        _appData.settings.saveGlobalSettings();
     delete _glWidget;
 }
 
 void Window::createChildControls()
 {
-    _menuBar = new QMenuBar(this);
-    _glWidget = new GLWidget(_appData, this);
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->setMenuBar(_menuBar);
-    layout->addWidget(_glWidget);
+    _splitter = new Splitter(_appData.settings, this);
+    _glWidget = new GLWidget(_appData, _splitter);
+    _tabs = new TabWidget(_appData.settings, _splitter);
+    _splitter->addWidget(_glWidget);
+    _splitter->addWidget(_tabs);
+    _splitter->setStretchFactor(0, 1);
+    _splitter->setStretchFactor(1, 0);
+    _splitter->setSizes({firstSize.width(), firstTabsWidth});
+    _splitter->restore();
     _notice = new Notice(this, _glWidget);
+    _zoom = std::make_unique<WindowZoom>(_appData, *_glWidget, *this);
+    _fileChannels = std::make_unique<FileChannels>(_appData, *this);
+    _actionStates = std::make_unique<ActionStates>(_appData);
+}
+
+QSize Window::sizeAround() const
+{
+    QMargins const margins = layout()->contentsMargins();
+    int const title = isSkinned() ? frame()->titleBar()->sizeHint().height() : _menuBar->sizeHint().height();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom() + title};
+}
+
+void Window::createMenus()
+{
+    _menus = new WindowMenus(_appData, *_zoom, *this);
+    _menuBar = _menus->bar();
+    contents()->addWidget(_menuBar);
+    contents()->addWidget(_splitter, 1);
+    _bufferWindow = new BufferWindow(_appData, this);
+    QAction* const buffer = _menus->view()->addAction(tr("Stream Buffer"));
+    buffer->setCheckable(true);
+    connect(buffer, &QAction::triggered, _bufferWindow, &QWidget::setVisible);
+    connect(_bufferWindow, &BufferWindow::visibilityChanged, buffer, &QAction::setChecked);
+}
+
+void Window::createTrayIcon()
+{
+    _trayIcon = std::make_unique<TrayIcon>(_appData);
+    _trayIcon->show();
+}
+
+void Window::createNotifier()
+{
+    _slowDriverWarning = std::make_unique<SlowDriverWarning>(_appData, *this);
+}
+
+void Window::applySkin()
+{
+    // In the skin the palette is ours, for dialogs and icons, too; otherwise the desktop's, as it may change.
+    QApplication::setPalette(isSkinned() ? skinPalette() : QPalette());
+    setStyleSheet(AppData::buildStyleSheet(isSkinned()));
+    if (isSkinned()) {
+        frame()->titleBar()->leading()->addWidget(_menuBar, 0, Qt::AlignVCenter);
+        _menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    } else {
+        contents()->insertWidget(0, _menuBar);
+        _menuBar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    }
+    onShowMenuBarChanged();
 }
 
 void Window::open(QStringList const& names)
@@ -91,54 +159,105 @@ void Window::open(QStringList const& names)
     _appData.openNames(names);
 }
 
+bool Window::event(QEvent* event)
+{
+    // The keys that act when they are let go are not also shortcuts, which act when they go down.
+    if (event->type() == QEvent::ShortcutOverride && _keys->isOurs(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return OmbravisionWidget::event(event);
+}
+
 void Window::closeEvent(QCloseEvent* event)
 {
-    if (!_trayIcon->isVisible())
-        return;
-    _appData.settings.setShowFullScreen(false);
-    hide();
-    _closedByHand = true;
     event->ignore();
+    if (!_trayIcon->isVisible()) {
+        onQuit(); // Nothing would bring the window back.
+        return;
+    }
+    _appData.settings.setShowFullScreen(false);
+    if (!_appData.settings.toldOfTray())
+        _trayIcon->tell(tr("Ombravision is still there"),
+                        tr("Click on its icon to go on watching. Exit in its menu ends the program."));
+    _appData.settings.setToldOfTray(true);
+    _fade->hideWindow();
+    _closedByHand = true;
     emit windowVisibilityChanged(false);
 }
 
 void Window::showEvent(QShowEvent* event)
 {
-    QWidget::showEvent(event);
-    if (!_closedByHand)
+    OmbravisionWidget::showEvent(event);
+    if (!std::exchange(_closedByHand, false))
         return;
-    _closedByHand = false;
     emit windowVisibilityChanged(true);
 }
 
 void Window::keyPressEvent(QKeyEvent* event)
 {
-    if (!_appData.channelManager()->videoKeyPress(event))
-        QWidget::keyPressEvent(event);
+    _keys->press(*event);
+    if (!_keys->isOurs(*event) && !_appData.channelManager()->videoKeyPress(event))
+        OmbravisionWidget::keyPressEvent(event);
 }
 
 void Window::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->isAutoRepeat())
         return;
-    if (event->key() == Qt::Key_Escape && _appData.settings.showFullScreen())
-        _appData.settings.action(MenuAction::FullScreen)->trigger();
-    else if (!_appData.channelManager()->videoKeyRelease(event))
-        QWidget::keyReleaseEvent(event);
+    if (event->key() == Qt::Key_F7 && _appData.settings.godMode())
+        _fade->toggle();
+    else if (!_keys->release(*event) && !_appData.channelManager()->videoKeyRelease(event))
+        OmbravisionWidget::keyReleaseEvent(event);
+}
+
+void Window::resizeEvent(QResizeEvent* event)
+{
+    OmbravisionWidget::resizeEvent(event);
+    if (event->spontaneous() && !_zoom->isOwnSize(event->size()) && !_appData.settings.showFullScreen())
+        _sizedByHand = true;
+}
+
+void Window::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!FileChannels::namesOf(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void Window::dropEvent(QDropEvent* event)
+{
+    onFilesDropped(FileChannels::namesOf(*event->mimeData()));
+    event->acceptProposedAction();
 }
 
 void Window::showWindow()
 {
     setWindowState(windowState() & ~Qt::WindowMinimized);
+    bool const wasFading = isVisible() && _closedByHand;
+    _fade->showWindow();
     show();
+    if (wasFading && std::exchange(_closedByHand, false))
+        emit windowVisibilityChanged(true);
     raise();
     activateWindow();
+}
+
+void Window::zoom(double factor)
+{
+    _zoom->zoom(factor);
+}
+
+void Window::onStreamOpened()
+{
+    if (!_sizedByHand && !isMaximized() && _appData.channelManager()->openChannels().size() == 1)
+        zoom(1.0);
 }
 
 void Window::onShowFullScreenChanged()
 {
     bool const full = _appData.settings.showFullScreen();
-    _menuBar->setVisible(!full && _appData.settings.showMenuBar());
+    onShowMenuBarChanged();
+    onShowTabsChanged();
     if (!_followsWindowManager) {
         // Leaves the other states as they are: a window that was maximised is so again afterwards.
         setWindowState(windowState().setFlag(Qt::WindowFullScreen, full));
@@ -161,148 +280,21 @@ void Window::onAlwaysOnTopChanged()
     _windowManagerState->setAbove(_appData.settings.alwaysOnTop());
 }
 
-void Window::onMute(bool checked)
+void Window::onShowMenuBarChanged()
 {
-    _appData.settings.setMuted(checked);
+    _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen());
 }
 
-void Window::onIncreaseVolume()
+void Window::onShowTabsChanged()
 {
-    _appData.settings.setVolume(_appData.settings.volume() + volumeStep);
+    _tabs->setVisible(_tabs->count() > 0 && _appData.settings.showTabs() && !_appData.settings.showFullScreen());
 }
 
-void Window::onDecreaseVolume()
+void Window::onSkinChanged()
 {
-    _appData.settings.setVolume(_appData.settings.volume() - volumeStep);
-}
-
-void Window::onVolumeChanged()
-{
-    updateTitle();
-}
-
-void Window::onScreenshotCompleted(QString const& path)
-{
-    if (path.isEmpty())
-        _notice->tell(tr("The screenshot could not be saved in %1").arg(_appData.settings.screenshotDirectory()));
-    else
-        _notice->tell(tr("Screenshot saved as %1").arg(path));
-}
-
-void Window::onQuit()
-{
-    _trayIcon->hide();
-    QApplication::exit(0); // quit() would ask this window to close, which only hides it.
-}
-
-void Window::onAbout()
-{
-    QMessageBox::about(
-        this, tr("About Ombravision"),
-        tr("<b>Ombravision %1</b><br>Live internet television on your desktop.").arg(_appData.settings.version()));
-}
-
-void Window::onTrayActivated(QSystemTrayIcon::ActivationReason reason)
-{
-    if (reason == QSystemTrayIcon::Trigger)
-        showWindow();
-}
-
-QStringList Window::chooseFiles(bool several)
-{
-    QString const filter =
-        tr("Media files (*.mp4 *.m4v *.mov *.mkv *.webm *.avi *.wmv *.wma *.asf *.mpg *.mpeg *.ts *.flv *.ogg *.ogv "
-           "*.mp3 *.m4a *.aac *.flac *.wav);;All files (*)");
-    QString const directory = _appData.settings.videoFileDirectory();
-    QStringList names;
-    if (several)
-        names = QFileDialog::getOpenFileNames(this, tr("Open Video Files"), directory, filter);
-    else
-        names = QStringList(QFileDialog::getOpenFileName(this, tr("Open Video File"), directory, filter));
-    names.removeAll(QString());
-    if (!names.isEmpty())
-        _appData.settings.setVideoFileDirectory(QFileInfo(names.constFirst()).absolutePath());
-    return names;
-}
-
-void Window::onOpenVideoFile()
-{
-    open(chooseFiles(false));
-}
-
-void Window::onOpenVideoFiles()
-{
-    open(chooseFiles(true));
-}
-
-void Window::onAddVideoFiles()
-{
-    for (QString const& name : chooseFiles(true))
-        _appData.channelManager()->openFile(name, false);
-}
-
-void Window::onOpenVideoStream()
-{
-    bool ok = false;
-    QString const address =
-        QInputDialog::getText(this, tr("Open Video Stream"), tr("Address:"), QLineEdit::Normal, {}, &ok).trimmed();
-    if (!ok || address.isEmpty())
-        return;
-    if (!OwnChannels::isAddress(address)) {
-        QMessageBox::warning(this, tr("Open Video Stream"),
-                             tr("\"%1\" is not an address: it should begin with a scheme such as http:// or rtsp://.")
-                                 .arg(address.toHtmlEscaped()));
-        return;
-    }
-    open({address});
-}
-
-void Window::zoom(double factor)
-{
-    Channel const* const channel = _appData.channelManager()->activeChannel();
-    if (!channel || channel->movieSize().isEmpty() || _appData.settings.showFullScreen())
-        return;
-    QSize const frame = frameGeometry().size() - _glWidget->size();
-    QSize const room = screen()->availableSize() - frame;
-    QSize video = channel->movieSize() * factor / devicePixelRatio();
-    if (video.width() > room.width() || video.height() > room.height())
-        video.scale(room, Qt::KeepAspectRatio);
-    resizeItself(video + size() - _glWidget->size());
-}
-
-void Window::resizeItself(QSize const& size)
-{
-    _ownSize = size;
-    QSize const grown = frameGeometry().size() + size - this->size();
-    resize(size);
-    // A window that has grown stays on the screen.
-    QRect const room = screen()->availableGeometry();
-    QPoint const lastCorner = room.bottomRight() - QPoint(grown.width() - 1, grown.height() - 1);
-    QPoint const corner(qMax(room.left(), qMin(x(), lastCorner.x())), qMax(room.top(), qMin(y(), lastCorner.y())));
-    if (isVisible() && corner != pos())
-        move(corner);
-}
-
-void Window::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    if (event->spontaneous() && event->size() != _ownSize && !_appData.settings.showFullScreen())
-        _sizedByHand = true;
-}
-
-void Window::onStreamOpened()
-{
-    if (!_sizedByHand && !isMaximized() && _appData.channelManager()->openChannels().size() == 1)
-        zoom(1.0);
-}
-
-void Window::updateTitle()
-{
-    Channel const* const channel = _appData.channelManager()->activeChannel();
-    QString title = channel ? QString(channel->desc.title() + " - Ombravision") : QStringLiteral("Ombravision");
-    if (_appData.settings.muted())
-        title += tr(" (muted)");
-    else if (_appData.settings.volume() < 1.0)
-        title += tr(" (volume %1 %)").arg(qRound(_appData.settings.volume() * 100.0));
-    setWindowTitle(title);
+    QSize const picture = _glWidget->size();
+    applySkin();
+    layout()->activate();
+    if (!(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+        _zoom->resizeWindow(size() + picture - _glWidget->size()); // Not larger or smaller for another frame.
 }

@@ -46,7 +46,8 @@ class Program:
         (self.home / "runtime").mkdir(mode=0o700)
         (self.home / "alsoft.conf").write_text(ALSOFT.format(drivers=driver, wave=self.wave))
         groups = collections.defaultdict(list)
-        for key, value in settings.items():
+        told = {rf"application/window\{name}": "true" for name in ("toldOfSlowDriver", "toldOfTray")}
+        for key, value in {**told, **settings}.items():  # What a viewer is told once would be in the picture.
             group, name = key.split("/")
             groups[group].append(f"{name}={value}\n")
         (self.home / "Channels.xml").write_text("<channels/>")  # With -demo nobody is asked for an account.

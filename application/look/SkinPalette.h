@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QPalette>
+
+/// The colours of everything in the skin: dark, with an accent. Text has at least 7:1, and 4.5:1 where it is not in
+/// use.
+QPalette skinPalette();
