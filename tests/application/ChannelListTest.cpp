@@ -19,16 +19,18 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
 namespace
 {
 
-using Type = ChannelDescription::ChannelType;
+using ListedType = ChannelDescription::ChannelType;
 
-ChannelDescription channelOf(QString const& id, QString const& title, Type type = ChannelDescription::PublicChannel,
-                             LanguageId const& language = LanguageId::English())
+ChannelDescription listed(QString const& id, QString const& title,
+                          ListedType type = ChannelDescription::PublicChannel,
+                          LanguageId const& language = LanguageId::English())
 {
     ChannelDescription description;
     description.setId(id);
@@ -42,12 +44,12 @@ ChannelDescription channelOf(QString const& id, QString const& title, Type type 
     return description;
 }
 
-QList<ChannelDescription> some()
+QList<ChannelDescription> listedChannels()
 {
-    return {channelOf("a", QString::fromUtf8("Été Ærø 10"), ChannelDescription::PublicChannel, LanguageId::German()),
-            channelOf("b", "ete Aero 2", ChannelDescription::SecureChannel),
-            channelOf("c", "Cinema", ChannelDescription::PayPerViewChannel),
-            channelOf("d", "deutsches Fernsehen", ChannelDescription::UserChannel)};
+    return {listed("a", QString::fromUtf8("Été Ærø 10"), ChannelDescription::PublicChannel, LanguageId::German()),
+            listed("b", "ete Aero 2", ChannelDescription::SecureChannel),
+            listed("c", "Cinema", ChannelDescription::PayPerViewChannel),
+            listed("d", "deutsches Fernsehen", ChannelDescription::UserChannel)};
 }
 
 class ChannelListTest : public testing::Test
@@ -126,8 +128,9 @@ protected:
 
 TEST_F(ChannelListTest, FiltersByFoldedTitleLanguageKindAndFavourites)
 {
-    QAbstractItemModelTester const tester(&list->shownModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    list->onChannelsUpdated(some());
+    QAbstractItemModelTester const tester(const_cast<ChannelListWidgetProxyModel*>(&list->shownModel()),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    list->onChannelsUpdated(listedChannels());
     EXPECT_EQ(shown(), "c d b a") << "in order of folded titles, 2 before 10";
     for (auto const& [text, ids] : QList<std::pair<QString, QString>>{{"ETE", "b a"},
                                                                       {QString::fromUtf8("ærö é"), "b a"},
@@ -158,12 +161,12 @@ TEST_F(ChannelListTest, FiltersByFoldedTitleLanguageKindAndFavourites)
 
 TEST_F(ChannelListTest, SortsByEachColumnAndSaysEachState)
 {
-    list->onChannelsUpdated(some());
-    for (QString const& id : {"a", "b", "d"})
-        list->onChannelOpened(channelOf(id, id));
+    list->onChannelsUpdated(listedChannels());
+    for (char const* const id : {"a", "b", "d"})
+        list->onChannelOpened(listed(id, id));
     EXPECT_EQ(stateOf("a"), "Acquiring");
-    list->onChannelChanged(channelOf("b", "b"));
-    for (QString const& id : {"a", "b"})
+    list->onChannelChanged(listed("b", "b"));
+    for (char const* const id : {"a", "b"})
         list->setChannelState(id, ChannelRowState::Playing);
     list->setChannelState("d", ChannelRowState::Failed);
     EXPECT_EQ(stateOf("a") + stateOf("b") + stateOf("c") + stateOf("d"), "OpenPlayingFailed");
@@ -173,7 +176,7 @@ TEST_F(ChannelListTest, SortsByEachColumnAndSaysEachState)
     EXPECT_EQ(shown(), "a c d b") << "those with alerts in front";
     list->setPreview("b");
     EXPECT_EQ(stateOf("b"), "Previewing");
-    list->onChannelClosed(channelOf("b", "b"));
+    list->onChannelClosed(listed("b", "b"));
     EXPECT_EQ(stateOf("b"), "");
 }
 
@@ -181,7 +184,7 @@ TEST_F(ChannelListTest, AnUpdateKeepsSelectionCurrentRowAndScrollPosition)
 {
     QList<ChannelDescription> many;
     for (int i = 0; i < 5000; ++i)
-        many.append(channelOf(QString::number(i), QString("Channel %1").arg(i)));
+        many.append(listed(QString::number(i), QString("Channel %1").arg(i)));
     list->onChannelsUpdated(many);
     list->view()->setCurrentIndex(indexOf("2000"));
     QTest::qWait(0);
@@ -192,7 +195,7 @@ TEST_F(ChannelListTest, AnUpdateKeepsSelectionCurrentRowAndScrollPosition)
     QObject::connect(&list->shownModel(), &QAbstractItemModel::layoutChanged, list.get(), [&] { ++layouts; });
     many.remove(10, 500);
     many[1000].setTitle("Another title");
-    many.append(channelOf("new", "Channel 0 and more"));
+    many.append(listed("new", "Channel 0 and more"));
     list->onChannelsUpdated(many);
     EXPECT_EQ(layouts, 1);
     EXPECT_EQ(list->view()->currentIndex(), indexOf("2000"));
@@ -211,7 +214,7 @@ TEST_F(ChannelListTest, AnUpdateKeepsSelectionCurrentRowAndScrollPosition)
 
 TEST_F(ChannelListTest, ClicksAndKeysAskForWhatTheRowCanDo)
 {
-    QList<ChannelDescription> channels = some();
+    QList<ChannelDescription> channels = listedChannels();
     channels[2].setPurchaseUrl("http://buy/");
     channels[3].setAvailable(false);
     channels[3].setUnavailableReason("<b>Not</b> here");
@@ -250,15 +253,15 @@ TEST_F(ChannelListTest, ClicksAndKeysAskForWhatTheRowCanDo)
 
 TEST_F(ChannelListTest, TheMenuHasWhatFitsTheRow)
 {
-    QList<ChannelDescription> channels = some();
+    QList<ChannelDescription> channels = listedChannels();
     channels[2].setPurchaseUrl("http://buy/");
     list->onChannelsUpdated(channels);
     EXPECT_EQ(menuOf("a"), (QStringList{"Play", "Preview", "Breaking News Alerts", "Delete from My Channels"}));
     choose({});
     EXPECT_EQ(menuOf("c"), (QStringList{"Preview", "Purchase"}));
     choose({});
-    for (QString const& id : {"a", "b"})
-        list->onChannelOpened(channelOf(id, id));
+    for (char const* const id : {"a", "b"})
+        list->onChannelOpened(listed(id, id));
     list->onChannelChanged(channels[0]);
     list->setChannelState("a", ChannelRowState::Playing);
     EXPECT_EQ(menuOf("a"), (QStringList{"Remove from Multiview", "Breaking News Alerts", "Delete from My Channels"}));
@@ -281,7 +284,7 @@ TEST_F(ChannelListTest, TheMenuHasWhatFitsTheRow)
 
 TEST_F(ChannelListTest, DeletingAsksAndSurvivesAChannelThatVanishes)
 {
-    list->onChannelsUpdated({channelOf("a", QString("<b>&%1 ").repeated(2000)), channelOf("b", "B")});
+    list->onChannelsUpdated({listed("a", QString("<b>&%1 ").repeated(2000)), listed("b", "B")});
     QSignalSpy deleted(list.get(), &ChannelListWidget::deleteChannel);
     QSignalSpy managed(list.get(), &ChannelListWidget::manageChannels);
     auto const ask = [this](QString const& id) {
@@ -296,7 +299,7 @@ TEST_F(ChannelListTest, DeletingAsksAndSurvivesAChannelThatVanishes)
     EXPECT_LT(text->text().size(), 1000);
     emit text->linkActivated("manage");
     EXPECT_EQ(managed.size(), 1);
-    list->onChannelsUpdated({channelOf("b", "B")});
+    list->onChannelsUpdated({listed("b", "B")});
     EXPECT_FALSE(dialog->isVisible());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(deleted.isEmpty());
@@ -322,7 +325,7 @@ TEST_F(ChannelListTest, SaysWhatThereIsInsteadOfChannels)
     EXPECT_EQ(notice(Content::SignedOut), "Sign in to see your channels. / Sign In");
     child<QPushButton>("noticeButton")->click();
     EXPECT_EQ(refreshed.size() + 10 * signedIn.size(), 11);
-    list->onChannelsUpdated(some());
+    list->onChannelsUpdated(listedChannels());
     list->setContent(Content::Failed, "No service");
     EXPECT_TRUE(list->view()->isVisible()) << "a list that is there goes on";
     EXPECT_EQ(child<QLabel>("message")->text(), "No service");
@@ -333,16 +336,16 @@ TEST_F(ChannelListTest, ALookAtAChannelLeadsBackAndIsForgottenWhereNobodyHasAdde
     QWidget parent;
     ChannelPanels panels(_appData, &parent);
     ChannelManager& channels = *_appData.channelManager();
-    for (QString const& id : {"a", "b", "c"})
-        channels.addUserChannel(channelOf(id, id));
+    for (char const* const id : {"a", "b", "c"})
+        channels.addUserChannel(listed(id, id));
     channels.openChannel("a", false, true);
     channels.openChannel("b", false, false);
-    emit panels.list()->previewChannel(channelOf("c", "c"));
+    emit panels.list()->previewChannel(listed("c", "c"));
     ASSERT_TRUE(processEventsUntil([&] { return channels.activeChannelRootId() == "c"; }));
-    emit panels.list()->previewChannel(channelOf("c", "c"));
+    emit panels.list()->previewChannel(listed("c", "c"));
     ASSERT_TRUE(processEventsUntil([&] { return channels.openChannels().size() == 2; }));
     EXPECT_EQ(channels.activeChannelRootId(), "a");
-    panels.onChannelSearchWidgetOpenChannel(channelOf("x", "x", ChannelDescription::UserChannel), true);
+    panels.onChannelSearchWidgetOpenChannel(listed("x", "x", ChannelDescription::UserChannel), true);
     ASSERT_TRUE(processEventsUntil([&] { return channels.activeChannelRootId() == "x"; }));
     EXPECT_EQ(panels.list()->model().row(panels.list()->model().findRow("x")).rootId, "x");
     channels.openChannel("a", false, true);
@@ -355,7 +358,7 @@ TEST_F(ChannelListTest, StreamsOfOthersComeAndGoWithWhatPlays)
     QWidget parent;
     ChannelPanels panels(_appData, &parent);
     ChannelManager& channels = *_appData.channelManager();
-    Channel* const channel = channels.addUserChannel(channelOf("a", "a"));
+    Channel* const channel = channels.addUserChannel(listed("a", "a"));
     channels.openChannel("a", false, true);
     ASSERT_TRUE(processEventsUntil([&] { return channels.activeChannel() == channel; }));
     StreamDescription const other(Uri("nothing://host/other"));
@@ -365,7 +368,7 @@ TEST_F(ChannelListTest, StreamsOfOthersComeAndGoWithWhatPlays)
     emit panels.list()->removeStream(other);
     EXPECT_EQ(channel->desc.streamDescriptions(), QList{other}) << "the last one stays";
     emit panels.list()->resetStreams();
-    EXPECT_EQ(channel->desc.streamDescriptions(), channelOf("a", "a").streamDescriptions());
+    EXPECT_EQ(channel->desc.streamDescriptions(), listed("a", "a").streamDescriptions());
     emit panels.list()->addStream(other);
     channels.closeChannel(channel);
     EXPECT_TRUE(processEventsUntil([&] { return channel->desc.streamDescriptions().size() == 1; }));

@@ -20,20 +20,20 @@
 namespace
 {
 
-QByteArray answerTo(QByteArray const& method, QByteArray const& value)
+QByteArray soapAnswer(QByteArray const& method, QByteArray const& value)
 {
     QByteArray const body = "<Envelope><Body><" + method + "Response><return>" + value + "</return></" + method +
                             "Response></Body></Envelope>";
     return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body;
 }
 
-QByteArray stream(QByteArray const& id, QByteArray const& name, QByteArray const& uri)
+QByteArray foundStream(QByteArray const& id, QByteArray const& name, QByteArray const& uri)
 {
     return "<item><id>" + id + "</id><name>" + name + "</name><uri>" + uri +
            "</uri><channel_type>TV</channel_type><rating_average>4.5</rating_average></item>";
 }
 
-QByteArray page(int total, QByteArray const& streams)
+QByteArray foundPage(int total, QByteArray const& streams)
 {
     return "<total_entries>" + QByteArray::number(total) + "</total_entries><user_streams>" + streams +
            "</user_streams>";
@@ -96,13 +96,14 @@ TEST_F(ChannelSearchTest, TheStatusLineTellsEachEvent)
     search("  a <b> %1 ");
     EXPECT_EQ(status(), "Searching for a <b> %1...");
     EXPECT_EQ(combo()->itemText(0), "a <b> %1") << "the history";
-    server.answer(answerTo("GetUserStreams", page(0, {})));
+    server.answer(soapAnswer("GetUserStreams", foundPage(0, {})));
     waitFor("Search for a <b> %1 returned 0 results");
     EXPECT_EQ(widget.findChild<QLabel*>("notice")->text(), "No channel was found.");
     widget.findChild<QPushButton*>("mostAdded")->click();
     EXPECT_EQ(status(), "Searching for most popular...");
-    server.answer(answerTo("GetTopUserStreams", page(2, stream("u1", "&lt;b&gt;One&lt;/b&gt;", "mms://h/1") +
-                                                            stream("u2", "Two", "file:///etc/passwd"))));
+    server.answer(
+        soapAnswer("GetTopUserStreams", foundPage(2, foundStream("u1", "&lt;b&gt;One&lt;/b&gt;", "mms://h/1") +
+                                                         foundStream("u2", "Two", "file:///etc/passwd"))));
     waitFor("Search for most popular returned 2 results");
     ASSERT_EQ(widget.model().rowCount(), 2);
     EXPECT_EQ(widget.model().index(0, ChannelSearchWidgetModel::RatingColumn).data(), "4.5/5");
@@ -115,12 +116,12 @@ TEST_F(ChannelSearchTest, TheStatusLineTellsEachEvent)
     menuOf(0);
     widget.onAddChannel();
     EXPECT_EQ(status(), "Adding <b>One</b>...");
-    server.answer(answerTo("AddUserStream", "<id>u1</id><name>One</name>"));
+    server.answer(soapAnswer("AddUserStream", "<id>u1</id><name>One</name>"));
     waitFor("One was successfully added");
     EXPECT_TRUE(widget.isChannelAdded("u1"));
     EXPECT_EQ(menuOf(0), QStringList("Play"));
     myChannels.remove(channel);
-    server.answer(answerTo("DestroyUserStream", "true"));
+    server.answer(soapAnswer("DestroyUserStream", "true"));
     waitFor("Channel was removed");
     widget.onChannelsUpdated({channel});
     EXPECT_FALSE(widget.isChannelAdded("u1")) << "it is looked at only";
@@ -131,18 +132,18 @@ TEST_F(ChannelSearchTest, AnotherSearchEndsTheOneBeforeAndASignOutEndsAll)
     search("first");
     server.takeRequest();
     search("second");
-    server.answer(answerTo("GetUserStreams", page(21, stream("u2", "Two", "mms://h/2"))));
+    server.answer(soapAnswer("GetUserStreams", foundPage(21, foundStream("u2", "Two", "mms://h/2"))));
     waitFor("Search for second returned 21 results");
     EXPECT_EQ(widget.model().findChannelRowById("u2"), 0);
     widget.findChild<QPushButton*>("more")->click();
-    server.answer(
-        answerTo("GetUserStreams", page(21, stream("u2", "Two", "mms://h/2") + stream("u3", "Three", "mms://h/3"))));
+    server.answer(soapAnswer("GetUserStreams", foundPage(21, foundStream("u2", "Two", "mms://h/2") +
+                                                                 foundStream("u3", "Three", "mms://h/3"))));
     EXPECT_TRUE(processEventsUntil([&] { return widget.model().rowCount() == 2; }));
     search("third");
     server.takeRequest();
     myChannels.signOut();
     widget.signOut();
-    server.send(answerTo("GetUserStreams", page(1, stream("u4", "Four", "mms://h/4"))));
+    server.send(soapAnswer("GetUserStreams", foundPage(1, foundStream("u4", "Four", "mms://h/4"))));
     processPendingEvents();
     EXPECT_EQ(widget.model().rowCount(), 0);
     EXPECT_EQ(widget.findChild<QLabel*>("notice")->text(), "Sign in to search for channels.");
