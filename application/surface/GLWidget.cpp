@@ -7,7 +7,6 @@
 #include "GLExtensions.h"
 #include "Logger.h"
 #include "LoggerManager.h"
-#include "PostProcessingEffects.h"
 
 #include <QDateTime>
 #include <QOpenGLContext>
@@ -93,8 +92,6 @@ void GLWidget::initializeGL()
              qPrintable(GLExtension::vendor()));
     _appData.videoPrograms.createColourConversion();
     choosePresentation();
-    if (!_effects.isEmpty())
-        setEffects(_effects);
     emit initialized();
 }
 
@@ -238,15 +235,6 @@ void GLWidget::onTakeScreenshot()
 {
     QString const time = QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss-zzz");
     saveScreenshot(takeScreenshot(), _appData.settings.screenshotDirectory() + "/" + time + ".png");
-}
-
-void GLWidget::setEffects(QStringList const& names)
-{
-    _effects = names;
-    if (!_surface.makeCurrent())
-        return;
-    _appData.videoPrograms.clearPostProcessingShaders();
-    _appData.videoPrograms.addPostProcessingShaders(PostProcessingEffects::create(names));
 }
 
 double GLWidget::calculateZoom() const

@@ -41,8 +41,8 @@ public:
     /// empty on failure.
     void saveScreenshot(QImage const& image, QString const& path);
 
-    /// Lays the named effects over all pictures, in place of those of before.
-    void setEffects(QStringList const& names);
+    /// Makes the surface's OpenGL context current. False where there is none.
+    bool makeCurrent() { return _surface.makeCurrent(); }
 
     /// The nearest of the zoom factors to what is shown now, 0 without a picture.
     double calculateZoom() const;
@@ -101,7 +101,6 @@ private:
     std::unique_ptr<GLMoviePresenter> _presenter; ///< Null where OpenGL draws everything.
     ImageSaver _screenshots;
     bool _isInitialized = false;
-    QStringList _effects;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;
 };

@@ -2,7 +2,6 @@
 
 #include "ActionStates.h"
 #include "AppData.h"
-#include "BufferWindow.h"
 #include "Channel.h"
 #include "ChannelListWidget.h"
 #include "ChannelManager.h"
@@ -20,6 +19,7 @@
 #include "Splitter.h"
 #include "TabWidget.h"
 #include "TrayIcon.h"
+#include "WindowDialogs.h"
 #include "WindowFade.h"
 #include "WindowKeys.h"
 #include "WindowManagerState.h"
@@ -71,7 +71,7 @@ Window::Window(AppData& appData)
     if (_place->restore())
         _sizedByHand = true;
     else
-        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, _menuBar->sizeHint().height()));
+        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, 0) + sizeAround());
 }
 
 Window::~Window()
@@ -85,6 +85,7 @@ Window::~Window()
         _appData.channelManager()->closeAllChannels();
     if (_appData.settings.actions().areCreated())
         _appData.settings.saveGlobalSettings();
+    _dialogs.reset();
     delete _glWidget;
 }
 
@@ -108,17 +109,25 @@ void Window::createChildControls()
     _actionStates = std::make_unique<ActionStates>(_appData);
 }
 
+QSize Window::sizeAround() const
+{
+    QMargins const margins = layout()->contentsMargins();
+    int const title = isSkinned() ? frame()->titleBar()->sizeHint().height() : _menuBar->sizeHint().height();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom() + title};
+}
+
 void Window::createMenus()
 {
     _menus = new WindowMenus(_appData, *_zoom, *this);
     _menuBar = _menus->bar();
     contents()->addWidget(_menuBar);
     contents()->addWidget(_splitter, 1);
-    _bufferWindow = new BufferWindow(_appData, this);
-    QAction* const buffer = _menus->view()->addAction(tr("Stream Buffer"));
-    buffer->setCheckable(true);
-    connect(buffer, &QAction::triggered, _bufferWindow, &QWidget::setVisible);
-    connect(_bufferWindow, &BufferWindow::visibilityChanged, buffer, &QAction::setChecked);
+    _dialogs = std::make_unique<WindowDialogs>(_appData, *_glWidget, *this);
+    _dialogs->fillEffectsMenu(_menus->effects());
+    for (WindowDialog const which : {WindowDialog::VideoInformation, WindowDialog::StreamBuffer})
+        _menus->view()->addAction(_dialogs->action(which));
+    _menus->options()->insertAction(_appData.settings.action(MenuAction::RunAtStartup),
+                                    _dialogs->action(WindowDialog::TestConsole));
 }
 
 void Window::createTrayIcon()
@@ -138,7 +147,7 @@ void Window::applySkin()
     QApplication::setPalette(isSkinned() ? skinPalette() : QPalette());
     setStyleSheet(AppData::buildStyleSheet(isSkinned()));
     if (isSkinned()) {
-        frame()->titleBar()->leading()->addWidget(_menuBar);
+        frame()->titleBar()->leading()->addWidget(_menuBar, 0, Qt::AlignVCenter);
         _menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     } else {
         contents()->insertWidget(0, _menuBar);
@@ -291,5 +300,9 @@ void Window::onShowTabsChanged()
 
 void Window::onSkinChanged()
 {
+    QSize const picture = _glWidget->size();
     applySkin();
+    layout()->activate();
+    if (!(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+        _zoom->resizeWindow(size() + picture - _glWidget->size()); // Not larger or smaller for another frame.
 }

@@ -7,7 +7,6 @@
 #include <memory>
 
 class ActionStates;
-class BufferWindow;
 class Channel;
 class ChannelPanels;
 class FileChannels;
@@ -21,6 +20,7 @@ class SlowDriverWarning;
 class Splitter;
 class TabWidget;
 class TrayIcon;
+class WindowDialogs;
 class WindowFade;
 class WindowKeys;
 class WindowManagerState;
@@ -109,6 +109,7 @@ private slots:
 
 private:
     void createChildControls();
+    QSize sizeAround() const; ///< What the frame in the skin, menu bar and margins need.
     void createMenus();
     void createTrayIcon();
     void createNotifier();
@@ -129,12 +130,12 @@ private:
     TabWidget* _tabs = nullptr;
     ChannelPanels* _panels = nullptr;
     Notice* _notice = nullptr;
-    BufferWindow* _bufferWindow = nullptr;
     std::unique_ptr<WindowKeys> _keys;
     std::unique_ptr<WindowFade> _fade;
     std::unique_ptr<WindowPlace> _place;
     std::unique_ptr<WindowZoom> _zoom;
     WindowMenus* _menus = nullptr;
+    std::unique_ptr<WindowDialogs> _dialogs;
     std::unique_ptr<ActionStates> _actionStates;
     std::unique_ptr<FileChannels> _fileChannels;
     std::unique_ptr<TrayIcon> _trayIcon;
