@@ -77,7 +77,10 @@ void ChannelSearchWidget::createView()
     _view->setObjectName("results");
     _view->setAccessibleName(tr("Channels that were found"));
     _view->setModel(_shown);
-    _view->setItemDelegate(new ChannelSearchWidgetItemDelegate(_view));
+    auto* const delegate = new ChannelSearchWidgetItemDelegate(_view);
+    _view->setItemDelegate(delegate);
+    connect(_view, &ChannelView::stateColumnChanged, this,
+            [delegate](bool isShown) { delegate->setStateWithChannel(!isShown); });
     _view->header()->setSortIndicator(-1, Qt::AscendingOrder); // The service's.
     _view->setSortingEnabled(true);
     connect(_view, &ChannelView::cellClicked, this,
@@ -137,12 +140,9 @@ void ChannelSearchWidget::setColumnSizes()
     for (ChannelRowState const state : {ChannelRowState::Playing, ChannelRowState::Previewing, ChannelRowState::Open,
                                         ChannelRowState::Acquiring, ChannelRowState::Failed})
         width = std::max(width, ChannelRowPainter::stateWidth(_view->font(), ChannelRowStates::text(state)));
-    QHeaderView* const header = _view->header();
-    header->setStretchLastSection(true);
-    for (int const column : {ChannelSearchWidgetModel::StatusColumn, ChannelSearchWidgetModel::RatingColumn})
-        header->resizeSection(column, header->sectionSizeHint(column));
-    header->resizeSection(ChannelSearchWidgetModel::StatusColumn,
-                          std::max(width, header->sectionSize(ChannelSearchWidgetModel::StatusColumn)));
+    QHeaderView const* const header = _view->header();
+    _view->arrangeColumns(std::max(width, header->sectionSizeHint(ChannelSearchWidgetModel::StatusColumn)),
+                          header->sectionSizeHint(ChannelSearchWidgetModel::RatingColumn));
 }
 
 void ChannelSearchWidget::setUrlStyle()
@@ -274,7 +274,7 @@ void ChannelSearchWidget::wantLogos()
 {
     if (!isVisible())
         return;
-    QModelIndex index = _view->indexAt({0, 0});
+    QModelIndex index = _view->indexAt({_view->viewport()->width() / 2, 0});
     while (index.isValid() && _view->visualRect(index).top() < _view->viewport()->height()) {
         ChannelSearchWidgetModelRow const& row = _model->row(rowAt(index));
         if (!row.description.logoLoaded())
