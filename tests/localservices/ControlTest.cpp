@@ -87,16 +87,11 @@ TEST_F(ControlTest, ManyCommandsLeaveTheOthersTheirTurn)
     ControlServer server(commands, "secret", clock, timers);
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
     auto client = std::make_unique<LoopbackClient>(server.port());
-    client->say("token secret\n" + QByteArray("work\n").repeated(3) + "quit\nwork\n");
-    EXPECT_TRUE(client->waitForEnd());
-    EXPECT_EQ(client->heard(), "OK\nOK\nOK\n");
-    ASSERT_EQ(turnsAtWork.size(), 3);
-    EXPECT_TRUE(turnsAtWork.at(0) < turnsAtWork.at(1) && turnsAtWork.at(1) < turnsAtWork.at(2));
-    client = std::make_unique<LoopbackClient>(server.port());
     client->say("token secret\n" + QByteArray("work\n").repeated(5));
     EXPECT_TRUE(client->waitFor("OK"));
     client.reset(); // It does not wait for the rest.
-    EXPECT_TRUE(processEventsUntil([&] { return turnsAtWork.size() == 8; }));
+    EXPECT_TRUE(processEventsUntil([&] { return turnsAtWork.size() == 5; }));
+    EXPECT_LT(turnsAtWork.at(0), turnsAtWork.at(1));
 }
 
 TEST(LocalServicesOptions, WrongSwitchesAreToldInWords)
