@@ -10,7 +10,6 @@
 #include "PostProcessingEffects.h"
 #include "SurfaceAccessible.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QDateTime>
 #include <QOpenGLContext>
@@ -71,10 +70,6 @@ void GLWidget::connectHub()
     connect(&_appData.settings, &AppSettings::showFullScreenChanged, this, &GLWidget::onShowFullScreenChanged);
     connect(&_appData.settings, &AppSettings::carouselModeChanged, this, &GLWidget::onCarouselModeChanged);
     connect(qApp, &QApplication::focusChanged, this, &GLWidget::onFocusChanged);
-    if (QAction* const carousel = _appData.settings.action(MenuAction::ChannelCarousel)) {
-        addAction(carousel); // Its shortcut holds wherever the menus are.
-        connect(carousel, &QAction::triggered, &_appData.settings, &AppSettings::setCarouselMode);
-    }
 }
 
 void GLWidget::connectOverlay()
@@ -187,6 +182,7 @@ void GLWidget::onRenderTimer()
 void GLWidget::render()
 {
     _pacer.painted();
+    placeControls(); // On another screen there are other pixels.
     if (!_surface.create(_appData.settings.enableAntialiasing()) || !_surface.isExposed() || !_surface.adoptWindow())
         return;
     _appData.channelManager()->setWatched(true);
