@@ -105,7 +105,6 @@ void GLPadControl::draw(QPainter& painter, QSizeF const& size)
     painter.setPen(Qt::NoPen);
     painter.setBrush(style().accent);
     QPointF const reach(size.width() / 2.0 - padHandle - 1.0, size.height() / 2.0 - padHandle - 1.0);
-    painter.drawEllipse(middle + QPointF(_position.x() * reach.x(), _position.y() * reach.y()), padHandle,
-                        padHandle);
+    painter.drawEllipse(middle + QPointF(_position.x() * reach.x(), _position.y() * reach.y()), padHandle, padHandle);
     drawFocus(painter, area);
 }

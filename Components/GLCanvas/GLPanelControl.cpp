@@ -28,7 +28,8 @@ void GLPanelControl::arrange(QList<Item> items, QRectF const& row)
                 least = i;
         if (least == items.end())
             break;
-        least->isWanted = false;
+        for (int const importance = least->importance; Item & item : items)
+            item.isWanted = item.isWanted && item.importance != importance;
     }
     double stretches = 0.0;
     for (Item const& item : items)

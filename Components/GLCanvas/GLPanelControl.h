@@ -16,7 +16,7 @@ public:
     struct Item {
         GLControl* control = nullptr;
         double width = 0.0;
-        int importance = 0;   ///< Where there is no room for all, the least important are hidden first.
+        int importance = 0;   ///< Where there is no room for all, the least important are hidden first, together.
         double stretch = 0.0; ///< Its part of the room that is left.
         double gap = 0.0;     ///< Before it.
         bool isWanted = true; ///< Else it is hidden in any case.

@@ -9,7 +9,6 @@
 #include "LoggerManager.h"
 #include "SurfaceAccessible.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QDateTime>
 #include <QOpenGLContext>
@@ -70,10 +69,6 @@ void GLWidget::connectHub()
     connect(&_appData.settings, &AppSettings::showFullScreenChanged, this, &GLWidget::onShowFullScreenChanged);
     connect(&_appData.settings, &AppSettings::carouselModeChanged, this, &GLWidget::onCarouselModeChanged);
     connect(qApp, &QApplication::focusChanged, this, &GLWidget::onFocusChanged);
-    if (QAction* const carousel = _appData.settings.action(MenuAction::ChannelCarousel)) {
-        addAction(carousel); // Its shortcut holds wherever the menus are.
-        connect(carousel, &QAction::triggered, &_appData.settings, &AppSettings::setCarouselMode);
-    }
 }
 
 void GLWidget::connectOverlay()
@@ -184,6 +179,7 @@ void GLWidget::onRenderTimer()
 void GLWidget::render()
 {
     _pacer.painted();
+    placeControls(); // On another screen there are other pixels.
     if (!_surface.create(_appData.settings.enableAntialiasing()) || !_surface.isExposed() || !_surface.adoptWindow())
         return;
     _appData.channelManager()->setWatched(true);

@@ -192,7 +192,7 @@ void GLChannelBar::updateTime()
                                         GLProgressIndicator::timeText(duration)));
     } else {
         _progress.showBuffer(channel ? bufferLevel(*channel) : std::nullopt);
-        _time.setText(!channel ? QString() : _progress.valueText().isEmpty() ? tr("Live") : _progress.valueText());
+        _time.setText(channel ? _progress.valueText() : QString());
     }
     if (channel && channel->isSeekable() != _isPausable)
         updateChannel(); // It has become known meanwhile.
