@@ -159,7 +159,8 @@ void GLWidget::onVideoKeyPress(QKeyEvent* event)
         return;
     }
     ChannelManager& channels = *_appData.channelManager();
-    bool const isPause = (event->key() == Qt::Key_P && event->modifiers() == Qt::NoModifier) ||
+    bool const isPlain = event->modifiers() == Qt::NoModifier;
+    bool const isPause = (isPlain && (event->key() == Qt::Key_Space || event->key() == Qt::Key_P)) ||
                          event->key() == Qt::Key_MediaPlay || event->key() == Qt::Key_MediaTogglePlayPause;
     if (isPause && !event->isAutoRepeat()) {
         channels.setPaused(!channels.isPaused());
