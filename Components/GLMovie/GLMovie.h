@@ -4,6 +4,7 @@
 #include "GLMovieClock.h"
 #include "GLMoviePacketDump.h"
 #include "GLMoviePacketStatistics.h"
+#include "GLMoviePictureStatistics.h"
 #include "GLMovieRepetition.h"
 #include "GLMovieRequests.h"
 
@@ -143,6 +144,8 @@ public:
     QString audioCodecName() const;
     QString videoCodecName() const;
     GLMoviePacketStatistics packetStatistics() const;
+    /// All 0 without pictures.
+    GLMoviePictureStatistics pictureStatistics() const;
 
     /// What a viewer reads of an error.
     static QString errorText(int error);

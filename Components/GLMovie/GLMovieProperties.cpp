@@ -155,6 +155,11 @@ QString GLMovie::videoCodecName() const
     return _videoOutput ? _videoOutput->name() : QString();
 }
 
+GLMoviePictureStatistics GLMovie::pictureStatistics() const
+{
+    return _videoOutput ? _videoOutput->statistics() : GLMoviePictureStatistics();
+}
+
 GLMoviePacketStatistics GLMovie::packetStatistics() const
 {
     return _counter.statistics();

@@ -153,6 +153,7 @@ bool GLMovieVideoOutput::checkIfPacketNeedsDropping(AVPacket const& packet)
     }
     _lastVideoSeconds = *seconds;
     clock.videoDropped(*seconds);
+    _counter.countDropped();
     _dropUntilKeyframe = clock.syncToAudio();
     LOG_INFO("Dropped video packet with pts %lf seconds as it was %lf seconds later than the audio clock",
              clock.videoMovieTime(*seconds), *late);
@@ -207,8 +208,11 @@ void GLMovieVideoOutput::presentPicture(AVFrame const* frame, std::optional<doub
     bool const opensPicture = _passedKeyframe || isKeyFrame || _codec->codec_id == AV_CODEC_ID_CINEPAK;
     if (opensPicture && !_seenKeyframe && !showKeyFrame(due))
         return;
-    if (_seenKeyframe)
+    if (_seenKeyframe) {
         updateTexture(frame);
+        std::optional<double> const late = clock.videoLateness(due, _context.source.audioTime());
+        _counter.countShown(clock.syncToAudio(), late.value_or(0.0));
+    }
     _frameDelay = static_cast<double>(av_gettime_relative() - begin) / 1000000.0;
     _lastVideoSeconds = due;
     clock.videoShown(due);
@@ -227,8 +231,11 @@ bool GLMovieVideoOutput::isToBeShown(AVFrame const* frame, std::optional<double>
 {
     if (frame->key_frame != 0)
         _dropUntilKeyframe = false;
-    if (_dropUntilKeyframe)
+    if (_dropUntilKeyframe) {
+        if (!_showFrom)
+            _counter.countDropped();
         return false;
+    }
     if (!_showFrom)
         return true;
     if (seconds && *seconds < *_showFrom - showTolerance) {

@@ -2,6 +2,7 @@
 
 #include "GLMovieContext.h"
 #include "GLMovieDeinterlacer.h"
+#include "GLMoviePictureStatistics.h"
 #include "GLMovieVideoTarget.h"
 
 #include <QString>
@@ -47,6 +48,7 @@ public:
     /// The texture with the newest picture; null before the first key frame. Lives until releaseTexture().
     GLMovieTexture* texture() const { return _target.texture(); }
     GLMovieVideoTarget::Shown shown() const { return _target.shown(); }
+    GLMoviePictureStatistics statistics() const { return _counter.statistics(); }
 
     void setWatched(bool watched) { _target.setWatched(watched); }
 
@@ -78,6 +80,7 @@ private:
     FramePointer _frame;
     GLMovieDeinterlacer _deinterlacer;
     GLMovieVideoTarget _target;
+    GLMoviePictureCounter _counter;
     double _frameDelay = 0.0;            ///< Seconds that the last picture took to process.
     double _lastVideoSeconds = 0.0;      ///< When the last picture was due, as the stream counts.
     std::optional<double> _newestPacket; ///< Its seconds.

@@ -35,7 +35,13 @@ RollingFileLogger::RollingFileLogger(QObject* parent) : QObject(parent)
     QSettings const settings;
     _maximumFileSize = read(settings, maximumFileSizeNumber);
     _numberOfOldFiles = read(settings, numberOfOldFilesNumber);
-    _fileName = settings.value("logger/logFileName", defaultFileName(settings)).toString();
+    _fileName = configuredFileName();
+}
+
+QString RollingFileLogger::configuredFileName()
+{
+    QSettings const settings;
+    return settings.value("logger/logFileName", defaultFileName(settings)).toString();
 }
 
 RollingFileLogger::~RollingFileLogger() = default;

@@ -35,6 +35,9 @@ public:
     /// Appends the text and a line end, opening the file if need be and rolling it when it is full.
     void log(char const* text);
 
+    /// Where the settings say that the log is.
+    static QString configuredFileName();
+
     /// What was wrong with the settings, in words.
     QStringList complaints() const { return _complaints; }
 

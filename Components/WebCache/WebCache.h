@@ -51,6 +51,10 @@ public:
     /// The queue that the work is done on, for those who follow the signals with memos of their own.
     MemoQueue* memoQueue() const { return _queue; }
 
+    /// Removes all copies, soon; cleared() tells when that is done. What is watched is fetched again when its time
+    /// comes.
+    void clear();
+
     /// Fetches all that is watched, within StartupPeriodMs.
     void start();
 
@@ -96,6 +100,9 @@ signals:
     /// It was fetched; and has it changed?
     void updated(Uri uri, bool hasChanged, QDateTime lastUpdated);
 
+    /// All copies are gone; what remains could not be removed.
+    void cleared(qint64 bytesLeft);
+
     /// What was fetched did not pass its check, and the copy stays as it is; the fault in words.
     void refused(Uri uri, QString fault);
 
@@ -118,6 +125,7 @@ private:
     void scheduleNext(Uri const& uri, qint64 maxAgeSeconds, bool isOverdue);
     void scheduleRetry(Uri const& uri, bool isNetworkAtFault);
     void keepWithinLimit(qint64 bytesWritten);
+    void trim(qint64 bytes);
 
     static Logger* log;
 

@@ -1,7 +1,9 @@
 // What the cache makes of a download that has ended. On the thread of its queue.
 
 #include "Logger.h"
+#include "MemoQueue.h"
 #include "WebCache.h"
+#include "WebCacheCallMemo.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -132,9 +134,21 @@ void WebCache::keepWithinLimit(qint64 bytesWritten)
     constexpr qint64 shares = 10;
     qint64 const limit = _limit;
     _bytes = _bytes < 0 ? _directory.size() : _bytes + bytesWritten;
-    if (_bytes <= limit)
-        return;
-    _bytes = _directory.trim(limit / shares * shareToKeep);
+    if (_bytes > limit)
+        trim(limit / shares * shareToKeep);
+}
+
+void WebCache::clear()
+{
+    _queue->handleNow(new WebCacheCallMemo(this, [](WebCache& cache) {
+        cache.trim(0);
+        emit cache.cleared(cache._directory.size());
+    }));
+}
+
+void WebCache::trim(qint64 bytes)
+{
+    _bytes = _directory.trim(bytes);
     QMutexLocker locker(&_mutex);
     for (WebCacheEntry& entry : _entries)
         entry.isSeen = false; // The disk is asked again.

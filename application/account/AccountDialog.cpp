@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,11 +18,10 @@ constexpr int maximumPassword = 1024;
 constexpr int maximumMessage = 1000; // Of what the service says.
 } // namespace
 
-AccountDialog::AccountDialog(QString const& title, QString const& action, QWidget* parent)
-    : QDialog(parent), _introduction(new QLabel(this)), _form(new QFormLayout), _email(new QLineEdit(this)),
+AccountDialog::AccountDialog(AppData& appData, QString const& title, QString const& action, QWidget* parent)
+    : OmbravisionDialog(appData, title, parent), _introduction(new QLabel(this)), _form(new QFormLayout), _email(new QLineEdit(this)),
       _lowerPart(new QVBoxLayout), _message(new QLabel(this)), _progress(new QProgressBar(this))
 {
-    setWindowTitle(title);
     for (QLabel* const label : {_introduction, _message}) {
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
@@ -32,7 +30,7 @@ AccountDialog::AccountDialog(QString const& title, QString const& action, QWidge
     _message->setObjectName("message");
     _message->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _message->setMinimumHeight(2 * fontMetrics().lineSpacing()); // The dialog does not jump with each word.
-    _message->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    _message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     _email->setObjectName("email");
     _email->setMaxLength(maximumEmail);
     _email->setInputMethodHints(Qt::ImhEmailCharactersOnly | Qt::ImhNoPredictiveText);
@@ -42,24 +40,20 @@ AccountDialog::AccountDialog(QString const& title, QString const& action, QWidge
     _password->setObjectName("password");
     _progress->setRange(0, 0);
     _progress->setTextVisible(false);
+    _progress->setAccessibleName(tr("Progress"));
     QSizePolicy policy = _progress->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     _progress->setSizePolicy(policy);
     _progress->hide();
 
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
-    _action = buttons->addButton(action, QDialogButtonBox::AcceptRole);
+    addButton(QDialogButtonBox::Cancel);
+    _action = addButton(action, QDialogButtonBox::AcceptRole);
     _action->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &AccountDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &AccountDialog::reject);
-
-    auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(_introduction);
-    layout->addLayout(_form);
-    layout->addLayout(_lowerPart);
-    layout->addWidget(_message, 1);
-    layout->addWidget(_progress);
-    layout->addWidget(buttons);
+    contents()->addWidget(_introduction);
+    contents()->addLayout(_form);
+    contents()->addLayout(_lowerPart);
+    contents()->addWidget(_message, 1);
+    contents()->addWidget(_progress);
     setMinimumWidth(formWidth * fontMetrics().averageCharWidth() + fontMetrics().horizontalAdvance(tr("&Password:")));
 }
 
@@ -144,7 +138,7 @@ void AccountDialog::showError(QString const& text)
 void AccountDialog::finish()
 {
     setBusy(false);
-    QDialog::accept();
+    OmbravisionDialog::accept();
 }
 
 void AccountDialog::accept()
@@ -156,7 +150,7 @@ void AccountDialog::accept()
 void AccountDialog::reject()
 {
     if (!_isBusy) {
-        QDialog::reject();
+        OmbravisionDialog::reject();
         return;
     }
     setBusy(false);
@@ -168,5 +162,5 @@ void AccountDialog::closeEvent(QCloseEvent* event)
 {
     if (_isBusy)
         reject();
-    QDialog::closeEvent(event);
+    OmbravisionDialog::closeEvent(event);
 }

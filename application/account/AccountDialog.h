@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDialog>
+#include "OmbravisionDialog.h"
+
 #include <QString>
 
 class QCheckBox;
@@ -15,7 +16,7 @@ class QVBoxLayout;
 /// asked, a button that asks it, and Cancel, which ends the asking first and closes the dialog the second time.
 ///
 /// The owner calls showProgress(), showError() and finish(), and is told by signals. All texts are shown as they are.
-class AccountDialog : public QDialog
+class AccountDialog : public OmbravisionDialog
 {
     Q_OBJECT
 
@@ -48,7 +49,7 @@ signals:
     void cancelled();
 
 protected:
-    AccountDialog(QString const& title, QString const& action, QWidget* parent);
+    AccountDialog(AppData& appData, QString const& title, QString const& action, QWidget* parent);
     void closeEvent(QCloseEvent* event) override;
 
     QLineEdit* addPasswordField(QString const& label);

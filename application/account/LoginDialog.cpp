@@ -5,8 +5,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-LoginDialog::LoginDialog(QWidget* parent)
-    : AccountDialog(tr("Sign In"), tr("Sign &In"), parent),
+LoginDialog::LoginDialog(AppData& appData, QWidget* parent)
+    : AccountDialog(appData, tr("Sign In"), tr("Sign &In"), parent),
       _keepSignedIn(new QCheckBox(tr("&Keep me signed in"), this))
 {
     setObjectName("loginDialog");

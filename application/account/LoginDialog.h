@@ -8,7 +8,7 @@ class LoginDialog : public AccountDialog
     Q_OBJECT
 
 public:
-    explicit LoginDialog(QWidget* parent = nullptr);
+    explicit LoginDialog(AppData& appData, QWidget* parent = nullptr);
 
     /// Fills in what is known, and puts the cursor where the viewer goes on.
     void fill(QString const& email, QString const& password);

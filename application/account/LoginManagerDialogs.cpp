@@ -17,7 +17,7 @@ bool LoginManager::loginWithGui(QWidget* parent, QString const& failure)
         return false;
     }
     _appData.rsaProvider()->prepare(); // While the viewer types.
-    _loginDialog = new LoginDialog(parent);
+    _loginDialog = new LoginDialog(_appData, parent);
     QPointer<LoginDialog> const dialog = _loginDialog; // It may go with its parent while it is open.
     QSettings const settings = settingsFile();
     QString const lastUser = settings.value("application/lastUser").toString();
@@ -55,7 +55,7 @@ bool LoginManager::signupWithGui(QWidget* parent)
         _signupDialog->activateWindow();
         return false;
     }
-    _signupDialog = new SignupDialog(parent);
+    _signupDialog = new SignupDialog(_appData, parent);
     QPointer<SignupDialog> const dialog = _signupDialog;
     connect(dialog, &SignupDialog::submitted, this, &LoginManager::submitSignup);
     connect(dialog, &SignupDialog::cancelled, this, &LoginManager::cancelSignup);
@@ -91,7 +91,7 @@ void LoginManager::onUpdateAvailable(SoapLoginResponse const& response)
     if (_updateDialog || isKnown)
         return;
     _offeredVersion = response.updateVersion;
-    _updateDialog = new UpdateDialog(response, _appData.mainWidget());
+    _updateDialog = new UpdateDialog(_appData, response, _appData.mainWidget());
     if (_loginDialog)
         showUpdateAboveDialog();
     else

@@ -3,8 +3,8 @@
 #include <QCheckBox>
 #include <QLineEdit>
 
-SignupDialog::SignupDialog(QWidget* parent)
-    : AccountDialog(tr("Create Account"), tr("&Create Account"), parent),
+SignupDialog::SignupDialog(AppData& appData, QWidget* parent)
+    : AccountDialog(appData, tr("Create Account"), tr("&Create Account"), parent),
       _repetition(addPasswordField(tr("Password &again:"))),
       _emailAllowed(new QCheckBox(tr("&Send me news about programmes and channels"), this))
 {

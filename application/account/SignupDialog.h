@@ -10,7 +10,7 @@ class SignupDialog : public AccountDialog
 public:
     static constexpr int minimumPassword = 8; ///< characters
 
-    explicit SignupDialog(QWidget* parent = nullptr);
+    explicit SignupDialog(AppData& appData, QWidget* parent = nullptr);
 
     /// Whether the viewer wants letters that are not about the account.
     bool isEmailAllowed() const;

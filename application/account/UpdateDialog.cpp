@@ -3,7 +3,6 @@
 #include "SoapLoginResponse.h"
 
 #include <QDesktopServices>
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -26,13 +25,11 @@ bool isMd5(QString const& text)
 
 } // namespace
 
-UpdateDialog::UpdateDialog(SoapLoginResponse const& response, QWidget* parent)
-    : QDialog(parent), _url(downloadUrl(response.updateUrl))
+UpdateDialog::UpdateDialog(AppData& appData, SoapLoginResponse const& response, QWidget* parent)
+    : OmbravisionDialog(appData, tr("Update"), parent), _url(downloadUrl(response.updateUrl))
 {
     setObjectName("updateDialog");
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(tr("Update"));
-    auto* const layout = new QVBoxLayout(this);
     QString const version = response.updateVersion.left(maximumVersion).simplified();
     QString const heading =
         response.isUpdateCritical()
@@ -42,31 +39,30 @@ UpdateDialog::UpdateDialog(SoapLoginResponse const& response, QWidget* parent)
     QFont font = title->font();
     font.setBold(true);
     title->setFont(font);
-    layout->addWidget(title);
+    contents()->addWidget(title);
     if (!response.updateMessage.trimmed().isEmpty()) {
         auto* const message = new QPlainTextEdit(response.updateMessage.left(maximumUpdateText), this);
         message->setObjectName("updateMessage");
+        message->setAccessibleName(tr("What is new"));
         message->setReadOnly(true);
         message->setTabChangesFocus(true);
         message->setMinimumSize(messageWidth * fontMetrics().averageCharWidth(),
                                 messageLines * fontMetrics().lineSpacing());
-        layout->addWidget(message, 1);
+        contents()->addWidget(message, 1);
     }
-    layout->addWidget(makeLabel(_url.isValid() ? tr("It can be downloaded from %1.").arg(_url.host())
+    contents()->addWidget(makeLabel(_url.isValid() ? tr("It can be downloaded from %1.").arg(_url.host())
                                                : tr("The service names no safe address to download it from."),
                                 "source"));
     if (_url.isValid() && isMd5(response.updateMd5))
-        layout->addWidget(makeLabel(tr("MD5 sum of the file: %1").arg(response.updateMd5), "md5"));
+        contents()->addWidget(makeLabel(tr("MD5 sum of the file: %1").arg(response.updateMd5), "md5"));
 
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    if (_url.isValid()) {
-        QPushButton* const button = buttons->addButton(tr("&Download"), QDialogButtonBox::AcceptRole);
-        button->setDefault(true);
-        button->setFocus();
-        connect(buttons, &QDialogButtonBox::accepted, this, &UpdateDialog::download);
-    }
-    layout->addWidget(buttons);
+    addButton(QDialogButtonBox::Close);
+    if (!_url.isValid())
+        return;
+    QPushButton* const button = addButton(tr("&Download"), QDialogButtonBox::ActionRole);
+    button->setDefault(true);
+    button->setFocus();
+    connect(button, &QPushButton::clicked, this, &UpdateDialog::download);
 }
 
 QLabel* UpdateDialog::makeLabel(QString const& text, char const* name)

@@ -118,6 +118,9 @@ public:
     /// What delivers the streams that are open, where that is a client.
     QList<LatteClient const*> latteClients() const;
 
+    /// What each stream is and how it plays.
+    QList<StreamInformation> streamInformation() const;
+
     /// Where the first stream's picture was last drawn, and its own size in pixels.
     QRect videoWindow() const;
     QSize movieSize() const;

@@ -2,6 +2,7 @@
 
 #include "GLMovieRenderer.h"
 #include "StreamDescription.h"
+#include "StreamInformation.h"
 
 #include <QObject>
 #include <QPointF>
@@ -55,6 +56,9 @@ public:
 
     /// What delivers the stream's bytes while it is open; null when that is no client.
     LatteClient const* latteClient() const;
+
+    /// What it is and how it plays.
+    StreamInformation information() const;
 
     /// The speed to play at while the stream can seek; one that cannot, such as live television, plays at 1.0.
     double speed() const { return _speed; }

@@ -256,6 +256,11 @@ void AppData::connectSettings()
     connect(&settings, &AppSettings::useHardwareColourConversionChanged, this,
             &AppData::onUseHardwareColourConversionChanged);
     connect(&settings, &AppSettings::enableAntialiasingChanged, this, &AppData::onEnableAntialiasingChanged);
+    connect(&settings, &AppSettings::presentationChanged, this, &AppData::onEnableAntialiasingChanged);
+    for (auto const signal : {&AppSettings::deinterlaceChanged, &AppSettings::colourConversionChanged})
+        connect(&settings, signal, this, &AppData::onUseHardwareColourConversionChanged);
+    connect(&settings, &AppSettings::proxyChanged, this, &AppData::setProxy);
+    connect(&settings, &AppSettings::cacheLimitChanged, this, [this] { _webCache->setLimit(settings.cacheLimit()); });
 }
 
 void AppData::onAudioDeviceChanged()

@@ -69,7 +69,13 @@ void ChannelEvents::openFirst()
     if (!_isSurfaceReady || !_isVisible || !channels.channelsLoaded() || !channels.firstChannel())
         return;
     bool const isFirst = !std::exchange(_hasOpenedFirst, true);
-    if (!channels.isBusy())
+    using StartPage = SettingsValues::StartPage;
+    StartPage const startPage = isFirst ? _appData.settings.startPage() : StartPage::LastChannels;
+    if (startPage == StartPage::Nothing || channels.isBusy())
+        return;
+    if (startPage == StartPage::DefaultChannel && channels.defaultChannel())
+        channels.openChannel(channels.defaultChannel(), _appData.settings.sponsorshipEnabled(), true);
+    else
         channels.openLastChannels(isFirst && _appData.settings.sponsorshipEnabled());
 }
 

@@ -23,8 +23,14 @@ QList<GLMovieShader*> VideoPrograms::postProcessingShaders() const
 
 void VideoPrograms::clearPostProcessingShaders()
 {
-    auto const going = std::exchange(_postProcessingShaders, {});
-    emit postProcessingChanged(); // While the programs still exist.
+    auto const going = takePostProcessingShaders(); // Told while the programs still exist.
+}
+
+std::vector<std::unique_ptr<GLMovieShader>> VideoPrograms::takePostProcessingShaders()
+{
+    auto taken = std::exchange(_postProcessingShaders, {});
+    emit postProcessingChanged();
+    return taken;
 }
 
 void VideoPrograms::addPostProcessingShaders(std::vector<std::unique_ptr<GLMovieShader>> shaders)

@@ -28,6 +28,8 @@ public:
     /// The effects that pictures pass through while post-processing is on, in order; owned here.
     QList<GLMovieShader*> postProcessingShaders() const;
     void clearPostProcessingShaders();
+    /// Hands them over; none are left.
+    std::vector<std::unique_ptr<GLMovieShader>> takePostProcessingShaders();
     void addPostProcessingShaders(std::vector<std::unique_ptr<GLMovieShader>> shaders);
 
 signals:

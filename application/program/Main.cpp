@@ -1,6 +1,7 @@
 #include "Application.h"
 #include "ArgumentList.h"
 #include "CommandLineHelp.h"
+#include "EffectTrialProgram.h"
 #include "Window.h"
 
 #include <cstdio>
@@ -13,6 +14,8 @@ constexpr int answerTime = 5000; // ms for a first instance to take the message.
 
 int main(int argc, char** argv)
 {
+    if (EffectTrialProgram::isWanted(argc, argv))
+        return EffectTrialProgram::run(argc, argv);
     // Before anything else is touched: who asks may have no display.
     if (QString const answer = CommandLineHelp::answer(ArgumentList(argc, argv)); !answer.isEmpty()) {
         std::fputs(qPrintable(answer), stdout);

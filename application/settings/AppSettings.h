@@ -8,6 +8,9 @@
 
 #include <QObject>
 
+#include <algorithm>
+#include <type_traits>
+
 class Logger;
 class QAction;
 class QSettings;
@@ -46,7 +49,10 @@ public:
     /// Directories of this user; made when they are first needed.
     QString dataDirectory() const { return _dataDirectory; }
     QString recordingDirectory() const { return _dataDirectory + "/Recording"; }
-    QString screenshotDirectory() const { return _dataDirectory + "/Screenshots"; }
+    QString screenshotDirectory() const
+    {
+        return _values.screenshotDirectory.isEmpty() ? _dataDirectory + "/Screenshots" : _values.screenshotDirectory;
+    }
     QString cacheDirectory() const;
 
     // The directory service. What ends with a slash is the beginning of addresses.
@@ -108,6 +114,16 @@ public:
     QString readEncryptedPassword(QSettings& settings, QString const& key) { return _secrets.read(settings, key); }
     /// An empty secret takes the key away.
     void writeEncryptedPassword(QSettings& settings, QString const& key, QString const& secret);
+
+    // Settings as fields, for what handles them as a table.
+    SettingsValues const& values() const { return _values; }
+    /// What the setter of the field does; a number outside its bounds is brought inside.
+    template<class T>
+    void setValue(T SettingsValues::*field, std::type_identity_t<T> const& value);
+    /// A new list of addresses that were opened, the newest first.
+    void setStreamHistory(QStringList const& addresses) { set(&SettingsValues::streamHistory, addresses); }
+    QStringList streamHistory() const { return _values.streamHistory; }
+    SettingsValues::StartPage startPage() const { return static_cast<SettingsValues::StartPage>(_values.startPage); }
 
     // Sound and picture.
     QString audioDevice() const { return _values.audioDevice; }
@@ -237,6 +253,9 @@ public:
     /// Whether a channel's alerts are shown; one that was never asked for before gets the default for good.
     bool channelAlerts(QString const& id, bool byDefault);
     void setChannelAlerts(QString const& id, bool on);
+    /// Root ids, in the order in which the viewer has marked them.
+    QStringList favouriteChannels() const { return _values.favouriteChannels; }
+    void setFavouriteChannels(QStringList const& ids) { set(&SettingsValues::favouriteChannels, ids); }
     QStringList alertHistory() const { return _values.alertHistory; }
     void setAlertHistory(QStringList const& history) { set(&SettingsValues::alertHistory, history); }
 
@@ -329,9 +348,15 @@ signals:
     void alertDisplayOpacityChanged();
     void alertsUseGrowlChanged();
     void channelAlertsChanged();
+    void favouriteChannelsChanged();
     void audioDeviceChanged();
     void useHardwareColourConversionChanged();
     void enableAntialiasingChanged();
+    void deinterlaceChanged();
+    void colourConversionChanged();
+    void presentationChanged();
+    void proxyChanged();
+    void cacheLimitChanged();
     void chatNickChanged();
     void chatColoursChanged();
     void showVideoTipsChanged();
@@ -381,3 +406,23 @@ private:
     MenuActions _actions;
     SecretStore _secrets;
 };
+
+template<class T>
+void AppSettings::setValue(T SettingsValues::*field, std::type_identity_t<T> const& value)
+{
+    if constexpr (std::is_same_v<T, bool>) {
+        if (field == &SettingsValues::runAtStartup)
+            return setRunAtStartup(value);
+    }
+    if constexpr (std::is_same_v<T, double>) {
+        if (field == &SettingsValues::volume)
+            return setVolume(value);
+    }
+    if constexpr (std::is_same_v<T, int>) {
+        Setting const* const setting = findSetting(field);
+        if (setting && setting->bounds)
+            return set(field, static_cast<int>(std::clamp<double>(value, setting->bounds->minimum,
+                                                                  setting->bounds->maximum)));
+    }
+    set(field, value);
+}

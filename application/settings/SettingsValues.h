@@ -30,6 +30,9 @@ struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it 
     /// What shows opaque pictures: OpenGL or MIT-SHM; Automatic is the latter where OpenGL runs on the processor.
     enum class Presentation { Automatic, OpenGl, SharedMemory };
 
+    /// What plays first once there is a directory.
+    enum class StartPage { LastChannels = 0, DefaultChannel = 1, Nothing = 2 };
+
     static constexpr char const* defaultNick = "Viewer";
 
     SettingsValues();
@@ -41,6 +44,7 @@ struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it 
     ColourConversion colourConversion = ColourConversion::Automatic;
     bool deinterlace = true;
     Presentation presentation = Presentation::Automatic;
+    QString screenshotDirectory; ///< Empty for the default one.
     int proxyType = 2; ///< A QNetworkProxy::ProxyType.
     QString proxyHostName;
     int proxyPort = 0;
@@ -54,6 +58,8 @@ struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it 
     Uri serviceUrl;
     bool allowPlainCredentials = false;
     int cacheLimit = 256; ///< MiB
+    int startPage = 0;    ///< A StartPage.
+    QStringList streamHistory;
     bool runAtStartup = true;
     int testModeFailureTimeout = 30; ///< Seconds.
     bool testModePlayFailureSound = false;
@@ -104,6 +110,7 @@ struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it 
     QString videoFileDirectory;
     QString activeChannel;
     QStringList openChannels;
+    QStringList favouriteChannels;
 
     // This run's.
     bool record = false;

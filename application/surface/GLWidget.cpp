@@ -7,7 +7,6 @@
 #include "GLExtensions.h"
 #include "Logger.h"
 #include "LoggerManager.h"
-#include "PostProcessingEffects.h"
 #include "SurfaceAccessible.h"
 
 #include <QApplication>
@@ -135,8 +134,6 @@ void GLWidget::initializeGL()
              qPrintable(GLExtension::vendor()));
     _appData.videoPrograms.createColourConversion();
     choosePresentation();
-    if (!_effects.isEmpty())
-        setEffects(_effects);
     emit initialized();
 }
 
@@ -304,15 +301,6 @@ void GLWidget::onTakeScreenshot()
     QString const time = QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss-zzz");
     // Whoever reaches for the button does not want to have it in the picture.
     saveScreenshot(takeScreenshot(false), _appData.settings.screenshotDirectory() + "/" + time + ".png");
-}
-
-void GLWidget::setEffects(QStringList const& names)
-{
-    _effects = names;
-    if (!_surface.makeCurrent())
-        return;
-    _appData.videoPrograms.clearPostProcessingShaders();
-    _appData.videoPrograms.addPostProcessingShaders(PostProcessingEffects::create(names));
 }
 
 double GLWidget::calculateZoom() const

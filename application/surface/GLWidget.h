@@ -48,8 +48,8 @@ public:
     /// empty on failure.
     void saveScreenshot(QImage const& image, QString const& path);
 
-    /// Lays the named effects over all pictures, in place of those of before.
-    void setEffects(QStringList const& names);
+    /// Makes the surface's OpenGL context current. False where there is none.
+    bool makeCurrent() { return _surface.makeCurrent(); }
 
     /// The nearest of the zoom factors to what is shown now, 0 without a picture.
     double calculateZoom() const;
@@ -157,7 +157,6 @@ private:
     GLCarousel _carousel;
     GLAnimation _zoomAnimation; ///< From the picture, 0.0, to the whole carousel, 1.0.
     bool _isInitialized = false;
-    QStringList _effects;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;
     double _zoom = 0.0;      ///< As told last.

@@ -2,9 +2,11 @@
 
 #include "ActionStates.h"
 #include "AppData.h"
-#include "BufferWindow.h"
 #include "Channel.h"
+#include "ChannelListWidget.h"
 #include "ChannelManager.h"
+#include "ChannelPanels.h"
+#include "ChannelSearchWidget.h"
 #include "FileChannels.h"
 #include "GLWidget.h"
 #include "HibernationManager.h"
@@ -17,6 +19,7 @@
 #include "Splitter.h"
 #include "TabWidget.h"
 #include "TrayIcon.h"
+#include "WindowDialogs.h"
 #include "WindowFade.h"
 #include "WindowKeys.h"
 #include "WindowManagerState.h"
@@ -82,6 +85,7 @@ Window::~Window()
         _appData.channelManager()->closeAllChannels();
     if (_appData.settings.actions().areCreated())
         _appData.settings.saveGlobalSettings();
+    _dialogs.reset();
     delete _glWidget;
 }
 
@@ -90,6 +94,9 @@ void Window::createChildControls()
     _splitter = new Splitter(_appData.settings, this);
     _glWidget = new GLWidget(_appData, _splitter);
     _tabs = new TabWidget(_appData.settings, _splitter);
+    _panels = new ChannelPanels(_appData, _tabs);
+    _tabs->addTab(_panels->list(), tr("Channels"));
+    _tabs->addTab(_panels->search(), tr("Search"));
     _splitter->addWidget(_glWidget);
     _splitter->addWidget(_tabs);
     _splitter->setStretchFactor(0, 1);
@@ -115,11 +122,12 @@ void Window::createMenus()
     _menuBar = _menus->bar();
     contents()->addWidget(_menuBar);
     contents()->addWidget(_splitter, 1);
-    _bufferWindow = new BufferWindow(_appData, this);
-    QAction* const buffer = _menus->view()->addAction(tr("Stream Buffer"));
-    buffer->setCheckable(true);
-    connect(buffer, &QAction::triggered, _bufferWindow, &QWidget::setVisible);
-    connect(_bufferWindow, &BufferWindow::visibilityChanged, buffer, &QAction::setChecked);
+    _dialogs = std::make_unique<WindowDialogs>(_appData, *_glWidget, *this);
+    _dialogs->fillEffectsMenu(_menus->effects());
+    for (WindowDialog const which : {WindowDialog::VideoInformation, WindowDialog::StreamBuffer})
+        _menus->view()->addAction(_dialogs->action(which));
+    _menus->options()->insertAction(_appData.settings.action(MenuAction::RunAtStartup),
+                                    _dialogs->action(WindowDialog::TestConsole));
 }
 
 void Window::createTrayIcon()

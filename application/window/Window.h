@@ -7,8 +7,8 @@
 #include <memory>
 
 class ActionStates;
-class BufferWindow;
 class Channel;
+class ChannelPanels;
 class FileChannels;
 class GLWidget;
 class HibernationManager;
@@ -20,6 +20,7 @@ class SlowDriverWarning;
 class Splitter;
 class TabWidget;
 class TrayIcon;
+class WindowDialogs;
 class WindowFade;
 class WindowKeys;
 class WindowManagerState;
@@ -127,13 +128,14 @@ private:
     Splitter* _splitter = nullptr;
     GLWidget* _glWidget = nullptr;
     TabWidget* _tabs = nullptr;
+    ChannelPanels* _panels = nullptr;
     Notice* _notice = nullptr;
-    BufferWindow* _bufferWindow = nullptr;
     std::unique_ptr<WindowKeys> _keys;
     std::unique_ptr<WindowFade> _fade;
     std::unique_ptr<WindowPlace> _place;
     std::unique_ptr<WindowZoom> _zoom;
     WindowMenus* _menus = nullptr;
+    std::unique_ptr<WindowDialogs> _dialogs;
     std::unique_ptr<ActionStates> _actionStates;
     std::unique_ptr<FileChannels> _fileChannels;
     std::unique_ptr<TrayIcon> _trayIcon;

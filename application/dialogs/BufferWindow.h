@@ -1,24 +1,21 @@
 #pragma once
 
-#include <QList>
-#include <QWidget>
+#include "OmbravisionDialog.h"
 
-class AppData;
+#include <QList>
+
 class LatteVisualiser;
 class QVBoxLayout;
 
-/// A small window that shows how full the buffers of the open channels are, a visualiser for each stream that has
+/// A dialog that shows how full the buffers of the open channels are, a visualiser for each stream that has
 /// a client. It follows what is opened and closed while it is visible. Main thread only.
-class BufferWindow : public QWidget
+class BufferWindow : public OmbravisionDialog
 {
     Q_OBJECT
 
 public:
     BufferWindow(AppData& appData, QWidget* parent);
     ~BufferWindow() override;
-
-signals:
-    void visibilityChanged(bool visible);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -28,7 +25,6 @@ private:
     void rebuild();
     void clear();
 
-    AppData& _appData;
-    QVBoxLayout* const _layout;
+    QVBoxLayout* _layout;
     QList<LatteVisualiser*> _visualisers; ///< Given back to the registry.
 };

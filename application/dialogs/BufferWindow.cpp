@@ -6,6 +6,7 @@
 #include "LatteVisualiser.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -20,18 +21,18 @@ constexpr int graphHeight = 36;
 } // namespace
 
 BufferWindow::BufferWindow(AppData& appData, QWidget* parent)
-    : QWidget(parent, Qt::Tool), _appData(appData), _layout(new QVBoxLayout(this))
+    : OmbravisionDialog(appData, tr("Stream Buffer"), parent), _layout(new QVBoxLayout)
 {
     setObjectName("bufferWindow");
-    setWindowTitle(tr("Stream Buffer"));
-    _layout->setSizeConstraint(QLayout::SetMinimumSize); // Grows with what is in it.
+    contents()->addLayout(_layout, 1);
+    addButton(QDialogButtonBox::Close)->setDefault(true);
     auto const follow = [this] {
         if (isVisible())
             rebuild();
     };
-    connect(&_appData, &AppData::channelOpened, this, follow);
-    connect(&_appData, &AppData::channelClosed, this, follow);
-    connect(_appData.channelManager(), &ChannelManager::streamOpened, this, follow);
+    connect(&appData, &AppData::channelOpened, this, follow);
+    connect(&appData, &AppData::channelClosed, this, follow);
+    connect(appData.channelManager(), &ChannelManager::streamOpened, this, follow);
 }
 
 BufferWindow::~BufferWindow()
@@ -39,22 +40,22 @@ BufferWindow::~BufferWindow()
     clear();
 }
 
-void BufferWindow::showEvent(QShowEvent*)
+void BufferWindow::showEvent(QShowEvent* event)
 {
     rebuild();
-    emit visibilityChanged(true);
+    OmbravisionDialog::showEvent(event);
 }
 
-void BufferWindow::hideEvent(QHideEvent*)
+void BufferWindow::hideEvent(QHideEvent* event)
 {
+    OmbravisionDialog::hideEvent(event);
     clear();
-    emit visibilityChanged(false);
 }
 
 void BufferWindow::clear()
 {
     for (LatteVisualiser* const visualiser : std::exchange(_visualisers, {}))
-        _appData.latteVisualiserRegistry.disposeLatteVisualiser(visualiser);
+        appData().latteVisualiserRegistry.disposeLatteVisualiser(visualiser);
     while (QLayoutItem* const taken = _layout->takeAt(0)) {
         std::unique_ptr<QLayoutItem> const item(taken);
         if (auto* const label = qobject_cast<QLabel*>(item->widget()))
@@ -73,13 +74,14 @@ void BufferWindow::rebuild()
         label->setMinimumWidth(rowWidth);
         _layout->addWidget(label);
     };
-    for (Channel const* const channel : _appData.channelManager()->openChannels()) {
+    for (Channel const* const channel : appData().channelManager()->openChannels()) {
         for (LatteClient const* const client : channel->latteClients()) {
-            LatteVisualiser* const visualiser = _appData.latteVisualiserRegistry.createLatteVisualiser(client);
+            LatteVisualiser* const visualiser = appData().latteVisualiserRegistry.createLatteVisualiser(client);
             if (!visualiser)
                 continue;
             addLabel(channel->desc.title());
             visualiser->setParent(this);
+            visualiser->setAccessibleName(tr("Buffer of %1").arg(channel->desc.title()));
             visualiser->setMinimumSize(rowWidth, graphHeight);
             _layout->addWidget(visualiser, 1);
             visualiser->show();

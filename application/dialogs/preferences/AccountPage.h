@@ -1,0 +1,22 @@
+#pragma once
+
+#include "PreferencesPage.h"
+
+class QPushButton;
+
+/// Who is signed in, how, and under which name in chats.
+class AccountPage : public PreferencesPage
+{
+    Q_OBJECT
+
+public:
+    explicit AccountPage(AppData& appData);
+
+private:
+    void showAccount();
+
+    QLabel* _account;
+    QPushButton* _sign;
+    QLabel* _kept;
+    QLabel* _warning;
+};

@@ -1,0 +1,125 @@
+#include "PreferencesDialog.h"
+
+#include "AccountPage.h"
+#include "AlertsPage.h"
+#include "AppData.h"
+#include "ChatPage.h"
+#include "GeneralPage.h"
+#include "Look.h"
+#include "NetworkPage.h"
+#include "SignIn.h"
+#include "SoundPage.h"
+#include "VideoPage.h"
+
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
+    : OmbravisionDialog(appData, tr("Preferences"), parent), _list(new QListWidget(this)),
+      _stack(new QStackedWidget(this)), _before(appData.settings.values())
+{
+    setObjectName("preferencesDialog");
+    _list->setAccessibleName(tr("Pages"));
+    _list->setIconSize({Look::icon, Look::icon});
+    _list->setUniformItemSizes(true);
+    _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(Look::margin);
+    row->addWidget(_list);
+    row->addWidget(_stack, 1);
+    contents()->addLayout(row, 1);
+    addPage(tr("General"), Icon::Settings, [&appData] { return new GeneralPage(appData); });
+    addPage(tr("Video"), Icon::Television, [&appData] { return new VideoPage(appData); });
+    addPage(tr("Sound"), Icon::Volume, [&appData] { return new SoundPage(appData); });
+    addPage(tr("Network"), Icon::Link, [&appData] { return new NetworkPage(appData); });
+    addPage(tr("Account"), Icon::User, [&appData] { return new AccountPage(appData); });
+    addPage(tr("Alerts"), Icon::Alert, [&appData] { return new AlertsPage(appData); });
+    addPage(tr("Chat"), Icon::Chat, [&appData] { return new ChatPage(appData); });
+    _list->setFixedWidth(_list->sizeHintForColumn(0) + 2 * _list->frameWidth() + Look::margin);
+
+    QPushButton* const defaults = addButton(tr("&Defaults"), QDialogButtonBox::ResetRole);
+    defaults->setToolTip(tr("This page as in a new installation"));
+    defaults->setAutoDefault(false);
+    connect(defaults, &QPushButton::clicked, this,
+            [this] { page(static_cast<Page>(_list->currentRow()))->binding().setDefaults(); });
+    addButton(QDialogButtonBox::Cancel);
+    addButton(QDialogButtonBox::Ok)->setDefault(true);
+    connect(_list, &QListWidget::currentRowChanged, this, &PreferencesDialog::onPageChosen);
+    showPage(General);
+}
+
+void PreferencesDialog::addPage(QString const& title, Icon icon, std::function<PreferencesPage*()> make)
+{
+    auto* const item = new QListWidgetItem(Icons::icon(icon), title, _list);
+    int const height = qMax(fontMetrics().lineSpacing(), Look::icon) + Look::grid;
+    item->setSizeHint({item->sizeHint().width(), height});
+    _stack->addWidget(new QWidget(_stack));
+    _pages.push_back({std::move(make)});
+}
+
+void PreferencesDialog::showPage(Page page)
+{
+    _list->setCurrentRow(page);
+}
+
+PreferencesPage* PreferencesDialog::page(Page which)
+{
+    Place& place = _pages[which];
+    if (place.page)
+        return place.page;
+    place.page = place.make();
+    place.page->setAccessibleName(_list->item(which)->text());
+    QWidget* const empty = _stack->widget(which);
+    _stack->insertWidget(which, place.page);
+    _stack->removeWidget(empty);
+    delete empty;
+    return place.page;
+}
+
+void PreferencesDialog::onPageChosen(int index)
+{
+    if (index >= 0)
+        _stack->setCurrentWidget(page(static_cast<Page>(index)));
+}
+
+void PreferencesDialog::showEvent(QShowEvent* event)
+{
+    OmbravisionDialog::showEvent(event);
+    if (event->spontaneous())
+        return; // It was minimised.
+    _before = appData().settings.values();
+    for (Place const& place : _pages)
+        if (place.page)
+            place.page->binding().forget();
+}
+
+void PreferencesDialog::accept()
+{
+    bool hasChanged = false;
+    for (Place const& place : _pages) {
+        if (!place.page)
+            continue;
+        place.page->binding().commit();
+        hasChanged = place.page->binding().hasChanged() || hasChanged;
+    }
+    OmbravisionDialog::accept();
+    if (!hasChanged)
+        return;
+    appData().settings.saveGlobalSettings();
+    if (appData().signIn()->isSignedIn())
+        appData().settings.saveUserSettings(appData().signIn()->email());
+}
+
+void PreferencesDialog::reject()
+{
+    for (Place const& place : _pages)
+        if (place.page)
+            place.page->binding().revert(_before);
+    OmbravisionDialog::reject();
+}

@@ -1,0 +1,361 @@
+#include "EffectsDialog.h"
+
+#include "AppData.h"
+#include "EffectEditor.h"
+#include "EffectsChain.h"
+#include "EffectsLibrary.h"
+#include "Icons.h"
+#include "Look.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QSplitter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace
+{
+
+constexpr char const* firstSource = "// Each pixel of the picture comes through here.\n"
+                                    "uniform sampler2D tex0;\n"
+                                    "\n"
+                                    "void main()\n"
+                                    "{\n"
+                                    "    vec4 colour = texture2D(tex0, gl_TexCoord[0].xy);\n"
+                                    "    gl_FragColor = colour;\n"
+                                    "}\n";
+constexpr int editorLetters = 60;
+constexpr int editorLines = 16;
+constexpr int listLetters = 18;
+
+} // namespace
+
+EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsChain& chain, QWidget* parent)
+    : OmbravisionDialog(appData, tr("Effects"), parent), _library(library)
+{
+    setObjectName("effectsDialog");
+    setSizeGripEnabled(true);
+    _enabled = new QCheckBox(tr("&Show effects on the picture"), this);
+    _enabled->setChecked(appData.settings.enableVideoPostProcessing());
+    connect(_enabled, &QCheckBox::toggled, &appData.settings, &AppSettings::setEnableVideoPostProcessing);
+    connect(&appData.settings, &AppSettings::enableVideoPostProcessingChanged, this,
+            [this] { _enabled->setChecked(this->appData().settings.enableVideoPostProcessing()); });
+    contents()->addWidget(_enabled);
+    auto* const splitter = new QSplitter(this);
+    splitter->setChildrenCollapsible(false);
+    splitter->setAccessibleName(tr("Effects and their source"));
+    for (auto const create : {&EffectsDialog::createList, &EffectsDialog::createEditor}) {
+        auto* const side = new QWidget(splitter);
+        auto* const layout = new QVBoxLayout(side);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(Look::grid);
+        (this->*create)(layout);
+    }
+    splitter->setStretchFactor(1, 1);
+    contents()->addWidget(splitter, 1);
+    _revert = addButton(tr("Re&vert"), QDialogButtonBox::ResetRole);
+    _revert->setToolTip(tr("The source as it was before you changed it"));
+    _revert->setAutoDefault(false);
+    connect(_revert, &QPushButton::clicked, this, &EffectsDialog::onRevert);
+    QPushButton* const close = addButton(QDialogButtonBox::Close);
+    close->setAutoDefault(false); // Return is for the editor and the list.
+    _typing.setSingleShot(true);
+    _typing.setInterval(typingPause);
+    connect(&_typing, &QTimer::timeout, this, &EffectsDialog::keepTyped);
+    connect(&_library, &EffectsLibrary::changed, this, &EffectsDialog::fillList);
+    connect(&_library, &EffectsLibrary::failed, this, &EffectsDialog::tell);
+    connect(&chain, &EffectsChain::examined, this, &EffectsDialog::onExamined);
+    fillList();
+    _list->setCurrentRow(0);
+}
+
+void EffectsDialog::createList(QVBoxLayout* layout)
+{
+    _list = new QListWidget(this);
+    _list->setObjectName("effects");
+    _list->setAccessibleName(tr("Effects, in the order in which they are applied"));
+    _list->setDragDropMode(QAbstractItemView::InternalMove);
+    _list->setMinimumWidth(listLetters * fontMetrics().averageCharWidth());
+    layout->addWidget(_list, 1);
+    auto* const tools = new QHBoxLayout;
+    tools->setSpacing(Look::halfGrid);
+    layout->addLayout(tools);
+    addTool(tools, static_cast<int>(Icon::Add), tr("New"), &EffectsDialog::onNew);
+    addTool(tools, static_cast<int>(Icon::Copy), tr("Duplicate"), &EffectsDialog::onDuplicate);
+    addTool(tools, static_cast<int>(Icon::Edit), tr("Rename"), &EffectsDialog::onRename);
+    addTool(tools, static_cast<int>(Icon::Delete), tr("Delete"), &EffectsDialog::onRemove);
+    addTool(tools, static_cast<int>(Icon::Up), tr("Earlier"), &EffectsDialog::onUp);
+    addTool(tools, static_cast<int>(Icon::Down), tr("Later"), &EffectsDialog::onDown);
+    tools->addStretch();
+    connect(_list, &QListWidget::currentItemChanged, this, &EffectsDialog::onChosen);
+    connect(_list, &QListWidget::itemChanged, this, &EffectsDialog::onItemChanged);
+    // Queued: the view is not done with the move then.
+    connect(_list->model(), &QAbstractItemModel::rowsMoved, this, &EffectsDialog::onReordered, Qt::QueuedConnection);
+    connect(_list->model(), &QAbstractItemModel::rowsRemoved, this, &EffectsDialog::onReordered,
+            Qt::QueuedConnection);
+}
+
+QToolButton* EffectsDialog::addTool(QLayout* layout, int icon, QString const& text, void (EffectsDialog::*slot)())
+{
+    auto* const tool = new QToolButton(this);
+    tool->setIcon(Icons::icon(static_cast<Icon>(icon)));
+    tool->setIconSize({Look::icon, Look::icon});
+    tool->setAutoRaise(true);
+    tool->setFocusPolicy(Qt::TabFocus);
+    tool->setAccessibleName(text);
+    tool->setToolTip(text);
+    layout->addWidget(tool);
+    connect(tool, &QToolButton::clicked, this, slot);
+    _tools.append(tool);
+    return tool;
+}
+
+void EffectsDialog::createEditor(QVBoxLayout* layout)
+{
+    _about = new QLabel(this);
+    _about->setTextFormat(Qt::PlainText);
+    _about->setWordWrap(true);
+    layout->addWidget(_about);
+    _editor = new EffectEditor(this);
+    _editor->setObjectName("source");
+    _editor->setAccessibleName(tr("Source of the effect"));
+    _editor->setMinimumSize(editorLetters / 2 * _editor->fontMetrics().averageCharWidth(),
+                            editorLines / 2 * _editor->fontMetrics().lineSpacing());
+    layout->addWidget(_editor, 1);
+    _message = new QLabel(this);
+    _message->setObjectName("message");
+    _message->setTextFormat(Qt::PlainText);
+    _message->setWordWrap(true);
+    _message->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    _message->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    _message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    layout->addWidget(_message);
+    connect(_editor, &QPlainTextEdit::textChanged, this, &EffectsDialog::onTyped);
+}
+
+QString EffectsDialog::chosen() const
+{
+    QListWidgetItem const* const item = _list->currentItem();
+    return item ? item->data(Qt::UserRole).toString() : QString();
+}
+
+void EffectsDialog::choose(QString const& name)
+{
+    for (int row = 0; row < _list->count(); ++row)
+        if (_list->item(row)->data(Qt::UserRole).toString() == name)
+            _list->setCurrentRow(row);
+}
+
+void EffectsDialog::fillList()
+{
+    QString const before = chosen();
+    {
+        QScopedValueRollback const filling(_isFilling, true);
+        QList<Effect> const& effects = _library.effects();
+        while (_list->count() > effects.size())
+            delete _list->takeItem(_list->count() - 1);
+        for (int row = 0; row < effects.size(); ++row) {
+            if (row == _list->count())
+                _list->addItem(new QListWidgetItem);
+            showItem(_list->item(row), effects.at(row));
+        }
+        choose(before);
+    }
+    onChosen();
+}
+
+void EffectsDialog::showItem(QListWidgetItem* item, Effect const& effect)
+{
+    item->setData(Qt::UserRole, effect.name);
+    item->setText(effect.name);
+    item->setToolTip(effect.fault);
+    item->setIcon(effect.fault.isEmpty() ? effect.isTemplate ? Icons::icon(Icon::Lock) : QIcon()
+                                         : Icons::icon(Icon::Warning));
+    item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled);
+    item->setCheckState(effect.isOn ? Qt::Checked : Qt::Unchecked);
+}
+
+/// The editor is left alone while it has what is kept: the viewer may be typing.
+void EffectsDialog::onChosen()
+{
+    if (_isFilling)
+        return;
+    if (chosen() != _edited)
+        keepTyped();
+    QScopedValueRollback const filling(_isFilling, true);
+    _edited = chosen();
+    Effect const* const effect = _library.find(_edited);
+    bool const isTyping = _typing.isActive();
+    if (effect && !isTyping && _editor->toPlainText() != effect->source)
+        _editor->setPlainText(effect->source);
+    if (!effect)
+        _editor->clear();
+    _editor->setReadOnly(!effect || effect->isTemplate);
+    _about->setText(!effect              ? QString()
+                    : effect->isTemplate ? tr("Comes with the program. Duplicate it to make your own of it.")
+                                         : tr("What you type is kept, and shown while the effect is on."));
+    onExamined(_edited, effect ? effect->fault : QString(), _logs.value(_edited));
+    refreshButtons();
+}
+
+void EffectsDialog::refreshButtons()
+{
+    Effect const* const effect = _library.find(_edited);
+    bool const isOwn = effect && !effect->isTemplate;
+    int const row = _list->currentRow();
+    bool const enabled[] = {true, effect != nullptr, isOwn, isOwn, row > 0, row >= 0 && row + 1 < _list->count()};
+    for (int i = 0; i < _tools.size(); ++i)
+        _tools.at(i)->setEnabled(enabled[i]);
+    _revert->setEnabled(isOwn && _originals.contains(_edited) && _originals.value(_edited) != effect->source);
+}
+
+void EffectsDialog::onItemChanged(QListWidgetItem* item)
+{
+    if (_isFilling)
+        return;
+    bool const isOn = item->checkState() == Qt::Checked;
+    _library.setOn(item->data(Qt::UserRole).toString(), isOn);
+    if (isOn)
+        appData().settings.setEnableVideoPostProcessing(true);
+}
+
+void EffectsDialog::onReordered()
+{
+    if (_isFilling)
+        return;
+    QStringList names;
+    for (int row = 0; row < _list->count(); ++row)
+        names.append(_list->item(row)->data(Qt::UserRole).toString());
+    if (names.size() == _library.effects().size())
+        _library.setOrder(names);
+}
+
+void EffectsDialog::onTyped()
+{
+    if (!_isFilling)
+        _typing.start();
+}
+
+void EffectsDialog::keepTyped()
+{
+    if (!_typing.isActive() && sender() != &_typing)
+        return;
+    _typing.stop();
+    Effect const* const effect = _library.find(_edited);
+    QString const source = _editor->toPlainText();
+    if (!effect || effect->isTemplate || effect->source == source)
+        return;
+    if (!_originals.contains(_edited))
+        _originals.insert(_edited, effect->source);
+    _logs.remove(_edited);
+    tell(_library.setSource(_edited, source));
+    refreshButtons();
+}
+
+void EffectsDialog::hideEvent(QHideEvent* event)
+{
+    keepTyped();
+    OmbravisionDialog::hideEvent(event);
+}
+
+void EffectsDialog::onExamined(QString const& name, QString const& words, QString const& log)
+{
+    _logs.insert(name, log);
+    if (name != _edited)
+        return;
+    QList<CompilerMessage> const messages = compilerMessages(log);
+    _editor->setMessages(messages);
+    QStringList lines;
+    if (!words.isEmpty())
+        lines.append(words);
+    for (CompilerMessage const& message : messages)
+        lines.append(message.line > 0 ? tr("Line %1: %2").arg(message.line).arg(message.text) : message.text);
+    constexpr int mostLines = 6;
+    tell(lines.mid(0, mostLines).join('\n'));
+}
+
+void EffectsDialog::tell(QString const& words)
+{
+    _message->setText(words);
+    _message->setAccessibleName(words.isEmpty() ? tr("Messages") : words);
+}
+
+void EffectsDialog::step(int by)
+{
+    _library.move(_list->currentRow(), _list->currentRow() + by);
+    refreshButtons();
+}
+
+void EffectsDialog::onNew()
+{
+    QString const name = _library.freeName(tr("New effect"));
+    tell(_library.add(name, firstSource));
+    choose(name);
+    _editor->setFocus();
+}
+
+void EffectsDialog::onDuplicate()
+{
+    keepTyped();
+    Effect const* const effect = _library.find(_edited);
+    if (!effect)
+        return;
+    QString const name = _library.freeName(effect->name);
+    tell(_library.add(name, effect->source, effect->name));
+    choose(name);
+    _editor->setFocus();
+}
+
+void EffectsDialog::onRename()
+{
+    keepTyped();
+    auto* const question = new QInputDialog(this);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setWindowTitle(tr("Rename"));
+    question->setLabelText(tr("&Name of the effect:"));
+    question->setTextValue(_edited);
+    connect(question, &QInputDialog::textValueSelected, this, [this, name = _edited](QString const& text) {
+        QString const words = _library.rename(name, text);
+        if (words.isEmpty() && _originals.contains(name))
+            _originals.insert(text.simplified(), _originals.take(name));
+        if (words.isEmpty())
+            choose(text.simplified());
+        tell(words);
+    });
+    question->open();
+}
+
+void EffectsDialog::onRemove()
+{
+    auto* const question = new QMessageBox(QMessageBox::Question, tr("Delete"),
+                                           tr("Delete the effect \"%1\"? It can't be brought back.").arg(_edited),
+                                           QMessageBox::Cancel, this);
+    question->setTextFormat(Qt::PlainText);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    QPushButton* const really = question->addButton(tr("&Delete"), QMessageBox::DestructiveRole);
+    question->setDefaultButton(QMessageBox::Cancel);
+    connect(really, &QPushButton::clicked, this, [this, name = _edited] {
+        _typing.stop();
+        _originals.remove(name);
+        tell(_library.remove(name));
+    });
+    question->open();
+}
+
+void EffectsDialog::onRevert()
+{
+    _typing.stop();
+    QString const original = _originals.value(_edited);
+    QString const words = _library.setSource(_edited, original);
+    _editor->setPlainText(original);
+    _typing.stop();
+    tell(words);
+    refreshButtons();
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "OmbravisionDialog.h"
+
+#include <QHash>
+#include <QTimer>
+
+class EffectEditor;
+class EffectsChain;
+class EffectsLibrary;
+class QCheckBox;
+class QLabel;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+class QToolButton;
+struct Effect;
+
+/// The editor of the effects: their list, in the order in which they are applied, and the source of the one that is
+/// chosen. What is typed is kept, and shown on what plays while the effect is on, as soon as it compiles. Main thread
+/// only.
+class EffectsDialog : public OmbravisionDialog
+{
+    Q_OBJECT
+
+public:
+    static constexpr int typingPause = 400; ///< ms from the last letter to the trial.
+
+    /// Library and chain are borrowed.
+    EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsChain& chain, QWidget* parent);
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void createList(QVBoxLayout* layout);
+    QToolButton* addTool(QLayout* layout, int icon, QString const& text, void (EffectsDialog::*slot)());
+    void createEditor(QVBoxLayout* layout);
+    void fillList();
+    void showItem(QListWidgetItem* item, Effect const& effect);
+    QString chosen() const;
+    void choose(QString const& name);
+    void onChosen();
+    void onItemChanged(QListWidgetItem* item);
+    void onReordered();
+    void onTyped();
+    void keepTyped();
+    void onExamined(QString const& name, QString const& words, QString const& log);
+    void step(int by);
+    void onUp() { step(-1); }
+    void onDown() { step(1); }
+    void onNew();
+    void onDuplicate();
+    void onRename();
+    void onRemove();
+    void onRevert();
+    void refreshButtons();
+    void tell(QString const& words);
+
+    EffectsLibrary& _library;
+    QCheckBox* _enabled = nullptr;
+    QListWidget* _list = nullptr;
+    QList<QToolButton*> _tools;
+    QLabel* _about = nullptr;
+    EffectEditor* _editor = nullptr;
+    QLabel* _message = nullptr;
+    QPushButton* _revert = nullptr;
+    QTimer _typing;
+    QString _edited;                    ///< Whose source is in the editor.
+    QHash<QString, QString> _originals; ///< Sources as they were before they were edited here.
+    QHash<QString, QString> _logs;      ///< What the compiler said last.
+    bool _isFilling = false;
+};
