@@ -1109,14 +1109,6 @@ Please wait</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Play (P)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pause (P)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Show only this channel</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1146,6 +1138,14 @@ Please wait</source>
     </message>
     <message>
         <source>%1 / %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
