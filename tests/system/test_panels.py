@@ -12,7 +12,7 @@ from support.localservices import LocalServices
 from support.program import Program
 
 GUEST, MAKER, PASSWORD = "guest@ombravision.invalid", "maker@ombravision.invalid", "letters"
-FILTER, FIRST_ROW, ROW = 85, 175, 44  # Below the top of the window.
+FILTER, FIRST_ROW, ROW = 84, 179, 47  # Below the top of the window.
 FROM_END = 150  # Of the window, for a point that is on each control of the panel.
 
 
@@ -89,16 +89,17 @@ class Panels(unittest.TestCase):
             self.open_by(lambda: self.click(FIRST_ROW + 2 * ROW, button=3))
             self.key("Down", "Down", "Return")  # Add to Multiview.
             program.wait_for_log("^Opened .*/a$", count=3)
-            self.open_by(lambda: self.click(FIRST_ROW, button=3), lambda: self.key("Escape"),
-                         lambda: self.key("Delete"))
-            self.key("Tab", "Tab", "space")
+            self.click(FILTER)
+            self.type("alpha")
+            self.open_by(lambda: self.key("Down", "Delete"))
+            self.key("Left", "space")  # From Cancel to Delete.
             program.wait_for_log("^Removed channel .* Alpha$")
             program.wait_for_log("^Channel update complete", count=2)
             self.make_channel("Viewers news")
             self.click(52, from_end=70)  # The other tab.
             self.click(FILTER)
             self.type("viewers\n")
-            self.open_by(lambda: self.click(FIRST_ROW + 50, button=3))
+            self.open_by(lambda: self.click(FIRST_ROW + 30, button=3))
             self.key("Up", "Return")  # Save to My Channels.
             program.wait_for_log("^Added channel .* Viewers news$")
 
