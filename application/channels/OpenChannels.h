@@ -31,6 +31,8 @@ public:
     void close(Channel* channel);
     void closeAll();
     void setActive(Channel* channel);
+    /// Has two of them change places.
+    void swap(Channel* one, Channel* other);
     /// Opens a channel unseen and silent, in place of the one before, for open() to show it later.
     void prepareUnseen(Channel* channel);
     /// Closes that, unless it is the wanted one.
