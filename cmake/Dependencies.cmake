@@ -1,5 +1,5 @@
 # Every library that is not ours, found once and given an imported target.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui HttpServer Widgets Network OpenGL OpenGLWidgets Sql Svg Xml)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui HttpServer LinguistTools Widgets Network OpenGL OpenGLWidgets Sql Svg Xml)
 find_package(OpenGL REQUIRED)
 find_package(CURL REQUIRED)
 find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)

@@ -39,13 +39,13 @@ bool ChannelDescription::isNull() const
     return *this == Null();
 }
 
-void ChannelDescription::setTitle(QString const& title)
+QString ChannelDescription::toLine(QString const& text)
 {
     constexpr char16_t firstEmbedding = 0x202A;
     constexpr char16_t lastOverride = 0x202E;
     constexpr char16_t firstIsolate = 0x2066;
     constexpr char16_t lastIsolate = 0x2069;
-    QString line = title;
+    QString line = text;
     line.removeIf([](QChar character) {
         return (character >= firstEmbedding && character <= lastOverride) ||
                (character >= firstIsolate && character <= lastIsolate);
@@ -53,7 +53,7 @@ void ChannelDescription::setTitle(QString const& title)
     for (QChar& character : line)
         if (character.category() == QChar::Other_Control)
             character = ' ';
-    _data->title = line;
+    return line;
 }
 
 void ChannelDescription::setLogo(QImage const& logo)
@@ -113,7 +113,7 @@ bool ChannelDescription::operator==(ChannelDescription const& other) const
     auto const compared = [](Data const& d) {
         return std::tie(d.id, d.rootId, d.title, d.summary, d.website, d.websiteLabel, d.hasAlerts, d.hasChat,
                         d.chatRoomName, d.alertsTopic, d.logo, d.logoLoaded, d.available, d.unavailableReason,
-                        d.favourite, d.channelType, d.channelMediaTypes, d.autoBuzzEnabled, d.repeatedAutoBuzz,
+                        d.favourite, d.viewerAdded, d.channelType, d.channelMediaTypes, d.autoBuzzEnabled, d.repeatedAutoBuzz,
                         d.autoBuzzInterval, d.streamDescriptions);
     };
     return _data == other._data || compared(*_data) == compared(*other._data);

@@ -52,7 +52,9 @@ public:
     QString title() const { return _data->title; }
     /// One line, which cannot turn round what stands beside it: control characters become blanks, and those that
     /// embed or override a direction (UAX #9) go.
-    void setTitle(QString const& title);
+    void setTitle(QString const& title) { _data->title = toLine(title); }
+    /// A text from outside as such a line.
+    static QString toLine(QString const& text);
     QString summary() const { return _data->summary; }
     void setSummary(QString const& summary) { _data->summary = summary; }
     QString website() const { return _data->website; }
@@ -85,6 +87,10 @@ public:
 
     bool isFavourite() const { return _data->favourite; }
     void setFavourite(bool favourite) { _data->favourite = favourite; }
+
+    /// Whether the service has it on the viewer's own list, as a channel that some viewer has made.
+    bool isViewerAdded() const { return _data->viewerAdded; }
+    void setViewerAdded(bool viewerAdded) { _data->viewerAdded = viewerAdded; }
 
     ChannelType channelType() const { return _data->channelType; }
     void setChannelType(ChannelType channelType) { _data->channelType = channelType; }
@@ -153,6 +159,7 @@ private:
         bool available = true;
         QString unavailableReason;
         bool favourite = false;
+        bool viewerAdded = false;
         ChannelType channelType = UnknownChannel;
         int channelMediaTypes = 1;
         bool autoBuzzEnabled = false;

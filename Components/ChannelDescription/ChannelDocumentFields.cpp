@@ -40,6 +40,7 @@ std::array<QLatin1String, Fields::FieldCount> const names{
     QLatin1String("fingerprint"),
     QLatin1String("unavailable-reason"),
     QLatin1String("purchase-url"),
+    QLatin1String("viewer-added"),
 };
 
 QStringList const streamSchemes{"http",  "https", "mms",   "mmsh", "mmst", "mmsu", "rtsp",
@@ -115,7 +116,13 @@ void ChannelDocumentFields::setType(ChannelDescription& channel) const
     using Channel = ChannelDescription;
     bool const isRadio = at(ChannelType) == QLatin1String("RADIO");
     bool const isPublic = isRadio || at(ChannelType) == QLatin1String("TV");
-    channel.setChannelType(isPublic ? Channel::PublicChannel : Channel::SecureChannel);
+    if (isTrue(at(ViewerAdded)))
+        channel.setChannelType(Channel::UserChannel);
+    else if (!at(PurchaseUrl).isEmpty())
+        channel.setChannelType(Channel::PayPerViewChannel);
+    else
+        channel.setChannelType(isPublic ? Channel::PublicChannel : Channel::SecureChannel);
+    channel.setViewerAdded(channel.channelType() == Channel::UserChannel);
     channel.setChannelMediaTypes(isRadio ? Channel::AudioMedia : Channel::AudioMedia | Channel::VideoMedia);
 }
 

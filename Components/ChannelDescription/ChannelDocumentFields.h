@@ -41,6 +41,7 @@ public:
         Fingerprint,
         UnavailableReason,
         PurchaseUrl,
+        ViewerAdded,
         FieldCount
     };
 

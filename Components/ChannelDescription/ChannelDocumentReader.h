@@ -23,7 +23,8 @@ class Logger;
 ///     media-profile                              opaque
 ///     key, provider, profile, fingerprint        for entitlement; a stream with a key is secure
 ///     unavailable-reason                         the channel cannot be opened, and why
-///     purchase-url
+///     purchase-url                               where the channel is sold, to who has not bought it
+///     viewer-added                               "1" or "true": a viewer has made it, and others can add it
 ///
 /// An address has to be one of the network; what would name something on this machine is left out. Has no state; any
 /// thread.

@@ -128,6 +128,8 @@ public:
     QList<Channel*> openChannels() const { return _open.channels(); }
     bool isChannelOpen(Channel const* channel) const { return _open.contains(channel); }
     bool isChannelOpenByRootId(QString const& rootId) const;
+    /// Whether it waits for a fade or a pre-roll.
+    bool isAboutToOpen(QString const& rootId) const;
     /// Whether something is open, or is about to be.
     bool isBusy() const { return !_open.isEmpty() || _switch.isPending() || !postSponsorshipChannelId().isEmpty(); }
 

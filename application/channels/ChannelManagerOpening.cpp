@@ -28,6 +28,13 @@ void ChannelManager::openChannel(QString const& rootId, bool useSponsorship, boo
         openChannel(channel, useSponsorship, nonMultiview, index);
 }
 
+bool ChannelManager::isAboutToOpen(QString const& rootId) const
+{
+    ChannelSwitch::Pending const& next = _switch.pending();
+    return rootId == next.channelId || next.beside.contains(rootId) || rootId == postSponsorshipChannelId() ||
+           _sponsorship.beside().contains(rootId);
+}
+
 void ChannelManager::previewChannel(ChannelDescription const& description, bool useSponsorship, bool nonMultiview,
                                     int index)
 {

@@ -5,6 +5,8 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
+#include <utility>
+
 Channel* ChannelManager::defaultChannel() const
 {
     Channel* const channel = getChannelByRootId(_feed.defaultChannelId());
@@ -82,8 +84,8 @@ void ChannelManager::onChannelsUpdated()
 
 void ChannelManager::onUpdateCompleted(bool hasChanged)
 {
-    _channelsLoaded = true;
-    if (hasChanged)
+    bool const isFirst = !std::exchange(_channelsLoaded, true);
+    if (hasChanged || isFirst) // That there is none is news, too.
         emit channelsUpdated();
 }
 

@@ -8,7 +8,7 @@
 namespace
 {
 
-/// Channels that do not come from a provider, and so do not go with it.
+/// Channels that do not come from a provider, and so do not go with it: a viewer's channel does once it is added.
 constexpr int ownTypes = ChannelDescription::UserChannel | ChannelDescription::SponsorshipChannel |
                          ChannelDescription::FileChannel | ChannelDescription::UserStreamChannel;
 
@@ -60,7 +60,8 @@ QStringList KnownChannels::idsBut(QSet<QString> const& ids) const
 {
     QStringList others;
     for (auto const& channel : _channels)
-        if (!ids.contains(channel->desc.rootId()) && (channel->desc.channelType() & ownTypes) == 0)
+        if (!ids.contains(channel->desc.rootId()) &&
+            ((channel->desc.channelType() & ownTypes) == 0 || channel->desc.isViewerAdded()))
             others.append(channel->desc.rootId());
     return others;
 }

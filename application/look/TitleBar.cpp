@@ -77,14 +77,22 @@ bool TitleBar::eventFilter(QObject* watched, QEvent* event)
 
 void TitleBar::mousePressEvent(QMouseEvent* event)
 {
-    _pressed = event->position().toPoint();
+    if (event->button() == Qt::LeftButton)
+        _pressed = event->position().toPoint();
 }
 
 void TitleBar::mouseMoveEvent(QMouseEvent* event)
 {
-    QPoint const way = event->position().toPoint() - _pressed;
-    if (event->buttons() == Qt::LeftButton && way.manhattanLength() >= QApplication::startDragDistance())
-        _window.windowHandle()->startSystemMove(); // The window manager goes on with it.
+    if (!_pressed || !(event->buttons() & Qt::LeftButton) ||
+        (event->position().toPoint() - *_pressed).manhattanLength() < QApplication::startDragDistance())
+        return;
+    _pressed.reset(); // The window manager goes on with it, and has the release, too.
+    _window.windowHandle()->startSystemMove();
+}
+
+void TitleBar::mouseReleaseEvent(QMouseEvent*)
+{
+    _pressed.reset();
 }
 
 void TitleBar::mouseDoubleClickEvent(QMouseEvent* event)

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class ElidedLabel;
 class QHBoxLayout;
 class QToolButton;
@@ -25,6 +27,7 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -38,5 +41,5 @@ private:
     QHBoxLayout* _leading;
     ElidedLabel* _title;
     QToolButton* _maximise = nullptr;
-    QPoint _pressed; ///< Where a drag may begin; of no meaning while no button is down.
+    std::optional<QPoint> _pressed; ///< Where a drag may begin.
 };

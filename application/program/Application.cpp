@@ -8,12 +8,12 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "OwnChannels.h"
+#include "SystemTray.h"
 #include "Window.h"
 
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QSettings>
-#include <QSystemTrayIcon>
 #include <QTimer>
 #include <QUrl>
 
@@ -152,7 +152,10 @@ bool Application::initialize()
     if (!GLWidget::hasOpenGL())
         return fail("System does not have openGL installed. Exiting",
                     tr("This system does not support opengl. Exiting"));
-    if (!QSystemTrayIcon::isSystemTrayAvailable())
+    // A session starts its programs in any order.
+    bool const hasTray =
+        _appData.settings.startupMode() ? SystemTray::waitFor(SystemTray::startUpTime) : SystemTray::isAvailable();
+    if (!hasTray)
         return fail("System does not support a system tray. Exiting",
                     tr("This system does not support a system tray."));
     _window = std::make_unique<Window>(_appData);

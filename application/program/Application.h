@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "SingleApplication.h"
 #include "TerminationSignals.h"
+#include "Translations.h"
 
 #include <QString>
 #include <QStringList>
@@ -55,6 +56,7 @@ private:
 
     static Logger* log;
 
+    Translations const _translations{QLocale()}; ///< Before anything has texts.
     TerminationSignals _terminationSignals;
     AppData _appData;
     std::unique_ptr<Window> _window;

@@ -253,6 +253,9 @@ public:
     /// Whether a channel's alerts are shown; one that was never asked for before gets the default for good.
     bool channelAlerts(QString const& id, bool byDefault);
     void setChannelAlerts(QString const& id, bool on);
+    /// Root ids, in the order in which the viewer has marked them.
+    QStringList favouriteChannels() const { return _values.favouriteChannels; }
+    void setFavouriteChannels(QStringList const& ids) { set(&SettingsValues::favouriteChannels, ids); }
     QStringList alertHistory() const { return _values.alertHistory; }
     void setAlertHistory(QStringList const& history) { set(&SettingsValues::alertHistory, history); }
 
@@ -345,6 +348,7 @@ signals:
     void alertDisplayOpacityChanged();
     void alertsUseGrowlChanged();
     void channelAlertsChanged();
+    void favouriteChannelsChanged();
     void audioDeviceChanged();
     void useHardwareColourConversionChanged();
     void enableAntialiasingChanged();

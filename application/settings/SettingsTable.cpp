@@ -167,6 +167,7 @@ constexpr Setting table[] = {
     // What is written of the window's group is not read again; a viewer finds the last channels again all the same.
     Line(User, "channels", "active", &V::activeChannel),
     Line(User, "channels", "open", &V::openChannels),
+    Line(User, "channels", "favourites", &V::favouriteChannels, &A::favouriteChannelsChanged),
     Line(User, "videoWindow", "activeChannel", &V::activeChannel).otherwise(Current),
     Line(User, "videoWindow", "openChannels", &V::openChannels).otherwise(Current),
     // Not read back from there either: it is this installation's.

@@ -110,6 +110,7 @@ struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it 
     QString videoFileDirectory;
     QString activeChannel;
     QStringList openChannels;
+    QStringList favouriteChannels;
 
     // This run's.
     bool record = false;

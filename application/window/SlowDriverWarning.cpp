@@ -11,7 +11,7 @@
 
 namespace
 {
-constexpr int warningWidth = 44; // Average characters in a line.
+constexpr int warningWidth = 60; // Average characters in a line.
 }
 
 SlowDriverWarning::SlowDriverWarning(AppData& appData, QWidget& window) : _appData(appData), _window(window)

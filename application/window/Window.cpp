@@ -3,7 +3,10 @@
 #include "ActionStates.h"
 #include "AppData.h"
 #include "Channel.h"
+#include "ChannelListWidget.h"
 #include "ChannelManager.h"
+#include "ChannelPanels.h"
+#include "ChannelSearchWidget.h"
 #include "FileChannels.h"
 #include "GLWidget.h"
 #include "HibernationManager.h"
@@ -68,7 +71,7 @@ Window::Window(AppData& appData)
     if (_place->restore())
         _sizedByHand = true;
     else
-        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, _menuBar->sizeHint().height()));
+        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, 0) + sizeAround());
 }
 
 Window::~Window()
@@ -91,6 +94,9 @@ void Window::createChildControls()
     _splitter = new Splitter(_appData.settings, this);
     _glWidget = new GLWidget(_appData, _splitter);
     _tabs = new TabWidget(_appData.settings, _splitter);
+    _panels = new ChannelPanels(_appData, _tabs);
+    _tabs->addTab(_panels->list(), tr("Channels"));
+    _tabs->addTab(_panels->search(), tr("Search"));
     _splitter->addWidget(_glWidget);
     _splitter->addWidget(_tabs);
     _splitter->setStretchFactor(0, 1);
@@ -101,6 +107,13 @@ void Window::createChildControls()
     _zoom = std::make_unique<WindowZoom>(_appData, *_glWidget, *this);
     _fileChannels = std::make_unique<FileChannels>(_appData, *this);
     _actionStates = std::make_unique<ActionStates>(_appData);
+}
+
+QSize Window::sizeAround() const
+{
+    QMargins const margins = layout()->contentsMargins();
+    int const title = isSkinned() ? frame()->titleBar()->sizeHint().height() : _menuBar->sizeHint().height();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom() + title};
 }
 
 void Window::createMenus()
@@ -134,7 +147,7 @@ void Window::applySkin()
     QApplication::setPalette(isSkinned() ? skinPalette() : QPalette());
     setStyleSheet(AppData::buildStyleSheet(isSkinned()));
     if (isSkinned()) {
-        frame()->titleBar()->leading()->addWidget(_menuBar);
+        frame()->titleBar()->leading()->addWidget(_menuBar, 0, Qt::AlignVCenter);
         _menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     } else {
         contents()->insertWidget(0, _menuBar);
@@ -287,5 +300,9 @@ void Window::onShowTabsChanged()
 
 void Window::onSkinChanged()
 {
+    QSize const picture = _glWidget->size();
     applySkin();
+    layout()->activate();
+    if (!(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+        _zoom->resizeWindow(size() + picture - _glWidget->size()); // Not larger or smaller for another frame.
 }

@@ -8,6 +8,7 @@
 
 class ActionStates;
 class Channel;
+class ChannelPanels;
 class FileChannels;
 class GLWidget;
 class HibernationManager;
@@ -108,6 +109,7 @@ private slots:
 
 private:
     void createChildControls();
+    QSize sizeAround() const; ///< What the frame in the skin, menu bar and margins need.
     void createMenus();
     void createTrayIcon();
     void createNotifier();
@@ -126,6 +128,7 @@ private:
     Splitter* _splitter = nullptr;
     GLWidget* _glWidget = nullptr;
     TabWidget* _tabs = nullptr;
+    ChannelPanels* _panels = nullptr;
     Notice* _notice = nullptr;
     std::unique_ptr<WindowKeys> _keys;
     std::unique_ptr<WindowFade> _fade;

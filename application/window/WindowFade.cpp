@@ -1,14 +1,11 @@
 #include "WindowFade.h"
 
 #include "Look.h"
+#include "X11Selection.h"
 
-#include <QGuiApplication>
 #include <QWidget>
 
-#include <cstdlib>
-#include <cstring>
-#include <memory>
-#include <xcb/xcb.h>
+#include <utility>
 
 namespace
 {
@@ -16,26 +13,6 @@ namespace
 constexpr int fadeTick = 16; // ms
 constexpr double fadeStep = 0.05;
 constexpr double leastOpacity = 0.85;
-
-/// Whether something composes the screen, by the selection that it owns (Extended Window Manager Hints).
-bool isComposed()
-{
-    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
-        return false;
-    struct Free {
-        void operator()(void* reply) const { std::free(reply); }
-    };
-    xcb_connection_t* const connection = x11->connection();
-    constexpr char name[] = "_NET_WM_CM_S0";
-    std::unique_ptr<xcb_intern_atom_reply_t, Free> const atom(
-        xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr));
-    if (!atom)
-        return false;
-    std::unique_ptr<xcb_get_selection_owner_reply_t, Free> const owner(
-        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
-    return owner && owner->owner != XCB_WINDOW_NONE;
-}
 
 } // namespace
 
@@ -90,7 +67,7 @@ void WindowFade::onFadeOut()
 
 bool WindowFade::isFadingOn() const
 {
-    return !Look::reducedMotion() && isComposed();
+    return !Look::reducedMotion() && isX11SelectionOwned("_NET_WM_CM_S0");
 }
 
 void WindowFade::hideWindow()

@@ -5,6 +5,7 @@
 #include "ChannelAction.h"
 #include "ChannelManager.h"
 #include "Icons.h"
+#include "Mnemonics.h"
 #include "WindowZoom.h"
 
 #include <QAction>
@@ -51,6 +52,10 @@ WindowMenus::WindowMenus(AppData& appData, WindowZoom const& zoom, QWidget& wind
                                   MenuAction::InviteFriend, MenuAction::BuyPro, separator, MenuAction::About});
     createContextMenu();
 
+    Mnemonics::makeUnique(_bar->actions());
+    for (QMenu* const menu : _window.findChildren<QMenu*>())
+        if (menu != channels) // Their names come from outside, and are too many.
+            connect(menu, &QMenu::aboutToShow, menu, [menu] { Mnemonics::makeUnique(menu->actions()); });
     // With the menu bar hidden, the shortcuts still work.
     for (QAction* const menu : _bar->actions())
         _window.addActions(menu->menu()->actions());

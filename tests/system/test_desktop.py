@@ -45,7 +45,7 @@ class Desktop(unittest.TestCase):
         wait_for(lambda: self.number(program) not in (None, first), 10, "the next picture")
 
     def test_the_window_manager_and_the_program_agree(self):
-        always_on_top = ("alt+v", "Down", "Down", "Return")
+        always_on_top = ("alt+v", *["Down"] * 4, "Return")
         with Program(self.display, clips.mp4()) as program:
             self.check_moves(program)
             with self.subTest("always on top"):

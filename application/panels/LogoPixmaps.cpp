@@ -1,0 +1,26 @@
+#include "LogoPixmaps.h"
+
+#include <algorithm>
+#include <memory>
+
+QPixmap LogoPixmaps::pixmap(QImage const& logo, QSize const& box, double pixelRatio)
+{
+    if (logo.isNull() || box.isEmpty())
+        return {};
+    QSize const pixels = (QSizeF(box) * pixelRatio).toSize();
+    if (pixels != _box || !qFuzzyCompare(pixelRatio, _pixelRatio)) {
+        _pixmaps.clear();
+        _box = pixels;
+        _pixelRatio = pixelRatio;
+    }
+    if (QPixmap const* const kept = _pixmaps.object(logo.cacheKey()))
+        return *kept;
+    // A logo may be a line: neither side goes.
+    QSize const size = logo.size().scaled(pixels, Qt::KeepAspectRatio).expandedTo({1, 1});
+    auto pixmap = std::make_unique<QPixmap>(
+        QPixmap::fromImage(logo.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
+    pixmap->setDevicePixelRatio(pixelRatio);
+    QPixmap made = *pixmap;
+    _pixmaps.insert(logo.cacheKey(), pixmap.release(), std::max(1, size.width() * size.height() * 4));
+    return made;
+}

@@ -1,0 +1,62 @@
+#include "PanelNotice.h"
+
+#include "Look.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace
+{
+constexpr qsizetype maximumText = 1000; // Some of it comes from outside.
+} // namespace
+
+PanelNotice::PanelNotice(QWidget* parent)
+    : QWidget(parent), _icon(new QLabel(this)), _text(new QLabel(this)), _progress(new QProgressBar(this)),
+      _button(new QPushButton(this))
+{
+    _icon->setAlignment(Qt::AlignCenter);
+    _text->setObjectName("notice");
+    _text->setTextFormat(Qt::PlainText);
+    _text->setWordWrap(true);
+    _text->setAlignment(Qt::AlignCenter);
+    _text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    _progress->setRange(0, 0);
+    _progress->setTextVisible(false);
+    _progress->setAccessibleName(tr("Progress"));
+    _button->setObjectName("noticeButton");
+    connect(_button, &QPushButton::clicked, this, &PanelNotice::buttonClicked);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Look::margin, Look::margin, Look::margin, Look::margin);
+    layout->setSpacing(Look::grid);
+    layout->addStretch(1);
+    layout->addWidget(_icon);
+    layout->addWidget(_text);
+    layout->addWidget(_progress);
+    layout->addWidget(_button, 0, Qt::AlignHCenter);
+    layout->addStretch(2);
+}
+
+void PanelNotice::tell(Icon icon, QString const& text, QString const& button)
+{
+    _icon->setPixmap(Icons::icon(icon).pixmap({Look::largeIcon, Look::largeIcon}, devicePixelRatioF()));
+    _icon->show();
+    _progress->hide();
+    show(text, button);
+}
+
+void PanelNotice::tellProgress(QString const& text, QString const& button)
+{
+    _icon->hide();
+    _progress->show();
+    show(text, button);
+}
+
+void PanelNotice::show(QString const& text, QString const& button)
+{
+    _text->setText(text.left(maximumText));
+    _text->setAccessibleName(_text->text());
+    _button->setText(button);
+    _button->setVisible(!button.isEmpty());
+}
