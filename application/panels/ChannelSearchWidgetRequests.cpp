@@ -10,6 +10,7 @@
 #include "SoapService.h"
 
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 

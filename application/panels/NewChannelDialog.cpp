@@ -11,7 +11,7 @@
 
 namespace
 {
-constexpr int maximumText = 200;
+constexpr int maximumField = 200;
 constexpr int maximumAddress = 2000;
 constexpr int fieldWidth = 36; // Letters.
 } // namespace
@@ -25,8 +25,8 @@ NewChannelDialog::NewChannelDialog(AppData& appData, QWidget* parent)
     setHeading(tr("New Channel"));
     _name->setObjectName("name");
     _address->setObjectName("address");
-    _name->setMaxLength(maximumText);
-    _description->setMaxLength(maximumText);
+    _name->setMaxLength(maximumField);
+    _description->setMaxLength(maximumField);
     _address->setMaxLength(maximumAddress);
     _address->setPlaceholderText(QStringLiteral("mms://"));
     _address->setInputMethodHints(Qt::ImhUrlCharactersOnly);
