@@ -55,6 +55,9 @@ void ChannelSearchWidget::createControls()
     _moreButton->setObjectName("more");
     _moreButton->hide();
     connect(_moreButton, &QPushButton::clicked, this, &ChannelSearchWidget::onMore);
+    _createButton = new QPushButton(Icons::icon(Icon::Add), tr("New Channel..."), this);
+    _createButton->setObjectName("create");
+    connect(_createButton, &QPushButton::clicked, this, &ChannelSearchWidget::createRequested);
     _status = new QLabel(this);
     _status->setObjectName("status");
     _status->setTextFormat(Qt::PlainText);
@@ -120,14 +123,18 @@ void ChannelSearchWidget::arrange()
     bottom->setContentsMargins(Look::grid, Look::grid, Look::grid, Look::grid);
     bottom->setSpacing(Look::grid);
     bottom->addWidget(_moreButton, 0, Qt::AlignHCenter);
-    bottom->addWidget(_link);
+    auto* const ends = new QHBoxLayout;
+    ends->setSpacing(Look::grid);
+    ends->addWidget(_link, 1);
+    ends->addWidget(_createButton);
+    bottom->addLayout(ends);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(top);
     layout->addWidget(_pages, 1);
     layout->addLayout(bottom);
-    QWidget* const inOrder[] = {_combo, _searchButton, _topButton, _view, _moreButton, _link};
+    QWidget* const inOrder[] = {_combo, _searchButton, _topButton, _view, _moreButton, _link, _createButton};
     for (size_t i = 1; i < std::size(inOrder); ++i)
         setTabOrder(inOrder[i - 1], inOrder[i]);
     setFocusProxy(_combo);
@@ -220,6 +227,8 @@ void ChannelSearchWidget::showStates()
         QString const rootId = _model->row(row).description.rootId();
         _model->setState(row, _states.of(rootId));
         _model->setAdded(row, isChannelAdded(rootId));
+        if (isChannelAdded(rootId))
+            _logos->leave(_model->row(row).logoUri);
     }
 }
 

@@ -61,7 +61,7 @@ protected:
         settingsFile().setValue("application/service/url", "http://127.0.0.1:9"); // Nobody is there.
         _appData.initialize(nullptr);
         list = std::make_unique<ChannelListWidget>(_appData);
-        list->resize(400, 300);
+        list->resize(400, 500);
         list->show();
         list->setContent(ChannelListWidget::Content::Ready);
     }

@@ -22,7 +22,7 @@
 
 PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     : OmbravisionDialog(appData, tr("Preferences"), parent), _list(new QListWidget(this)),
-      _stack(new QStackedWidget(this)), _before(appData.settings.values())
+      _stack(new QStackedWidget(this))
 {
     setObjectName("preferencesDialog");
     _list->setAccessibleName(tr("Pages"));
@@ -84,8 +84,13 @@ PreferencesPage* PreferencesDialog::page(Page which)
 
 void PreferencesDialog::onPageChosen(int index)
 {
-    if (index >= 0)
-        _stack->setCurrentWidget(page(static_cast<Page>(index)));
+    if (index < 0)
+        return;
+    _stack->setCurrentWidget(page(static_cast<Page>(index)));
+    if (!isVisible())
+        return;
+    layout()->activate();
+    resize(size().expandedTo(sizeHint())); // A page that is made now may want more room.
 }
 
 void PreferencesDialog::showEvent(QShowEvent* event)
@@ -93,7 +98,6 @@ void PreferencesDialog::showEvent(QShowEvent* event)
     OmbravisionDialog::showEvent(event);
     if (event->spontaneous())
         return; // It was minimised.
-    _before = appData().settings.values();
     for (Place const& place : _pages)
         if (place.page)
             place.page->binding().forget();
@@ -120,6 +124,6 @@ void PreferencesDialog::reject()
 {
     for (Place const& place : _pages)
         if (place.page)
-            place.page->binding().revert(_before);
+            place.page->binding().revert();
     OmbravisionDialog::reject();
 }
