@@ -51,9 +51,11 @@ TEST(X11Effects, AnEffectThatFailsOrHangsNeverCostsThePicture)
         ASSERT_EQ(appData.postProcessingShaders().size(), 2);
         EXPECT_EQ(appData.postProcessingShaders().constFirst()->handle(), good);
 
-        library.setSource("Mine", "uniform float time;\nvoid main()\n{\n    float x = 0.0;\n"
-                                  "    while (x < 1.0)\n        x += 0.0 * sin(time + x);\n"
-                                  "    gl_FragColor = vec4(x);\n}\n");
+        library.setSource("Mine",
+                          "uniform sampler2D tex0;\nuniform float time;\nvoid main()\n{\n    vec4 c = vec4(0.0);\n"
+                          "    for (int i = 0; i < 1000000000; ++i) {\n"
+                          "        c += texture2D(tex0, fract(c.xy + vec2(time, float(i))));\n"
+                          "        if (c.x > 1.0e9)\n            break;\n    }\n    gl_FragColor = c;\n}\n");
         ASSERT_TRUE(processEventsUntil([&library] { return !library.find("Mine")->fault.isEmpty(); }));
         EXPECT_FALSE(library.find("Mine")->isOn);
         ASSERT_TRUE(processEventsUntil([&appData] { return appData.postProcessingShaders().size() == 1; }));

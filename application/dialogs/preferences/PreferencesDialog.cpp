@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QShowEvent>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -87,10 +88,8 @@ void PreferencesDialog::onPageChosen(int index)
     if (index < 0)
         return;
     _stack->setCurrentWidget(page(static_cast<Page>(index)));
-    if (!isVisible())
-        return;
-    layout()->activate();
-    resize(size().expandedTo(sizeHint())); // A page that is made now may want more room.
+    // A page that is made now may want more room, which is known a moment later.
+    QTimer::singleShot(0, this, [this] { resize(size().expandedTo(sizeHint())); });
 }
 
 void PreferencesDialog::showEvent(QShowEvent* event)
