@@ -14,7 +14,7 @@ import sys
 import tempfile
 import time
 
-from support import ROOT, accessible, clips, wait_for
+from support import ROOT, accessible, wait_for
 from support.display import VirtualDisplay
 from support.localservices import LocalServices
 from support.program import Program
@@ -23,15 +23,17 @@ GUEST, PASSWORD = "viewer@ombravision.invalid", "letters & signs"
 LEAVES = re.compile(r"Exit|Close Window|Full Screen|Skin Mode|Sign Out|Minimi[sz]e|Menu Bar|Test Channels")  # Asked for by name.
 
 # Environment and settings of each set, and the size of the display.
+FRAME = {r"application/videoWindow\showWindowFrame": "true"}
 SETS = {
-    "light": {},
-    "dark": {"environment": {"QT_QPA_PLATFORMTHEME": "gtk3", "GTK_THEME": "Adwaita:dark"}},
-    "contrast": {"environment": {"QT_QPA_PLATFORMTHEME": "gtk3", "GTK_THEME": "HighContrastInverse"}},
-    "skin": {"settings": {r"application/videoWindow\showWindowFrame": "false"}},
-    "german-150": {"environment": {"LC_ALL": "de_DE.UTF-8", "LANGUAGE": "de", "QT_SCALE_FACTOR": "1.5"}, "size": (2400, 1500)},
+    "skin": {},
+    "light": {"settings": FRAME},
+    "dark": {"settings": FRAME, "environment": {"QT_QPA_PLATFORMTHEME": "gtk3", "GTK_THEME": "Adwaita:dark"}},
+    "contrast": {"settings": FRAME, "environment": {"QT_QPA_PLATFORMTHEME": "gtk3", "GTK_THEME": "HighContrastInverse"}},
+    "german-150": {"environment": {"LC_ALL": "de_DE.UTF-8", "LANGUAGE": "de", "QT_SCALE_FACTOR": "1.5"}, "size": (2400, 1500),
+                   "settings": FRAME},
     "french-200": {"environment": {"LC_ALL": "fr_FR.UTF-8", "LANGUAGE": "fr", "QT_SCALE_FACTOR": "2"}, "size": (3840, 2160)},
     "italian-small": {"environment": {"LC_ALL": "it_IT.UTF-8", "LANGUAGE": "it"}, "size": (800, 480)},
-    "arabic": {"arguments": ["-reverse"]},
+    "arabic": {"environment": {"LC_ALL": "ar_EG.UTF-8", "LANGUAGE": "ar"}},
 }
 
 
@@ -46,9 +48,9 @@ class Tour:
     def run(self):
         with contextlib.ExitStack() as stack:
             self.display = stack.enter_context(VirtualDisplay(*self._set.get("size", (1600, 1000))))
-            films = [clips.asf(40, frequency, "1M") for frequency in (440, 550)]
-            self.service = stack.enter_context(LocalServices(
-                *(f"--stream=/{name}={film}" for name, film in zip(("one", "two"), films))))
+            films = subprocess.run([ROOT / "scripts/make-samples", self._directory / "samples"], check=True, text=True,
+                                   stdout=subprocess.PIPE).stdout.splitlines()
+            self.service = stack.enter_context(LocalServices(*services_of(films)))
             self.service.control(f"account add {GUEST} {PASSWORD}")
             self.program = Program(self.display, *self._set.get("arguments", ()), driver="null", settings={
                 **self._settings(), **self._set.get("settings", {})}, environment=self._set.get("environment"))
@@ -61,7 +63,7 @@ class Tour:
         return {r"application/service\url": f"http://127.0.0.1:{self.service.ports['web']}",
                 r"application/biscotti\host": "127.0.0.1", r"application/biscotti\port": self.service.ports["biscotti"],
                 r"application/lastUser": GUEST, rf"user/{user}\password": f'"{PASSWORD}"',
-                rf"user/{user}\signInAutomatically": "true"}
+                rf"user/{user}\signInAutomatically": "true", rf"user/{user}\videoWindow\seenTutorial29": "true"}
 
     # What a viewer does.
 
@@ -115,10 +117,14 @@ class Tour:
             self.shoot(f"menu {menu.name}")
             self.key("Escape", "Escape")
 
+    @staticmethod
+    def leads_somewhere(entry):
+        return "enabled" in entry.states and "checkable" not in entry.states
+
     def show_dialogs(self):
         """Every entry that opens a window, which is closed as a viewer does."""
         for path, entry in list(self.entries()):
-            if path[0] == "Channels" or LEAVES.search(path[-1]) or "enabled" not in entry.states:
+            if path[0] == "Channels" or LEAVES.search(path[-1]) or not self.leads_somewhere(entry):
                 continue
             before = self.windows()
             entry.do("Press")
@@ -126,6 +132,7 @@ class Tour:
             opened = self.windows() - before
             if opened:
                 self.shoot("dialog " + " ".join(path[1:]))
+                self.show_pages()
             for window in opened:
                 self.display.ask("xdotool", "windowactivate", "--sync", window)
                 self.key("Escape")
@@ -136,11 +143,108 @@ class Tour:
                 for window in self.windows() - before:
                     self.display.close(window)
 
+    # The picture and what lies over it.
+
+    def over_picture(self, part=0.5):
+        x, y, width, height = self.tree.wait_for("canvas", "Picture").place
+        self.display.ask("xdotool", "mousemove", str(x + width // 2), str(y + int(height * part)),
+                         "mousemove_relative", "--", "3", "3")
+
+    def show_picture(self):
+        self.activate()
+        self.over_picture()
+        self.shoot("overlay")
+        self.over_picture(0.94)
+        self.shoot("overlay pointer on a control", 1)
+        self.display.ask("xdotool", "click", "4")
+        self.shoot("volume by the wheel", 0.2)
+        self.display.ask("xdotool", "click", "3")
+        self.shoot("context menu")
+        self.key("Escape")
+        self.display.ask("xdotool", "mousemove", "2", "2")
+        self.shoot("picture alone", 4)
+        self.key("ctrl+space")
+        self.shoot("carousel", 1.5)
+        self.key("Right", "Right")
+        self.shoot("carousel turned", 1)
+        self.key("Escape")
+        self.shoot("carousel left", 1)
+        self.key("ctrl+f")
+        self.over_picture()
+        self.shoot("full screen", 1)
+        self.key("Escape")
+        time.sleep(1)
+
+    # The panels.
+
+    def channel(self, number):
+        tree = self.tree.wait_for("tree", state="showing")
+        rows = [cell for cell in tree.children if cell.role == "table cell" and ", " in cell.name]
+        return rows[number]
+
+    def type_into(self, field, text):
+        self.click(field)
+        self.display.ask("xdotool", "key", "ctrl+a")
+        self.display.ask("xdotool", "type", "--delay", "20", text)
+
+    def show_panels(self):
+        self.activate()
+        self.click(self.channel(1), 3)
+        self.shoot("channel context menu")
+        self.key("Escape")
+        self.display.ask("xdotool", "keydown", "ctrl")
+        self.display.ask("xdotool", "click", "--repeat", "2", "--delay", "60", "1")
+        self.display.ask("xdotool", "keyup", "ctrl")
+        self.over_picture()
+        self.shoot("two channels", 7)
+        field = self.tree.wait_for("text", state="focusable")
+        self.type_into(field, "tw")
+        self.shoot("channels filtered")
+        self.type_into(field, "nothing like that")
+        self.shoot("no channel matches")
+        self.display.ask("xdotool", "key", "ctrl+a", "BackSpace")
+        tabs = [tab for tab in self.tree.walk() if tab.role == "page tab"]
+        self.click(tabs[1])
+        self.shoot("search")
+        self.display.ask("xdotool", "type", "--delay", "20", "ombra")
+        self.key("Return")
+        self.shoot("search found", 1.5)
+        self.click(tabs[0])
+
+    def show_pages(self):
+        """Of the dialog that is open: what stands in its list of pages, if it has one."""
+        pages = self.tree.find("list", state="showing")
+        for page in pages.children if pages else []:
+            if page.role == "list item":
+                self.click(page)
+                self.shoot(f"page {page.name}")
+
+    def show_failures(self):
+        self.service.kill()
+        refresh = self.tree.find("push button", "Refresh.*", "showing")
+        if refresh:
+            self.click(refresh)
+        self.shoot("service gone", 6)
+        self.program.start_second("mms://127.0.0.1:9/nothing")
+        self.shoot("stream that fails", 6)
+
     def walk(self):
+        self.shoot("begin", 0)
         self.program.wait_for_log("^Channel update complete")
-        self.shoot("signed in", 3)
+        self.shoot("channel plays", 9)
+        self.show_picture()
+        self.show_panels()
         self.show_menus()
         self.show_dialogs()
+        self.show_failures()
+
+
+def services_of(films):
+    options = []
+    for film in map(pathlib.Path, films):
+        kind = "--hls" if film.suffix == ".m3u8" else "--stream"
+        options.append(f"{kind}=/{film.stem}={film}")
+    return options + [f"--stream=/vault={films[0]}", f"--stream=/cinema={films[1]}"]
 
 
 def main():
