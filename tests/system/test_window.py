@@ -46,7 +46,7 @@ class WindowByHand(unittest.TestCase):
             self.drag((x + width * 2 // 3, y + 18), (-60, 50))
             x, y, _, _ = self.wait_for_geometry(program, lambda *g: g[0] < x and g[1] > y and g[2:] == (width, height),
                                                 "the window to be moved")
-            self.drag((x + width - 2, y + height - 2), (80, 60))
+            self.drag((x + width - 4, y + height - 4), (80, 60))
             self.wait_for_geometry(program, lambda *g: g[:2] == (x, y) and g[2] > width and g[3] > height,
                                    "the window to be resized")
             self.do("mousemove", x + width * 2 // 3, y + 18, "click", "--repeat", 2, "--delay", 50, 1)
