@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <cmath>
 #include <utility>
@@ -127,6 +128,11 @@ void GLButtonControl::mouseRelease(QPointF point, QMouseEvent* event)
     GLPaintedControl::mouseRelease(point, event);
     if (self && isClick && isEnabled())
         emit clicked(this, point, event); // The last thing: it may delete this.
+}
+
+void GLButtonControl::mouseWheel(QPointF, QWheelEvent* event)
+{
+    event->ignore();
 }
 
 bool GLButtonControl::wantsKey(QKeyEvent const* event) const

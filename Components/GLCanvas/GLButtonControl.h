@@ -38,6 +38,8 @@ public:
     void setEnabled(bool enabled) override;
     void mousePress(QPointF point, QMouseEvent* event) override;
     void mouseRelease(QPointF point, QMouseEvent* event) override;
+    /// Is for whatever is behind it.
+    void mouseWheel(QPointF point, QWheelEvent* event) override;
     bool wantsKey(QKeyEvent const* event) const override;
     void keyPress(QKeyEvent* event) override;
     void keyRelease(QKeyEvent* event) override;

@@ -164,7 +164,7 @@ public:
     /// Has two of the open channels change places.
     void swapChannels(QString const& oneRootId, QString const& otherRootId);
     /// Closes what prepareChannel() has opened, if it has not been shown since.
-    void dropPreparedChannel() { _open.dropUnseen(); }
+    void dropPreparedChannel(QString const& rootId) { _open.dropUnseenOne(getChannelByRootId(rootId)); }
 
     // Clicks.
     /// What a click on a channel does, wherever its name or picture is.

@@ -37,6 +37,12 @@ public:
     void prepareUnseen(Channel* channel);
     /// Closes that, unless it is the wanted one.
     void dropUnseen(Channel const* wanted = nullptr);
+    /// The same, if it is that one.
+    void dropUnseenOne(Channel const* channel)
+    {
+        if (channel && channel == _unseen)
+            dropUnseen();
+    }
     void fadeOut(int ms);
     /// Takes a fadeOut() back.
     void fadeIn(int ms);

@@ -17,6 +17,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 class AppData;
 class Logger;
@@ -142,6 +143,7 @@ private:
     void placeControls();
     void onHoverChanged(GLControl* control);
     void endDrag(QPointF point);
+    bool hasPointerMoved(QPointF place);
 
     static Logger* log;
 
@@ -161,6 +163,7 @@ private:
     QCursor _videoCursor;    ///< Where the pointer is over the picture.
     QString _pressedChannel; ///< By its root id, while it may be dragged to another's place.
     QPointF _pressPoint;
+    std::optional<QPointF> _pointer; ///< Where on the screen it was last.
     bool _isDragging = false;
     bool _hasTakenEscape = false; ///< When it went down; its way up means nothing then.
 };

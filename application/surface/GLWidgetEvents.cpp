@@ -57,7 +57,11 @@ void GLWidget::onFocusChanged(QWidget* from, QWidget* to)
 void GLWidget::mousePressEvent(QMouseEvent* event)
 {
     placeControls();
-    _layout.mousePress(event->position(), event);
+    // The release of any other may go to the menu that it opens.
+    if (event->button() == Qt::LeftButton)
+        _layout.mousePress(event->position(), event);
+    else
+        event->ignore();
 }
 
 void GLWidget::mouseReleaseEvent(QMouseEvent* event)
@@ -67,15 +71,26 @@ void GLWidget::mouseReleaseEvent(QMouseEvent* event)
 
 void GLWidget::mouseMoveEvent(QMouseEvent* event)
 {
+    if (isCarouselShown() && cursor().shape() == Qt::BlankCursor)
+        setCursor(Qt::ArrowCursor);
     _layout.mouseMove(event->position(), event);
-    _overlay.ensureVisible(true);
+    if (hasPointerMoved(event->globalPosition()))
+        _overlay.ensureVisible(true);
     if (_appData.settings.showFullScreen())
         _mouseHideTimer.start();
 }
 
-void GLWidget::enterEvent(QEnterEvent*)
+void GLWidget::enterEvent(QEnterEvent* event)
 {
-    _overlay.onMouseEnteredWidget();
+    if (hasPointerMoved(event->globalPosition()))
+        _overlay.onMouseEnteredWidget();
+}
+
+/// A window that comes to lie under a pointer that rests is told that it has entered.
+bool GLWidget::hasPointerMoved(QPointF place)
+{
+    std::optional<QPointF> const before = std::exchange(_pointer, place);
+    return before && *before != place;
 }
 
 void GLWidget::leaveEvent(QEvent*)
@@ -89,13 +104,15 @@ void GLWidget::wheelEvent(QWheelEvent* event)
 {
     if (isCarouselShown() && _layout.controlAt(event->position()) == &_overlay)
         _carousel.wheel(event);
-    else
-        _layout.mouseWheel(event->position(), event);
+    else if (!_layout.mouseWheel(event->position(), event))
+        _overlay.onMouseWheel(nullptr, event);
 }
 
 void GLWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton || _layout.controlAt(event->position()) != &_overlay) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (_layout.controlAt(event->position()) != &_overlay) {
         _layout.mousePress(event->position(), event); // Two clicks on a button are just that.
         return;
     }
@@ -142,7 +159,8 @@ void GLWidget::onVideoKeyPress(QKeyEvent* event)
         return;
     }
     ChannelManager& channels = *_appData.channelManager();
-    bool const isPause = (event->key() == Qt::Key_P && event->modifiers() == Qt::NoModifier) ||
+    bool const isPlain = event->modifiers() == Qt::NoModifier;
+    bool const isPause = (isPlain && (event->key() == Qt::Key_Space || event->key() == Qt::Key_P)) ||
                          event->key() == Qt::Key_MediaPlay || event->key() == Qt::Key_MediaTogglePlayPause;
     if (isPause && !event->isAutoRepeat()) {
         channels.setPaused(!channels.isPaused());

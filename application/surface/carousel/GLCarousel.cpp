@@ -84,7 +84,7 @@ void GLCarousel::leave()
     setHovered(nullptr);
     _slides.clear();
     if (ChannelManager* const channels = _appData.channelManager()) // Null at the program's end.
-        channels->dropPreparedChannel();
+        channels->dropPreparedChannel(std::exchange(_prepared, {}));
 }
 
 void GLCarousel::onChannelsUpdated()
@@ -138,6 +138,7 @@ void GLCarousel::playActive()
         !channels.postSponsorshipChannelId().isEmpty())
         return;
     channels.prepareChannel(channel);
+    _prepared = _activeChannel;
     channel->setOpacity(1.0);
 }
 
@@ -145,8 +146,12 @@ void GLCarousel::openActive(bool beside)
 {
     ChannelManager& channels = *_appData.channelManager();
     QString const rootId = _activeChannel;
-    // First: it plays on where it was opened to be looked at.
     channels.performChannelClickAction(rootId, beside ? AddClickAction : OpenClickAction);
+    if (!beside && _prepared == rootId)
+        // It plays on when the others have faded, unless the viewer changes their mind.
+        QTimer::singleShot(
+            2 * ChannelManager::fadeTime, &channels,
+            [&channels, prepared = std::exchange(_prepared, {})] { channels.dropPreparedChannel(prepared); });
     emit left();
 }
 

@@ -86,6 +86,7 @@ private:
     std::map<int, std::unique_ptr<GLCarouselSlide>> _slides; ///< By their places in the row.
     GLCarouselSlide* _hovered = nullptr;
     QString _activeChannel;
+    QString _prepared; ///< What was opened only to be looked at.
     int _target = 0;
     bool _isEntered = false;
     bool _isPressed = false;

@@ -129,7 +129,7 @@ void GLChannelBar::updatePlay(Channel const* channel)
     _isPausable = channel && channel->isSeekable();
     bool const isPaused = channel && channel->isPaused();
     _play.setIcon(OverlayStyle::icon(isPaused ? Icon::Play : Icon::Pause));
-    _play.setLabel(isPaused ? tr("Play (P)") : tr("Pause (P)"));
+    _play.setLabel(isPaused ? tr("Play (Space)") : tr("Pause (Space)"));
 }
 
 void GLChannelBar::updateMultiview()
