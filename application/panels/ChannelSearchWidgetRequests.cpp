@@ -199,6 +199,17 @@ void ChannelSearchWidget::save(QString const& id)
     _myChannels->add(id);
 }
 
+void ChannelSearchWidget::create(SoapUserChannels::Form const& form)
+{
+    if (!_myChannels || !_myChannels->isSignedIn())
+        return;
+    QString name;
+    for (auto const& [field, text] : form)
+        name = field == "name" ? text : name;
+    tell(tr("Adding %1...").arg(name));
+    _myChannels->create(form);
+}
+
 void ChannelSearchWidget::onAddUserChannelCompleted(SoapUserChannel const& channel)
 {
     QString const rootId = channel.rootId.isEmpty() ? channel.id : channel.rootId;
