@@ -19,8 +19,9 @@ constexpr int maximumMessage = 1000; // Of what the service says.
 } // namespace
 
 AccountDialog::AccountDialog(AppData& appData, QString const& title, QString const& action, QWidget* parent)
-    : OmbravisionDialog(appData, title, parent), _introduction(new QLabel(this)), _form(new QFormLayout), _email(new QLineEdit(this)),
-      _lowerPart(new QVBoxLayout), _message(new QLabel(this)), _progress(new QProgressBar(this))
+    : OmbravisionDialog(appData, title, parent), _introduction(new QLabel(this)), _form(new QFormLayout),
+      _email(new QLineEdit(this)), _lowerPart(new QVBoxLayout), _message(new QLabel(this)),
+      _progress(new QProgressBar(this))
 {
     for (QLabel* const label : {_introduction, _message}) {
         label->setTextFormat(Qt::PlainText);
@@ -54,7 +55,8 @@ AccountDialog::AccountDialog(AppData& appData, QString const& title, QString con
     contents()->addLayout(_lowerPart);
     contents()->addWidget(_message, 1);
     contents()->addWidget(_progress);
-    setMinimumWidth(formWidth * fontMetrics().averageCharWidth() + fontMetrics().horizontalAdvance(tr("&Password:")));
+    _message->setMinimumWidth(formWidth * fontMetrics().averageCharWidth() +
+                              fontMetrics().horizontalAdvance(tr("&Password:")));
 }
 
 QLineEdit* AccountDialog::addPasswordField(QString const& label)
@@ -106,7 +108,7 @@ void AccountDialog::tell(QString const& text, bool isError)
     font.setBold(isError);
     _message->setFont(font);
     _message->setText(text.left(maximumMessage));
-    _message->setAccessibleName(_message->text());
+    _message->setAccessibleName(text.isEmpty() ? tr("Message") : _message->text());
 }
 
 void AccountDialog::setBusy(bool isBusy)

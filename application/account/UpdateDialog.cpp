@@ -51,8 +51,8 @@ UpdateDialog::UpdateDialog(AppData& appData, SoapLoginResponse const& response, 
         contents()->addWidget(message, 1);
     }
     contents()->addWidget(makeLabel(_url.isValid() ? tr("It can be downloaded from %1.").arg(_url.host())
-                                               : tr("The service names no safe address to download it from."),
-                                "source"));
+                                                   : tr("The service names no safe address to download it from."),
+                                    "source"));
     if (_url.isValid() && isMd5(response.updateMd5))
         contents()->addWidget(makeLabel(tr("MD5 sum of the file: %1").arg(response.updateMd5), "md5"));
 

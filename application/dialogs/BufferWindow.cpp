@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "ChannelManager.h"
+#include "ElidedLabel.h"
 #include "LatteVisualiser.h"
 
 #include <QLabel>
@@ -66,11 +67,9 @@ void BufferWindow::clear()
 void BufferWindow::rebuild()
 {
     clear();
-    auto const addLabel = [this](QString const& text) {
-        auto* const label = new QLabel(this);
-        label->setTextFormat(Qt::PlainText); // Titles come from outside.
-        label->setText(text);
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // No title makes the window wide.
+    auto const addTitle = [this](QString const& title) {
+        auto* const label = new ElidedLabel(this); // Titles come from outside.
+        label->setFullText(title);
         label->setMinimumWidth(rowWidth);
         _layout->addWidget(label);
     };
@@ -79,7 +78,7 @@ void BufferWindow::rebuild()
             LatteVisualiser* const visualiser = appData().latteVisualiserRegistry.createLatteVisualiser(client);
             if (!visualiser)
                 continue;
-            addLabel(channel->desc.title());
+            addTitle(channel->desc.title());
             visualiser->setParent(this);
             visualiser->setAccessibleName(tr("Buffer of %1").arg(channel->desc.title()));
             visualiser->setMinimumSize(rowWidth, graphHeight);
@@ -90,7 +89,16 @@ void BufferWindow::rebuild()
         }
     }
     if (_visualisers.isEmpty())
-        addLabel(tr("No open channel has a stream buffer."));
+        addNothing();
     _layout->activate();
     resize(sizeHint().expandedTo({width(), 0})); // As wide as the viewer likes it, and as high as it needs.
+}
+
+void BufferWindow::addNothing()
+{
+    auto* const label = new QLabel(tr("No open channel has a stream buffer."), this);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setMinimumWidth(rowWidth);
+    _layout->addWidget(label);
 }

@@ -23,6 +23,7 @@ protected:
 
 private:
     void rebuild();
+    void addNothing();
     void clear();
 
     QVBoxLayout* _layout;

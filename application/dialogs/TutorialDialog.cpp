@@ -72,7 +72,7 @@ TutorialDialog::TutorialDialog(AppData& appData, QWidget* parent)
     addPage(
         {Icon::Radio, Icon::Television, Icon::Favourite}, tr("Welcome"),
         tr("Ombravision plays live television from all over the world. The tab \"Channels\" has your channels, and "
-           "\"Search\" finds more. A double click plays a channel."));
+           "\"Search\" finds more. Choose one, and it plays."));
     addPage({Icon::Previous, Icon::Play, Icon::Next}, tr("Over the picture"),
             tr("Move the pointer over the picture, and the controls appear: volume, mute, previous and next channel, "
                "full screen. They go by themselves once the pointer rests."));

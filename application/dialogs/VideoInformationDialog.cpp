@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "ChannelManager.h"
+#include "ElidedLabel.h"
 #include "Icons.h"
 #include "Look.h"
 
@@ -10,7 +11,6 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QPushButton>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -61,12 +61,9 @@ VideoInformationDialog::VideoInformationDialog(AppData& appData, QWidget* parent
     connect(&_timer, &QTimer::timeout, this, &VideoInformationDialog::refresh);
 }
 
-QLabel* VideoInformationDialog::addLine(QString const& name)
+ElidedLabel* VideoInformationDialog::addLine(QString const& name)
 {
-    auto* const value = new QLabel(this);
-    value->setTextFormat(Qt::PlainText);
-    value->setWordWrap(true);
-    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* const value = new ElidedLabel(this);
     value->setMinimumWidth(valueLetters * fontMetrics().averageCharWidth());
     value->setProperty("name", name);
     setLine(value, {});
@@ -74,12 +71,12 @@ QLabel* VideoInformationDialog::addLine(QString const& name)
     return value;
 }
 
-void VideoInformationDialog::setLine(QLabel* line, QString const& text)
+void VideoInformationDialog::setLine(ElidedLabel* line, QString const& text)
 {
     QString const shown = text.isEmpty() ? QStringLiteral("\u2013") : text;
-    if (line->text() == shown)
+    if (line->fullText() == shown)
         return;
-    line->setText(shown);
+    line->setFullText(shown);
     line->setAccessibleName(line->property("name").toString() + ' ' + shown);
 }
 
@@ -216,9 +213,9 @@ void VideoInformationDialog::copy()
 {
     QStringList lines;
     for (int row = 0; row < _form->rowCount(); ++row) {
-        auto const* const value = qobject_cast<QLabel*>(_form->itemAt(row, QFormLayout::FieldRole)->widget());
+        auto const* const value = qobject_cast<ElidedLabel*>(_form->itemAt(row, QFormLayout::FieldRole)->widget());
         if (value)
-            lines.append(value->property("name").toString() + ' ' + value->text());
+            lines.append(value->property("name").toString() + ' ' + value->fullText());
     }
     lines.prepend(_stream->currentText());
     QGuiApplication::clipboard()->setText(lines.join('\n'));

@@ -8,9 +8,9 @@
 #include <QList>
 #include <QTimer>
 
+class ElidedLabel;
 class QComboBox;
 class QFormLayout;
-class QLabel;
 
 /// What an open stream is and how it plays, once a second, while it is seen. Main thread only.
 class VideoInformationDialog : public OmbravisionDialog
@@ -33,12 +33,12 @@ private:
         qint64 bitrate = 0; ///< Bits per second between the last two looks.
     };
 
-    QLabel* addLine(QString const& name);
+    ElidedLabel* addLine(QString const& name);
     void refresh();
     void fillStreams(QList<StreamInformation> const& streams);
     void measure(QList<StreamInformation> const& streams);
     void showStream(StreamInformation const& stream, qint64 bitrate);
-    void setLine(QLabel* line, QString const& text);
+    void setLine(ElidedLabel* line, QString const& text);
     QString pictureText(StreamInformation const& stream) const;
     QString soundText(StreamInformation const& stream) const;
     QString offsetText(StreamInformation const& stream) const;
@@ -46,16 +46,16 @@ private:
 
     QFormLayout* _form;
     QComboBox* _stream;
-    QLabel* _address;
-    QLabel* _transport;
-    QLabel* _picture;
-    QLabel* _sound;
-    QLabel* _pictures;
-    QLabel* _lost;
-    QLabel* _buffer;
-    QLabel* _bitrate;
-    QLabel* _offset;
-    QLabel* _time;
+    ElidedLabel* _address;
+    ElidedLabel* _transport;
+    ElidedLabel* _picture;
+    ElidedLabel* _sound;
+    ElidedLabel* _pictures;
+    ElidedLabel* _lost;
+    ElidedLabel* _buffer;
+    ElidedLabel* _bitrate;
+    ElidedLabel* _offset;
+    ElidedLabel* _time;
     QTimer _timer;
     QElapsedTimer _sinceLast;
     QHash<QString, Reading> _readings; ///< By what fillStreams() calls them.

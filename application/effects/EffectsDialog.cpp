@@ -16,6 +16,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QSplitter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -74,6 +75,9 @@ EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsC
     connect(&chain, &EffectsChain::examined, this, &EffectsDialog::onExamined);
     fillList();
     _list->setCurrentRow(0);
+    QSize const comfortable((editorLetters + 2 * listLetters) * fontMetrics().averageCharWidth(),
+                            2 * editorLines * fontMetrics().lineSpacing());
+    resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
 }
 
 void EffectsDialog::createList(QVBoxLayout* layout)

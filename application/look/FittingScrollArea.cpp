@@ -1,6 +1,8 @@
 #include "FittingScrollArea.h"
 
 #include <QEvent>
+#include <QLayout>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -33,7 +35,11 @@ QSize FittingScrollArea::sizeHint() const
 
 QSize FittingScrollArea::minimumSizeHint() const
 {
-    QSize const least = widget()->minimumSizeHint();
+    QSize least = widget()->minimumSizeHint();
+    // Texts of several lines want more where it is narrow.
+    if (QLayout const* const layout = widget()->layout(); layout && layout->hasHeightForWidth())
+        least.setHeight(
+            qMax(least.height(), layout->totalMinimumHeightForWidth(qMax(least.width(), widget()->width()))));
     int const room = qMax(leastAreaHeight, screen()->availableSize().height() - roomForOtherParts);
     if (least.height() <= room)
         return least; // Nothing is cut that has room.
@@ -45,4 +51,11 @@ bool FittingScrollArea::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::LayoutRequest)
         updateGeometry();
     return QScrollArea::eventFilter(watched, event);
+}
+
+void FittingScrollArea::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        updateGeometry();
 }

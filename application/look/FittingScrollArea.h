@@ -15,5 +15,6 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 };

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QVBoxLayout>
 
 class AppData;
 class QLabel;

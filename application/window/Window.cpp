@@ -41,6 +41,7 @@ namespace
 {
 constexpr QSize firstSize(854, 480); // Of the video surface.
 constexpr int firstTabsWidth = 296;
+constexpr int roomForFrame = 32; // Pixels of height, before the window manager has told its own.
 } // namespace
 
 Window::Window(AppData& appData)
@@ -71,7 +72,8 @@ Window::Window(AppData& appData)
     if (_place->restore())
         _sizedByHand = true;
     else
-        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, 0) + sizeAround());
+        _zoom->resizeWindow((firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, 0) + sizeAround())
+                                .boundedTo(screen()->availableSize() - QSize(0, roomForFrame)));
 }
 
 Window::~Window()
@@ -83,6 +85,8 @@ Window::~Window()
         _appData.channelManager()->stopChecking();
     if (_appData.channelManager())
         _appData.channelManager()->closeAllChannels();
+    _place->keep();
+    _splitter->keep();
     if (_appData.settings.actions().areCreated())
         _appData.settings.saveGlobalSettings();
     _dialogs.reset();

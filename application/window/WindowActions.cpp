@@ -5,6 +5,7 @@
 #include "Channel.h"
 #include "ChannelEvents.h"
 #include "ChannelManager.h"
+#include "ChannelPanels.h"
 #include "FileChannels.h"
 #include "GLWidget.h"
 #include "Notice.h"
@@ -304,7 +305,7 @@ void Window::onBuyPro()
 
 void Window::onAddRemoveChannels()
 {
-    openPage(Uri(_appData.settings.channelsBaseUrl()));
+    _panels->onChannelListWidgetManageChannels();
 }
 
 void Window::onMultiviewLimitExceeded()

@@ -12,6 +12,7 @@
 #include <QAbstractSlider>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSpinBox>
@@ -161,7 +162,8 @@ TEST_F(PreferencesTest, TheConnectionTestSaysInWordsHowItWent)
     EXPECT_TRUE(wordsOf(here, QNetworkProxy::NoProxy, portal).startsWith("-The network answers with a page of cafe"));
     EXPECT_TRUE(wordsOf(Uri("http://127.0.0.1:9"), QNetworkProxy::NoProxy).startsWith("-127.0.0.1 accepts no"));
     QNetworkProxy const nobody(QNetworkProxy::HttpProxy, "127.0.0.1", 9);
-    EXPECT_TRUE(wordsOf(here, nobody).startsWith("-The proxy 127.0.0.1 accepts no"));
+    QString const refused = wordsOf(here, nobody);
+    EXPECT_TRUE(refused.startsWith("-The proxy 127.0.0.1 accepts no")) << qPrintable(refused);
     test.start(here, QNetworkProxy::NoProxy);
     test.cancel();
     words.clear();

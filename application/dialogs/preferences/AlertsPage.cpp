@@ -21,7 +21,7 @@ AlertsPage::AlertsPage(AppData& appData) : PreferencesPage(appData)
     addSection(tr("How"));
     addSwitch(tr("In a &window of its own"), &V::showAlertsWindow);
     addSwitch(tr("In the li&ve panel"), &V::showLivePanel);
-    addSwitch(tr("As notices of the &desktop"), &V::alertsUseGrowl);
+    addSwitch(tr("As notices of the des&ktop"), &V::alertsUseGrowl);
     addNumber(tr("&Each for:"), &V::alertDisplayDuration, tr(" s"), second);
     auto* const opacity = new QSlider(Qt::Horizontal, this);
     opacity->setPageStep(10);

@@ -81,6 +81,9 @@ void ConnectionTest::finish(bool isReachable, QString const& words)
 
 QString ConnectionTest::wordsFor(QNetworkReply::NetworkError error) const
 {
+    bool const isDirect = _proxy.hostName().isEmpty();
+    if (error == QNetworkReply::ConnectionRefusedError && !isDirect)
+        error = QNetworkReply::ProxyConnectionRefusedError; // Qt tells the two apart with some kinds of proxy only.
     switch (error) {
     case QNetworkReply::ConnectionRefusedError:
         return tr("%1 accepts no connection.").arg(_service.host());

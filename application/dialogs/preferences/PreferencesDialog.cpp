@@ -16,13 +16,14 @@
 #include <QPushButton>
 #include <QShowEvent>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <utility>
 
 PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     : OmbravisionDialog(appData, tr("Preferences"), parent), _list(new QListWidget(this)),
-      _stack(new QStackedWidget(this)), _before(appData.settings.values())
+      _stack(new QStackedWidget(this))
 {
     setObjectName("preferencesDialog");
     _list->setAccessibleName(tr("Pages"));
@@ -84,8 +85,11 @@ PreferencesPage* PreferencesDialog::page(Page which)
 
 void PreferencesDialog::onPageChosen(int index)
 {
-    if (index >= 0)
-        _stack->setCurrentWidget(page(static_cast<Page>(index)));
+    if (index < 0)
+        return;
+    _stack->setCurrentWidget(page(static_cast<Page>(index)));
+    // A page that is made now may want more room, which is known a moment later.
+    QTimer::singleShot(0, this, [this] { resize(size().expandedTo(sizeHint())); });
 }
 
 void PreferencesDialog::showEvent(QShowEvent* event)
@@ -93,7 +97,6 @@ void PreferencesDialog::showEvent(QShowEvent* event)
     OmbravisionDialog::showEvent(event);
     if (event->spontaneous())
         return; // It was minimised.
-    _before = appData().settings.values();
     for (Place const& place : _pages)
         if (place.page)
             place.page->binding().forget();
@@ -120,6 +123,6 @@ void PreferencesDialog::reject()
 {
     for (Place const& place : _pages)
         if (place.page)
-            place.page->binding().revert(_before);
+            place.page->binding().revert();
     OmbravisionDialog::reject();
 }

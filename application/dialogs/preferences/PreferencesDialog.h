@@ -44,5 +44,4 @@ private:
     QListWidget* _list;
     QStackedWidget* _stack;
     std::vector<Place> _pages;
-    SettingsValues _before; ///< When the dialog was opened.
 };

@@ -8,6 +8,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -31,7 +32,10 @@ void PreferencesPage::addSection(QString const& title)
     heading->setFont(font);
     _layout->addWidget(heading);
     _section = new QFormLayout;
-    _section->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    // Labels above the fields where the letters are large for the screen.
+    constexpr int lettersInARow = 110;
+    bool const isNarrow = lettersInARow * fontMetrics().averageCharWidth() > screen()->availableSize().width();
+    _section->setRowWrapPolicy(isNarrow ? QFormLayout::WrapAllRows : QFormLayout::DontWrapRows);
     _section->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     _section->setHorizontalSpacing(Look::margin);
     _section->setVerticalSpacing(Look::grid);

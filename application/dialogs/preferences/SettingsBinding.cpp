@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 SettingsBinding::SettingsBinding(AppSettings& settings, QObject* parent) : QObject(parent), _settings(settings) {}
 
@@ -16,9 +17,15 @@ void SettingsBinding::follow(size_t entry, SettingField const& field)
     if (!setting || !setting->changed)
         return;
     connect(&_settings, setting->changed, this, [this, entry] {
-        _entries[entry].isTouched = _entries[entry].isTouched || _isStoring;
+        touch(_entries[entry]); // Such as a mute that ends with a change of the volume.
         _entries[entry].show();
     });
+}
+
+void SettingsBinding::touch(Entry& entry) const
+{
+    if (_before && !entry.before)
+        entry.before = _before;
 }
 
 void SettingsBinding::bind(bool SettingsValues::*field, QAbstractButton* button)
@@ -82,12 +89,12 @@ void SettingsBinding::commit()
             entry.commit();
 }
 
-void SettingsBinding::revert(SettingsValues const& before)
+void SettingsBinding::revert()
 {
     // In the order in which they were bound: the volume, whose change ends a mute, comes before that.
     for (Entry& entry : _entries) {
-        if (std::exchange(entry.isTouched, false))
-            entry.take(before);
+        if (std::optional<SettingsValues> const before = std::exchange(entry.before, std::nullopt))
+            entry.take(*before);
         entry.show();
     }
 }
@@ -95,22 +102,22 @@ void SettingsBinding::revert(SettingsValues const& before)
 void SettingsBinding::setDefaults()
 {
     SettingsValues const initial;
-    _isStoring = true;
+    _before = _settings.values();
     for (Entry& entry : _entries) {
-        entry.isTouched = true;
+        touch(entry);
         entry.take(initial);
         entry.show();
     }
-    _isStoring = false;
+    _before.reset();
 }
 
 bool SettingsBinding::hasChanged() const
 {
-    return std::ranges::any_of(_entries, &Entry::isTouched);
+    return std::ranges::any_of(_entries, [](Entry const& entry) { return entry.before.has_value(); });
 }
 
 void SettingsBinding::forget()
 {
     for (Entry& entry : _entries)
-        entry.isTouched = false;
+        entry.before.reset();
 }

@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QAbstractButton;
@@ -44,8 +45,8 @@ public:
     /// Takes what is still being typed.
     void commit();
 
-    /// Gives back what has been changed from here.
-    void revert(SettingsValues const& before);
+    /// Gives back what has been changed from here since forget(), as it was before the first change.
+    void revert();
 
     /// As in a new installation.
     void setDefaults();
@@ -58,16 +59,17 @@ private:
     struct Entry {
         std::function<void()> show;
         std::function<void(SettingsValues const&)> take;
-        std::function<void()> commit; ///< May be empty.
-        bool isTouched = false;
+        std::function<void()> commit;         ///< May be empty.
+        std::optional<SettingsValues> before; ///< The first change from here.
     };
 
     void follow(size_t entry, SettingField const& field);
+    void touch(Entry& entry) const;
     static void addMissing(QComboBox* box, QVariant const& value, QString const& text);
 
     AppSettings& _settings;
     std::vector<Entry> _entries;
-    bool _isStoring = false; ///< A change of now comes from here.
+    std::optional<SettingsValues> _before; ///< A change of now comes from here; as it was before that.
 };
 
 template<class T>
@@ -77,16 +79,17 @@ std::function<void(T const&)> SettingsBinding::bind(T SettingsValues::*field,
     size_t const entry = _entries.size();
     _entries.push_back({[this, field, show] { show(_settings.values().*field); },
                         [this, field](SettingsValues const& from) { _settings.setValue(field, from.*field); },
+                        {},
                         {}});
     follow(entry, field);
     _entries[entry].show();
     return [this, entry, field](T const& value) {
         if (_settings.values().*field == value)
             return;
-        _isStoring = true;
-        _entries[entry].isTouched = true;
+        _before = _settings.values();
+        touch(_entries[entry]);
         _settings.setValue(field, value);
-        _isStoring = false;
+        _before.reset();
         if (_settings.values().*field != value)
             _entries[entry].show();
     };

@@ -15,7 +15,7 @@ VideoPage::VideoPage(AppData& appData) : PreferencesPage(appData)
                     {tr("half its own size"), R::HalfSize},
                     {tr("its own size"), R::NormalSize},
                     {tr("twice its own size"), R::DoubleSize}});
-    addSwitch(tr("&Deinterlace pictures that are made of two fields"), &V::deinterlace);
+    addSwitch(tr("De&interlace pictures that are made of two fields"), &V::deinterlace);
     addSwitch(tr("Smooth the &edges of what is drawn (antialiasing)"), &V::enableAntialiasing);
     addSection(tr("Graphics card"));
     addSwitch(tr("&Convert colours on the graphics card"), &V::useHardwareColourConversion);
