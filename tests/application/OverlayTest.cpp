@@ -125,10 +125,11 @@ TEST_F(OverlayTest, BarsNeverOverlapAndTheWheelIsTheVolume)
         QRectF const bottom = _overlay->bottomCanvas()->geometry();
         EXPECT_FALSE(top.intersects(bottom)) << size.width();
         for (GLControl const* const bar : {_overlay->topCanvas(), _overlay->bottomCanvas()})
-            for (GLControl const* const control : bar->controls())
-                if (control->isVisible())
-                    EXPECT_LE(control->geometry().right(), bar->geometry().width() + 0.5)
-                        << qPrintable(control->name());
+            for (GLControl const* const control : bar->controls()) {
+                if (!control->isVisible())
+                    continue;
+                EXPECT_LE(control->geometry().right(), bar->geometry().width() + 0.5) << qPrintable(control->name());
+            }
     }
     _appData.settings.setMuted(true);
     QWheelEvent event({400, 200}, {400, 200}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);

@@ -11,7 +11,7 @@ from support.display import VirtualDisplay
 from support.localservices import LocalServices
 from support.program import Program
 
-GUEST, MAKER, PASSWORD = "guest@ombravision.invalid", "maker@ombravision.invalid", "letters"
+GUEST, MAKER, PASSWORD = "guest@ombravision.invalid", "maker@ombravision.invalid", "letters-and-signs"
 FILTER, FIRST_ROW, ROW = 84, 179, 47  # Below the top of the window.
 FROM_END = 150  # Of the window, for a point that is on each control of the panel.
 
@@ -88,7 +88,8 @@ class Panels(unittest.TestCase):
             self.key("Escape")  # The whole list again.
             self.open_by(lambda: self.click(FIRST_ROW + 2 * ROW, button=3))
             self.key("Down", "Down", "Return")  # Add to Multiview.
-            program.wait_for_log("^Opened .*/a$", count=3)
+            program.wait_for_log("^StateChanged for channel Gamma")
+            self.assertFalse(program.logged("^A stream of channel Beta was closed"))
             self.click(FILTER)
             self.type("alpha")
             self.open_by(lambda: self.key("Down", "Delete"))
