@@ -2,6 +2,7 @@
 
 import base64
 import contextlib
+import time
 import unittest
 import urllib.request
 from xml.sax.saxutils import escape
@@ -63,6 +64,11 @@ class Panels(unittest.TestCase):
     def windows(self):
         return len(self.display.ask("xdotool", "search", "--onlyvisible", "--pid", str(self.program.pid)).split())
 
+    def stands_still(self):
+        before = self.display.geometry(self.program.window)
+        time.sleep(0.5)
+        return self.display.geometry(self.program.window) == before
+
     def open_by(self, *steps):
         """Does what opens a menu or a dialog, and waits for that."""
         closed = self.windows()
@@ -80,6 +86,8 @@ class Panels(unittest.TestCase):
         with Program(self.display, settings=settings, driver="null") as self.program:
             program = self.program
             program.wait_for_log("^Channel changed from .* to Alpha$")
+            program.video_rectangle()
+            wait_for(self.stands_still, 20, "the window to have its size")
             self.display.ask("xdotool", "windowactivate", "--sync", program.window)
             self.click(FILTER)
             self.type("bet")
