@@ -82,7 +82,7 @@ class Panels(unittest.TestCase):
                     r"application/biscotti\host": "127.0.0.1",
                     r"application/biscotti\port": self.service.ports["biscotti"],
                     r"application/lastUser": GUEST, rf"user/{user}\password": PASSWORD,
-                    rf"user/{user}\signInAutomatically": "true"}
+                    rf"user/{user}\signInAutomatically": "true", rf"user/{user}\videoWindow\seenTutorial29": "true"}
         with Program(self.display, settings=settings, driver="null") as self.program:
             program = self.program
             program.wait_for_log("^Channel changed from .* to Alpha$")
@@ -107,7 +107,8 @@ class Panels(unittest.TestCase):
             self.make_channel("Viewers news")
             self.click(52, from_end=70)  # The other tab.
             self.click(FILTER)
-            self.type("viewers\n")
+            self.type("viewers")
+            self.key("Return")
             self.open_by(lambda: self.click(FIRST_ROW + 30, button=3))
             self.key("Up", "Return")  # Save to My Channels.
             program.wait_for_log("^Added channel .* Viewers news$")
