@@ -60,6 +60,8 @@ EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsC
         (this->*create)(layout);
     }
     splitter->setStretchFactor(1, 1);
+    splitter->setSizes(
+        {listLetters * fontMetrics().averageCharWidth(), editorLetters * fontMetrics().averageCharWidth()});
     contents()->addWidget(splitter, 1);
     _revert = addButton(tr("Re&vert"), QDialogButtonBox::ResetRole);
     _revert->setToolTip(tr("The source as it was before you changed it"));
@@ -138,7 +140,7 @@ void EffectsDialog::createEditor(QVBoxLayout* layout)
     _message->setTextFormat(Qt::PlainText);
     _message->setWordWrap(true);
     _message->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    _message->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    _message->setMinimumHeight(3 * fontMetrics().lineSpacing());
     _message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     layout->addWidget(_message);
     connect(_editor, &QPlainTextEdit::textChanged, this, &EffectsDialog::onTyped);
@@ -180,7 +182,7 @@ void EffectsDialog::showItem(QListWidgetItem* item, Effect const& effect)
     item->setData(Qt::UserRole, effect.name);
     item->setText(effect.name);
     item->setToolTip(effect.fault);
-    item->setIcon(effect.fault.isEmpty() ? effect.isTemplate ? Icons::icon(Icon::Lock) : QIcon()
+    item->setIcon(effect.fault.isEmpty() ? effect.isTemplate ? Icons::icon(Icon::Lock) : Icons::icon(Icon::Edit)
                                          : Icons::icon(Icon::Warning));
     item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled);
     item->setCheckState(effect.isOn ? Qt::Checked : Qt::Unchecked);
