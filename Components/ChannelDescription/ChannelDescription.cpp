@@ -113,8 +113,8 @@ bool ChannelDescription::operator==(ChannelDescription const& other) const
     auto const compared = [](Data const& d) {
         return std::tie(d.id, d.rootId, d.title, d.summary, d.website, d.websiteLabel, d.hasAlerts, d.hasChat,
                         d.chatRoomName, d.alertsTopic, d.logo, d.logoLoaded, d.available, d.unavailableReason,
-                        d.favourite, d.viewerAdded, d.channelType, d.channelMediaTypes, d.autoBuzzEnabled, d.repeatedAutoBuzz,
-                        d.autoBuzzInterval, d.streamDescriptions);
+                        d.favourite, d.viewerAdded, d.channelType, d.channelMediaTypes, d.autoBuzzEnabled,
+                        d.repeatedAutoBuzz, d.autoBuzzInterval, d.streamDescriptions);
     };
     return _data == other._data || compared(*_data) == compared(*other._data);
 }

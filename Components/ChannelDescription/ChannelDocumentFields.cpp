@@ -161,3 +161,12 @@ Uri ChannelDocumentFields::networkUri(QString const& text, QStringList const& sc
                 qPrintable(text));
     return {};
 }
+
+bool ChannelDocumentFields::isStreamAddress(QString const& text)
+{
+    try {
+        return streamSchemes.contains(Uri(text).scheme().toString());
+    } catch (std::invalid_argument const&) {
+        return false;
+    }
+}

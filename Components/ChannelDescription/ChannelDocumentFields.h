@@ -53,6 +53,9 @@ public:
 
     ChannelDocumentReader::Entry toEntry() const;
 
+    /// Whether a text is an address of a stream in the network.
+    static bool isStreamAddress(QString const& text);
+
 private:
     QString const& at(Field field) const { return _texts[field]; }
     void setFlags(ChannelDescription& channel) const;

@@ -50,7 +50,7 @@ void GLAnimation::update()
         return;
     qint64 const elapsed = std::max<qint64>(0, _clock() - _startedAt);
     bool const done = elapsed >= _duration;
-    _value = done ? _to : _from + (_to - _from) * static_cast<double>(elapsed) / _duration;
+    _value = done ? _to : _from + (_to - _from) * _easing.valueForProgress(static_cast<double>(elapsed) / _duration);
     if (done)
         _timer.stop();
     emit valueChanged(this);

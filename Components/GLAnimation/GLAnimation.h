@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QEasingCurve>
 #include <QObject>
 #include <QTimer>
 
 #include <functional>
 
-/// Moves a value between two bounds over a duration, evenly, and tells of each step. Lives on one thread, with an
+/// Moves a value between two bounds over a duration and tells of each step. Lives on one thread, with an
 /// event loop that drives it at frameInterval; whoever paints may call update() in between for the newest value.
 class GLAnimation : public QObject
 {
@@ -23,6 +24,9 @@ public:
     /// Moves from one bound to the other within so many milliseconds; with 0 or less it is there at once.
     /// A running movement is given up without completed(). The first valueChanged() comes from here.
     void start(double from, double to, int milliseconds);
+
+    /// How the value gets from one bound to the other; starts evenly.
+    void setEasing(QEasingCurve::Type easing) { _easing.setType(easing); }
 
     /// Moves on from the present value.
     void startTo(double to, int milliseconds) { start(_value, to, milliseconds); }
@@ -48,6 +52,7 @@ signals:
 private:
     Clock const _clock;
     QTimer _timer;
+    QEasingCurve _easing;
     double _value = 0.0;
     double _from = 0.0;
     double _to = 0.0;

@@ -1,26 +1,48 @@
 #include "GLCanvas.h"
 
-#include "GLTexture.h"
+#include <QPainter>
 
 #include <algorithm>
 
 GLCanvas::GLCanvas(QObject* parent) : QObject(parent)
 {
+    _fade.setEasing(QEasingCurve::OutCubic);
     connect(&_fade, &GLAnimation::valueChanged, this, &GLCanvas::onFadeValueChanged);
     connect(&_fade, &GLAnimation::completed, this, &GLCanvas::onFadeCompleted);
 }
 
 GLCanvas::~GLCanvas() = default;
 
+void GLCanvas::setGeometry(QRectF const& geometry)
+{
+    if (geometry == _geometry)
+        return;
+    _geometry = geometry;
+    if (_visible)
+        emit changed();
+}
+
 void GLCanvas::setOpacity(double opacity)
 {
     _fade.stop();
     _opacity = std::clamp(opacity, 0.0, 1.0);
+    if (_visible)
+        emit changed();
 }
 
 void GLCanvas::setTexture(GLTexture* texture)
 {
     _texture = texture;
+    _image = {};
+    _imageTexture.destroy();
+}
+
+void GLCanvas::setImage(QImage const& image)
+{
+    _texture = nullptr;
+    _image = image;
+    if (_visible)
+        emit changed();
 }
 
 void GLCanvas::setVisible(bool visible)
@@ -29,20 +51,26 @@ void GLCanvas::setVisible(bool visible)
         return;
     _visible = visible;
     emit visibilityChanged(visible);
+    emit changed();
 }
 
 void GLCanvas::fadeIn(int milliseconds)
 {
+    if (_visible && _fadesIn && (isFading() || _opacity >= 1.0))
+        return; // It is there, or on the way.
     if (!_visible)
         _opacity = 0.0;
+    _fadesIn = true;
     setVisible(true);
     _fade.start(_opacity, 1.0, milliseconds);
 }
 
 void GLCanvas::fadeOut(int milliseconds)
 {
-    if (_visible)
-        _fade.start(_opacity, 0.0, milliseconds);
+    if (!_visible || (isFading() && !_fadesIn))
+        return;
+    _fadesIn = false;
+    _fade.start(_opacity, 0.0, milliseconds);
 }
 
 bool GLCanvas::hitTest(QPointF point) const
@@ -54,11 +82,18 @@ bool GLCanvas::hitTest(QPointF point) const
 void GLCanvas::render(double opacity) const
 {
     double const alpha = opacity * _opacity;
-    if (!_visible || !_texture || !_texture->created() || alpha <= 0.0)
+    if (!_visible || alpha <= 0.0)
         return;
-    double const u = _texture->maxU();
-    double const v = _texture->maxV();
-    glBindTexture(GL_TEXTURE_2D, _texture->handle());
+    if (!_image.isNull() && (_texturedImage != _image.cacheKey() || _imageTexture.isLost())) {
+        _imageTexture.create(_image);
+        _texturedImage = _image.cacheKey();
+    }
+    GLTexture const* const texture = _image.isNull() ? _texture : &_imageTexture;
+    if (!texture || !texture->created())
+        return;
+    double const u = texture->maxU();
+    double const v = texture->maxV();
+    glBindTexture(GL_TEXTURE_2D, texture->handle());
     glColor4d(alpha, alpha, alpha, alpha);
     glBegin(GL_QUADS);
     glTexCoord2d(0.0, 0.0);
@@ -72,9 +107,20 @@ void GLCanvas::render(double opacity) const
     glEnd();
 }
 
+void GLCanvas::paint(QPainter& painter, double opacity) const
+{
+    double const alpha = opacity * _opacity;
+    if (!_visible || _image.isNull() || alpha <= 0.0)
+        return;
+    painter.setOpacity(alpha);
+    painter.drawImage(_geometry, _image);
+}
+
 void GLCanvas::onFadeValueChanged(GLAnimation* fade)
 {
     _opacity = fade->value();
+    if (_visible)
+        emit changed();
 }
 
 void GLCanvas::onFadeCompleted(GLAnimation*)

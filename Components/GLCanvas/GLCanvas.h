@@ -1,12 +1,14 @@
 #pragma once
 
 #include "GLAnimation.h"
+#include "GLTexture.h"
 
+#include <QImage>
 #include <QObject>
 #include <QPointF>
 #include <QRectF>
 
-class GLTexture;
+class QPainter;
 
 /// A textured rectangle with a position, a size and an opacity: the base of all that the overlay draws.
 ///
@@ -19,7 +21,7 @@ public:
     explicit GLCanvas(QObject* parent = nullptr);
     ~GLCanvas() override;
 
-    void setGeometry(QRectF const& geometry) { _geometry = geometry; }
+    void setGeometry(QRectF const& geometry);
     QRectF geometry() const { return _geometry; }
 
     /// 0.0, transparent, to 1.0; values outside are brought inside. Ends a fade.
@@ -30,14 +32,22 @@ public:
     virtual void setTexture(GLTexture* texture);
     GLTexture* texture() const { return _texture; }
 
+    /// The same with an image of its own, in device pixels: OpenGL makes a texture of it when it first draws it, in
+    /// whatever context, and paint() needs none. Takes the place of a texture; a null image is nothing.
+    void setImage(QImage const& image);
+    QImage const& image() const { return _image; }
+
     /// A hidden canvas is neither drawn nor hit. Starts visible.
     void setVisible(bool visible);
     bool isVisible() const { return _visible; }
 
-    /// Shows the canvas and moves its opacity to 1.0, or to 0.0 and hides it then.
+    /// Shows the canvas and moves its opacity to 1.0, or to 0.0 and hides it then. One that is on that way already
+    /// goes on.
     void fadeIn(int milliseconds);
     void fadeOut(int milliseconds);
     bool isFading() const { return _fade.isRunning(); }
+    /// Whether it can be seen, and is not about to go.
+    bool isShown() const { return _visible && (_fadesIn || !isFading()); }
 
     /// Whether a visible canvas covers the point, in the coordinates of its holder.
     virtual bool hitTest(QPointF point) const;
@@ -46,7 +56,12 @@ public:
     /// holder; blending of premultiplied colours and 2-D texturing are on.
     virtual void render(double opacity) const;
 
+    /// The same without OpenGL, in the coordinates of the holder; a texture that is no image cannot be painted so.
+    virtual void paint(QPainter& painter, double opacity) const;
+
 signals:
+    /// It has to be drawn anew: it looks different, and can be seen, or has just gone.
+    void changed();
     void visibilityChanged(bool visible);
 
 private:
@@ -57,5 +72,9 @@ private:
     double _opacity = 1.0;
     bool _visible = true;
     GLTexture* _texture = nullptr;
+    QImage _image;
+    mutable GLTexture _imageTexture;   ///< Of the image, as soon as OpenGL has drawn it.
+    mutable qint64 _texturedImage = 0; ///< Which image that is.
     GLAnimation _fade;
+    bool _fadesIn = false; ///< What the last fade was for.
 };

@@ -1,5 +1,9 @@
 #include "GLControl.h"
 
+#include "GLControlAccessible.h"
+
+#include <QPainter>
+
 #include <qopengl.h>
 
 GLControl::GLControl(QString const& name, QObject* parent) : GLCanvas(parent), _name(name)
@@ -13,12 +17,73 @@ void GLControl::addControl(GLControl* control)
 {
     removeControl(control);
     _controls.append(control);
+    control->_holder = this;
+    connect(control, &GLCanvas::changed, this, &GLControl::onControlChanged);
+    connect(control, &QObject::destroyed, this, &GLControl::onControlChanged);
+    onControlChanged();
 }
 
 void GLControl::removeControl(GLControl* control)
 {
-    _controls.removeAll(control);
     _controls.removeAll(nullptr);
+    if (_controls.removeAll(control) == 0)
+        return;
+    control->_holder = nullptr;
+    control->disconnect(this);
+    onControlChanged();
+}
+
+GLControlLayout* GLControl::layout() const
+{
+    return _holder ? _holder->layout() : _layout;
+}
+
+void GLControl::setLayout(GLControlLayout* layout)
+{
+    _layout = layout;
+}
+
+void GLControl::onControlChanged()
+{
+    if (isVisible())
+        emit changed();
+}
+
+void GLControl::setLabel(QString const& label)
+{
+    if (label == _label)
+        return;
+    _label = label;
+    emit labelChanged(this);
+    GLControlAccessible::changed(*this);
+}
+
+QAccessible::State GLControl::state() const
+{
+    QAccessible::State state;
+    state.disabled = !_enabled;
+    state.invisible = !isVisible() || opacity() <= 0.0;
+    state.focusable = _focusable;
+    state.focused = _focused && _focusable;
+    return state;
+}
+
+void GLControl::setEnabled(bool enabled)
+{
+    if (enabled == _enabled)
+        return;
+    _enabled = enabled;
+    onControlChanged();
+}
+
+void GLControl::setFocused(bool focused, bool shown)
+{
+    bool const isNew = focused != _focused;
+    _focused = focused;
+    _showsFocus = focused && shown;
+    onControlChanged();
+    if (isNew)
+        emit focusChanged(this, focused);
 }
 
 QList<GLControl*> GLControl::controls() const
@@ -75,6 +140,18 @@ void GLControl::render(double opacity)
     glPopMatrix();
 }
 
+void GLControl::paint(QPainter& painter, double opacity)
+{
+    double const combined = opacity * this->opacity();
+    if (!isVisible() || combined <= 0.0)
+        return;
+    static_cast<GLControl const*>(this)->paint(painter, opacity);
+    painter.translate(geometry().topLeft());
+    for (GLControl* const control : controls())
+        control->paint(painter, combined);
+    painter.translate(-geometry().topLeft());
+}
+
 void GLControl::recalcLayout(double scale)
 {
     for (GLControl* const control : controls())
@@ -83,5 +160,5 @@ void GLControl::recalcLayout(double scale)
 
 bool GLControl::hitTest(QPointF point)
 {
-    return static_cast<GLControl const*>(this)->hitTest(point);
+    return !_isPassedThrough && static_cast<GLControl const*>(this)->hitTest(point);
 }

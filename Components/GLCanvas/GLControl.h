@@ -2,10 +2,12 @@
 
 #include "GLCanvas.h"
 
+#include <QAccessible>
 #include <QList>
 #include <QPointer>
 #include <QString>
 
+class GLControlLayout;
 class QKeyEvent;
 class QMouseEvent;
 class QWheelEvent;
@@ -25,16 +27,45 @@ public:
 
     QString name() const { return _name; }
 
+    /// What it is called by: in words for the viewer, in a tip and for assistive technology.
+    void setLabel(QString const& label);
+    virtual QString label() const { return _label; }
+
+    /// What it is to assistive technology. Most controls only hold others.
+    virtual QAccessible::Role role() const { return QAccessible::Grouping; }
+    virtual QAccessible::State state() const;
+
     /// Adds a control on top of those it holds; borrowed unless `control` has a parent.
     void addControl(GLControl* control);
     void removeControl(GLControl* control);
 
     /// The held controls that still live, lowest first.
     QList<GLControl*> controls() const;
+    /// What holds it, and the layout that the outermost holder is in; null without one.
+    GLControl* holder() const { return _holder; }
+    GLControlLayout* layout() const;
+    /// The layout's: it has been added there, or with null taken out.
+    void setLayout(GLControlLayout* layout);
+
+    /// Whether the pointer is never over it nor over what it holds. Starts false.
+    void setPassedThrough(bool passed) { _isPassedThrough = passed; }
+
+    /// Whether it shows nothing itself, and only holds others.
+    virtual bool isBare() const { return image().isNull() && !texture(); }
 
     /// A disabled control is drawn and covers what is below, but gets no events. Starts enabled.
-    void setEnabled(bool enabled) { _enabled = enabled; }
+    virtual void setEnabled(bool enabled);
     bool isEnabled() const { return _enabled; }
+
+    /// Whether the keyboard gets to it, by GLControlLayout::focusNext(). Starts false.
+    void setFocusable(bool focusable) { _focusable = focusable; }
+    bool isFocusable() const { return _focusable && _enabled && isVisible(); }
+    /// The layout says whether it has the focus, and whether that is to be seen.
+    virtual void setFocused(bool focused, bool shown);
+    bool isFocused() const { return _focused; }
+    bool showsFocus() const { return _showsFocus; }
+    /// Whether a key means something to it, and so must not be taken for a shortcut.
+    virtual bool wantsKey(QKeyEvent const*) const { return false; }
 
     virtual void mousePress(QPointF point, QMouseEvent* event);
     virtual void mouseMove(QPointF point, QMouseEvent* event);
@@ -46,6 +77,10 @@ public:
     using GLCanvas::render;
     /// Draws the control and on top of it those it holds, with their opacity times its own.
     virtual void render(double opacity);
+
+    using GLCanvas::paint;
+    /// The same without OpenGL.
+    virtual void paint(QPainter& painter, double opacity);
 
     /// Arranges what the control holds and makes its textures anew as needed. `scale` is device pixels per pixel.
     /// The layout calls it when its size or scale has changed; a current context is not promised.
@@ -64,9 +99,21 @@ signals:
     void mouseLeft(GLControl* control);
     void keyPressed(GLControl* control, QKeyEvent* event);
     void keyReleased(GLControl* control, QKeyEvent* event);
+    void focusChanged(GLControl* control, bool focused);
+    /// What label() gives is another one.
+    void labelChanged(GLControl* control);
 
 private:
+    void onControlChanged();
+
     QString const _name;
     QList<QPointer<GLControl>> _controls;
+    QPointer<GLControl> _holder;
+    GLControlLayout* _layout = nullptr; ///< Of one that nothing holds.
+    QString _label;
     bool _enabled = true;
+    bool _isPassedThrough = false;
+    bool _focusable = false;
+    bool _focused = false;
+    bool _showsFocus = false;
 };

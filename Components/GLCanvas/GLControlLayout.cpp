@@ -1,12 +1,16 @@
 #include "GLControlLayout.h"
 
 #include "GLControl.h"
+#include "GLControlAccessible.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <qopengl.h>
+#include <utility>
 
 namespace
 {
@@ -38,18 +42,38 @@ bool findHolder(QList<GLControl*> const& controls, GLControl const* wanted, QPoi
     }
     return false;
 }
+
+/// Appends the controls that the keyboard gets to, in their order.
+void appendFocusable(QList<GLControl*>& found, QList<GLControl*> const& controls)
+{
+    for (GLControl* const control : controls) {
+        if (!control->isVisible() || !control->isEnabled())
+            continue;
+        if (control->isFocusable())
+            found.append(control);
+        appendFocusable(found, control->controls());
+    }
+}
 } // namespace
 
 GLControlLayout::GLControlLayout(QObject* parent) : QObject(parent) {}
 
-GLControlLayout::~GLControlLayout() = default;
+GLControlLayout::~GLControlLayout()
+{
+    for (GLControl* const control : controls())
+        control->setLayout(nullptr);
+}
 
 void GLControlLayout::addControl(GLControl* control)
 {
     _controls.removeAll(control);
     _controls.removeAll(nullptr);
     _controls.append(control);
+    connect(control, &GLCanvas::changed, this, &GLControlLayout::onControlChanged, Qt::UniqueConnection);
+    connect(control, &QObject::destroyed, this, &GLControlLayout::onControlChanged, Qt::UniqueConnection);
+    control->setLayout(this);
     control->recalcLayout(_scale);
+    onControlChanged();
 }
 
 void GLControlLayout::removeControl(GLControl* control)
@@ -59,6 +83,9 @@ void GLControlLayout::removeControl(GLControl* control)
         _grabber = nullptr;
     if (_focus == control)
         _focus = nullptr;
+    control->disconnect(this);
+    control->setLayout(nullptr);
+    onControlChanged();
     if (_hovered.removeAll(control) > 0)
         emit control->mouseLeft(control);
 }
@@ -85,6 +112,13 @@ void GLControlLayout::recalcLayout()
 {
     for (GLControl* const control : controls())
         control->recalcLayout(_scale);
+    onControlChanged();
+}
+
+void GLControlLayout::onControlChanged()
+{
+    _arePatchesOutdated = true;
+    emit changed();
 }
 
 GLControl* GLControlLayout::controlAt(QPointF point) const
@@ -99,6 +133,35 @@ GLControl* GLControlLayout::focus() const
         return _focus;
     QList<GLControl*> const living = controls();
     return living.isEmpty() ? nullptr : living.constFirst();
+}
+
+void GLControlLayout::setFocus(GLControl* control, bool shown)
+{
+    QPointer<GLControl> const before = std::exchange(_focus, control);
+    if (before && before != control)
+        before->setFocused(false, false);
+    if (_focus)
+        _focus->setFocused(true, shown);
+    if (before == control)
+        return;
+    GLControlAccessible::focusMoved(*this);
+    emit focusChanged(_focus);
+}
+
+bool GLControlLayout::focusNext(bool forward)
+{
+    QList<GLControl*> found;
+    appendFocusable(found, controls());
+    qsizetype const at = _focus && _focus->isFocused() ? found.indexOf(_focus) : -1;
+    qsizetype const next = at < 0 ? (forward ? 0 : found.size() - 1) : at + (forward ? 1 : -1);
+    bool const isThere = next >= 0 && next < found.size();
+    setFocus(isThere ? found.at(next) : nullptr, true);
+    return isThere;
+}
+
+bool GLControlLayout::wantsKey(QKeyEvent const* event) const
+{
+    return _focus && _focus->isEnabled() && _focus->wantsKey(event);
 }
 
 QList<GLControlLayout::Hit> GLControlLayout::hitsAt(QPointF point) const
@@ -122,6 +185,8 @@ void GLControlLayout::setHovered(QList<Hit> const& hits)
     for (Hit const& hit : hits)
         if (hit.control && hit.control->isEnabled())
             now.append(hit.control);
+    GLControl* const topmost = now.isEmpty() ? nullptr : now.constLast().data();
+    bool const isOther = (before.isEmpty() ? nullptr : before.constLast().data()) != topmost;
     _hovered = now;
     for (auto i = before.crbegin(); i != before.crend(); ++i)
         if (*i && !now.contains(*i))
@@ -129,6 +194,8 @@ void GLControlLayout::setHovered(QList<Hit> const& hits)
     for (QPointer<GLControl> const& control : now)
         if (control && !before.contains(control))
             emit control->mouseEntered(control);
+    if (isOther)
+        emit hoverChanged(_hovered.isEmpty() ? nullptr : _hovered.constLast().data());
 }
 
 template<typename Event>
@@ -152,7 +219,7 @@ bool GLControlLayout::mousePress(QPointF point, QMouseEvent* event)
     Hit const& hit = hits.constLast();
     if (hit.control->isEnabled()) {
         _grabber = hit.control;
-        _focus = hit.control;
+        setFocus(hit.control);
     }
     bool const taken = deliver(hit, event, &GLControl::mousePress);
     if (!taken)
@@ -212,9 +279,53 @@ void GLControlLayout::leave()
     setHovered({});
 }
 
+QList<GLPatch> const& GLControlLayout::patches()
+{
+    if (!std::exchange(_arePatchesOutdated, false))
+        return _patches;
+    _patches.clear();
+    for (GLControl* const control : controls())
+        addPatches(control, {}, 1.0);
+    _arePatchesOutdated = false; // Whoever was painted may have said that it has changed.
+    return _patches;
+}
+
+/// A control that shows nothing itself only holds others, far apart maybe.
+void GLControlLayout::addPatches(GLControl* control, QPointF origin, double opacity)
+{
+    double const combined = opacity * control->opacity();
+    if (!control->isVisible() || combined <= 0.0)
+        return;
+    if (!control->isBare()) {
+        addPatch(control, origin, opacity);
+        return;
+    }
+    for (GLControl* const held : control->controls())
+        addPatches(held, origin + control->geometry().topLeft(), combined);
+}
+
+void GLControlLayout::addPatch(GLControl* control, QPointF origin, double opacity)
+{
+    QRectF const geometry = control->geometry().translated(origin);
+    QRectF const device(geometry.topLeft() * _scale, geometry.size() * _scale);
+    QRect const area = device.toAlignedRect() & QRectF(QPointF(), _size * _scale).toAlignedRect();
+    if (area.isEmpty())
+        return;
+    QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.translate(-area.topLeft());
+    painter.scale(_scale, _scale);
+    painter.translate(origin);
+    control->paint(painter, opacity);
+    painter.end();
+    _patches.append({area.topLeft(), image});
+}
+
 void GLControlLayout::render(double opacity)
 {
-    if (_controls.isEmpty())
+    if (std::ranges::none_of(controls(), &GLControl::isVisible))
         return;
     glPushAttrib(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT);
     glMatrixMode(GL_MODELVIEW);

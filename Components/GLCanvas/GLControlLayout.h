@@ -1,5 +1,7 @@
 #pragma once
 
+#include "GLPatch.h"
+
 #include <QList>
 #include <QObject>
 #include <QPointF>
@@ -9,7 +11,9 @@
 class GLControl;
 class QKeyEvent;
 class QMouseEvent;
+class QPainter;
 class QWheelEvent;
+class QWidget;
 
 /// Holds the controls of one surface: draws them in the order in which they were added, and gives mouse events to the
 /// topmost control under the pointer, keys to the one with the focus.
@@ -41,8 +45,13 @@ public:
     GLControl* controlAt(QPointF point) const;
 
     /// Where keys go: to the control that was set here or pressed last. Null sends them to the lowest control.
-    void setFocus(GLControl* control) { _focus = control; }
+    void setFocus(GLControl* control, bool shown = false);
     GLControl* focus() const;
+    /// Moves a focus that is shown to the next focusable control, or the one before, in the order in which they were
+    /// added; outside of all of them it begins at the first or last. False past the end: none has the focus then.
+    bool focusNext(bool forward);
+    /// Whether the control with the focus has a use for a key.
+    bool wantsKey(QKeyEvent const* event) const;
 
     /// The event functions return whether a control took the event. Points are pixels from the upper left corner.
     bool mousePress(QPointF point, QMouseEvent* event);
@@ -55,9 +64,28 @@ public:
     /// The pointer has left the surface.
     void leave();
 
+    double scale() const { return _scale; }
+
+    /// The widget that the controls are drawn on, for those who want to know where on the screen they are. Borrowed;
+    /// outlives the layout.
+    void setWidget(QWidget* widget) { _widget = widget; }
+    QWidget* widget() const { return _widget; }
+
+    /// What the controls look like without OpenGL: a patch for each of those that a bare control holds, and for each
+    /// of the others, lowest first; empty when nothing can be seen. Painted anew only where something has changed.
+    QList<GLPatch> const& patches();
+
     /// Draws all controls with an opacity. The current matrices map pixels of the surface, y downward; state that
     /// is changed is restored.
     void render(double opacity);
+
+signals:
+    /// Something is to be drawn anew.
+    void changed();
+    /// Another control has the keyboard, null for none.
+    void focusChanged(GLControl* control);
+    /// The pointer is over another control, the topmost one; null for none.
+    void hoverChanged(GLControl* control);
 
 private:
     /// A control on the way to the pointer, with the pointer in the coordinates of the control's holder.
@@ -70,6 +98,9 @@ private:
     QList<Hit> hitsAt(QPointF point) const;
     QPointF toHolder(GLControl* control, QPointF point) const;
     void setHovered(QList<Hit> const& hits);
+    void onControlChanged();
+    void addPatches(GLControl* control, QPointF origin, double opacity);
+    void addPatch(GLControl* control, QPointF origin, double opacity);
     template<typename Event>
     bool deliver(Hit const& hit, Event* event, void (GLControl::*handler)(QPointF, Event*));
 
@@ -77,6 +108,9 @@ private:
     QList<QPointer<GLControl>> _hovered; ///< Outermost first.
     QPointer<GLControl> _grabber;        ///< Pressed and not yet released.
     QPointer<GLControl> _focus;
+    QWidget* _widget = nullptr;
     QSizeF _size;
     double _scale = 1.0;
+    QList<GLPatch> _patches;
+    bool _arePatchesOutdated = true;
 };

@@ -62,7 +62,7 @@ void GLTextArea::render(double opacity)
 {
     if (_text.isEmpty() || !isVisible())
         return;
-    if (_changed || geometry().size() != _paintedSize)
+    if (_changed || _textTexture.isLost() || geometry().size() != _paintedSize)
         updateTexture();
     GLControl::render(opacity);
 }

@@ -2,6 +2,8 @@
 
 #include "GLMovieTexture.h"
 
+#include <QPainter>
+
 #include <mutex>
 
 namespace
@@ -28,10 +30,12 @@ bool GLMoviePresenter::setWindow(xcb_window_t window)
     return _presenter.setWindow(window);
 }
 
-void GLMoviePresenter::arrange(QSize const& surface, std::vector<GLMoviePicture> const& pictures)
+void GLMoviePresenter::arrange(QSize const& surface, std::vector<GLMoviePicture> const& pictures,
+                               QList<GLPatch> const& patches)
 {
     _surface = surface;
     _pictures = pictures;
+    _patches = patches;
     _slots.assign(pictures.size(), {});
     _scalers.resize(pictures.size());
     _background = QRect(QPoint(0, 0), surface);
@@ -44,13 +48,28 @@ void GLMoviePresenter::arrange(QSize const& surface, std::vector<GLMoviePicture>
         _bytes += static_cast<size_t>(rowLength(cut.scaled.width())) * static_cast<size_t>(cut.scaled.height() + 1) *
                   X11Presenter::bytesPerPixel;
     }
+    arrangeMargins();
 }
 
-GLMoviePresenter::Result GLMoviePresenter::present(QSize const& surface, std::vector<GLMoviePicture> const& pictures)
+void GLMoviePresenter::arrangeMargins()
 {
-    bool const isWhole = _isForgotten || surface != _surface || pictures != _pictures;
+    _margins.clear();
+    for (GLPatch const& patch : std::as_const(_patches)) {
+        for (QRect const& area : _background& patch.rectangle()) {
+            _margins.push_back({.area = area, .offset = _bytes});
+            _bytes += static_cast<size_t>(rowLength(area.width())) * static_cast<size_t>(area.height()) *
+                      X11Presenter::bytesPerPixel;
+        }
+        _background -= patch.rectangle(); // What others put there, its margin has too.
+    }
+}
+
+GLMoviePresenter::Result GLMoviePresenter::present(QSize const& surface, std::vector<GLMoviePicture> const& pictures,
+                                                   QList<GLPatch> const& patches)
+{
+    bool const isWhole = _isForgotten || surface != _surface || pictures != _pictures || patches != _patches;
     if (isWhole) {
-        arrange(surface, pictures);
+        arrange(surface, pictures, patches);
         _isForgotten = true; // Until all of it has been shown.
     }
     if (_bytes > maximumBytes)
@@ -66,8 +85,11 @@ GLMoviePresenter::Result GLMoviePresenter::present(QSize const& surface, std::ve
     bool isShown = true;
     for (size_t i = 0; i < _pictures.size(); ++i)
         isShown = showPicture(i) && isShown;
-    if (isWhole)
+    if (isWhole) {
         _presenter.fill(_background);
+        for (Margin const& margin : _margins)
+            showMargin(margin);
+    }
     _presenter.end();
     _isForgotten = !isShown;
     return isShown ? Result::Shown : Result::Impossible;
@@ -87,7 +109,33 @@ bool GLMoviePresenter::showPicture(size_t index)
             return false;
         slot.generation = texture.generation();
     }
-    _presenter.put(slot.offset, QSize(width, slot.cut.scaled.height()), slot.cut.shown,
-                   _pictures[index].visible.topLeft());
+    QPoint const place = _pictures[index].visible.topLeft();
+    QImage picture(_presenter.memory() + slot.offset, slot.cut.scaled.width(), slot.cut.scaled.height(),
+                   width * X11Presenter::bytesPerPixel, QImage::Format_RGB32);
+    blend(picture, slot.cut.shown, place);
+    _presenter.put(slot.offset, QSize(width, slot.cut.scaled.height()), slot.cut.shown, place);
     return true;
+}
+
+void GLMoviePresenter::showMargin(Margin const& margin)
+{
+    int const width = rowLength(margin.area.width());
+    QImage black(_presenter.memory() + margin.offset, width, margin.area.height(),
+                 width * X11Presenter::bytesPerPixel, QImage::Format_RGB32);
+    black.fill(Qt::black);
+    QRect const part(QPoint(0, 0), margin.area.size());
+    blend(black, part, margin.area.topLeft());
+    _presenter.put(margin.offset, black.size(), part, margin.area.topLeft());
+}
+
+/// Lays the patches over a part of an image that is to be seen at a place.
+void GLMoviePresenter::blend(QImage& target, QRect const& part, QPoint const& place) const
+{
+    if (_patches.isEmpty())
+        return;
+    QPainter painter(&target);
+    painter.setClipRect(part);
+    for (GLPatch const& patch : _patches)
+        if (patch.rectangle().intersects(QRect(place, part.size())))
+            painter.drawImage(patch.place - place + part.topLeft(), patch.image);
 }

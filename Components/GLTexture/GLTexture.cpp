@@ -90,7 +90,7 @@ bool GLTexture::create(int width, int height, double margin, double outlineWidth
 
 void GLTexture::destroy()
 {
-    if (!created())
+    if (_handle == 0)
         return;
     GLContextScope const scope(_context);
     if (scope.isCurrent())

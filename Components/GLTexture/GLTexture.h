@@ -35,7 +35,9 @@ public:
                 Qt::Alignment alignment = Qt::AlignCenter);
 
     void destroy();
-    bool created() const { return _handle != 0; }
+    bool created() const { return _handle != 0 && _context; }
+    /// Whether there was one, which has gone with its context.
+    bool isLost() const { return _handle != 0 && !_context; }
 
     /// OpenGL's name of the texture, 0 before create().
     unsigned int handle() const { return _handle; }

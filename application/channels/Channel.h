@@ -72,6 +72,14 @@ public:
     void setSpeed(double speed);
     void seekForwards(double seconds);
     void seekBackwards(double seconds);
+    /// Of the first stream that can seek, in seconds; 0 while they are not known, or when there is none.
+    double movieTime() const;
+    double movieDuration() const;
+    /// Has all that can seek go to a time.
+    void setMovieTime(double seconds);
+    /// Holds all that can seek.
+    void setPaused(bool paused);
+    bool isPaused() const;
 
     void addStream(StreamDescription const& description);
     void removeStream(StreamDescription const& description);
@@ -116,6 +124,8 @@ public:
     /// Where the first stream's picture was last drawn, and its own size in pixels.
     QRect videoWindow() const;
     QSize movieSize() const;
+    /// Width over height of all that the channel shows, side by side; 0 while it is not known.
+    double aspectRatio() const;
 
 signals:
     void fadeAndCloseComplete(Channel* channel);

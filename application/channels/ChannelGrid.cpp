@@ -16,11 +16,57 @@ constexpr double turn = 25.0;           // Degrees between neighbouring faces of
 constexpr double viewingDistance = 1.2; // From the plane of the screen, in heights of the surface.
 constexpr double nearest = 0.1;         // Of what is drawn, from the viewer, in heights of the surface.
 constexpr double farthest = 10.0;       // The same in viewing distances.
+constexpr double yaw = 25.0;            // Degrees that the viewer can turn to either side.
+constexpr double pitch = 15.0;          // The same up and down.
+constexpr double usualAspect = 16.0 / 9;
+constexpr double clearly = 1.001; // What covers no more than that more does not rearrange the pictures.
 } // namespace
 
 int ChannelGrid::columns(int count)
 {
     return static_cast<int>(std::ceil(std::sqrt(count)));
+}
+
+int ChannelGrid::columns(QSize const& area, QList<double> const& aspectRatios)
+{
+    auto const count = static_cast<int>(aspectRatios.size());
+    int best = columns(count);
+    auto const covered = [&](int across) {
+        double const width = static_cast<double>(area.width()) / across;
+        double const height = static_cast<double>(area.height()) / ((count + across - 1) / across);
+        double sum = 0.0;
+        for (double const known : aspectRatios) {
+            double const aspect = known > 0.0 ? known : usualAspect;
+            double const fitted = std::min(width, height * aspect);
+            sum += fitted * fitted / aspect;
+        }
+        return sum;
+    };
+    if (area.isEmpty())
+        return best;
+    double most = covered(std::max(best, 1)) * clearly;
+    for (int across = 1; across <= count; ++across)
+        if (double const now = covered(across); now > most) {
+            most = now;
+            best = across;
+        }
+    return best;
+}
+
+int ChannelGrid::columnsFor(QList<Channel*> const& channels, QRect const& area)
+{
+    QList<double> aspectRatios;
+    for (Channel const* const channel : channels)
+        aspectRatios.append(channel->aspectRatio());
+    return columns(area.size(), aspectRatios);
+}
+
+QRect ChannelGrid::placeOf(QList<Channel*> const& channels, Channel const* channel) const
+{
+    qsizetype const index = channels.indexOf(channel);
+    if (index < 0 || !_faces.isEmpty() || _lastArea.isEmpty())
+        return {};
+    return cell(_lastArea, _lastColumns, static_cast<int>(channels.size()), static_cast<int>(index));
 }
 
 QRect ChannelGrid::cell(QRect const& area, int columns, int count, int index)
@@ -38,9 +84,10 @@ void ChannelGrid::render(QList<Channel*> const& channels, QRect const& area, GLM
 {
     _lastArea = area;
     _faces.clear();
+    _lastColumns = columnsFor(channels, area);
     int const count = static_cast<int>(channels.size());
     for (int i = 0; i < count; ++i) {
-        QRect const place = cell(area, count, i);
+        QRect const place = cell(area, _lastColumns, count, i);
         channels.at(i)->updateVideoTexture();
         channels.at(i)->drawBackground(place);
         channels.at(i)->drawVideoOrthoMode(place, mode);
@@ -92,6 +139,8 @@ void ChannelGrid::renderPerspective(QList<Channel*> const& channels, QRect const
         Face const place = face(area.size(), count, i);
         channels.at(i)->updateVideoTexture();
         glPushMatrix();
+        glRotated(_viewpoint.y() * pitch, 1.0, 0.0, 0.0);
+        glRotated(_viewpoint.x() * yaw, 0.0, 1.0, 0.0);
         glTranslated(place.x, place.y, place.z - distance);
         glRotated(place.degrees, 0.0, 1.0, 0.0);
         double const right = place.size.width() / 2;
@@ -132,10 +181,11 @@ std::vector<GLMoviePicture> ChannelGrid::plainPictures(QList<Channel*> const& ch
 {
     _lastArea = area;
     _faces.clear();
+    _lastColumns = columnsFor(channels, area);
     std::vector<GLMoviePicture> pictures;
     int const count = static_cast<int>(channels.size());
     for (int i = 0; i < count; ++i)
-        channels.at(i)->appendPlainPictures(cell(area, count, i), mode, pictures);
+        channels.at(i)->appendPlainPictures(cell(area, _lastColumns, count, i), mode, pictures);
     return pictures;
 }
 
@@ -149,7 +199,7 @@ Channel* ChannelGrid::channelAt(QList<Channel*> const& channels, QPointF point) 
         return nullptr;
     }
     for (int i = 0; i < count; ++i)
-        if (cell(_lastArea, count, i).contains(point.toPoint()))
+        if (cell(_lastArea, _lastColumns, count, i).contains(point.toPoint()))
             return channels.at(i);
     return nullptr;
 }

@@ -21,6 +21,9 @@ public:
     static QRect cell(QRect const& area, int count, int index) { return cell(area, columns(count), count, index); }
     static QRect cell(QRect const& area, int columns, int count, int index);
     static int columns(int count);
+    /// How many columns leave the least of the area empty, for pictures of these aspect ratios, 0 where one is not
+    /// known.
+    static int columns(QSize const& area, QList<double> const& aspectRatios);
 
     void render(QList<Channel*> const& channels, QRect const& area, GLMovieRenderer::DrawMode mode);
 
@@ -48,9 +51,18 @@ public:
     /// The channel at a point of what was drawn last; null for none.
     Channel* channelAt(QList<Channel*> const& channels, QPointF point) const;
 
+    /// Where a channel may draw, of what was drawn last in the flat grid; empty if it was not.
+    QRect placeOf(QList<Channel*> const& channels, Channel const* channel) const;
+
+    /// From where the wall is looked at: from -1, left or above, to 1.
+    void setViewpoint(QPointF viewpoint) { _viewpoint = viewpoint; }
+
 private:
+    static int columnsFor(QList<Channel*> const& channels, QRect const& area);
     static void drawFace(Channel& channel, QSizeF const& size, bool keepAspect);
 
     QRect _lastArea;
+    int _lastColumns = 1;
+    QPointF _viewpoint;
     QList<QPolygonF> _faces; ///< Of the channels in their order, as drawn last; empty if those were in the flat grid.
 };

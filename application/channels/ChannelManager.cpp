@@ -37,6 +37,8 @@ void ChannelManager::connectParts()
     connect(&_open, &OpenChannels::changed, &_actions, [this](Channel*, Channel* to) { _actions.setActive(to); });
     connect(&_actions, &ChannelActions::channelClicked, this, &Manager::onChannelClicked);
     connect(&_switch, &ChannelSwitch::fadedOut, this, &Manager::onFadeAndCloseAllChannels);
+    _waitingClick.setSingleShot(true);
+    connect(&_waitingClick, &QTimer::timeout, this, [this] { _waitingAction(); });
     connect(&_feed, &ChannelFeed::channelsUpdated, this, &Manager::onChannelsUpdated);
     connect(&_update, &ChannelUpdate::completed, this, &Manager::onUpdateCompleted);
     connect(&_feed, &ChannelFeed::channelLogoUpdated, this, &Manager::onChannelLogoUpdated);
@@ -107,6 +109,35 @@ void ChannelManager::seekBackwards(double seconds)
 {
     if (Channel* const channel = activeChannel())
         channel->seekBackwards(seconds);
+}
+
+void ChannelManager::setMovieTime(double seconds)
+{
+    if (Channel* const channel = activeChannel())
+        channel->setMovieTime(seconds);
+}
+
+void ChannelManager::setPaused(bool paused)
+{
+    for (Channel* const channel : openChannels())
+        channel->setPaused(paused);
+    emit pausedChanged();
+}
+
+bool ChannelManager::isPaused() const
+{
+    return activeChannel() && activeChannel()->isPaused();
+}
+
+void ChannelManager::swapChannels(QString const& oneRootId, QString const& otherRootId)
+{
+    _open.swap(getChannelByRootId(oneRootId), getChannelByRootId(otherRootId));
+}
+
+void ChannelManager::setViewpoint(QPointF viewpoint)
+{
+    _grid.setViewpoint(viewpoint);
+    emit pictureUpdated();
 }
 
 void ChannelManager::onChannelStreamError(Channel* channel, ChannelStream*, QString const& text)

@@ -17,7 +17,9 @@
 #include <QRect>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
+#include <functional>
 #include <vector>
 
 class AppData;
@@ -153,11 +155,23 @@ public:
     bool canChangeSpeed() const { return _open.canChangeSpeed(); }
     void seekForwards(double seconds);
     void seekBackwards(double seconds);
+    /// Has the active channel go to a time, in seconds, where it can seek.
+    void setMovieTime(double seconds);
+    /// Holds what can seek of all that is open, or lets it go on.
+    void setPaused(bool paused);
+    bool isPaused() const;
+
+    /// Has two of the open channels change places.
+    void swapChannels(QString const& oneRootId, QString const& otherRootId);
+    /// Closes what prepareChannel() has opened, if it has not been shown since.
+    void dropPreparedChannel(QString const& rootId) { _open.dropUnseenOne(getChannelByRootId(rootId)); }
 
     // Clicks.
     /// What a click on a channel does, wherever its name or picture is.
     ChannelClickAction channelClickAction(QString const& rootId, bool isModifierHeld) const;
     void performChannelClickAction(QString const& rootId, ChannelClickAction action);
+    /// As a click on the one after what the viewer has chosen last, or before it with a step of -1.
+    void openNeighbour(int step);
     QCursor cursorForChannelClickAction(ChannelClickAction action) const;
     /// Has cursorChanged() tell the pointer over a channel, for what a click on it does; over none with an empty id.
     void setChannelCursor(QString const& rootId, bool isModifierHeld);
@@ -180,9 +194,18 @@ public:
         return _grid.plainPictures(openChannels(), area, mode);
     }
     void videoMouseMove(QPointF point, Qt::KeyboardModifiers modifiers);
-    /// A click is a press and a release on the same channel.
+    /// The channel whose picture is at a point; empty for none.
+    QString channelIdAt(QPointF point) const;
+    /// Where a channel's picture may be, as it was last laid out; empty when it is not shown or not flat.
+    QRect placeOf(Channel const* channel) const { return _grid.placeOf(openChannels(), channel); }
+    /// From where the wall of renderVideoPerspective() is looked at: from -1, left or above, to 1.
+    void setViewpoint(QPointF viewpoint);
+    /// A click is a press and a release on the same channel. What cannot be undone by a second one waits until that
+    /// could be a double click.
     void videoMousePress(QPointF point, Qt::KeyboardModifiers modifiers);
     void videoMouseRelease(QPointF point, Qt::KeyboardModifiers modifiers);
+    /// The click that waits was the first of two: it does nothing.
+    void videoDoubleClick() { _waitingClick.stop(); }
     /// The digits choose among the open channels, "page up" and "page down" among all. Whether it was one of those.
     bool videoKeyPress(QKeyEvent const* event);
     /// The pointer follows the modifier. Whether the key has no other meaning.
@@ -223,6 +246,7 @@ signals:
     void sponsorshipDisplayCompanionAds();
     void sponsorshipCloseCompanionAds();
     void speedChanged();
+    void pausedChanged();
     /// Something waits to be painted.
     void pictureUpdated();
 
@@ -241,7 +265,6 @@ public slots:
 private:
     void onUpdateCompleted(bool hasChanged);
     void connectParts();
-    QString channelIdAt(QPointF point) const;
     static bool isModifierHeld(Qt::KeyboardModifiers modifiers);
     void stay(Channel* channel);
     void openBeside(QStringList const& ids);
@@ -265,5 +288,7 @@ private:
     SponsorshipSequence _sponsorship;
     QString _channelUnderMouse; ///< Its root id, as the next one.
     QString _pressedChannel;
+    QTimer _waitingClick;                 ///< Runs while a click could become a double one.
+    std::function<void()> _waitingAction; ///< What it does then.
     bool _channelsLoaded = false;
 };

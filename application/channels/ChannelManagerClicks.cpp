@@ -6,6 +6,7 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QStyleHints>
 
 #include <utility>
 
@@ -109,7 +110,14 @@ void ChannelManager::videoMouseRelease(QPointF point, Qt::KeyboardModifiers modi
     QString const pressed = std::exchange(_pressedChannel, {});
     if (pressed.isEmpty() || pressed != channelIdAt(point))
         return;
-    performChannelClickAction(pressed, channelClickAction(pressed, isModifierHeld(modifiers)));
+    ChannelClickAction const action = channelClickAction(pressed, isModifierHeld(modifiers));
+    if (action == SponsorClickAction) {
+        // It leads out of the program: not for somebody who wants full screen.
+        _waitingAction = [this, pressed] { performChannelClickAction(pressed, channelClickAction(pressed, false)); };
+        _waitingClick.start(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+        return;
+    }
+    performChannelClickAction(pressed, action);
     setChannelCursor(channelIdAt(point), isModifierHeld(modifiers)); // Another click does something else.
 }
 
@@ -120,6 +128,13 @@ Channel* ChannelManager::chosenChannel() const
         if (Channel* const channel = getChannelByRootId(id))
             return channel;
     return activeChannel();
+}
+
+void ChannelManager::openNeighbour(int step)
+{
+    Channel const* const from = chosenChannel();
+    if (Channel* const channel = step > 0 ? nextChannel(from) : previousChannel(from))
+        performChannelClickAction(channel->desc.rootId(), OpenClickAction);
 }
 
 bool ChannelManager::videoKeyPress(QKeyEvent const* event)
@@ -135,9 +150,7 @@ bool ChannelManager::videoKeyPress(QKeyEvent const* event)
     bool const isNext = event->key() == Qt::Key_PageDown;
     if (!isPlain || (!isNext && event->key() != Qt::Key_PageUp))
         return false;
-    Channel const* const from = chosenChannel();
-    if (Channel* const channel = isNext ? nextChannel(from) : previousChannel(from))
-        performChannelClickAction(channel->desc.rootId(), OpenClickAction);
+    openNeighbour(isNext ? 1 : -1);
     return true;
 }
 

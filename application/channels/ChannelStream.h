@@ -77,6 +77,15 @@ public:
     void seekForwards(double seconds);
     void seekBackwards(double seconds);
 
+    /// Seconds; 0 while they are not known.
+    double movieTime() const;
+    double movieDuration() const;
+    /// Goes to a time of what can seek; false of what cannot.
+    bool setMovieTime(double seconds);
+    /// Holds still what can seek, and nothing else.
+    void setPaused(bool paused);
+    bool isPaused() const;
+
     /// The following run on the GL thread with the surface's context current.
     void updateVideoTexture();
     bool hitTest(QPointF point) const;

@@ -134,6 +134,32 @@ void ChannelStream::seekBackwards(double seconds)
         _renderer->setMovieTime(qMax(0.0, _renderer->movieTime() - seconds));
 }
 
+double ChannelStream::movieTime() const
+{
+    return _renderer ? _renderer->movieTime() : 0.0;
+}
+
+double ChannelStream::movieDuration() const
+{
+    return _renderer ? _renderer->movieDuration() : 0.0;
+}
+
+bool ChannelStream::setMovieTime(double seconds)
+{
+    return isSeekable() && _renderer->setMovieTime(seconds);
+}
+
+void ChannelStream::setPaused(bool paused)
+{
+    if (isSeekable() && _renderer->movie())
+        _renderer->movie()->setPaused(paused);
+}
+
+bool ChannelStream::isPaused() const
+{
+    return _renderer && _renderer->movie() && _renderer->movie()->isPaused();
+}
+
 void ChannelStream::updateVideoTexture()
 {
     if (_renderer)

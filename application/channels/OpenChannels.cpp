@@ -118,6 +118,17 @@ void OpenChannels::setActive(Channel* channel)
     emit changed(before, channel);
 }
 
+void OpenChannels::swap(Channel* one, Channel* other)
+{
+    qsizetype const first = _channels.indexOf(one);
+    qsizetype const second = _channels.indexOf(other);
+    if (first < 0 || second < 0 || first == second)
+        return;
+    _channels.swapItemsAt(first, second);
+    saveLast();
+    emit pictureUpdated();
+}
+
 /// When all are closed, what was open before is what is found again.
 void OpenChannels::saveLast()
 {

@@ -31,10 +31,18 @@ public:
     void close(Channel* channel);
     void closeAll();
     void setActive(Channel* channel);
+    /// Has two of them change places.
+    void swap(Channel* one, Channel* other);
     /// Opens a channel unseen and silent, in place of the one before, for open() to show it later.
     void prepareUnseen(Channel* channel);
     /// Closes that, unless it is the wanted one.
     void dropUnseen(Channel const* wanted = nullptr);
+    /// The same, if it is that one.
+    void dropUnseenOne(Channel const* channel)
+    {
+        if (channel && channel == _unseen)
+            dropUnseen();
+    }
     void fadeOut(int ms);
     /// Takes a fadeOut() back.
     void fadeIn(int ms);

@@ -5,9 +5,9 @@
 #include <QColor>
 #include <QObject>
 #include <QRegion>
+#include <QVBoxLayout>
 
 class AppSettings;
-class QVBoxLayout;
 
 /// The frame of a top-level window: the window manager's or, in the skin, one of the program's own, with a title bar,
 /// round corners, and edges by which the window is resized.

@@ -1,7 +1,5 @@
 #include "SkinPalette.h"
 
-#include "Look.h"
-
 QPalette skinPalette()
 {
     QColor const ground(20, 24, 44);
@@ -21,8 +19,8 @@ QPalette skinPalette()
     set({QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}, text);
     set({QPalette::BrightText}, Qt::white);
     set({QPalette::PlaceholderText}, quiet);
-    set({QPalette::Highlight}, Look::accent);
-    set({QPalette::HighlightedText}, ground);
+    set({QPalette::Highlight}, QColor(62, 78, 150));
+    set({QPalette::HighlightedText}, Qt::white);
     set({QPalette::Link}, QColor(150, 190, 255));
     set({QPalette::LinkVisited}, QColor(196, 176, 255));
     set({QPalette::Light}, QColor(58, 66, 110));

@@ -94,7 +94,10 @@ void ChannelListWidget::createView()
     _view->setObjectName("channels");
     _view->setAccessibleName(tr("Channels"));
     _view->setModel(_shown);
-    _view->setItemDelegate(new ChannelListWidgetItemDelegate(_view));
+    auto* const delegate = new ChannelListWidgetItemDelegate(_view);
+    _view->setItemDelegate(delegate);
+    connect(_view, &ChannelView::stateColumnChanged, this,
+            [delegate](bool isShown) { delegate->setStateWithChannel(!isShown); });
     _view->header()->setSortIndicator(ChannelListWidgetModel::NameColumn, Qt::AscendingOrder);
     _view->setSortingEnabled(true);
     _notice = new PanelNotice(this);
@@ -169,12 +172,8 @@ void ChannelListWidget::setColumnSizes()
     for (ChannelRowState const state : {ChannelRowState::Playing, ChannelRowState::Previewing, ChannelRowState::Open,
                                         ChannelRowState::Acquiring, ChannelRowState::Failed})
         width = std::max(width, ChannelRowPainter::stateWidth(_view->font(), ChannelRowStates::text(state)));
-    QHeaderView* const header = _view->header();
-    auto const widthOf = [header](int column) { return header->sectionSizeHint(column); };
-    header->setStretchLastSection(true);
-    header->resizeSection(ChannelListWidgetModel::StatusColumn,
-                          std::max(width, widthOf(ChannelListWidgetModel::StatusColumn)));
-    header->resizeSection(ChannelListWidgetModel::AlertsColumn, widthOf(ChannelListWidgetModel::AlertsColumn));
+    width = std::max(width, _view->header()->sectionSizeHint(ChannelListWidgetModel::StatusColumn));
+    _view->arrangeColumns(width, Look::smallIcon + 3 * Look::grid);
 }
 
 void ChannelListWidget::changeEvent(QEvent* event)
@@ -191,7 +190,7 @@ bool ChannelListWidget::eventFilter(QObject* watched, QEvent* event)
         return QWidget::eventFilter(watched, event);
     auto const* const key = static_cast<QKeyEvent*>(event);
     QModelIndex const current = _view->currentIndex();
-    QModelIndex const index = current.isValid() ? current : _shown->index(0, 0);
+    QModelIndex const index = current.isValid() ? current : _shown->index(0, ChannelListWidgetModel::NameColumn);
     switch (key->key()) {
     case Qt::Key_Down:
         _view->setFocus(Qt::TabFocusReason);

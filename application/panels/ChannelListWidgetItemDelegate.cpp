@@ -10,7 +10,7 @@
 namespace
 {
 
-ChannelRowPainter::Channel shown(ChannelListWidgetModelRow const& row)
+ChannelRowPainter::Channel shown(ChannelListWidgetModelRow const& row, bool hasState)
 {
     bool const isRadio = row.description.channelMediaTypes() == ChannelDescription::AudioMedia;
     return {row.description.logo(),
@@ -18,7 +18,8 @@ ChannelRowPainter::Channel shown(ChannelListWidgetModelRow const& row)
             row.title,
             row.subtitle(),
             row.languages,
-            !row.description.isAvailable()};
+            !row.description.isAvailable(),
+            hasState ? row.state : ChannelRowState::Closed};
 }
 
 } // namespace
@@ -39,11 +40,12 @@ void ChannelListWidgetItemDelegate::paint(QPainter* painter, QStyleOptionViewIte
         if (row->description.hasAlerts())
             cell.paintIcon(row->hasAlertsOn ? Icon::Alert : Icon::AlertOff, !row->hasAlertsOn);
     } else {
-        cell.paintChannel(shown(*row), _logos, true);
         auto const* const view = qobject_cast<QAbstractItemView const*>(option.widget);
         bool const isAtHand = option.state.testFlag(QStyle::State_MouseOver) ||
                               (view && view->hasFocus() && view->currentIndex().row() == index.row());
-        if (row->isFavourite || isAtHand)
+        bool const hasStar = row->isFavourite || isAtHand;
+        cell.paintChannel(shown(*row, _isStateWithChannel), _logos, hasStar);
+        if (hasStar)
             cell.paintIcon(row->isFavourite ? Icon::Favourite : Icon::FavouriteOff, !row->isFavourite, true);
     }
     painter->restore();

@@ -19,6 +19,10 @@ public:
     /// Whether a point of a cell of the view is on its star.
     static bool isOnStar(QRect const& cell, Qt::LayoutDirection direction, QPoint const& point);
 
+    /// Whether the state stands with the channel: there is no column for it.
+    void setStateWithChannel(bool on) { _isStateWithChannel = on; }
+
 private:
+    bool _isStateWithChannel = false;
     mutable LogoPixmaps _logos;
 };

@@ -1,5 +1,7 @@
 #include "ChannelListWidgetModel.h"
 
+#include "Icons.h"
+
 #include <utility>
 
 void ChannelListWidgetModel::setChannels(QList<ChannelDescription> const& channels)
@@ -157,7 +159,9 @@ QString ChannelListWidgetModel::toolTip(ChannelListWidgetModelRow const& row)
 
 QVariant ChannelListWidgetModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation == Qt::Horizontal && section == AlertsColumn && role == Qt::DecorationRole)
+        return Icons::icon(Icon::Alert);
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     switch (section) {
     case StatusColumn:

@@ -23,6 +23,8 @@ public:
 
     /// loaded() follows, also each time the logo changes; never for what is no picture.
     void want(Uri const& logo);
+    /// Somebody else watches it from now on.
+    void leave(Uri const& logo) { _watched.remove(logo); }
     /// Nothing that was wanted is wanted any more. What others watch they still do.
     void forgetAll();
 

@@ -64,6 +64,7 @@ void ChannelPanels::connectSearch()
     connect(_search, &Search::webSearchClicked, this, &Panels::onChannelSearchWidgetWebSearch);
     connect(_search, &Search::channelClicked, this, &Panels::onChannelClicked);
     connect(_search, &Search::signInClicked, _appData.settings.action(MenuAction::SignIn), &QAction::trigger);
+    connect(_search, &Search::createRequested, this, &Panels::onCreateChannel);
     connect(_myChannels, &MyChannels::added, this, &Panels::refreshDirectory);
 }
 
@@ -142,8 +143,8 @@ void ChannelPanels::onChannelsUpdated()
     QList<ChannelDescription> descriptions;
     for (Channel const* const channel : _appData.channelManager()->channels(~ChannelDescription::SponsorshipChannel))
         descriptions.append(channel->desc);
-    showContent();
     _list->onChannelsUpdated(descriptions);
+    showContent();
     _search->onChannelsUpdated(descriptions);
     showPreview();
 }
@@ -163,8 +164,7 @@ void ChannelPanels::onChannelError(Channel* channel, QString const& text)
 void ChannelPanels::onChannelChanged(Channel const*, Channel const* to)
 {
     ChannelDescription const description = to ? to->desc : ChannelDescription::Null();
-    if (to && !_preview.isEmpty() && description.rootId() != _preview)
-        leavePreview(); // The viewer has gone elsewhere.
+    tidySoon();
     showPreview();
     _list->onChannelChanged(description);
     _search->onChannelChanged(description);
@@ -223,6 +223,9 @@ void ChannelPanels::tidy()
 {
     _isTidyPending = false;
     ChannelManager& channels = *_appData.channelManager();
+    bool const isElsewhere = channels.activeChannel() && channels.activeChannelRootId() != _preview;
+    if (!_preview.isEmpty() && isElsewhere && !channels.isAboutToOpen(_preview))
+        leavePreview();
     for (Channel* const channel : channels.channels(ChannelDescription::UserChannel))
         if (isLookedAtOnly(*channel) && !channels.isChannelOpen(channel) &&
             !channels.isAboutToOpen(channel->desc.rootId()))

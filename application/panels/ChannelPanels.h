@@ -56,6 +56,8 @@ private:
     void connectAccount();
     void onChannelClicked(ChannelDescription const& description, bool isModifierHeld);
     void onPreviewChannel(ChannelDescription const& description);
+    /// Asks for a channel of the viewer's own.
+    void onCreateChannel();
     void onDeleteChannel(ChannelDescription const& description);
     void onDeleted(QString const& rootId);
     void onDeletionFailed(QString const& method, QString const& text);

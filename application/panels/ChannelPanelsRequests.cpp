@@ -7,6 +7,7 @@
 #include "ChannelPanels.h"
 #include "ChannelSearchWidget.h"
 #include "MyChannels.h"
+#include "NewChannelDialog.h"
 #include "SignIn.h"
 #include "WebCache.h"
 
@@ -136,6 +137,14 @@ void ChannelPanels::onChannelListWidgetResetStreams()
     _list->updateChannel(own);
 }
 
+void ChannelPanels::onCreateChannel()
+{
+    auto* const dialog = new NewChannelDialog(_appData, _search->window());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, [this, dialog] { _search->create(dialog->form()); });
+    dialog->open();
+}
+
 void ChannelPanels::onDeleteChannel(ChannelDescription const& description)
 {
     ChannelManager& channels = *_appData.channelManager();
@@ -164,7 +173,7 @@ void ChannelPanels::onDeleted(QString const& rootId)
 
 void ChannelPanels::onDeletionFailed(QString const& method, QString const& text)
 {
-    if (method != "AddUserStream")
+    if (method != "AddUserStream" && method != "CreateUserStream")
         _list->tell(tr("The channel could not be deleted: %1").arg(text));
 }
 

@@ -58,6 +58,12 @@ int ChannelRowPainter::rowHeight(QStyleOptionViewItem const& option)
     return lineHeight(titleFont(option.font)) + lineHeight(smallFont(option.font)) + Look::halfGrid + 2 * gap;
 }
 
+int ChannelRowPainter::leastWidth(QStyleOptionViewItem const& option)
+{
+    constexpr int letters = 13;
+    return rowHeight(option) + 2 * gap + letters * QFontMetrics(titleFont(option.font)).averageCharWidth();
+}
+
 int ChannelRowPainter::stateWidth(QFont const& font, QString const& text)
 {
     return gap + dotSize + Look::halfGrid + QFontMetrics(smallFont(font)).horizontalAdvance(text) + gap;
@@ -89,15 +95,14 @@ QColor ChannelRowPainter::textColour(bool isDim) const
     return isDim ? mixed(text, _option.palette.color(group, QPalette::Base), dimShare) : text;
 }
 
-void ChannelRowPainter::paintLine(QRect const& area, QFont const& font, QColor const& colour, QString const& text,
-                                  bool atEnd)
+void ChannelRowPainter::paintLine(QRect const& area, QFont const& font, QColor const& colour, QString const& text)
 {
     if (text.isEmpty() || area.width() <= 0)
         return;
     _painter.setFont(font);
     _painter.setPen(colour);
     QString const shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, area.width());
-    bool const isOnRight = (_option.direction == Qt::RightToLeft) != atEnd;
+    bool const isOnRight = _option.direction == Qt::RightToLeft;
     // The text has its own direction, the row says at which side it stands.
     _painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     _painter.drawText(
@@ -107,25 +112,25 @@ void ChannelRowPainter::paintLine(QRect const& area, QFont const& font, QColor c
         shown);
 }
 
-void ChannelRowPainter::paintState(ChannelRowState state)
+int ChannelRowPainter::paintStateIn(QRect const& area, ChannelRowState state)
 {
     if (state == ChannelRowState::Closed)
-        return;
-    QRect const cell = _option.rect;
-    QRect const dot(cell.left() + gap, cell.center().y() - dotSize / 2, dotSize, dotSize);
+        return 0;
+    QRect const dot(area.left() + gap, area.center().y() - dotSize / 2, dotSize, dotSize);
     _painter.save();
     _painter.setRenderHint(QPainter::Antialiasing);
     _painter.setBrush(_isSelected ? textColour(false) : ChannelRowStates::colour(state, _option.palette));
     _painter.setPen(Qt::NoPen);
     _painter.drawEllipse(visual(dot));
     _painter.restore();
-    QRect const text = cell.adjusted(gap + dotSize + Look::halfGrid, 0, 0, 0);
-    paintLine(text, smallFont(_option.font), textColour(false), ChannelRowStates::text(state), false);
+    QRect const text = area.adjusted(gap + dotSize + Look::halfGrid, 0, 0, 0);
+    paintLine(text, smallFont(_option.font), textColour(false), ChannelRowStates::text(state));
+    return stateWidth(_option.font, ChannelRowStates::text(state));
 }
 
 void ChannelRowPainter::paintText(QString const& text)
 {
-    paintLine(_option.rect.adjusted(gap, 0, -gap, 0), smallFont(_option.font), textColour(false), text, false);
+    paintLine(_option.rect.adjusted(gap, 0, -gap, 0), smallFont(_option.font), textColour(false), text);
 }
 
 void ChannelRowPainter::paintIcon(Icon icon, bool isDim, bool atEnd)
@@ -161,25 +166,37 @@ void ChannelRowPainter::paintLogo(QRect const& box, Channel const& channel, Logo
 void ChannelRowPainter::paintChannel(Channel const& channel, LogoPixmaps& logos, bool hasIconAtEnd)
 {
     QRect area = _option.rect.adjusted(gap, gap, -gap, -gap);
-    QRect const box(area.left(), area.top(), area.height() * 5 / 4, area.height());
+    QRect const box(area.left(), area.top(), area.height(), area.height());
     paintLogo(box, channel, logos);
     area.setLeft(box.right() + 1 + gap);
     if (hasIconAtEnd)
         area.setRight(area.right() - Look::smallIcon - gap);
     QFont const large = titleFont(_option.font);
-    QFont const small = smallFont(_option.font);
-    QRect lines[] = {area, area};
-    lines[0].setHeight(lineHeight(large));
-    if (channel.subtitle.isEmpty() && channel.aside.isEmpty())
-        lines[0].moveCenter({lines[0].center().x(), area.center().y()});
-    lines[1].setTop(area.bottom() + 1 - lineHeight(small));
-    paintLine(lines[0], large, textColour(channel.isDim), channel.title, false);
-    // What is aside takes at most half of the line.
-    int const wanted = QFontMetrics(small).horizontalAdvance(channel.aside);
-    QRect aside = lines[1];
-    aside.setLeft(aside.right() + 1 - std::min(wanted, channel.subtitle.isEmpty() ? area.width() : area.width() / 2));
-    if (!channel.aside.isEmpty())
-        lines[1].setRight(aside.left() - gap);
-    paintLine(lines[1], small, textColour(true), channel.subtitle, false);
-    paintLine(aside, small, textColour(true), channel.aside, true);
+    QRect title = area;
+    title.setHeight(lineHeight(large));
+    bool const isAlone =
+        channel.subtitle.isEmpty() && channel.aside.isEmpty() && channel.state == ChannelRowState::Closed;
+    if (isAlone)
+        title.moveCenter({title.center().x(), area.center().y()});
+    paintLine(title, large, textColour(channel.isDim), channel.title);
+    area.setTop(area.bottom() + 1 - lineHeight(smallFont(_option.font)));
+    paintSecondLine(area, channel);
+}
+
+void ChannelRowPainter::paintSecondLine(QRect area, Channel const& channel)
+{
+    QFont const font = smallFont(_option.font);
+    if (channel.state != ChannelRowState::Closed)
+        area.setLeft(area.left() - gap + paintStateIn(area.adjusted(-gap, 0, 0, 0), channel.state));
+    int const wanted = QFontMetrics(font).horizontalAdvance(channel.aside);
+    bool const isRoomy = channel.subtitle.isEmpty() ? wanted <= area.width() : 3 * wanted <= area.width();
+    if (wanted > 0 && isRoomy) {
+        QRect aside = area;
+        // Alone it begins the line.
+        if (!channel.subtitle.isEmpty())
+            aside.setLeft(aside.right() + 1 - wanted);
+        paintLine(aside, font, textColour(true), channel.aside);
+        area.setRight(aside.left() - gap);
+    }
+    paintLine(area, font, textColour(true), channel.subtitle);
 }

@@ -23,8 +23,9 @@ public:
         Icon standIn = Icon::Television; ///< Where there is no logo.
         QString title;
         QString subtitle;
-        QString aside;      ///< Short: at the end of the second line.
+        QString aside;      ///< Short: at the end of the second line, where there is room.
         bool isDim = false; ///< It cannot be watched.
+        ChannelRowState state = ChannelRowState::Closed; ///< In front of the second line.
     };
 
     /// Paints the ground of the cell. The painter is borrowed.
@@ -32,12 +33,14 @@ public:
 
     /// The height of every row: two lines of text, of two sizes.
     static int rowHeight(QStyleOptionViewItem const& option);
+    /// How wide the cell of a channel has to be for a title that can be read.
+    static int leastWidth(QStyleOptionViewItem const& option);
     /// How wide a state of that text is painted.
     static int stateWidth(QFont const& font, QString const& text);
     /// Where an icon at the end of a cell is.
     static QRect iconAtEnd(QStyleOptionViewItem const& option);
 
-    void paintState(ChannelRowState state);
+    void paintState(ChannelRowState state) { paintStateIn(_option.rect, state); }
     void paintText(QString const& text);
     /// In the middle of the cell, or at its end.
     void paintIcon(Icon icon, bool isDim, bool atEnd = false);
@@ -48,8 +51,11 @@ private:
     static QFont smallFont(QFont const& font);
     static QFont titleFont(QFont const& font);
     QColor textColour(bool isDim) const;
+    /// Returns how wide it is.
+    int paintStateIn(QRect const& area, ChannelRowState state);
+    void paintSecondLine(QRect area, Channel const& channel);
     void paintLogo(QRect const& box, Channel const& channel, LogoPixmaps& logos);
-    void paintLine(QRect const& area, QFont const& font, QColor const& colour, QString const& text, bool atEnd);
+    void paintLine(QRect const& area, QFont const& font, QColor const& colour, QString const& text);
     /// A rectangle of a left-to-right cell, where it is in this one.
     QRect visual(QRect const& logical) const;
 

@@ -1,6 +1,5 @@
 #include "ChannelSearchCombo.h"
 
-#include <QCompleter>
 #include <QLineEdit>
 
 ChannelSearchCombo::ChannelSearchCombo(QWidget* parent) : QComboBox(parent)
@@ -14,9 +13,7 @@ ChannelSearchCombo::ChannelSearchCombo(QWidget* parent) : QComboBox(parent)
     lineEdit()->setPlaceholderText(tr("Enter your channel search"));
     lineEdit()->setMaxLength(maximumQuery);
     setAccessibleName(tr("Enter your channel search"));
-    completer()->setCaseSensitivity(Qt::CaseInsensitive);
-    completer()->setFilterMode(Qt::MatchContains);
-    completer()->setCompletionMode(QCompleter::PopupCompletion);
+    setCompleter(nullptr); // What is typed is what is searched for.
     connect(lineEdit(), &QLineEdit::returnPressed, this, &ChannelSearchCombo::searchRequested);
     connect(this, &QComboBox::textActivated, this, &ChannelSearchCombo::searchRequested);
 }

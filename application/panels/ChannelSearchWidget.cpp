@@ -55,6 +55,9 @@ void ChannelSearchWidget::createControls()
     _moreButton->setObjectName("more");
     _moreButton->hide();
     connect(_moreButton, &QPushButton::clicked, this, &ChannelSearchWidget::onMore);
+    _createButton = new QPushButton(Icons::icon(Icon::Add), tr("New Channel..."), this);
+    _createButton->setObjectName("create");
+    connect(_createButton, &QPushButton::clicked, this, &ChannelSearchWidget::createRequested);
     _status = new QLabel(this);
     _status->setObjectName("status");
     _status->setTextFormat(Qt::PlainText);
@@ -77,7 +80,10 @@ void ChannelSearchWidget::createView()
     _view->setObjectName("results");
     _view->setAccessibleName(tr("Channels that were found"));
     _view->setModel(_shown);
-    _view->setItemDelegate(new ChannelSearchWidgetItemDelegate(_view));
+    auto* const delegate = new ChannelSearchWidgetItemDelegate(_view);
+    _view->setItemDelegate(delegate);
+    connect(_view, &ChannelView::stateColumnChanged, this,
+            [delegate](bool isShown) { delegate->setStateWithChannel(!isShown); });
     _view->header()->setSortIndicator(-1, Qt::AscendingOrder); // The service's.
     _view->setSortingEnabled(true);
     connect(_view, &ChannelView::cellClicked, this,
@@ -117,14 +123,18 @@ void ChannelSearchWidget::arrange()
     bottom->setContentsMargins(Look::grid, Look::grid, Look::grid, Look::grid);
     bottom->setSpacing(Look::grid);
     bottom->addWidget(_moreButton, 0, Qt::AlignHCenter);
-    bottom->addWidget(_link);
+    auto* const ends = new QHBoxLayout;
+    ends->setSpacing(Look::grid);
+    ends->addWidget(_link, 1);
+    ends->addWidget(_createButton);
+    bottom->addLayout(ends);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(top);
     layout->addWidget(_pages, 1);
     layout->addLayout(bottom);
-    QWidget* const inOrder[] = {_combo, _searchButton, _topButton, _view, _moreButton, _link};
+    QWidget* const inOrder[] = {_combo, _searchButton, _topButton, _view, _moreButton, _link, _createButton};
     for (size_t i = 1; i < std::size(inOrder); ++i)
         setTabOrder(inOrder[i - 1], inOrder[i]);
     setFocusProxy(_combo);
@@ -137,12 +147,9 @@ void ChannelSearchWidget::setColumnSizes()
     for (ChannelRowState const state : {ChannelRowState::Playing, ChannelRowState::Previewing, ChannelRowState::Open,
                                         ChannelRowState::Acquiring, ChannelRowState::Failed})
         width = std::max(width, ChannelRowPainter::stateWidth(_view->font(), ChannelRowStates::text(state)));
-    QHeaderView* const header = _view->header();
-    header->setStretchLastSection(true);
-    for (int const column : {ChannelSearchWidgetModel::StatusColumn, ChannelSearchWidgetModel::RatingColumn})
-        header->resizeSection(column, header->sectionSizeHint(column));
-    header->resizeSection(ChannelSearchWidgetModel::StatusColumn,
-                          std::max(width, header->sectionSize(ChannelSearchWidgetModel::StatusColumn)));
+    QHeaderView const* const header = _view->header();
+    _view->arrangeColumns(std::max(width, header->sectionSizeHint(ChannelSearchWidgetModel::StatusColumn)),
+                          header->sectionSizeHint(ChannelSearchWidgetModel::RatingColumn));
 }
 
 void ChannelSearchWidget::setUrlStyle()
@@ -220,6 +227,8 @@ void ChannelSearchWidget::showStates()
         QString const rootId = _model->row(row).description.rootId();
         _model->setState(row, _states.of(rootId));
         _model->setAdded(row, isChannelAdded(rootId));
+        if (isChannelAdded(rootId))
+            _logos->leave(_model->row(row).logoUri);
     }
 }
 
@@ -274,7 +283,7 @@ void ChannelSearchWidget::wantLogos()
 {
     if (!isVisible())
         return;
-    QModelIndex index = _view->indexAt({0, 0});
+    QModelIndex index = _view->indexAt({_view->viewport()->width() / 2, 0});
     while (index.isValid() && _view->visualRect(index).top() < _view->viewport()->height()) {
         ChannelSearchWidgetModelRow const& row = _model->row(rowAt(index));
         if (!row.description.logoLoaded())

@@ -42,6 +42,9 @@ public:
     void signIn(SoapService const& service, QString const& nodeId);
     void signOut();
 
+    /// Has such a channel made, by the fields of its form.
+    void create(SoapUserChannels::Form const& form);
+
     /// How a channel that is open does: Acquiring, Failed or Playing.
     void setChannelState(QString const& rootId, ChannelRowState state);
     void setPreview(QString const& rootId);
@@ -61,6 +64,8 @@ signals:
     /// A click, which does what clicks on a channel do.
     void channelClicked(ChannelDescription description, bool isModifierHeld);
     void signInClicked();
+    /// The viewer wants to add a channel that nobody has added yet.
+    void createRequested();
 
 public slots:
     void onSearch();
@@ -123,6 +128,7 @@ private:
     QPushButton* _searchButton = nullptr;
     QPushButton* _topButton = nullptr;
     QPushButton* _moreButton = nullptr;
+    QPushButton* _createButton = nullptr;
     QLabel* _status = nullptr;
     QLabel* _link = nullptr;
     QStackedWidget* _pages = nullptr;

@@ -23,7 +23,8 @@ void ChannelSearchWidgetItemDelegate::paint(QPainter* painter, QStyleOptionViewI
         bool const isRadio = row->description.channelMediaTypes() == ChannelDescription::AudioMedia;
         cell.paintChannel({row->description.logo(), isRadio ? Icon::Radio : Icon::Television, row->title,
                            row->description.isAvailable() ? row->summary : row->description.unavailableReason(),
-                           row->isAdded ? tr("Saved") : QString(), !row->description.isAvailable()},
+                           row->isAdded ? tr("Saved") : QString(), !row->description.isAvailable(),
+                           _isStateWithChannel ? row->state : ChannelRowState::Closed},
                           _logos, false);
     }
     painter->restore();

@@ -16,6 +16,10 @@ public:
     void paint(QPainter* painter, QStyleOptionViewItem const& option, QModelIndex const& index) const override;
     QSize sizeHint(QStyleOptionViewItem const& option, QModelIndex const& index) const override;
 
+    /// Whether the state stands with the channel: there is no column for it.
+    void setStateWithChannel(bool on) { _isStateWithChannel = on; }
+
 private:
+    bool _isStateWithChannel = false;
     mutable LogoPixmaps _logos;
 };

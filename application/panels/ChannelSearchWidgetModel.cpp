@@ -134,7 +134,7 @@ QVariant ChannelSearchWidgetModel::data(QModelIndex const& index, int role) cons
 
 QVariant ChannelSearchWidgetModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     switch (section) {
     case StatusColumn:

@@ -11,8 +11,8 @@
 namespace
 {
 
-constexpr qsizetype maximumShown = 256;
-constexpr qsizetype maximumText = 4096;
+constexpr qsizetype maximumFound = 256;
+constexpr qsizetype maximumOfField = 4096;
 constexpr double bestRating = 5.0;
 
 QString flag(bool on)
@@ -26,8 +26,8 @@ ChannelDocumentReader::Entry entryOf(SoapUserChannel const& found)
     using Fields = ChannelDocumentFields;
     Fields fields;
     fields.set(Fields::UniqueShortName, found.id);
-    fields.set(Fields::Name, found.name.left(maximumText));
-    fields.set(Fields::Description, found.description.left(maximumText));
+    fields.set(Fields::Name, found.name.left(maximumOfField));
+    fields.set(Fields::Description, found.description.left(maximumOfField));
     fields.set(Fields::LatteUri, found.uri);
     fields.set(Fields::LogoUrl, found.logoUrl);
     fields.set(Fields::HasAlerts, flag(found.hasAlerts));
@@ -59,7 +59,7 @@ ChannelSearchWidgetModelRow::ChannelSearchWidgetModelRow(SoapUserChannel const& 
         description.setUnavailableReason(
             QCoreApplication::translate("ChannelSearchWidget", "The channel has no address that can be opened."));
     }
-    title = description.title().left(maximumShown);
-    summary = ChannelDescription::toLine(description.summary().left(maximumShown)).simplified();
+    title = description.title().left(maximumFound);
+    summary = ChannelDescription::toLine(description.summary().left(maximumFound)).simplified();
     sortKey = FoldedText::sortKey(FoldedText::fold(title));
 }

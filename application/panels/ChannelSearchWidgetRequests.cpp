@@ -10,6 +10,7 @@
 #include "SoapService.h"
 
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 
@@ -196,6 +197,17 @@ void ChannelSearchWidget::save(QString const& id)
         return;
     tell(tr("Adding %1...").arg(_model->row(row).title));
     _myChannels->add(id);
+}
+
+void ChannelSearchWidget::create(SoapUserChannels::Form const& form)
+{
+    if (!_myChannels || !_myChannels->isSignedIn())
+        return;
+    QString name;
+    for (auto const& [field, text] : form)
+        name = field == "name" ? text : name;
+    tell(tr("Adding %1...").arg(name));
+    _myChannels->create(form);
 }
 
 void ChannelSearchWidget::onAddUserChannelCompleted(SoapUserChannel const& channel)

@@ -1,5 +1,6 @@
 #include "ChannelView.h"
 
+#include "ChannelRowPainter.h"
 #include "Look.h"
 
 #include <QContextMenuEvent>
@@ -7,12 +8,32 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyleOption>
 
 #include <algorithm>
 #include <utility>
 
+namespace
+{
+constexpr int nameColumn = 2; // Never hidden.
+} // namespace
+
+void ChannelHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const
+{
+    QHeaderView::initStyleOptionForIndex(option, section);
+    bool const isWide = fontMetrics().horizontalAdvance(option->text) + 2 * Look::grid <= sectionSize(section);
+    if (isWide)
+        option->icon = {};
+    else if (!option->icon.isNull())
+        option->text.clear();
+}
+
 ChannelView::ChannelView(QWidget* parent) : QTreeView(parent)
 {
+    setHeader(new ChannelHeader(Qt::Horizontal, this));
+    header()->setSectionsClickable(true);
+    header()->setHighlightSections(false);
+    header()->setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
@@ -31,9 +52,36 @@ ChannelView::ChannelView(QWidget* parent) : QTreeView(parent)
     header()->setMinimumSectionSize(Look::smallIcon);
 }
 
+void ChannelView::arrangeColumns(int state, int second)
+{
+    _stateWidth = state;
+    _secondWidth = second;
+    header()->setStretchLastSection(true);
+    header()->resizeSection(0, state);
+    header()->resizeSection(1, second);
+    fitColumns();
+}
+
+void ChannelView::fitColumns()
+{
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    bool const isRoomy = viewport()->width() - _stateWidth - _secondWidth >= ChannelRowPainter::leastWidth(option);
+    if (isRoomy == hasStateColumn())
+        return;
+    setColumnHidden(0, !isRoomy);
+    emit stateColumnChanged(isRoomy);
+}
+
+void ChannelView::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    fitColumns();
+}
+
 ChannelView::Place ChannelView::place() const
 {
-    QModelIndex const top = indexAt({0, 0});
+    QModelIndex const top = indexAt({viewport()->width() / 2, 0});
     return {top, top.isValid() ? visualRect(top).top() : 0, currentIndex(), currentIndex().row()};
 }
 
@@ -44,7 +92,7 @@ void ChannelView::restore(Place const& place)
         verticalScrollBar()->setValue(verticalScrollBar()->value() + now - place.offset);
     }
     if (place.currentRow >= 0 && !place.current.isValid() && model()->rowCount() > 0)
-        setCurrentIndex(model()->index(std::min(place.currentRow, model()->rowCount() - 1), 0));
+        setCurrentIndex(model()->index(std::min(place.currentRow, model()->rowCount() - 1), nameColumn));
     QModelIndex const current = currentIndex();
     if (current.isValid() && !selectionModel()->isRowSelected(current.row(), {}))
         selectionModel()->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -138,7 +186,7 @@ void ChannelView::focusInEvent(QFocusEvent* event)
 {
     QTreeView::focusInEvent(event);
     if (!currentIndex().isValid() && model() && model()->rowCount() > 0 && event->reason() != Qt::MouseFocusReason)
-        setCurrentIndex(model()->index(0, 0));
+        setCurrentIndex(model()->index(0, nameColumn));
 }
 
 QItemSelectionModel::SelectionFlags ChannelView::selectionCommand(QModelIndex const& index, QEvent const* event) const

@@ -1,9 +1,20 @@
 #pragma once
 
+#include <QHeaderView>
 #include <QPersistentModelIndex>
 #include <QTreeView>
 
-class QStyledItemDelegate;
+/// A header of which a column that is too narrow for its text shows its icon, if it has one. Main thread only.
+class ChannelHeader : public QHeaderView
+{
+    Q_OBJECT
+
+public:
+    using QHeaderView::QHeaderView;
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
+};
 
 /// A list of channels with columns, a channel to a row: what clicks and keys on it ask for, as signals. One row is
 /// current, and selected. Main thread only.
@@ -21,11 +32,17 @@ public:
         QPersistentModelIndex current = {};
         int currentRow = -1; ///< Where it was.
     };
+    /// The columns in front are as wide as their contents, as far as the last one has room beside them: the first one
+    /// is hidden where it has not. `state` and `second` are the widths of the two.
+    void arrangeColumns(int state, int second);
+    bool hasStateColumn() const { return !isColumnHidden(0); }
+
     Place place() const;
     /// Has the row where it was, and the current row selected; if that has gone, what stands in its place.
     void restore(Place const& place);
 
 signals:
+    void stateColumnChanged(bool isShown);
     /// A press and a release of the left button on one cell; the second click of two is none.
     void cellClicked(QModelIndex index, QPoint point, bool isModifierHeld);
     void playRequested(QModelIndex index);
@@ -44,6 +61,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(QModelIndex const& index,
                                                          QEvent const* event) const override;
@@ -53,5 +71,9 @@ private:
     using Request = void (ChannelView::*)(QModelIndex);
     static Request requestOf(QKeyEvent const* event);
 
+    void fitColumns();
+
     QPersistentModelIndex _pressed;
+    int _stateWidth = 0;
+    int _secondWidth = 0;
 };

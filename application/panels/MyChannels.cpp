@@ -11,11 +11,13 @@ void MyChannels::signIn(SoapService const& service, QString const& nodeId)
     signOut();
     _nodeId = nodeId;
     _calls = std::make_unique<SoapUserChannels>(service);
-    connect(_calls.get(), &SoapUserChannels::addUserChannelCompleted, this, [this](SoapUserChannel const& channel) {
-        take();
-        emit added(channel);
-        submitNext();
-    });
+    for (auto const completed :
+         {&SoapUserChannels::addUserChannelCompleted, &SoapUserChannels::createUserChannelCompleted})
+        connect(_calls.get(), completed, this, [this](SoapUserChannel const& channel) {
+            take();
+            emit added(channel);
+            submitNext();
+        });
     connect(_calls.get(), &SoapUserChannels::removeUserChannelCompleted, this,
             [this](bool done) { onRemoved("DestroyUserStream", done); });
     connect(_calls.get(), &SoapUserChannels::removePartnerChannelCompleted, this,
@@ -39,13 +41,18 @@ void MyChannels::signOut()
 
 void MyChannels::add(QString const& id)
 {
-    enqueue({Change::Kind::Add, id});
+    enqueue({Change::Kind::Add, id, {}});
+}
+
+void MyChannels::create(SoapUserChannels::Form const& form)
+{
+    enqueue({Change::Kind::Create, {}, SoapUserChannels::Form{{"node_identifier", _nodeId}} + form});
 }
 
 void MyChannels::remove(ChannelDescription const& description)
 {
     bool const isOwn = description.channelType() == ChannelDescription::UserChannel;
-    enqueue({isOwn ? Change::Kind::RemoveOwn : Change::Kind::RemovePartner, description.rootId()});
+    enqueue({isOwn ? Change::Kind::RemoveOwn : Change::Kind::RemovePartner, description.rootId(), {}});
 }
 
 void MyChannels::enqueue(Change const& change)
@@ -65,6 +72,8 @@ void MyChannels::submitNext()
     Change const& next = _changes.constFirst();
     if (next.kind == Change::Kind::Add)
         _calls->addUserChannel(_nodeId, next.id);
+    else if (next.kind == Change::Kind::Create)
+        _calls->createUserChannel(next.form);
     else if (next.kind == Change::Kind::RemoveOwn)
         _calls->removeUserChannel(_nodeId, next.id);
     else

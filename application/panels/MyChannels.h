@@ -28,6 +28,8 @@ public:
 
     /// Adds a channel that some viewer has made.
     void add(QString const& id);
+    /// Has the service know a channel that nobody has made yet, by the fields of its form, and adds it.
+    void create(SoapUserChannels::Form const& form);
     /// Takes a channel off the list: one that a viewer has made or one of a partner, by its type. Once, however often
     /// it is asked for until that has ended.
     void remove(ChannelDescription const& description);
@@ -40,8 +42,9 @@ signals:
 
 private:
     struct Change {
-        enum class Kind { Add, RemoveOwn, RemovePartner } kind;
+        enum class Kind { Add, Create, RemoveOwn, RemovePartner } kind;
         QString id;
+        SoapUserChannels::Form form = {};
 
         bool operator==(Change const& other) const = default;
     };

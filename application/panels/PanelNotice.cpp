@@ -9,7 +9,7 @@
 
 namespace
 {
-constexpr qsizetype maximumText = 1000; // Some of it comes from outside.
+constexpr qsizetype maximumNotice = 1000; // Some of it comes from outside.
 } // namespace
 
 PanelNotice::PanelNotice(QWidget* parent)
@@ -55,7 +55,7 @@ void PanelNotice::tellProgress(QString const& text, QString const& button)
 
 void PanelNotice::show(QString const& text, QString const& button)
 {
-    _text->setText(text.left(maximumText));
+    _text->setText(text.left(maximumNotice));
     _text->setAccessibleName(_text->text());
     _button->setText(button);
     _button->setVisible(!button.isEmpty());

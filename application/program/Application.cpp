@@ -53,6 +53,8 @@ Application::Application(QString const& appId, int& argc, char** argv)
 {
     Q_INIT_RESOURCE(ombravision);
     setQuitOnLastWindowClosed(false);
+    // The surface is a native window in one that is drawn as a whole; what lies beside it need not be another.
+    setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     // quit() would ask the window first, and that refuses to be closed.
     connect(&_terminationSignals, &TerminationSignals::received, this, [] { QCoreApplication::exit(0); });
     AppSettings const& settings = _appData.settings;

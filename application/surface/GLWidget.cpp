@@ -7,7 +7,9 @@
 #include "GLExtensions.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "SurfaceAccessible.h"
 
+#include <QApplication>
 #include <QDateTime>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
@@ -16,6 +18,7 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 Logger* GLWidget::log = LoggerManager::logger();
 
@@ -27,9 +30,13 @@ constexpr std::array<double, 8> zoomFactors = {0.25, 0.5, 0.75, 1.0, 1.25, 1.5, 
 
 } // namespace
 
-GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appData(appData), _surface(*this)
+GLWidget::GLWidget(AppData& appData, QWidget* parent)
+    : QWidget(parent), _appData(appData), _surface(*this), _overlay(appData, &_layout), _carousel(appData)
 {
+    SurfaceAccessible::install(); // First: what is asked for once is kept.
     setObjectName("glWidget");
+    setAccessibleName(tr("Picture"));
+    setAccessibleDescription(tr("What plays; Tab goes to its controls"));
     setAttribute(Qt::WA_NativeWindow);
     setAttribute(Qt::WA_DontCreateNativeAncestors);
     setAttribute(Qt::WA_PaintOnScreen);
@@ -42,6 +49,14 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
     _mouseHideTimer.setSingleShot(true);
     _mouseHideTimer.setInterval(mouseHideTime);
     connect(&_mouseHideTimer, &QTimer::timeout, this, &GLWidget::onMouseHideTimer);
+    _zoomAnimation.setEasing(QEasingCurve::OutCubic);
+    _layout.setWidget(this);
+    connectHub();
+    connectOverlay();
+}
+
+void GLWidget::connectHub()
+{
     connect(_appData.channelManager(), &ChannelManager::pictureUpdated, &_pacer, &PaintPacer::request);
     connect(_appData.channelManager(), &ChannelManager::cursorChanged, this, &GLWidget::onCursorChanged);
     connect(&_appData.settings, &AppSettings::drawModeChanged, &_pacer, &PaintPacer::request);
@@ -52,16 +67,43 @@ GLWidget::GLWidget(AppData& appData, QWidget* parent) : QWidget(parent), _appDat
     connect(&_surface, &GLSurface::exposed, this, &GLWidget::onExposed);
     connect(&_surface, &GLSurface::windowChanged, this, &GLWidget::onWindowChanged);
     connect(&_appData.settings, &AppSettings::showFullScreenChanged, this, &GLWidget::onShowFullScreenChanged);
+    connect(&_appData.settings, &AppSettings::carouselModeChanged, this, &GLWidget::onCarouselModeChanged);
+    connect(qApp, &QApplication::focusChanged, this, &GLWidget::onFocusChanged);
+}
+
+void GLWidget::connectOverlay()
+{
+    connect(&_layout, &GLControlLayout::changed, &_pacer, &PaintPacer::request);
+    connect(&_layout, &GLControlLayout::hoverChanged, this, &GLWidget::onHoverChanged);
+    connect(&_overlay, &GLOverlay::visibilityChanged, this, &GLWidget::onOverlayVisibilityChanged);
+    connect(&_overlay, &GLOverlay::carouselButtonPressed, this, &GLWidget::onCarouselBarButtonPressed);
+    connect(&_overlay, &GLOverlay::screenshotPressed, this, &GLWidget::onTakeScreenshot);
+    connect(&_overlay, &GLOverlay::videoMousePress, this, &GLWidget::onVideoMousePress);
+    connect(&_overlay, &GLOverlay::videoMouseMove, this, &GLWidget::onVideoMouseMove);
+    connect(&_overlay, &GLOverlay::videoMouseRelease, this, &GLWidget::onVideoMouseRelease);
+    connect(&_overlay, &GLOverlay::videoKeyPress, this, &GLWidget::onVideoKeyPress);
+    connect(&_overlay, &GLOverlay::videoKeyRelease, this, &GLWidget::onVideoKeyRelease);
+    connect(&_carousel, &GLCarousel::changed, &_pacer, &PaintPacer::request);
+    connect(&_carousel, &GLCarousel::activeChannelChanged, this, &GLWidget::onCarouselActiveChannelChanged);
+    connect(&_carousel, &GLCarousel::mouseEnteredSlide, this, &GLWidget::onCarouselMouseEnteredSlide);
+    connect(&_carousel, &GLCarousel::mouseLeftSlide, this, &GLWidget::onCarouselMouseLeftSlide);
+    connect(&_carousel, &GLCarousel::left, this, [this] { _appData.settings.setCarouselMode(false); });
+    connect(&_zoomAnimation, &GLAnimation::valueChanged, this, &GLWidget::onZoomAnimationValueChanged);
+    connect(&_zoomAnimation, &GLAnimation::completed, this, &GLWidget::onZoomAnimationCompleted);
 }
 
 GLWidget::~GLWidget()
 {
+    // Whatever they still have to say while they go is for nobody.
+    for (QObject* const sender : std::initializer_list<QObject*>{qApp, &_layout, &_overlay, &_carousel})
+        sender->disconnect(this);
     destroyPrograms();
 }
 
 void GLWidget::destroyPrograms()
 {
     _presenter.reset();
+    _carousel.leave(); // Its textures go with the context.
     if (_surface.makeCurrent()) {
         _appData.videoPrograms.clearPostProcessingShaders();
         _appData.videoPrograms.colourConversionShader().destroy();
@@ -137,6 +179,7 @@ void GLWidget::onRenderTimer()
 void GLWidget::render()
 {
     _pacer.painted();
+    placeControls(); // On another screen there are other pixels.
     if (!_surface.create(_appData.settings.enableAntialiasing()) || !_surface.isExposed() || !_surface.adoptWindow())
         return;
     _appData.channelManager()->setWatched(true);
@@ -144,7 +187,16 @@ void GLWidget::render()
         initializeGL();
     if (!presentPictures() && _surface.makeCurrent())
         drawPictures();
+    followPictures();
+}
+
+/// What depends on where the pictures have been drawn.
+void GLWidget::followPictures()
+{
     logVideoRectangle();
+    _overlay.updateMark();
+    if (double const zoom = calculateZoom(); std::exchange(_zoom, zoom) != zoom)
+        emit zoomChanged(zoom);
 }
 
 bool GLWidget::presentPictures()
@@ -152,9 +204,9 @@ bool GLWidget::presentPictures()
     if (!_presenter)
         return false;
     ChannelManager& channels = *_appData.channelManager();
-    if (!_appData.settings.perspectiveMode() && channels.isPlain() &&
-        _presenter->present(surfaceRect().size(), channels.plainPictures(surfaceRect(), drawMode())) !=
-            GLMoviePresenter::Result::Impossible)
+    if (!_appData.settings.perspectiveMode() && !isCarouselShown() && channels.isPlain() &&
+        _presenter->present(surfaceRect().size(), channels.plainPictures(surfaceRect(), drawMode()),
+                            _layout.patches()) != GLMoviePresenter::Result::Impossible)
         return true;
     _presenter->forget(); // OpenGL draws over it.
     return false;
@@ -167,7 +219,16 @@ void GLWidget::drawPictures()
     _surface.context()->functions()->glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
     _surface.context()->functions()->glClear(GL_COLOR_BUFFER_BIT);
     renderVideo();
+    renderControls();
     _surface.swapBuffers();
+}
+
+void GLWidget::renderControls()
+{
+    glPushMatrix();
+    glScaled(_layout.scale(), _layout.scale(), 1.0);
+    _layout.render(1.0);
+    glPopMatrix();
 }
 
 GLMovieRenderer::DrawMode GLWidget::drawMode() const
@@ -177,7 +238,9 @@ GLMovieRenderer::DrawMode GLWidget::drawMode() const
 
 void GLWidget::renderVideo()
 {
-    if (_appData.settings.perspectiveMode())
+    if (isCarouselShown())
+        _carousel.render(surfaceRect().size(), _zoomAnimation.value());
+    else if (_appData.settings.perspectiveMode())
         _appData.channelManager()->renderVideoPerspective(surfaceRect(), drawMode());
     else
         _appData.channelManager()->renderVideoOrtho(surfaceRect(), drawMode());
@@ -211,7 +274,7 @@ void GLWidget::logVideoRectangle()
     LOG_DEBUG("Video rectangle %d %d %d %d", rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height());
 }
 
-QImage GLWidget::takeScreenshot()
+QImage GLWidget::takeScreenshot(bool withOverlay)
 {
     if (!_surface.makeCurrent())
         return {};
@@ -220,6 +283,8 @@ QImage GLWidget::takeScreenshot()
     createViewport(surface.width(), surface.height());
     _surface.context()->functions()->glClear(GL_COLOR_BUFFER_BIT);
     renderVideo();
+    if (withOverlay)
+        renderControls();
     // Rows of this format are four bytes a pixel, so they need no padding.
     _surface.context()->functions()->glReadPixels(0, 0, image.width(), image.height(), GL_RGBA, GL_UNSIGNED_BYTE,
                                                   image.bits());
@@ -234,7 +299,8 @@ void GLWidget::saveScreenshot(QImage const& image, QString const& path)
 void GLWidget::onTakeScreenshot()
 {
     QString const time = QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss-zzz");
-    saveScreenshot(takeScreenshot(), _appData.settings.screenshotDirectory() + "/" + time + ".png");
+    // Whoever reaches for the button does not want to have it in the picture.
+    saveScreenshot(takeScreenshot(false), _appData.settings.screenshotDirectory() + "/" + time + ".png");
 }
 
 double GLWidget::calculateZoom() const

@@ -1,55 +1,261 @@
-// What the surface does when the pointer moves over it, clicks on it or drops something.
+// What the surface does when the pointer moves over it, clicks on it or drops something, and with keys.
 
 #include "AppData.h"
 #include "ChannelManager.h"
 #include "GLWidget.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 
+#include <utility>
+
+void GLWidget::placeControls()
+{
+    _layout.setSize(size(), devicePixelRatio());
+}
+
 void GLWidget::resizeEvent(QResizeEvent*)
 {
+    placeControls();
     _pacer.request();
+}
+
+bool GLWidget::wantsKey(QKeyEvent const* event) const
+{
+    if (_layout.focus() != &_overlay && _layout.wantsKey(event))
+        return true;
+    return isCarouselShown() && GLCarousel::wantsKey(event);
+}
+
+bool GLWidget::event(QEvent* event)
+{
+    // A key that means something to a control is no shortcut.
+    if (event->type() == QEvent::ShortcutOverride && wantsKey(static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::ApplicationLayoutDirectionChange)
+        _layout.recalcLayout();
+    return QWidget::event(event);
+}
+
+bool GLWidget::focusNextPrevChild(bool next)
+{
+    _overlay.ensureVisible(true); // What cannot be seen has no place in the order.
+    return _layout.focusNext(next) || QWidget::focusNextPrevChild(next);
+}
+
+void GLWidget::onFocusChanged(QWidget* from, QWidget* to)
+{
+    if (from == this && to != this && to)
+        _layout.setFocus(nullptr); // The ring is where the keys go.
 }
 
 void GLWidget::mousePressEvent(QMouseEvent* event)
 {
+    placeControls();
+    // The release of any other may go to the menu that it opens.
     if (event->button() == Qt::LeftButton)
-        _appData.channelManager()->videoMousePress(event->position() * devicePixelRatio(), event->modifiers());
+        _layout.mousePress(event->position(), event);
+    else
+        event->ignore();
 }
 
 void GLWidget::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton)
-        _appData.channelManager()->videoMouseRelease(event->position() * devicePixelRatio(), event->modifiers());
+    _layout.mouseRelease(event->position(), event);
 }
 
 void GLWidget::mouseMoveEvent(QMouseEvent* event)
 {
-    QPointF const point = event->position() * devicePixelRatio();
-    _appData.channelManager()->videoMouseMove(point, event->modifiers());
+    if (isCarouselShown() && cursor().shape() == Qt::BlankCursor)
+        setCursor(Qt::ArrowCursor);
+    _layout.mouseMove(event->position(), event);
+    if (hasPointerMoved(event->globalPosition()))
+        _overlay.ensureVisible(true);
+    if (_appData.settings.showFullScreen())
+        _mouseHideTimer.start();
+}
+
+void GLWidget::enterEvent(QEnterEvent* event)
+{
+    if (hasPointerMoved(event->globalPosition()))
+        _overlay.onMouseEnteredWidget();
+}
+
+/// A window that comes to lie under a pointer that rests is told that it has entered.
+bool GLWidget::hasPointerMoved(QPointF place)
+{
+    std::optional<QPointF> const before = std::exchange(_pointer, place);
+    return before && *before != place;
 }
 
 void GLWidget::leaveEvent(QEvent*)
 {
+    _overlay.onMouseLeftWidget();
+    _carousel.mouseHover({-1.0, -1.0});
     _appData.channelManager()->videoMouseMove(QPointF(-1.0, -1.0), Qt::NoModifier);
+}
+
+void GLWidget::wheelEvent(QWheelEvent* event)
+{
+    if (isCarouselShown() && _layout.controlAt(event->position()) == &_overlay)
+        _carousel.wheel(event);
+    else if (!_layout.mouseWheel(event->position(), event))
+        _overlay.onMouseWheel(nullptr, event);
+}
+
+void GLWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (_layout.controlAt(event->position()) != &_overlay) {
+        _layout.mousePress(event->position(), event); // Two clicks on a button are just that.
+        return;
+    }
+    if (event->modifiers() != Qt::NoModifier || isCarouselShown())
+        return;
+    _appData.channelManager()->videoDoubleClick();
+    _appData.settings.setShowFullScreen(!_appData.settings.showFullScreen());
+}
+
+void GLWidget::keyPressEvent(QKeyEvent* event)
+{
+    bool const isOnControl = _layout.focus() && _layout.focus()->showsFocus();
+    if (isOnControl && event->key() == Qt::Key_Escape) {
+        _layout.setFocus(nullptr);
+        _hasTakenEscape = true;
+        return;
+    }
+    if (isOnControl)
+        _overlay.ensureVisible(true);
+    GLControl* const control = isOnControl && _layout.wantsKey(event) ? _layout.focus() : nullptr;
+    if (control) {
+        _layout.keyPress(event);
+        return;
+    }
+    event->accept();
+    _overlay.keyPress(event);
+}
+
+void GLWidget::keyReleaseEvent(QKeyEvent* event)
+{
+    bool const isOnControl = _layout.focus() && _layout.focus()->showsFocus();
+    if (isOnControl && _layout.wantsKey(event)) {
+        _layout.keyRelease(event);
+        return;
+    }
+    event->accept();
+    _overlay.keyRelease(event);
+}
+
+void GLWidget::onVideoKeyPress(QKeyEvent* event)
+{
+    if (isCarouselShown() && _carousel.keyPress(event)) {
+        _hasTakenEscape = event->key() == Qt::Key_Escape;
+        return;
+    }
+    ChannelManager& channels = *_appData.channelManager();
+    bool const isPlain = event->modifiers() == Qt::NoModifier;
+    bool const isPause = (isPlain && (event->key() == Qt::Key_Space || event->key() == Qt::Key_P)) ||
+                         event->key() == Qt::Key_MediaPlay || event->key() == Qt::Key_MediaTogglePlayPause;
+    if (isPause && !event->isAutoRepeat()) {
+        channels.setPaused(!channels.isPaused());
+        _overlay.ensureVisible(true);
+        return;
+    }
+    event->setAccepted(channels.videoKeyPress(event));
+}
+
+void GLWidget::onVideoKeyRelease(QKeyEvent* event)
+{
+    // What has left the carousel or a control when it went down must not leave full screen when it comes up.
+    if (event->key() == Qt::Key_Escape && std::exchange(_hasTakenEscape, false))
+        return;
+    event->setAccepted(_appData.channelManager()->videoKeyRelease(event));
+}
+
+void GLWidget::onVideoMousePress(QPointF point, Qt::KeyboardModifiers modifiers)
+{
+    QPointF const pixel = point * devicePixelRatio();
+    if (isCarouselShown()) {
+        _carousel.mousePress(pixel);
+        return;
+    }
+    _pressedChannel = _appData.channelManager()->channelIdAt(pixel);
+    _pressPoint = point;
+    _appData.channelManager()->videoMousePress(pixel, modifiers);
+}
+
+void GLWidget::onVideoMouseMove(QPointF point, QMouseEvent* event)
+{
+    QPointF const pixel = point * devicePixelRatio();
+    bool const isHeld = event->buttons().testFlag(Qt::LeftButton);
+    if (isCarouselShown()) {
+        if (isHeld)
+            _carousel.mouseDrag(pixel);
+        else
+            _carousel.mouseHover(pixel);
+        return;
+    }
+    bool const canMove = isHeld && !_pressedChannel.isEmpty() && _appData.channelManager()->openChannels().size() > 1;
+    if (canMove && !_isDragging && (point - _pressPoint).manhattanLength() >= 2 * QApplication::startDragDistance()) {
+        _isDragging = true;
+        setCursor(Qt::ClosedHandCursor);
+    }
+    if (!_isDragging)
+        _appData.channelManager()->videoMouseMove(pixel, event->modifiers());
+}
+
+void GLWidget::onVideoMouseRelease(QPointF point, Qt::KeyboardModifiers modifiers)
+{
+    QPointF const pixel = point * devicePixelRatio();
+    if (isCarouselShown())
+        _carousel.mouseRelease(pixel, modifiers.testFlag(Qt::ControlModifier));
+    else if (std::exchange(_isDragging, false))
+        endDrag(pixel);
+    else
+        _appData.channelManager()->videoMouseRelease(pixel, modifiers);
+    _pressedChannel.clear();
+}
+
+/// A picture that is let go of over another changes places with it.
+void GLWidget::endDrag(QPointF point)
+{
+    ChannelManager& channels = *_appData.channelManager();
+    channels.swapChannels(_pressedChannel, channels.channelIdAt(point));
+    channels.videoMousePress({-1.0, -1.0}, Qt::NoModifier); // It was no click.
+    channels.videoMouseMove(point, QApplication::keyboardModifiers());
 }
 
 /// A hidden pointer comes back, for a while.
 void GLWidget::onCursorChanged(QCursor const& cursor)
 {
-    if (!underMouse())
+    _videoCursor = cursor;
+    if (!underMouse() || _isDragging || _layout.controlAt(mapFromGlobal(QCursor::pos())) != &_overlay)
         return;
     setCursor(cursor);
     if (_appData.settings.showFullScreen())
         _mouseHideTimer.start();
 }
 
+void GLWidget::onHoverChanged(GLControl* control)
+{
+    if (_isDragging)
+        return;
+    if (control == &_overlay)
+        setCursor(_videoCursor);
+    else if (control)
+        setCursor(control->isFocusable() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
 void GLWidget::onMouseHideTimer()
 {
-    if (_appData.settings.showFullScreen())
+    bool const isOnBar = underMouse() && _layout.controlAt(mapFromGlobal(QCursor::pos())) != &_overlay;
+    if (_appData.settings.showFullScreen() && !isOnBar)
         setCursor(Qt::BlankCursor);
 }
 
@@ -58,12 +264,6 @@ void GLWidget::onShowFullScreenChanged()
     unsetCursor();
     if (_appData.settings.showFullScreen())
         _mouseHideTimer.start();
-}
-
-void GLWidget::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton)
-        _appData.settings.setShowFullScreen(!_appData.settings.showFullScreen());
 }
 
 void GLWidget::contextMenuEvent(QContextMenuEvent* event)

@@ -17,9 +17,10 @@ public:
     /// Divides as the settings say; called once both parts are in it.
     void restore();
 
-private:
+    /// Puts it into the settings as it is.
     void keep();
 
+private:
     AppSettings& _settings;
     QTimer _rest; ///< Keeps the state once the handle rests.
 };

@@ -41,6 +41,7 @@ namespace
 {
 constexpr QSize firstSize(854, 480); // Of the video surface.
 constexpr int firstTabsWidth = 296;
+constexpr int roomForFrame = 32; // Pixels of height, before the window manager has told its own.
 } // namespace
 
 Window::Window(AppData& appData)
@@ -71,7 +72,8 @@ Window::Window(AppData& appData)
     if (_place->restore())
         _sizedByHand = true;
     else
-        _zoom->resizeWindow(firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, 0) + sizeAround());
+        _zoom->resizeWindow((firstSize + QSize(_tabs->isHidden() ? 0 : firstTabsWidth, 0) + sizeAround())
+                                .boundedTo(screen()->availableSize() - QSize(0, roomForFrame)));
 }
 
 Window::~Window()
@@ -83,6 +85,8 @@ Window::~Window()
         _appData.channelManager()->stopChecking();
     if (_appData.channelManager())
         _appData.channelManager()->closeAllChannels();
+    _place->keep();
+    _splitter->keep();
     if (_appData.settings.actions().areCreated())
         _appData.settings.saveGlobalSettings();
     _dialogs.reset();
@@ -259,50 +263,4 @@ void Window::onStreamOpened()
 {
     if (!_sizedByHand && !isMaximized() && _appData.channelManager()->openChannels().size() == 1)
         zoom(1.0);
-}
-
-void Window::onShowFullScreenChanged()
-{
-    bool const full = _appData.settings.showFullScreen();
-    onShowMenuBarChanged();
-    onShowTabsChanged();
-    if (!_followsWindowManager) {
-        // Leaves the other states as they are: a window that was maximised is so again afterwards.
-        setWindowState(windowState().setFlag(Qt::WindowFullScreen, full));
-        _windowManagerState->setFullScreen(full);
-    }
-    // A film must not be interrupted by the screen saver.
-    _hibernationManager->setEnabled(!full);
-    _screenSaverManager->setEnabled(!full);
-}
-
-void Window::onFullScreenByWindowManager(bool full)
-{
-    // What it says may precede its answer to a request: asking again would call that back.
-    QScopedValueRollback const follows(_followsWindowManager, true);
-    _appData.settings.setShowFullScreen(full);
-}
-
-void Window::onAlwaysOnTopChanged()
-{
-    _windowManagerState->setAbove(_appData.settings.alwaysOnTop());
-}
-
-void Window::onShowMenuBarChanged()
-{
-    _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen());
-}
-
-void Window::onShowTabsChanged()
-{
-    _tabs->setVisible(_tabs->count() > 0 && _appData.settings.showTabs() && !_appData.settings.showFullScreen());
-}
-
-void Window::onSkinChanged()
-{
-    QSize const picture = _glWidget->size();
-    applySkin();
-    layout()->activate();
-    if (!(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
-        _zoom->resizeWindow(size() + picture - _glWidget->size()); // Not larger or smaller for another frame.
 }

@@ -108,7 +108,6 @@ void WindowMenus::createView(WindowZoom const& zoom)
     connect(&settings, &AppSettings::perspectiveChanged, perspective,
             [&settings, perspective] { perspective->setChecked(settings.perspectiveMode()); });
     _effects = _view->addMenu(tr("Effects"));
-    add(_effects, {MenuAction::VideoPostProcessing, MenuAction::EditVideoPostProcessing});
     _view->addSeparator();
     _view->addAction(_screenshot);
 }

@@ -21,6 +21,10 @@ public:
     /// Puts the window where it was last, as large as it was, if it is known. Before it is shown.
     bool restore();
 
+    /// Puts where the window is now into the settings, if it is where the viewer wants it: neither hidden nor filling
+    /// the screen.
+    void keep();
+
     /// The rectangle, moved and made smaller as far as it needs be to lie within the display that it has most of, or
     /// the first of them if none.
     static QRect fitted(QRect const& rectangle, QList<QRect> const& displays);
@@ -33,7 +37,6 @@ private slots:
 
 private:
     void watch(QScreen* screen);
-    void keep();
     bool isOrdinary() const;
 
     QWidget& _window;

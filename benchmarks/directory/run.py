@@ -40,7 +40,9 @@ def main():
     found = {"network": [], "cache": []}
     with VirtualDisplay() as display, LocalServices("--no-seeds") as service:
         service.control(f"account add {GUEST} {PASSWORD}")
-        service.control(*(f"channel add c{i} TV mms://127.0.0.1:9/c{i} Channel {i}" for i in range(given.channels)))
+        for first in range(0, given.channels, 100):  # Each command is a transaction.
+            service.control(*(f"channel add c{i} TV mms://127.0.0.1:9/c{i} Channel {i}"
+                              for i in range(first, min(first + 100, given.channels))))
         user = GUEST.replace("@", "%40")
         for _ in range(given.starts):
             program = Program(display, debug=False, driver="null", settings={

@@ -523,3 +523,18 @@ TEST_F(ChannelManagerTest, ASecureStreamOpensWithATokenOfItsNetworkAndAnotherAsI
         EXPECT_FALSE(StreamToken::isValid("other", "/a b", token, now));
     }
 }
+
+TEST_F(ChannelManagerTest, AViewersChannelGoesWithTheDirectoryOnceItIsAdded)
+{
+    ChannelDescription own = channelOf("own");
+    own.setChannelType(ChannelDescription::UserChannel);
+    manager().addUserChannel(own);
+    provide({"a"});
+    EXPECT_TRUE(channel("own")) << "the directory does not know it";
+    own.setViewerAdded(true);
+    provided.append(own);
+    manager().refresh();
+    EXPECT_TRUE(channel("own")->desc.isViewerAdded());
+    provide({"a"});
+    EXPECT_FALSE(channel("own"));
+}

@@ -80,7 +80,7 @@ TEST(ChannelDocumentReader, ReadsEveryElement)
         <unavailable-reason>Not here</unavailable-reason><purchase-url>http://buy/</purchase-url>
         <autobuzz-enabled>true</autobuzz-enabled><repeated-autobuzz>1</repeated-autobuzz>
         <autobuzz-interval>5000</autobuzz-interval></CHANNEL></group>
-        <channel><unique-short-name>radio</unique-short-name><channel-type>RADIO</channel-type>
+        <channel><unique-short-name>radio</unique-short-name><channel-type>RADIO</channel-type><viewer-added>true</viewer-added>
         <latte-uri> </latte-uri><streaming-url>file:///etc/passwd</streaming-url><logo-url>file:///x.png</logo-url></channel>
         <channel><channel-type>tv</channel-type></channel></channels>)");
     EXPECT_EQ(document.error, "");
@@ -106,6 +106,8 @@ TEST(ChannelDocumentReader, ReadsEveryElement)
     EXPECT_EQ(onlyUri(radio), "Uri::Null");
     EXPECT_TRUE(document.entries.at(1).logo.isNull());
     EXPECT_TRUE(radio.hasChat() && radio.showBanners() && radio.isAvailable());
+    EXPECT_TRUE(radio.channelType() == Channel::UserChannel && radio.isViewerAdded());
+    EXPECT_TRUE(news.channelType() == Channel::PayPerViewChannel && !news.isViewerAdded());
     EXPECT_EQ(document.entries.at(2).description.channelType(), Channel::SecureChannel);
 }
 

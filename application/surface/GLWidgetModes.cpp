@@ -1,0 +1,83 @@
+// The surface's modes: overlay, carousel, and what lies over the picture.
+
+#include "AppData.h"
+#include "ChannelManager.h"
+#include "GLWidget.h"
+#include "Look.h"
+
+void GLWidget::onOverlayVisibilityChanged(bool visible)
+{
+    if (!visible && underMouse())
+        onMouseHideTimer();
+    _pacer.request();
+}
+
+void GLWidget::onCarouselModeChanged()
+{
+    if (_appData.settings.carouselMode()) {
+        if (!_carousel.enter()) {
+            _overlay.showMessage(tr("There are no channels yet"));
+            QMetaObject::invokeMethod(
+                this, [this] { _appData.settings.setCarouselMode(false); }, Qt::QueuedConnection);
+            return;
+        }
+        _zoomAnimation.start(0.0, 1.0, Look::motion(Look::moveMilliseconds));
+    } else if (isCarouselShown()) {
+        _zoomAnimation.startTo(0.0, Look::motion(Look::moveMilliseconds));
+    }
+}
+
+void GLWidget::onZoomAnimationValueChanged(GLAnimation*)
+{
+    _pacer.request();
+}
+
+void GLWidget::onZoomAnimationCompleted(GLAnimation*)
+{
+    if (_appData.settings.carouselMode())
+        return;
+    _carousel.leave();
+    _pacer.request();
+}
+
+void GLWidget::onCarouselActiveChannelChanged(QString const& rootId)
+{
+    _overlay.setCarouselChannel(rootId);
+}
+
+void GLWidget::onCarouselBarButtonPressed(QString const& name, int steps)
+{
+    if (steps != 0)
+        _carousel.step(steps);
+    else
+        _carousel.openActive(name == "Multiview Button");
+}
+
+void GLWidget::onCarouselMouseEnteredSlide(GLCarouselSlide* slide)
+{
+    setCursor(slide->rootId() == _carousel.activeChannel() ? *_appData.playCursor()
+                                                           : QCursor(Qt::PointingHandCursor));
+}
+
+void GLWidget::onCarouselMouseLeftSlide(GLCarouselSlide*)
+{
+    setCursor(Qt::ArrowCursor);
+}
+
+void GLWidget::onWebOverlayLoadStarted()
+{
+    onWebOverlayLoadProgress(0);
+}
+
+void GLWidget::onWebOverlayLoadProgress(int percent)
+{
+    _overlay.showMessage(tr("Loading ... %1 %").arg(percent));
+}
+
+void GLWidget::onWebOverlayLoadFinished(bool ok)
+{
+    if (ok)
+        emit webOverlayLoaded();
+    else
+        _overlay.showMessage(tr("The page could not be loaded"));
+}
