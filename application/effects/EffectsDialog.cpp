@@ -39,7 +39,7 @@ constexpr int listLetters = 18;
 } // namespace
 
 EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsChain& chain, QWidget* parent)
-    : OmbravisionDialog(appData, tr("Effects"), parent), _library(library)
+    : OmbravisionDialog(appData, tr("Effects"), parent), _library(library), _chain(chain)
 {
     setObjectName("effectsDialog");
     setSizeGripEnabled(true);
@@ -209,6 +209,8 @@ void EffectsDialog::onChosen()
                                          : tr("What you type is kept, and shown while the effect is on."));
     onExamined(_edited, effect ? effect->fault : QString(), _logs.value(_edited));
     refreshButtons();
+    if (isVisible())
+        _chain.setWatched(_edited);
 }
 
 void EffectsDialog::refreshButtons()
@@ -265,9 +267,16 @@ void EffectsDialog::keepTyped()
     refreshButtons();
 }
 
+void EffectsDialog::showEvent(QShowEvent* event)
+{
+    OmbravisionDialog::showEvent(event);
+    _chain.setWatched(_edited);
+}
+
 void EffectsDialog::hideEvent(QHideEvent* event)
 {
     keepTyped();
+    _chain.setWatched({});
     OmbravisionDialog::hideEvent(event);
 }
 
