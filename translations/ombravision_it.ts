@@ -42,6 +42,10 @@
         <source>Progress</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Message</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>AccountPage</name>
@@ -184,10 +188,6 @@ This is how an alert looks.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>As notices of the &amp;desktop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>&amp;Each for:</source>
         <translation type="unfinished"></translation>
     </message>
@@ -201,6 +201,10 @@ This is how an alert looks.</source>
     </message>
     <message>
         <source>&amp;Show one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As notices of the des&amp;ktop</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -604,6 +608,10 @@ Retrying...</source>
     </message>
     <message>
         <source>Save to My Channels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Channel...</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1109,14 +1117,6 @@ Please wait</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Play (P)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pause (P)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Show only this channel</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1146,6 +1146,14 @@ Please wait</source>
     </message>
     <message>
         <source>%1 / %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1985,6 +1993,53 @@ See you there!
     </message>
 </context>
 <context>
+    <name>NewChannelDialog</name>
+    <message>
+        <source>New Channel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Television</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Radio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Description:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This is no address of the network: it begins with mms://, rtsp://, http:// or the like.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other viewers can find the channel, too.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>OpenStreamDialog</name>
     <message>
         <source>Open Video Stream</source>
@@ -2473,10 +2528,6 @@ Retrying...</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Ombravision plays live television from all over the world. The tab &quot;Channels&quot; has your channels, and &quot;Search&quot; finds more. A double click plays a channel.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Over the picture</source>
         <translation type="unfinished"></translation>
     </message>
@@ -2526,6 +2577,10 @@ Retrying...</source>
     </message>
     <message>
         <source>&amp;Done</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ombravision plays live television from all over the world. The tab &quot;Channels&quot; has your channels, and &quot;Search&quot; finds more. Choose one, and it plays.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2705,10 +2760,6 @@ Retrying...</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>&amp;Deinterlace pictures that are made of two fields</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Smooth the &amp;edges of what is drawn (antialiasing)</source>
         <translation type="unfinished"></translation>
     </message>
@@ -2758,6 +2809,10 @@ Retrying...</source>
     </message>
     <message>
         <source>Changes other than the size open the channels that play again, which takes a moment.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>De&amp;interlace pictures that are made of two fields</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
