@@ -21,6 +21,10 @@ class WindowByHand(unittest.TestCase):
     def do(self, *words):
         subprocess.run(["xdotool", *map(str, words)], env=self.display.environment, check=True, stdin=subprocess.DEVNULL)
 
+    def type(self, *events):
+        for event in events:
+            self.do(*event.split())
+
     def press(self, program, *keys):
         self.do("windowactivate", "--sync", program.window)
         for key in keys:
@@ -70,9 +74,9 @@ class WindowByHand(unittest.TestCase):
 
             self.do("windowactivate", "--sync", program.window)
             with self.subTest("a held key"):
-                self.do("keydown", "ctrl", "keydown", "m", "sleep", "1", "keyup", "m", "keyup", "ctrl")
+                self.type("keydown ctrl", "keydown m", "sleep 1", "keyup m", "keyup ctrl")
                 wait_for(lambda: "(muted)" in title(), 10, "the sound to be off")
-                self.do("keydown", "ctrl", "keydown", "m", "keyup", "ctrl", "keyup", "m")
+                self.type("keydown ctrl", "keydown m", "keyup ctrl", "keyup m")
                 wait_for(lambda: "(muted)" not in title(), 10, "the sound to be back, the control key let go first")
             with self.subTest("full screen has no tabs"):
                 self.press(program, "ctrl+f")
@@ -90,7 +94,7 @@ class WindowByHand(unittest.TestCase):
             with self.subTest("closed, it goes on without a film"):
                 self.press(program, "ctrl+w")
                 wait_for(lambda: not self.display.is_shown(program.window), 10, "the window to hide")
-                program.wait_for_log("^Closed ")
+                program.wait_for_log(r"^Channel changed from .*\.mp4 to ")
                 self.assertTrue(program.is_running())
                 self.assertEqual(program.start_second(), 0)
                 wait_for(lambda: self.display.is_shown(program.window), 10, "the window to be back")
