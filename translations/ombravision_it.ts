@@ -664,6 +664,10 @@ Please wait</source>
         <source>%1, live</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>a file on this computer</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ChatColours</name>

@@ -113,11 +113,17 @@ void Window::createChildControls()
     _actionStates = std::make_unique<ActionStates>(_appData);
 }
 
+bool Window::hasMenusInTitle() const
+{
+    return isSkinned() && !isRightToLeft(); // Qt's menu bar takes all of a line that runs from right to left.
+}
+
 QSize Window::sizeAround() const
 {
     QMargins const margins = layout()->contentsMargins();
-    int const title = isSkinned() ? frame()->titleBar()->sizeHint().height() : _menuBar->sizeHint().height();
-    return {margins.left() + margins.right(), margins.top() + margins.bottom() + title};
+    int const title = isSkinned() ? frame()->titleBar()->sizeHint().height() : 0;
+    int const menus = hasMenusInTitle() ? 0 : _menuBar->sizeHint().height();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom() + title + menus};
 }
 
 void Window::createMenus()
@@ -150,7 +156,7 @@ void Window::applySkin()
     // In the skin the palette is ours, for dialogs and icons, too; otherwise the desktop's, as it may change.
     QApplication::setPalette(isSkinned() ? skinPalette() : QPalette());
     setStyleSheet(AppData::buildStyleSheet(isSkinned()));
-    if (isSkinned()) {
+    if (hasMenusInTitle()) {
         frame()->titleBar()->leading()->addWidget(_menuBar, 0, Qt::AlignVCenter);
         _menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     } else {
