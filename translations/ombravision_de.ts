@@ -670,7 +670,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>a file on this computer</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Datei auf diesem Rechner</translation>
     </message>
 </context>
 <context>
