@@ -41,7 +41,12 @@ ChannelListWidget::ChannelListWidget(AppData& appData, QWidget* parent)
     showWhatThereIs();
 }
 
-ChannelListWidget::~ChannelListWidget() = default;
+/// The parts are destroyed after this, and tell of it what they have to tell.
+ChannelListWidget::~ChannelListWidget()
+{
+    for (QObject* const part : findChildren<QObject*>())
+        part->disconnect(this);
+}
 
 void ChannelListWidget::createFilters()
 {
