@@ -5,207 +5,208 @@
     <name>AboutDialog</name>
     <message>
         <source>About Ombravision</source>
-        <translation type="unfinished"></translation>
+        <translation>Über Ombravision</translation>
     </message>
     <message>
         <source>Ombravision %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ombravision %1</translation>
     </message>
     <message>
         <source>The sign of Ombravision</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Zeichen von Ombravision</translation>
     </message>
     <message>
         <source>Live internet television on your desktop.</source>
-        <translation type="unfinished"></translation>
+        <translation>Live-Fernsehen aus dem Internet auf Ihrem Desktop.</translation>
     </message>
     <message>
         <source>Built on %1. Each of them is free software under its own licence.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgebaut auf %1. Jedes davon ist freie Software unter eigener Lizenz.</translation>
     </message>
     <message>
         <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
 </context>
 <context>
     <name>AccountDialog</name>
     <message>
         <source>E-&amp;mail:</source>
-        <translation type="unfinished"></translation>
+        <translation>E-&amp;Mail:</translation>
     </message>
     <message>
         <source>&amp;Password:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Passwort:</translation>
     </message>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt</translation>
     </message>
     <message>
         <source>Message</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldung</translation>
     </message>
 </context>
 <context>
     <name>AccountPage</name>
     <message>
         <source>Account</source>
-        <translation type="unfinished"></translation>
+        <translation>Konto</translation>
     </message>
     <message>
         <source>Sign &amp;in ...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Anmelden ...</translation>
     </message>
     <message>
         <source>Sign in &amp;automatically at the start</source>
-        <translation type="unfinished"></translation>
+        <translation>Beim Start a&amp;utomatisch anmelden</translation>
     </message>
     <message>
         <source>&amp;Name in chats:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name in Chats:</translation>
     </message>
     <message>
         <source>These two are kept with the account: sign in for them to be there at the next start.</source>
-        <translation type="unfinished"></translation>
+        <translation>Beides wird mit dem Konto gespeichert: Melden Sie sich an, damit es beim nächsten Start da ist.</translation>
     </message>
     <message>
         <source>Security</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherheit</translation>
     </message>
     <message>
         <source>Allow &amp;passwords to be sent where nothing keeps them secret</source>
-        <translation type="unfinished"></translation>
+        <translation>Senden von &amp;Passwörtern auch ohne Verschlüsselung erlauben</translation>
     </message>
     <message>
         <source>Warning: whoever can listen on the way to the service reads your password then. Allow it only for a service on a network that is all yours.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnung: Wer auf dem Weg zum Dienst mithören kann, liest dann Ihr Passwort. Erlauben Sie es nur für einen Dienst in einem Netz, das ganz Ihnen gehört.</translation>
     </message>
     <message>
         <source>Signed in as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Angemeldet als %1.</translation>
     </message>
     <message>
         <source>Nobody is signed in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Niemand ist angemeldet.</translation>
     </message>
     <message>
         <source>Sign &amp;out</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Abmelden</translation>
     </message>
 </context>
 <context>
     <name>AddStreamsDialog</name>
     <message>
         <source>Add Streams</source>
-        <translation type="unfinished"></translation>
+        <translation>Streams hinzufügen</translation>
     </message>
     <message>
         <source>&amp;Addresses and files, one a line:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Adressen und Dateien, eine je Zeile:</translation>
     </message>
     <message>
         <source>What the lines are</source>
-        <translation type="unfinished"></translation>
+        <translation>Was die Zeilen sind</translation>
     </message>
     <message>
         <source>Choose &amp;files ...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Dateien wählen ...</translation>
     </message>
     <message>
         <source>A&amp;dd</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hinzufügen</translation>
     </message>
     <message>
         <source>Looking for this file ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Datei wird gesucht ...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Datei gibt es nicht.</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>Choose Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien wählen</translation>
     </message>
 </context>
 <context>
     <name>AlertPreview</name>
     <message>
         <source>Sample alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Beispielmeldung</translation>
     </message>
     <message>
         <source>Breaking news
 This is how an alert looks.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eilmeldung
+So sieht eine Meldung aus.</translation>
     </message>
 </context>
 <context>
     <name>AlertsPage</name>
     <message>
         <source>Tell me of</source>
-        <translation type="unfinished"></translation>
+        <translation>Anlässe</translation>
     </message>
     <message>
         <source>&amp;Breaking news on my channels</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Eilmeldungen meiner Sender</translation>
     </message>
     <message>
         <source>&amp;New channels</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neue Sender</translation>
     </message>
     <message>
         <source>What is &amp;talked about most</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Meistdiskutiertes</translation>
     </message>
     <message>
         <source>&amp;Messages of the service</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach&amp;richten des Dienstes</translation>
     </message>
     <message>
         <source>&amp;Lines of the chat</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Chatzeilen</translation>
     </message>
     <message>
         <source>The bells in the list of channels say whose breaking news you are told of.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Glocken in der Senderliste zeigen, wessen Eilmeldungen Sie erhalten.</translation>
     </message>
     <message>
         <source>How</source>
-        <translation type="unfinished"></translation>
+        <translation>Anzeige</translation>
     </message>
     <message>
         <source>In a &amp;window of its own</source>
-        <translation type="unfinished"></translation>
+        <translation>In einem eigenen &amp;Fenster</translation>
     </message>
     <message>
         <source>In the li&amp;ve panel</source>
-        <translation type="unfinished"></translation>
+        <translation>Im &amp;Live-Bereich</translation>
     </message>
     <message>
         <source>&amp;Each for:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Jeweils für:</translation>
     </message>
     <message>
         <source> s</source>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>&amp;Opacity:</source>
-        <translation type="unfinished"></translation>
+        <translation>Dec&amp;kkraft:</translation>
     </message>
     <message>
         <source>&amp;Show one</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beispiel zeigen</translation>
     </message>
     <message>
         <source>As notices of the des&amp;ktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Als Desk&amp;top-Benachrichtigung</translation>
     </message>
 </context>
 <context>
@@ -227,7 +228,7 @@ This is how an alert looks.</source>
     <name>BufferLatteVisualiser</name>
     <message>
         <source>%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>
@@ -238,11 +239,11 @@ This is how an alert looks.</source>
     </message>
     <message>
         <source>No open channel has a stream buffer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein offener Sender hat einen Streampuffer.</translation>
     </message>
     <message>
         <source>Buffer of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Puffer von %1</translation>
     </message>
 </context>
 <context>
@@ -250,14 +251,15 @@ This is how an alert looks.</source>
     <message>
         <source>
 Click here to reconnect</source>
-        <translation type="unfinished"></translation>
+        <translation>
+Hier klicken, um neu zu verbinden</translation>
     </message>
 </context>
 <context>
     <name>ChannelEvents</name>
     <message>
         <source>The channel did not play in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender lief nicht rechtzeitig an.</translation>
     </message>
 </context>
 <context>
@@ -265,7 +267,8 @@ Click here to reconnect</source>
     <message>
         <source>
 Retrying...</source>
-        <translation type="unfinished"></translation>
+        <translation>
+Neuer Versuch...</translation>
     </message>
 </context>
 <context>
@@ -276,142 +279,142 @@ Retrying...</source>
     </message>
     <message>
         <source>Filter by title or language</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Titel oder Sprache filtern</translation>
     </message>
     <message>
         <source>Kind of channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Art der Sender</translation>
     </message>
     <message>
         <source>Any</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>Premium Partner</source>
-        <translation type="unfinished"></translation>
+        <translation>Premium-Partner</translation>
     </message>
     <message>
         <source>Free Partner</source>
-        <translation type="unfinished"></translation>
+        <translation>Freie Partner</translation>
     </message>
     <message>
         <source>Viewer Added</source>
-        <translation type="unfinished"></translation>
+        <translation>Von Zuschauern</translation>
     </message>
     <message>
         <source>Show favourites only</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur Favoriten anzeigen</translation>
     </message>
     <message>
         <source>Refresh the list</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste aktualisieren</translation>
     </message>
     <message>
         <source>No channel fits your filters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Sender passt zu Ihren Filtern.</translation>
     </message>
     <message>
         <source>Show All Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Sender anzeigen</translation>
     </message>
     <message>
         <source>Sign in to see your channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Melden Sie sich an, um Ihre Sender zu sehen.</translation>
     </message>
     <message>
         <source>Sign In</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmelden</translation>
     </message>
     <message>
         <source>Loading channels...</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender werden geladen...</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>There are no channels on your list.</source>
-        <translation type="unfinished"></translation>
+        <translation>In Ihrer Liste sind keine Sender.</translation>
     </message>
     <message>
         <source>The channel has gone from the list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender ist nicht mehr in der Liste.</translation>
     </message>
     <message>
         <source>For sale: click to purchase</source>
-        <translation type="unfinished"></translation>
+        <translation>Kostenpflichtig: zum Kaufen klicken</translation>
     </message>
     <message>
         <source>This channel cannot be watched now.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Sender kann derzeit nicht gesehen werden.</translation>
     </message>
     <message>
         <source>Purchase</source>
-        <translation type="unfinished"></translation>
+        <translation>Kaufen</translation>
     </message>
     <message>
         <source>Breaking News Alerts</source>
-        <translation type="unfinished"></translation>
+        <translation>Eilmeldungen</translation>
     </message>
     <message>
         <source>Delete from My Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus „Meine Sender“ löschen</translation>
     </message>
     <message>
         <source>Play</source>
-        <translation type="unfinished"></translation>
+        <translation>Abspielen</translation>
     </message>
     <message>
         <source>Add to Multiview</source>
-        <translation type="unfinished"></translation>
+        <translation>In Mehrfachansicht öffnen</translation>
     </message>
     <message>
         <source>Remove from Multiview</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus Mehrfachansicht entfernen</translation>
     </message>
     <message>
         <source>Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorschau</translation>
     </message>
     <message>
         <source>Add Stream</source>
-        <translation type="unfinished"></translation>
+        <translation>Stream hinzufügen</translation>
     </message>
     <message>
         <source>Remove Stream</source>
-        <translation type="unfinished"></translation>
+        <translation>Stream entfernen</translation>
     </message>
     <message>
         <source>Reset Streams</source>
-        <translation type="unfinished"></translation>
+        <translation>Streams zurücksetzen</translation>
     </message>
 </context>
 <context>
     <name>ChannelListWidgetModel</name>
     <message>
         <source>On</source>
-        <translation type="unfinished"></translation>
+        <translation>An</translation>
     </message>
     <message>
         <source>Off</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus</translation>
     </message>
     <message>
         <source>favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>Favorit</translation>
     </message>
     <message>
         <source>Status</source>
-        <translation type="unfinished"></translation>
+        <translation>Status</translation>
     </message>
     <message>
         <source>Alerts</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Sendername</translation>
     </message>
 </context>
 <context>
@@ -422,56 +425,56 @@ Retrying...</source>
     </message>
     <message numerus="yes">
         <source>Loading channels... %n so far</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Sender werden geladen... bisher %n</numerusform>
+            <numerusform>Sender werden geladen... bisher %n</numerusform>
         </translation>
     </message>
     <message>
         <source>The page could not be opened: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Seite konnte nicht geöffnet werden: %1</translation>
     </message>
     <message>
         <source>Sign in to change the list of your channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Melden Sie sich an, um die Liste Ihrer Sender zu ändern.</translation>
     </message>
     <message>
         <source>%1 was deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde gelöscht.</translation>
     </message>
     <message>
         <source>The channel could not be deleted: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender konnte nicht gelöscht werden: %1</translation>
     </message>
 </context>
 <context>
     <name>ChannelRowStates</name>
     <message>
         <source>Playing</source>
-        <translation type="unfinished"></translation>
+        <translation>Läuft</translation>
     </message>
     <message>
         <source>Previewing</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorschau</translation>
     </message>
     <message>
         <source>Open</source>
-        <translation type="unfinished"></translation>
+        <translation>Offen</translation>
     </message>
     <message>
         <source>Acquiring</source>
-        <translation type="unfinished"></translation>
+        <translation>Lädt</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
 </context>
 <context>
     <name>ChannelSearchCombo</name>
     <message>
         <source>Enter your channel search</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchbegriff für Sender eingeben</translation>
     </message>
 </context>
 <context>
@@ -482,163 +485,163 @@ Retrying...</source>
     </message>
     <message>
         <source>Most Added</source>
-        <translation type="unfinished"></translation>
+        <translation>Beliebteste</translation>
     </message>
     <message>
         <source>Show More</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr anzeigen</translation>
     </message>
     <message>
         <source>Channels that were found</source>
-        <translation type="unfinished"></translation>
+        <translation>Gefundene Sender</translation>
     </message>
     <message>
         <source>Search on the web site</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf der Website suchen</translation>
     </message>
     <message>
         <source>Sign in to search for channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Melden Sie sich an, um nach Sendern zu suchen.</translation>
     </message>
     <message>
         <source>Sign In</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmelden</translation>
     </message>
     <message>
         <source>Find the channels that other viewers have added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Finden Sie Sender, die andere Zuschauer hinzugefügt haben.</translation>
     </message>
     <message>
         <source>The channel has no address that can be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender hat keine Adresse, die geöffnet werden kann.</translation>
     </message>
     <message>
         <source>news</source>
-        <translation type="unfinished"></translation>
+        <translation>nachrichten</translation>
     </message>
     <message>
         <source>sport</source>
-        <translation type="unfinished"></translation>
+        <translation>sport</translation>
     </message>
     <message>
         <source>music</source>
-        <translation type="unfinished"></translation>
+        <translation>musik</translation>
     </message>
     <message>
         <source>us</source>
-        <translation type="unfinished"></translation>
+        <translation>usa</translation>
     </message>
     <message>
         <source>uk</source>
-        <translation type="unfinished"></translation>
+        <translation>uk</translation>
     </message>
     <message>
         <source>Searching for %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>Suche nach %1...</translation>
     </message>
     <message>
         <source>Searching for most popular...</source>
-        <translation type="unfinished"></translation>
+        <translation>Suche nach den beliebtesten Sendern...</translation>
     </message>
     <message numerus="yes">
         <source>Search for %1 returned %n results</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Suche nach %1 ergab %n Treffer</numerusform>
+            <numerusform>Suche nach %1 ergab %n Treffer</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Search for most popular returned %n results</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Suche nach den beliebtesten Sendern ergab %n Treffer</numerusform>
+            <numerusform>Suche nach den beliebtesten Sendern ergab %n Treffer</numerusform>
         </translation>
     </message>
     <message>
         <source>No channel was found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Sender gefunden.</translation>
     </message>
     <message>
         <source>The search failed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Suche ist fehlgeschlagen: %1</translation>
     </message>
     <message>
         <source>The most popular channels could not be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die beliebtesten Sender konnten nicht geladen werden: %1</translation>
     </message>
     <message>
         <source>The channel could not be added: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender konnte nicht hinzugefügt werden: %1</translation>
     </message>
     <message>
         <source>The channel could not be created: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender konnte nicht angelegt werden: %1</translation>
     </message>
     <message>
         <source>The channel could not be removed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender konnte nicht entfernt werden: %1</translation>
     </message>
     <message>
         <source>Adding %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird hinzugefügt...</translation>
     </message>
     <message>
         <source>%1 was successfully added</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde hinzugefügt</translation>
     </message>
     <message>
         <source>Channel was removed</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender wurde entfernt</translation>
     </message>
     <message>
         <source>The service has not removed it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst hat ihn nicht entfernt.</translation>
     </message>
     <message>
         <source>Play</source>
-        <translation type="unfinished"></translation>
+        <translation>Abspielen</translation>
     </message>
     <message>
         <source>Add to Multiview</source>
-        <translation type="unfinished"></translation>
+        <translation>In Mehrfachansicht öffnen</translation>
     </message>
     <message>
         <source>Remove from Multiview</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus Mehrfachansicht entfernen</translation>
     </message>
     <message>
         <source>Save to My Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>In „Meine Sender“ speichern</translation>
     </message>
     <message>
         <source>New Channel...</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Sender...</translation>
     </message>
 </context>
 <context>
     <name>ChannelSearchWidgetItemDelegate</name>
     <message>
         <source>Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert</translation>
     </message>
 </context>
 <context>
     <name>ChannelSearchWidgetModel</name>
     <message>
         <source>Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert</translation>
     </message>
     <message>
         <source>Status</source>
-        <translation type="unfinished"></translation>
+        <translation>Status</translation>
     </message>
     <message>
         <source>Rating</source>
-        <translation type="unfinished"></translation>
+        <translation>Bewertung</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Sendername</translation>
     </message>
 </context>
 <context>
@@ -646,238 +649,243 @@ Retrying...</source>
     <message>
         <source>Acquiring Channel...
 Please wait</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender wird geladen...
+Bitte warten</translation>
     </message>
     <message>
         <source>Recording stopped: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme abgebrochen: %1</translation>
     </message>
     <message>
         <source>%1, a file</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, eine Datei</translation>
     </message>
     <message>
         <source>%1, live, through a buffer</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, live, über einen Puffer</translation>
     </message>
     <message>
         <source>%1, live</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, live</translation>
+    </message>
+    <message>
+        <source>a file on this computer</source>
+        <translation>eine Datei auf diesem Rechner</translation>
     </message>
 </context>
 <context>
     <name>ChatColours</name>
     <message>
         <source>Room Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Raumname</translation>
     </message>
     <message>
         <source>Your Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigener Name</translation>
     </message>
     <message>
         <source>Other Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Anderer Name</translation>
     </message>
     <message>
         <source>Ignored Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Ignorierter Name</translation>
     </message>
     <message>
         <source>Admin Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Adminname</translation>
     </message>
     <message>
         <source>Bot Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Botname</translation>
     </message>
     <message>
         <source>Timestamp</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitstempel</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>System</translation>
     </message>
     <message>
         <source>Action</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktion</translation>
     </message>
     <message>
         <source>Link</source>
-        <translation type="unfinished"></translation>
+        <translation>Link</translation>
     </message>
 </context>
 <context>
     <name>ChatPage</name>
     <message>
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Text</translation>
     </message>
     <message>
         <source>&amp;Size of the text:</source>
-        <translation type="unfinished"></translation>
+        <translation>Text&amp;größe:</translation>
     </message>
     <message>
         <source> pt</source>
-        <translation type="unfinished"></translation>
+        <translation> pt</translation>
     </message>
     <message>
         <source>Colours</source>
-        <translation type="unfinished"></translation>
+        <translation>Farben</translation>
     </message>
     <message>
         <source>Sample of a chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Chatbeispiel</translation>
     </message>
     <message>
         <source>Good evening!</source>
-        <translation type="unfinished"></translation>
+        <translation>Guten Abend!</translation>
     </message>
     <message>
         <source>Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenster</translation>
     </message>
     <message>
         <source>Skin</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigener Rahmen</translation>
     </message>
 </context>
 <context>
     <name>ColourButton</name>
     <message>
         <source>%1: colour %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Farbe %2</translation>
     </message>
 </context>
 <context>
     <name>ConnectionTest</name>
     <message>
         <source>This computer finds no way to %1. Is it connected to a network?</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Computer findet keinen Weg zu %1. Ist er mit einem Netz verbunden?</translation>
     </message>
     <message>
         <source>This computer finds no way to the proxy %1. Is its name right?</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Computer findet keinen Weg zum Proxy %1. Stimmt der Name?</translation>
     </message>
     <message>
         <source>Something on the way answers in place of %1: it can&apos;t be reached from there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Zwischenstation antwortet anstelle von %1: Der Dienst ist von dort nicht erreichbar.</translation>
     </message>
     <message>
         <source>The network answers with a page of %1. Perhaps it wants you to sign in there first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Netz antwortet mit einer Seite von %1. Vielleicht müssen Sie sich dort erst anmelden.</translation>
     </message>
     <message>
         <source>%1 answered within %2 ms.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat innerhalb von %2 ms geantwortet.</translation>
     </message>
     <message>
         <source>%1 accepts no connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 nimmt keine Verbindung an.</translation>
     </message>
     <message>
         <source>There is no machine called %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Rechner namens %1.</translation>
     </message>
     <message numerus="yes">
         <source>%1 did not answer within %n second(s).</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 hat innerhalb von %n Sekunde nicht geantwortet.</numerusform>
+            <numerusform>%1 hat innerhalb von %n Sekunden nicht geantwortet.</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 could not prove who it is: its certificate is not valid.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte sich nicht ausweisen: Das Zertifikat ist ungültig.</translation>
     </message>
     <message>
         <source>The proxy %1 accepts no connection. Is the port right?</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Proxy %1 nimmt keine Verbindung an. Stimmt der Port?</translation>
     </message>
     <message>
         <source>There is no proxy called %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Proxy namens %1.</translation>
     </message>
     <message>
         <source>The proxy %1 did not answer in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Proxy %1 hat nicht rechtzeitig geantwortet.</translation>
     </message>
     <message>
         <source>The proxy %1 wants a user name and a password, or does not accept these.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Proxy %1 verlangt Benutzernamen und Passwort oder akzeptiert diese nicht.</translation>
     </message>
     <message>
         <source>%1 could not be reached: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht erreichbar: %2</translation>
     </message>
 </context>
 <context>
     <name>DeleteChannelDialog</name>
     <message>
         <source>Delete Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender löschen</translation>
     </message>
     <message>
         <source>Are you sure you wish to delete the channel &lt;b&gt;%1&lt;/b&gt; from My Channels?&lt;br&gt;&lt;br&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie den Sender &lt;b&gt;%1&lt;/b&gt; wirklich aus „Meine Sender“ löschen?&lt;br&gt;&lt;br&gt;</translation>
     </message>
     <message>
         <source>&lt;b&gt;Note:&lt;/b&gt; To restore a partner channel that you have deleted &lt;a href=&quot;manage&quot;&gt;click here&lt;/a&gt;.</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;Hinweis:&lt;/b&gt; Um einen gelöschten Partnersender wiederherzustellen, &lt;a href=&quot;manage&quot;&gt;klicken Sie hier&lt;/a&gt;.</translation>
     </message>
     <message>
         <source>Are you sure you wish to delete the channel %1 from My Channels?</source>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie den Sender %1 wirklich aus „Meine Sender“ löschen?</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
     <name>EffectEditor</name>
     <message>
         <source>Line numbers</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilennummern</translation>
     </message>
 </context>
 <context>
     <name>EffectNames</name>
     <message>
         <source>An effect needs a name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Effekt braucht einen Namen.</translation>
     </message>
     <message>
         <source>This name is too long.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Name ist zu lang.</translation>
     </message>
 </context>
 <context>
     <name>EffectTrial</name>
     <message>
         <source>The graphics driver does not compile this effect.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Grafiktreiber kann diesen Effekt nicht übersetzen.</translation>
     </message>
     <message>
         <source>One picture would take about %1 ms with this effect. That is too long to play: it was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Bild würde mit diesem Effekt etwa %1 ms dauern. Das ist zu lang für die Wiedergabe: Er wurde ausgeschaltet.</translation>
     </message>
     <message>
         <source>A picture is never finished with this effect. It was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit diesem Effekt wird ein Bild niemals fertig. Er wurde ausgeschaltet.</translation>
     </message>
     <message>
         <source>The graphics driver fails with this effect. It was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Grafiktreiber scheitert an diesem Effekt. Er wurde ausgeschaltet.</translation>
     </message>
     <message>
         <source>This effect could not be tried, so it is not shown.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Effekt konnte nicht erprobt werden und wird daher nicht gezeigt.</translation>
     </message>
 </context>
 <context>
@@ -888,152 +896,152 @@ Please wait</source>
     </message>
     <message>
         <source>&amp;Show effects on the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Effekte auf dem Bild anzeigen</translation>
     </message>
     <message>
         <source>Effects and their source</source>
-        <translation type="unfinished"></translation>
+        <translation>Effekte und ihr Quelltext</translation>
     </message>
     <message>
         <source>Re&amp;vert</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zurücksetzen</translation>
     </message>
     <message>
         <source>The source as it was before you changed it</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Quelltext, wie er vor Ihren Änderungen war</translation>
     </message>
     <message>
         <source>Effects, in the order in which they are applied</source>
-        <translation type="unfinished"></translation>
+        <translation>Effekte in der Reihenfolge ihrer Anwendung</translation>
     </message>
     <message>
         <source>New</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu</translation>
     </message>
     <message>
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Duplizieren</translation>
     </message>
     <message>
         <source>Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>Umbenennen</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Earlier</source>
-        <translation type="unfinished"></translation>
+        <translation>Früher</translation>
     </message>
     <message>
         <source>Later</source>
-        <translation type="unfinished"></translation>
+        <translation>Später</translation>
     </message>
     <message>
         <source>Source of the effect</source>
-        <translation type="unfinished"></translation>
+        <translation>Quelltext des Effekts</translation>
     </message>
     <message>
         <source>Comes with the program. Duplicate it to make your own of it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gehört zum Programm. Duplizieren Sie ihn, um einen eigenen daraus zu machen.</translation>
     </message>
     <message>
         <source>What you type is kept, and shown while the effect is on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was Sie eingeben, wird gespeichert und gezeigt, solange der Effekt an ist.</translation>
     </message>
     <message>
         <source>Line %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeile %1: %2</translation>
     </message>
     <message>
         <source>Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen</translation>
     </message>
     <message>
         <source>New effect</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Effekt</translation>
     </message>
     <message>
         <source>&amp;Name of the effect:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name des Effekts:</translation>
     </message>
     <message>
         <source>Delete the effect &quot;%1&quot;? It can&apos;t be brought back.</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Effekt „%1“ löschen? Er kann nicht wiederhergestellt werden.</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Löschen</translation>
     </message>
 </context>
 <context>
     <name>EffectsLibrary</name>
     <message>
         <source>There is an effect called &quot;%1&quot; already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt bereits einen Effekt namens „%1“.</translation>
     </message>
     <message>
         <source>The effects are still being read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Effekte werden noch gelesen.</translation>
     </message>
     <message numerus="yes">
         <source>There can be %n effect(s) at most.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Es kann höchstens %n Effekt geben.</numerusform>
+            <numerusform>Es kann höchstens %n Effekte geben.</numerusform>
         </translation>
     </message>
     <message>
         <source>This effect is too long.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Effekt ist zu lang.</translation>
     </message>
     <message>
         <source>This effect can&apos;t be renamed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Effekt kann nicht umbenannt werden.</translation>
     </message>
     <message>
         <source>This effect can&apos;t be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Effekt kann nicht gelöscht werden.</translation>
     </message>
     <message>
         <source>This effect can&apos;t be changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Effekt kann nicht geändert werden.</translation>
     </message>
 </context>
 <context>
     <name>EffectsStore</name>
     <message>
         <source>There are too many effects in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>In %1 sind zu viele Effekte.</translation>
     </message>
     <message>
         <source>The file %1 is not named as effects are.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 ist nicht wie ein Effekt benannt.</translation>
     </message>
     <message>
         <source>The effect in %1 can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Effekt in %1 kann nicht gelesen werden.</translation>
     </message>
     <message>
         <source>The order of the effects in %1 can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Reihenfolge der Effekte in %1 kann nicht gelesen werden.</translation>
     </message>
     <message>
         <source>The program ended while this effect was being tried. It was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm endete, während dieser Effekt erprobt wurde. Er wurde ausgeschaltet.</translation>
     </message>
     <message>
         <source>The program ended while the effect &quot;%1&quot; was being tried. It was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm endete, während der Effekt „%1“ erprobt wurde. Er wurde ausgeschaltet.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
     <message>
         <source>%1 could not be removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht entfernt werden.</translation>
     </message>
 </context>
 <context>
@@ -1059,50 +1067,50 @@ Please wait</source>
     <name>GLCarouselBar</name>
     <message>
         <source>Channel carousel</source>
-        <translation type="unfinished"></translation>
+        <translation>Senderkarussell</translation>
     </message>
     <message>
         <source>The channel to the left</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender links</translation>
     </message>
     <message>
         <source>Play this channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Sender abspielen</translation>
     </message>
     <message>
         <source>Show this channel beside the others</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Sender neben den anderen zeigen</translation>
     </message>
     <message>
         <source>The channel to the right</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Sender rechts</translation>
     </message>
 </context>
 <context>
     <name>GLChannelBar</name>
     <message>
         <source>Playback</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiedergabe</translation>
     </message>
     <message>
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Position</translation>
     </message>
     <message>
         <source>Volume</source>
-        <translation type="unfinished"></translation>
+        <translation>Lautstärke</translation>
     </message>
     <message>
         <source>Channel logo</source>
-        <translation type="unfinished"></translation>
+        <translation>Senderlogo</translation>
     </message>
     <message>
         <source>Previous channel (Page Up)</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Sender (Bild auf)</translation>
     </message>
     <message>
         <source>Next channel (Page Down)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster Sender (Bild ab)</translation>
     </message>
     <message>
         <source>Record</source>
@@ -1110,71 +1118,71 @@ Please wait</source>
     </message>
     <message>
         <source>Take a screenshot</source>
-        <translation type="unfinished"></translation>
+        <translation>Bildschirmfoto aufnehmen</translation>
     </message>
     <message>
         <source>Channel carousel</source>
-        <translation type="unfinished"></translation>
+        <translation>Senderkarussell</translation>
     </message>
     <message>
         <source>Show only this channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur diesen Sender zeigen</translation>
     </message>
     <message>
         <source>Show another channel beside this one</source>
-        <translation type="unfinished"></translation>
+        <translation>Einen weiteren Sender daneben zeigen</translation>
     </message>
     <message>
         <source>Leave full screen (Escape)</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild verlassen (Esc)</translation>
     </message>
     <message>
         <source>Full screen (Ctrl+F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild (Strg+F)</translation>
     </message>
     <message>
         <source>Sound on (Ctrl+M)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton an (Strg+M)</translation>
     </message>
     <message>
         <source>Mute (Ctrl+M)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton aus (Strg+M)</translation>
     </message>
     <message>
         <source>Stop recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme beenden</translation>
     </message>
     <message>
         <source>%1 / %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 / %2</translation>
     </message>
     <message>
         <source>Play (Space)</source>
-        <translation type="unfinished"></translation>
+        <translation>Abspielen (Leertaste)</translation>
     </message>
     <message>
         <source>Pause (Space)</source>
-        <translation type="unfinished"></translation>
+        <translation>Pause (Leertaste)</translation>
     </message>
 </context>
 <context>
     <name>GLIndicatorBar</name>
     <message>
         <source>Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Nachrichten</translation>
     </message>
     <message numerus="yes">
         <source>%n new chat message(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n neue Chatnachricht</numerusform>
+            <numerusform>%n neue Chatnachrichten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n new alert(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n neue Meldung</numerusform>
+            <numerusform>%n neue Meldungen</numerusform>
         </translation>
     </message>
 </context>
@@ -1182,115 +1190,115 @@ Please wait</source>
     <name>GLMovie</name>
     <message>
         <source>Could not locate a video decoder. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Videodecoder gefunden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>Could not open video codec. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Videocodec konnte nicht geöffnet werden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>No audio device present.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Audiogerät vorhanden.</translation>
     </message>
     <message>
         <source>Could not locate an audio decoder. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Audiodecoder gefunden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>Could not open audio codec. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Audiocodec konnte nicht geöffnet werden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>No video or audio streams found. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Video- oder Audiostreams gefunden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>The audio format is not supported. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Audioformat wird nicht unterstützt. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>Could not open sound device.</source>
-        <translation type="unfinished"></translation>
+        <translation>Audiogerät konnte nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>Failed creating movie texture. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Videotextur konnte nicht angelegt werden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>Not enough memory to play. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht genug Speicher. Wiedergabe nicht möglich</translation>
     </message>
 </context>
 <context>
     <name>GLOverlay</name>
     <message>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild</translation>
     </message>
     <message>
         <source>Viewpoint</source>
-        <translation type="unfinished"></translation>
+        <translation>Blickpunkt</translation>
     </message>
     <message>
         <source>Muted</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton aus</translation>
     </message>
     <message>
         <source>Volume %1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>Lautstärke %1 %</translation>
     </message>
     <message>
         <source>Sign in to watch the channels of your account</source>
-        <translation type="unfinished"></translation>
+        <translation>Melden Sie sich an, um die Sender Ihres Kontos zu sehen</translation>
     </message>
     <message numerus="yes">
         <source>%1 and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 und %n weiterer</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 (Ctrl and click: close)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Strg und Klick: schließen)</translation>
     </message>
     <message>
         <source>%1 (click: sound; Ctrl and click: close)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Klick: Ton; Strg und Klick: schließen)</translation>
     </message>
 </context>
 <context>
     <name>GLProgressIndicator</name>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>Buffer %1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>Puffer %1 %</translation>
     </message>
     <message>
         <source>Live</source>
-        <translation type="unfinished"></translation>
+        <translation>Live</translation>
     </message>
 </context>
 <context>
     <name>GLTitleBar</name>
     <message>
         <source>What plays</source>
-        <translation type="unfinished"></translation>
+        <translation>Was läuft</translation>
     </message>
     <message>
         <source>Sign In</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmelden</translation>
     </message>
     <message>
         <source>Hide the channels beside the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender neben dem Bild ausblenden</translation>
     </message>
     <message>
         <source>Show the channels beside the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender neben dem Bild einblenden</translation>
     </message>
 </context>
 <context>
@@ -1304,90 +1312,90 @@ Please wait</source>
     <name>GLWidget</name>
     <message>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild</translation>
     </message>
     <message>
         <source>What plays; Tab goes to its controls</source>
-        <translation type="unfinished"></translation>
+        <translation>Was läuft; Tab führt zu den Bedienelementen</translation>
     </message>
     <message>
         <source>There are no channels yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt noch keine Sender</translation>
     </message>
     <message>
         <source>Loading ... %1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird geladen ... %1 %</translation>
     </message>
     <message>
         <source>The page could not be loaded</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Seite konnte nicht geladen werden</translation>
     </message>
 </context>
 <context>
     <name>GeneralPage</name>
     <message>
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>Start</translation>
     </message>
     <message>
         <source>&amp;First, play:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zuerst abspielen:</translation>
     </message>
     <message>
         <source>what played last</source>
-        <translation type="unfinished"></translation>
+        <translation>was zuletzt lief</translation>
     </message>
     <message>
         <source>the first channel</source>
-        <translation type="unfinished"></translation>
+        <translation>den ersten Sender</translation>
     </message>
     <message>
         <source>nothing</source>
-        <translation type="unfinished"></translation>
+        <translation>nichts</translation>
     </message>
     <message>
         <source>&amp;Start when I sign in to the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beim Anmelden am Desktop starten</translation>
     </message>
     <message>
         <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hat der Desktop eine eigene Liste dessen, was mit ihm startet, tragen Sie dort „ombravision -startup“ ein.</translation>
     </message>
     <message>
         <source>Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenster</translation>
     </message>
     <message>
         <source>&amp;Always on top of other windows</source>
-        <translation type="unfinished"></translation>
+        <translation>Immer im &amp;Vordergrund</translation>
     </message>
     <message>
         <source>Show the &amp;menu bar</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Menüleiste anzeigen</translation>
     </message>
     <message>
         <source>Show the &amp;channel bar while the pointer is over the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Senderleiste anzeigen, solange der Mauszeiger über dem Bild ist</translation>
     </message>
     <message>
         <source>Show &amp;tips over the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tipps über dem Bild anzeigen</translation>
     </message>
     <message>
         <source>Screenshots</source>
-        <translation type="unfinished"></translation>
+        <translation>Bildschirmfotos</translation>
     </message>
     <message>
         <source>Directory of screenshots</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner für Bildschirmfotos</translation>
     </message>
     <message>
         <source>C&amp;hoose ...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wählen ...</translation>
     </message>
     <message>
         <source>Save them &amp;in:</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;peichern in:</translation>
     </message>
 </context>
 <context>
@@ -1395,45 +1403,46 @@ Please wait</source>
     <message>
         <source>Acquiring Channel...
 Please wait</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender wird geladen...
+Bitte warten</translation>
     </message>
     <message>
         <source>The file is too long to be kept in memory</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist zu lang für den Arbeitsspeicher</translation>
     </message>
     <message>
         <source>Failed to open %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht geöffnet werden</translation>
     </message>
 </context>
 <context>
     <name>HttpFileDownloader</name>
     <message>
         <source>The address cannot be downloaded from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Von dieser Adresse kann nichts heruntergeladen werden.</translation>
     </message>
     <message>
         <source>The connection failed (%1).</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Verbindung ist fehlgeschlagen (%1).</translation>
     </message>
     <message>
         <source>The server answered %1 %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Server hat mit %1 %2 geantwortet.</translation>
     </message>
     <message>
         <source>The server leads to another place that cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Server verweist auf ein anderes Ziel, das nicht verwendet werden kann.</translation>
     </message>
 </context>
 <context>
     <name>InviteDialog</name>
     <message>
         <source>Invite a Friend</source>
-        <translation type="unfinished"></translation>
+        <translation>Freunde einladen</translation>
     </message>
     <message>
         <source>&amp;Your letter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ihr Brief:</translation>
     </message>
     <message>
         <source>Hello,
@@ -1444,15 +1453,22 @@ I watch live television with Ombravision, and thought you might like it, too. Yo
 
 See you there!
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Hallo,
+
+ich sehe Live-Fernsehen mit Ombravision und dachte, es könnte dir auch gefallen. Hier bekommst du es:
+
+%1
+
+Bis bald!
+</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>&amp;Write a mail</source>
-        <translation type="unfinished"></translation>
+        <translation>E-&amp;Mail schreiben</translation>
     </message>
     <message>
         <source>Ombravision</source>
@@ -1463,117 +1479,117 @@ See you there!
     <name>KeysDialog</name>
     <message>
         <source>Escape</source>
-        <translation type="unfinished"></translation>
+        <translation>Esc</translation>
     </message>
     <message>
         <source>Leave full screen, close a dialog</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild verlassen, Dialog schließen</translation>
     </message>
     <message>
         <source>1 to 9</source>
-        <translation type="unfinished"></translation>
+        <translation>1 bis 9</translation>
     </message>
     <message>
         <source>Choose one of the open channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Einen der offenen Sender wählen</translation>
     </message>
     <message>
         <source>Page up, Page down</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild auf, Bild ab</translation>
     </message>
     <message>
         <source>Previous and next channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger und nächster Sender</translation>
     </message>
     <message>
         <source>Ctrl with a click</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg und Klick</translation>
     </message>
     <message>
         <source>Open a channel beside the others, or close it</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender neben den anderen öffnen oder ihn schließen</translation>
     </message>
     <message>
         <source>Double click</source>
-        <translation type="unfinished"></translation>
+        <translation>Doppelklick</translation>
     </message>
     <message>
         <source>Full screen on and off</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild ein und aus</translation>
     </message>
     <message>
         <source>Wheel</source>
-        <translation type="unfinished"></translation>
+        <translation>Mausrad</translation>
     </message>
     <message>
         <source>Volume</source>
-        <translation type="unfinished"></translation>
+        <translation>Lautstärke</translation>
     </message>
     <message>
         <source>Ctrl+Return</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+Eingabe</translation>
     </message>
     <message>
         <source>In &quot;Open Video Stream&quot;: open it beside what plays</source>
-        <translation type="unfinished"></translation>
+        <translation>In „Videostream öffnen“: neben dem öffnen, was läuft</translation>
     </message>
     <message>
         <source>Alt with a letter</source>
-        <translation type="unfinished"></translation>
+        <translation>Alt und ein Buchstabe</translation>
     </message>
     <message>
         <source>What has that letter underlined</source>
-        <translation type="unfinished"></translation>
+        <translation>Was diesen Buchstaben unterstrichen hat</translation>
     </message>
     <message>
         <source>Keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Tasten</translation>
     </message>
     <message>
         <source>Keys and what they do</source>
-        <translation type="unfinished"></translation>
+        <translation>Tasten und ihre Wirkung</translation>
     </message>
     <message>
         <source>Key</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste</translation>
     </message>
     <message>
         <source>What it does</source>
-        <translation type="unfinished"></translation>
+        <translation>Wirkung</translation>
     </message>
 </context>
 <context>
     <name>LoginDialog</name>
     <message>
         <source>Sign In</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmelden</translation>
     </message>
     <message>
         <source>Sign &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Anmelden</translation>
     </message>
     <message>
         <source>&amp;Keep me signed in</source>
-        <translation type="unfinished"></translation>
+        <translation>Angemeldet &amp;bleiben</translation>
     </message>
     <message>
         <source>I have no account yet: &amp;create one ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ich habe noch kein Konto: eines an&amp;legen ...</translation>
     </message>
 </context>
 <context>
     <name>LoginManager</name>
     <message>
         <source>The service does not accept this e-mail address and password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst akzeptiert diese E-Mail-Adresse mit diesem Passwort nicht.</translation>
     </message>
     <message>
         <source>You must install the critical update</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie müssen die kritische Aktualisierung installieren</translation>
     </message>
     <message>
         <source>Your password could not be stored. You will be asked for it at the next start.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihr Passwort konnte nicht gespeichert werden. Beim nächsten Start werden Sie danach gefragt.</translation>
     </message>
     <message>
         <source>Signing in ...</source>
@@ -1581,7 +1597,7 @@ See you there!
     </message>
     <message>
         <source>Creating the account ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Konto wird angelegt ...</translation>
     </message>
 </context>
 <context>
@@ -1823,266 +1839,266 @@ See you there!
     <name>MyChannels</name>
     <message>
         <source>The service has not removed it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst hat ihn nicht entfernt.</translation>
     </message>
 </context>
 <context>
     <name>NetworkErrors</name>
     <message>
         <source>No error</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Fehler</translation>
     </message>
     <message>
         <source>There was a general error</source>
-        <translation type="unfinished"></translation>
+        <translation>Allgemeiner Fehler</translation>
     </message>
     <message>
         <source>End of stream encountered</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende des Streams ist erreicht</translation>
     </message>
     <message>
         <source>Could not resolve resource</source>
-        <translation type="unfinished"></translation>
+        <translation>Ressource konnte nicht aufgelöst werden</translation>
     </message>
     <message>
         <source>Could not connect to server</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Verbindung zum Server möglich</translation>
     </message>
     <message>
         <source>Stream unavailable</source>
-        <translation type="unfinished"></translation>
+        <translation>Stream nicht verfügbar</translation>
     </message>
     <message>
         <source>Resource not available</source>
-        <translation type="unfinished"></translation>
+        <translation>Ressource nicht verfügbar</translation>
     </message>
     <message>
         <source>A remote server closed the connection</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein entfernter Server hat die Verbindung geschlossen</translation>
     </message>
     <message>
         <source>Authentication required</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung erforderlich</translation>
     </message>
     <message>
         <source>Proxy authentication required</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung am Proxy erforderlich</translation>
     </message>
     <message>
         <source>The operation unexpectedly succeeded</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Vorgang war unerwartet erfolgreich</translation>
     </message>
     <message>
         <source>The operation was unexpectedly redirected</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Vorgang wurde unerwartet umgeleitet</translation>
     </message>
     <message>
         <source>There was an unexpected client error</source>
-        <translation type="unfinished"></translation>
+        <translation>Unerwarteter Fehler des Clients</translation>
     </message>
     <message>
         <source>There was an unexpected server error</source>
-        <translation type="unfinished"></translation>
+        <translation>Unerwarteter Fehler des Servers</translation>
     </message>
     <message>
         <source>Unknown error</source>
-        <translation type="unfinished"></translation>
+        <translation>Unbekannter Fehler</translation>
     </message>
     <message>
         <source>The certificate of the server is not trusted</source>
-        <translation type="unfinished"></translation>
+        <translation>Dem Zertifikat des Servers wird nicht vertraut</translation>
     </message>
     <message>
         <source>The server sends nothing that can be played</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Server sendet nichts, was abgespielt werden kann</translation>
     </message>
 </context>
 <context>
     <name>NetworkPage</name>
     <message>
         <source>Proxy</source>
-        <translation type="unfinished"></translation>
+        <translation>Proxy</translation>
     </message>
     <message>
         <source>&amp;Kind:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Art:</translation>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>keiner</translation>
     </message>
     <message>
         <source>as the system says</source>
-        <translation type="unfinished"></translation>
+        <translation>wie im System eingestellt</translation>
     </message>
     <message>
         <source>HTTP</source>
-        <translation type="unfinished"></translation>
+        <translation>HTTP</translation>
     </message>
     <message>
         <source>HTTP, for web pages only</source>
-        <translation type="unfinished"></translation>
+        <translation>HTTP, nur für Webseiten</translation>
     </message>
     <message>
         <source>SOCKS 5</source>
-        <translation type="unfinished"></translation>
+        <translation>SOCKS 5</translation>
     </message>
     <message>
         <source>another (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>anderer (%1)</translation>
     </message>
     <message>
         <source>&amp;Host:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Host:</translation>
     </message>
     <message>
         <source>&amp;Port:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Port:</translation>
     </message>
     <message>
         <source>&amp;User:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Benutzer:</translation>
     </message>
     <message>
         <source>Pass&amp;word:</source>
-        <translation type="unfinished"></translation>
+        <translation>Pass&amp;wort:</translation>
     </message>
     <message>
         <source>&amp;Test the connection</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbindung &amp;testen</translation>
     </message>
     <message>
         <source>The test was ended.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Test wurde beendet.</translation>
     </message>
     <message>
         <source>End the &amp;test</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Test beenden</translation>
     </message>
     <message>
         <source>Asking the service ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst wird gefragt ...</translation>
     </message>
     <message>
         <source>Cache of channels and logos</source>
-        <translation type="unfinished"></translation>
+        <translation>Cache für Sender und Logos</translation>
     </message>
     <message>
         <source>&amp;Limit:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Grenze:</translation>
     </message>
     <message>
         <source> MiB</source>
-        <translation type="unfinished"></translation>
+        <translation> MiB</translation>
     </message>
     <message>
         <source>&amp;Empty the cache</source>
-        <translation type="unfinished"></translation>
+        <translation>Cache &amp;leeren</translation>
     </message>
     <message>
         <source>Removing ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird entfernt ...</translation>
     </message>
     <message>
         <source>The cache is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Cache ist leer.</translation>
     </message>
     <message>
         <source>Some files could not be removed; %1 are left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Einige Dateien konnten nicht entfernt werden; %1 verbleiben.</translation>
     </message>
 </context>
 <context>
     <name>NewChannelDialog</name>
     <message>
         <source>New Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Sender</translation>
     </message>
     <message>
         <source>Television</source>
-        <translation type="unfinished"></translation>
+        <translation>Fernsehen</translation>
     </message>
     <message>
         <source>Radio</source>
-        <translation type="unfinished"></translation>
+        <translation>Radio</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name:</translation>
     </message>
     <message>
         <source>&amp;Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Adresse:</translation>
     </message>
     <message>
         <source>&amp;Kind:</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;rt:</translation>
     </message>
     <message>
         <source>&amp;Description:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beschreibung:</translation>
     </message>
     <message>
         <source>Create</source>
-        <translation type="unfinished"></translation>
+        <translation>Anlegen</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>This is no address of the network: it begins with mms://, rtsp://, http:// or the like.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ist keine Netzadresse: Eine solche beginnt mit mms://, rtsp://, http:// oder Ähnlichem.</translation>
     </message>
     <message>
         <source>Other viewers can find the channel, too.</source>
-        <translation type="unfinished"></translation>
+        <translation>Auch andere Zuschauer können den Sender finden.</translation>
     </message>
 </context>
 <context>
     <name>OpenStreamDialog</name>
     <message>
         <source>Open Video Stream</source>
-        <translation type="unfinished"></translation>
+        <translation>Videostream öffnen</translation>
     </message>
     <message>
         <source>Address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>&amp;Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Adresse:</translation>
     </message>
     <message>
         <source>&amp;Forget all</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle &amp;vergessen</translation>
     </message>
     <message>
         <source>Forget the addresses that were opened before</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuvor geöffnete Adressen vergessen</translation>
     </message>
     <message>
         <source>Open &amp;beside</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Daneben öffnen</translation>
     </message>
     <message>
         <source>Beside what plays (Ctrl+Return)</source>
-        <translation type="unfinished"></translation>
+        <translation>Neben dem, was läuft (Strg+Eingabe)</translation>
     </message>
     <message>
         <source>&amp;Open</source>
-        <translation type="unfinished"></translation>
+        <translation>Ö&amp;ffnen</translation>
     </message>
     <message>
         <source>What the address is</source>
-        <translation type="unfinished"></translation>
+        <translation>Was die Adresse ist</translation>
     </message>
 </context>
 <context>
     <name>PanelNotice</name>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt</translation>
     </message>
 </context>
 <context>
@@ -2093,65 +2109,65 @@ See you there!
     </message>
     <message>
         <source>Pages</source>
-        <translation type="unfinished"></translation>
+        <translation>Seiten</translation>
     </message>
     <message>
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Video</translation>
     </message>
     <message>
         <source>Sound</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton</translation>
     </message>
     <message>
         <source>Network</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerk</translation>
     </message>
     <message>
         <source>Account</source>
-        <translation type="unfinished"></translation>
+        <translation>Konto</translation>
     </message>
     <message>
         <source>Alerts</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen</translation>
     </message>
     <message>
         <source>Chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Chat</translation>
     </message>
     <message>
         <source>&amp;Defaults</source>
-        <translation type="unfinished"></translation>
+        <translation>Stan&amp;dard</translation>
     </message>
     <message>
         <source>This page as in a new installation</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Seite wie nach einer Neuinstallation</translation>
     </message>
 </context>
 <context>
     <name>PreferencesPage</name>
     <message>
         <source>Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Ergebnis</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>streams of this kind cannot be recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>Streams dieser Art können nicht aufgenommen werden</translation>
     </message>
     <message>
         <source>the disk is too slow</source>
-        <translation type="unfinished"></translation>
+        <translation>der Datenträger ist zu langsam</translation>
     </message>
     <message>
         <source>%1 cannot be made</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht angelegt werden</translation>
     </message>
 </context>
 <context>
@@ -2159,14 +2175,15 @@ See you there!
     <message>
         <source>Error parsing channels
 Retrying...</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler beim Lesen der Sender
+Neuer Versuch...</translation>
     </message>
 </context>
 <context>
     <name>SignupDialog</name>
     <message>
         <source>Create Account</source>
-        <translation type="unfinished"></translation>
+        <translation>Konto anlegen</translation>
     </message>
     <message>
         <source>&amp;Create Account</source>
@@ -2174,31 +2191,31 @@ Retrying...</source>
     </message>
     <message>
         <source>Password &amp;again:</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort &amp;wiederholen:</translation>
     </message>
     <message>
         <source>&amp;Send me news about programmes and channels</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neues über Sendungen und Sender zusenden</translation>
     </message>
     <message>
         <source>Your e-mail address is your user name. It gets letters about your account and no others, unless you allow them here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre E-Mail-Adresse ist Ihr Benutzername. Sie erhalten dort nur Post zu Ihrem Konto, sofern Sie hier nicht mehr erlauben.</translation>
     </message>
     <message>
         <source>This is not an e-mail address yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ist noch keine E-Mail-Adresse.</translation>
     </message>
     <message>
         <source>The password needs one more character.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort braucht noch ein Zeichen.</translation>
     </message>
     <message>
         <source>The password needs %1 more characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort braucht noch %1 Zeichen.</translation>
     </message>
     <message>
         <source>The two passwords differ.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die beiden Passwörter sind verschieden.</translation>
     </message>
 </context>
 <context>
@@ -2220,141 +2237,141 @@ Retrying...</source>
     <name>SoapAllowedChannels</name>
     <message>
         <source>The answer of the service has no list of channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Dienstes enthält keine Senderliste.</translation>
     </message>
 </context>
 <context>
     <name>SoapReply</name>
     <message>
         <source>it is no answer to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>sie ist keine Antwort auf %1</translation>
     </message>
     <message>
         <source>The answer of the service cannot be read: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Dienstes kann nicht gelesen werden: %1.</translation>
     </message>
     <message>
         <source>it has a document type</source>
-        <translation type="unfinished"></translation>
+        <translation>sie hat einen Dokumenttyp</translation>
     </message>
     <message>
         <source>it has too many parts</source>
-        <translation type="unfinished"></translation>
+        <translation>sie hat zu viele Teile</translation>
     </message>
     <message>
         <source>The service reports a fault and does not say which.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst meldet einen Fehler, nennt ihn aber nicht.</translation>
     </message>
 </context>
 <context>
     <name>SoapRequest</name>
     <message>
         <source>The answer of the service is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Dienstes ist leer.</translation>
     </message>
 </context>
 <context>
     <name>SoapService</name>
     <message>
         <source>The address of the service is not a web address.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse des Dienstes ist keine Webadresse.</translation>
     </message>
     <message>
         <source>The service at %1 is not reached over a secure connection (https). What you entered could be read on the way, so it was not sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst unter %1 ist nicht über eine sichere Verbindung (https) erreichbar. Ihre Eingaben könnten unterwegs gelesen werden und wurden daher nicht gesendet.</translation>
     </message>
 </context>
 <context>
     <name>SoapSignup</name>
     <message>
         <source>Error parsing response</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler beim Lesen der Antwort</translation>
     </message>
     <message>
         <source>The service made no account and does not say why.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst hat kein Konto angelegt und nennt keinen Grund.</translation>
     </message>
 </context>
 <context>
     <name>SoapTransport</name>
     <message>
         <source>The service did not answer in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst hat nicht rechtzeitig geantwortet.</translation>
     </message>
     <message>
         <source>What you entered has a character that cannot be sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Eingabe enthält ein Zeichen, das nicht gesendet werden kann.</translation>
     </message>
     <message>
         <source>The program is closing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm wird beendet.</translation>
     </message>
     <message>
         <source>The answer of the service is too long.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Dienstes ist zu lang.</translation>
     </message>
     <message>
         <source>The service at %1 cannot prove who it is: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst unter %1 kann sich nicht ausweisen: %2</translation>
     </message>
     <message>
         <source>The service answered with the status %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst hat mit dem Status %1 geantwortet.</translation>
     </message>
 </context>
 <context>
     <name>SoundPage</name>
     <message>
         <source>Device</source>
-        <translation type="unfinished"></translation>
+        <translation>Gerät</translation>
     </message>
     <message>
         <source>&amp;Sound goes to:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ausgabe über:</translation>
     </message>
     <message>
         <source>&amp;Play a test tone</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Testton abspielen</translation>
     </message>
     <message>
         <source>Volume</source>
-        <translation type="unfinished"></translation>
+        <translation>Lautstärke</translation>
     </message>
     <message>
         <source>&amp;Volume:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Lautstärke:</translation>
     </message>
     <message>
         <source>&amp;Mute</source>
-        <translation type="unfinished"></translation>
+        <translation>T&amp;on aus</translation>
     </message>
     <message>
         <source>%1 (system)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (System)</translation>
     </message>
     <message>
         <source>%1 (not there now)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (derzeit nicht da)</translation>
     </message>
     <message>
         <source>Playing ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird abgespielt ...</translation>
     </message>
     <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ton wurde abgespielt. Wenn Sie nichts gehört haben, prüfen Sie die Lautstärke am Gerät selbst.</translation>
     </message>
     <message>
         <source>The tone was played where the system sends sound.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ton wurde dort abgespielt, wo das System den Ton ausgibt.</translation>
     </message>
     <message>
         <source>The device could not be opened. Another program may be using it alone.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät konnte nicht geöffnet werden. Vielleicht belegt es ein anderes Programm allein.</translation>
     </message>
     <message>
         <source>The device was opened but played nothing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät wurde geöffnet, hat aber nichts abgespielt.</translation>
     </message>
 </context>
 <context>
@@ -2368,43 +2385,43 @@ Retrying...</source>
     <name>SupportDialog</name>
     <message>
         <source>Support Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Angaben zur Unterstützung</translation>
     </message>
     <message>
         <source>This is what helps the &amp;support to find out what is wrong. It has no passwords and no e-mail addresses. Read it, then give it to whom you like: nothing is sent from here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dies hilft der &amp;Unterstützung herauszufinden, was nicht stimmt. Es enthält weder Passwörter noch E-Mail-Adressen. Lesen Sie es und geben Sie es dann weiter, an wen Sie möchten: Von hier wird nichts gesendet.</translation>
     </message>
     <message>
         <source>Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Ergebnis</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>Save &amp;as ...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern unter ...</translation>
     </message>
     <message>
         <source>Gathering ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird zusammengestellt ...</translation>
     </message>
     <message>
         <source>Copied.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopiert.</translation>
     </message>
     <message>
         <source>Save Support Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Angaben zur Unterstützung speichern</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert als %1.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
 </context>
 <context>
@@ -2422,80 +2439,80 @@ Retrying...</source>
     </message>
     <message>
         <source>&amp;Save as ...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern unter ...</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Leeren</translation>
     </message>
     <message>
         <source>&amp;Go from channel to channel and see whether each plays</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender &amp;nacheinander öffnen und prüfen, ob sie laufen</translation>
     </message>
     <message>
         <source> s</source>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>&amp;Time for each:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zeit für jeden:</translation>
     </message>
     <message>
         <source>&amp;Play a sound when one fails</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ton abspielen, wenn einer nicht läuft</translation>
     </message>
     <message>
         <source>What was found out</source>
-        <translation type="unfinished"></translation>
+        <translation>Was festgestellt wurde</translation>
     </message>
     <message numerus="yes">
         <source>%n channel(s) tested</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Sender getestet</numerusform>
+            <numerusform>%n Sender getestet</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n failed</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n fehlgeschlagen</numerusform>
+            <numerusform>%n fehlgeschlagen</numerusform>
         </translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
     <message>
         <source>Save Test Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Testergebnisse speichern</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert als %1.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
 </context>
 <context>
     <name>TestEventModel</name>
     <message>
         <source>It plays.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er läuft.</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Sender</translation>
     </message>
     <message>
         <source>What</source>
-        <translation type="unfinished"></translation>
+        <translation>Ergebnis</translation>
     </message>
 </context>
 <context>
@@ -2521,102 +2538,102 @@ Retrying...</source>
     <name>TutorialDialog</name>
     <message>
         <source>Tutorial</source>
-        <translation type="unfinished"></translation>
+        <translation>Einführung</translation>
     </message>
     <message>
         <source>Welcome</source>
-        <translation type="unfinished"></translation>
+        <translation>Willkommen</translation>
     </message>
     <message>
         <source>Over the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Über dem Bild</translation>
     </message>
     <message>
         <source>Move the pointer over the picture, and the controls appear: volume, mute, previous and next channel, full screen. They go by themselves once the pointer rests.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bewegen Sie den Mauszeiger über das Bild, und die Bedienelemente erscheinen: Lautstärke, Ton aus, voriger und nächster Sender, Vollbild. Sie verschwinden von selbst, sobald der Zeiger ruht.</translation>
     </message>
     <message>
         <source>Several at once</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehrere zugleich</translation>
     </message>
     <message>
         <source>Hold Ctrl and click another channel to watch it beside the first. A click on a picture gives it the sound, and Ctrl with a click closes it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Halten Sie Strg und klicken Sie auf einen weiteren Sender, um ihn neben dem ersten zu sehen. Ein Klick auf ein Bild gibt ihm den Ton, Strg und Klick schließt es.</translation>
     </message>
     <message>
         <source>Keep and find</source>
-        <translation type="unfinished"></translation>
+        <translation>Behalten und finden</translation>
     </message>
     <message>
         <source>Record what plays, keep a picture of it, or turn the carousel to see all channels at once. All of it is in the menus, with its keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nehmen Sie auf, was läuft, machen Sie ein Bildschirmfoto davon oder drehen Sie das Karussell, um alle Sender auf einmal zu sehen. All das steht in den Menüs, mit seinen Tasten.</translation>
     </message>
     <message>
         <source>Make it yours</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Ihrem Geschmack</translation>
     </message>
     <message>
         <source>Sign in to have your channels and settings wherever you are. The preferences change at once, and Help has a table of all keys. You find this tutorial there, too.</source>
-        <translation type="unfinished"></translation>
+        <translation>Melden Sie sich an, um Ihre Sender und Einstellungen überall dabeizuhaben. Die Einstellungen wirken sofort, und in der Hilfe finden Sie eine Tabelle aller Tasten. Auch diese Einführung finden Sie dort.</translation>
     </message>
     <message>
         <source>&amp;Back</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zurück</translation>
     </message>
     <message>
         <source>&amp;Next</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Weiter</translation>
     </message>
     <message>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild</translation>
     </message>
     <message>
         <source>Page %1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Seite %1 von %2</translation>
     </message>
     <message>
         <source>&amp;Done</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fertig</translation>
     </message>
     <message>
         <source>Ombravision plays live television from all over the world. The tab &quot;Channels&quot; has your channels, and &quot;Search&quot; finds more. Choose one, and it plays.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ombravision spielt Live-Fernsehen aus aller Welt. Im Reiter „Sender“ sind Ihre Sender, und „Suche“ findet weitere. Wählen Sie einen, und er läuft.</translation>
     </message>
 </context>
 <context>
     <name>UpdateDialog</name>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisierung</translation>
     </message>
     <message>
         <source>You must install the critical update to version %1 before you can sign in again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie müssen die kritische Aktualisierung auf Version %1 installieren, bevor Sie sich wieder anmelden können.</translation>
     </message>
     <message>
         <source>Version %1 of Ombravision is available.</source>
-        <translation type="unfinished"></translation>
+        <translation>Version %1 von Ombravision ist verfügbar.</translation>
     </message>
     <message>
         <source>It can be downloaded from %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie kann von %1 heruntergeladen werden.</translation>
     </message>
     <message>
         <source>The service names no safe address to download it from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst nennt keine sichere Adresse zum Herunterladen.</translation>
     </message>
     <message>
         <source>MD5 sum of the file: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>MD5-Summe der Datei: %1</translation>
     </message>
     <message>
         <source>&amp;Download</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Herunterladen</translation>
     </message>
     <message>
         <source>What is new</source>
-        <translation type="unfinished"></translation>
+        <translation>Was neu ist</translation>
     </message>
 </context>
 <context>
@@ -2627,193 +2644,193 @@ Retrying...</source>
     </message>
     <message>
         <source>Cha&amp;nnel:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sender:</translation>
     </message>
     <message>
         <source>Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse:</translation>
     </message>
     <message>
         <source>Transport:</source>
-        <translation type="unfinished"></translation>
+        <translation>Übertragung:</translation>
     </message>
     <message>
         <source>Picture:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild:</translation>
     </message>
     <message>
         <source>Sound:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton:</translation>
     </message>
     <message>
         <source>Pictures:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder:</translation>
     </message>
     <message>
         <source>Packets lost:</source>
-        <translation type="unfinished"></translation>
+        <translation>Verlorene Pakete:</translation>
     </message>
     <message>
         <source>Buffer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Puffer:</translation>
     </message>
     <message>
         <source>Bit rate:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitrate:</translation>
     </message>
     <message>
         <source>Offset of the sound:</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonversatz:</translation>
     </message>
     <message>
         <source>Time:</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit:</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>%1, %2 x %3, %4 per second</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2 x %3, %4 pro Sekunde</translation>
     </message>
     <message numerus="yes">
         <source>%1, %2 Hz, %n channel(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1, %2 Hz, %n Kanal</numerusform>
+            <numerusform>%1, %2 Hz, %n Kanäle</numerusform>
         </translation>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>keiner</translation>
     </message>
     <message>
         <source>%1 ms before the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ms vor dem Bild</translation>
     </message>
     <message>
         <source>%1 ms after the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ms nach dem Bild</translation>
     </message>
     <message>
         <source>No open channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein offener Sender</translation>
     </message>
     <message>
         <source>%1 shown, %2 dropped</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gezeigt, %2 verworfen</translation>
     </message>
     <message>
         <source>%1 of the picture, %2 of the sound</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 vom Bild, %2 vom Ton</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>%1 kbit/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kbit/s</translation>
     </message>
     <message>
         <source>%1 of %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 s</translation>
     </message>
     <message>
         <source>%1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 s</translation>
     </message>
 </context>
 <context>
     <name>VideoPage</name>
     <message>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild</translation>
     </message>
     <message>
         <source>&amp;Size of the picture:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild&amp;größe:</translation>
     </message>
     <message>
         <source>as large as fits</source>
-        <translation type="unfinished"></translation>
+        <translation>so groß wie möglich</translation>
     </message>
     <message>
         <source>fills the window, cut off at the edges</source>
-        <translation type="unfinished"></translation>
+        <translation>füllt das Fenster, am Rand beschnitten</translation>
     </message>
     <message>
         <source>stretched to the window</source>
-        <translation type="unfinished"></translation>
+        <translation>auf das Fenster gestreckt</translation>
     </message>
     <message>
         <source>half its own size</source>
-        <translation type="unfinished"></translation>
+        <translation>halbe Originalgröße</translation>
     </message>
     <message>
         <source>its own size</source>
-        <translation type="unfinished"></translation>
+        <translation>Originalgröße</translation>
     </message>
     <message>
         <source>twice its own size</source>
-        <translation type="unfinished"></translation>
+        <translation>doppelte Originalgröße</translation>
     </message>
     <message>
         <source>Smooth the &amp;edges of what is drawn (antialiasing)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kanten glätten (Antialiasing)</translation>
     </message>
     <message>
         <source>Graphics card</source>
-        <translation type="unfinished"></translation>
+        <translation>Grafikkarte</translation>
     </message>
     <message>
         <source>&amp;Convert colours on the graphics card</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Farben auf der Grafikkarte umwandeln</translation>
     </message>
     <message>
         <source>&amp;By means of:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Verfahren:</translation>
     </message>
     <message>
         <source>the best that the driver offers</source>
-        <translation type="unfinished"></translation>
+        <translation>das beste, das der Treiber bietet</translation>
     </message>
     <message>
         <source>a shader</source>
-        <translation type="unfinished"></translation>
+        <translation>Shader</translation>
     </message>
     <message>
         <source>a fragment program</source>
-        <translation type="unfinished"></translation>
+        <translation>Fragmentprogramm</translation>
     </message>
     <message>
         <source>the processor</source>
-        <translation type="unfinished"></translation>
+        <translation>Prozessor</translation>
     </message>
     <message>
         <source>&amp;Pictures reach the screen by:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild&amp;ausgabe über:</translation>
     </message>
     <message>
         <source>what is fastest here</source>
-        <translation type="unfinished"></translation>
+        <translation>den hier schnellsten Weg</translation>
     </message>
     <message>
         <source>OpenGL</source>
-        <translation type="unfinished"></translation>
+        <translation>OpenGL</translation>
     </message>
     <message>
         <source>shared memory</source>
-        <translation type="unfinished"></translation>
+        <translation>gemeinsamen Speicher</translation>
     </message>
     <message>
         <source>Changes other than the size open the channels that play again, which takes a moment.</source>
-        <translation type="unfinished"></translation>
+        <translation>Außer bei der Größe werden laufende Sender bei Änderungen neu geöffnet, was einen Moment dauert.</translation>
     </message>
     <message>
         <source>De&amp;interlace pictures that are made of two fields</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder aus zwei Halbbildern entflechten (De&amp;interlacing)</translation>
     </message>
 </context>
 <context>

@@ -5,9 +5,9 @@
     <name>ChannelPanels</name>
     <message numerus="yes">
         <source>Loading channels... %n so far</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Loading channels... %n so far</numerusform>
+            <numerusform>Loading channels... %n so far</numerusform>
         </translation>
     </message>
 </context>
@@ -15,16 +15,16 @@
     <name>ChannelSearchWidget</name>
     <message numerus="yes">
         <source>Search for %1 returned %n results</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Search for %1 returned %n results</numerusform>
+            <numerusform>Search for %1 returned %n results</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Search for most popular returned %n results</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Search for most popular returned %n results</numerusform>
+            <numerusform>Search for most popular returned %n results</numerusform>
         </translation>
     </message>
 </context>
@@ -32,9 +32,9 @@
     <name>ConnectionTest</name>
     <message numerus="yes">
         <source>%1 did not answer within %n second(s).</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 did not answer within a second.</numerusform>
+            <numerusform>%1 did not answer within %n seconds.</numerusform>
         </translation>
     </message>
 </context>
@@ -42,9 +42,9 @@
     <name>EffectsLibrary</name>
     <message numerus="yes">
         <source>There can be %n effect(s) at most.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>There can be one effect at most.</numerusform>
+            <numerusform>There can be %n effects at most.</numerusform>
         </translation>
     </message>
 </context>
@@ -52,16 +52,16 @@
     <name>GLIndicatorBar</name>
     <message numerus="yes">
         <source>%n new chat message(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n new chat message</numerusform>
+            <numerusform>%n new chat messages</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n new alert(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n new alert</numerusform>
+            <numerusform>%n new alerts</numerusform>
         </translation>
     </message>
 </context>
@@ -69,9 +69,9 @@
     <name>GLOverlay</name>
     <message numerus="yes">
         <source>%1 and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 and %n more</numerusform>
+            <numerusform>%1 and %n more</numerusform>
         </translation>
     </message>
 </context>
@@ -79,16 +79,16 @@
     <name>TestConsole</name>
     <message numerus="yes">
         <source>%n channel(s) tested</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n channel tested</numerusform>
+            <numerusform>%n channels tested</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n failed</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n failed</numerusform>
+            <numerusform>%n failed</numerusform>
         </translation>
     </message>
 </context>
@@ -96,9 +96,9 @@
     <name>VideoInformationDialog</name>
     <message numerus="yes">
         <source>%1, %2 Hz, %n channel(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1, %2 Hz, %n channel</numerusform>
+            <numerusform>%1, %2 Hz, %n channels</numerusform>
         </translation>
     </message>
 </context>

@@ -19,7 +19,7 @@ constexpr double farthest = 10.0;       // The same in viewing distances.
 constexpr double yaw = 25.0;            // Degrees that the viewer can turn to either side.
 constexpr double pitch = 15.0;          // The same up and down.
 constexpr double usualAspect = 16.0 / 9;
-constexpr double clearly = 1.001; // What covers no more than that more does not rearrange the pictures.
+constexpr double clearly = 1.05; // What covers no more than that more does not rearrange the pictures.
 } // namespace
 
 int ChannelGrid::columns(int count)

@@ -23,8 +23,9 @@ QString StreamInformation::asText() const
                .arg(sampleRate)
                .arg(audioChannels)
                .arg(audioBitrate) +
-           QStringLiteral("pictures: %1 shown, %2 dropped\npackets lost: %3 of pictures, %4 of sound\nbytes read: %5\n"
-                          "buffer: %6 of %7 bytes\n")
+           QStringLiteral(
+               "pictures: %1 shown, %2 dropped\npackets lost: %3 of pictures, %4 of sound\nbytes read: %5\n"
+               "buffer: %6 of %7 bytes\n")
                .arg(picturesShown)
                .arg(picturesDropped)
                .arg(videoLost)
@@ -52,9 +53,9 @@ StreamInformation ChannelStream::information() const
         result.buffered = client->bytesBuffered();
         result.bufferSize = client->bufferByteLength();
     }
-    result.transport = isSeekable()    ? tr("%1, a file").arg(scheme)
+    result.transport = isSeekable() ? scheme == "file" ? tr("a file on this computer") : tr("%1, a file").arg(scheme)
                        : client != nullptr ? tr("%1, live, through a buffer").arg(scheme)
-                                       : tr("%1, live").arg(scheme);
+                                           : tr("%1, live").arg(scheme);
     result.bytesRead = _dataSource->bytesRead();
     result.time = movie->movieTime();
     result.duration = movie->movieDuration();

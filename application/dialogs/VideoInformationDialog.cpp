@@ -35,7 +35,6 @@ VideoInformationDialog::VideoInformationDialog(AppData& appData, QWidget* parent
     setObjectName("videoInformationDialog");
     _form->setHorizontalSpacing(Look::margin);
     _form->setVerticalSpacing(Look::halfGrid);
-    _form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     _stream->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     _stream->setMinimumContentsLength(valueLetters / 2);
     _form->addRow(tr("Cha&nnel:"), _stream);
@@ -50,7 +49,6 @@ VideoInformationDialog::VideoInformationDialog(AppData& appData, QWidget* parent
     _offset = addLine(tr("Offset of the sound:"));
     _time = addLine(tr("Time:"));
     contents()->addLayout(_form);
-    contents()->addStretch();
     QPushButton* const copyButton = addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
     copyButton->setIcon(Icons::icon(Icon::Copy));
     copyButton->setAutoDefault(false);

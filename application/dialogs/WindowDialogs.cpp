@@ -81,6 +81,7 @@ void WindowDialogs::createActions()
     add(WindowDialog::VideoInformation, tr("Video Information"), QKeySequence("Ctrl+I"));
     add(WindowDialog::StreamBuffer, tr("Stream Buffer"), QKeySequence("Ctrl+B"));
     _appData.settings.action(MenuAction::Preferences)->setShortcut(QKeySequence("Ctrl+,"));
+    _appData.settings.action(MenuAction::EditVideoPostProcessing)->setShortcut(QKeySequence("Ctrl+E"));
     _appData.settings.action(MenuAction::Help)->setShortcut(QKeySequence(Qt::Key_F1));
 }
 

@@ -62,18 +62,30 @@ bool EffectsChain::isTrusted(Effect const& effect) const
 /// One step towards what the library wants; each step that ends leads here again.
 void EffectsChain::update()
 {
-    if (_driver.isEmpty() || !_library.isLoaded() || !_appData.settings.enableVideoPostProcessing())
+    if (_driver.isEmpty() || !_library.isLoaded())
         return;
+    bool const isShown = _appData.settings.enableVideoPostProcessing();
     if (_trial.isRunning()) {
         Effect const* const tried = _library.find(_triedName);
         if (tried && tried->source == _triedSource)
             return;
         _trial.cancel(); // It has changed, or gone, meanwhile.
     }
-    for (Effect const& effect : _library.effects())
-        if (effect.isOn && !isTrusted(effect) && !_refused.contains(EffectTrial::mark(effect.source, _driver)))
+    for (Effect const& effect : _library.effects()) {
+        bool const isWanted = (isShown && effect.isOn) || effect.name == _watched;
+        if (isWanted && !isTrusted(effect) && !_refused.contains(EffectTrial::mark(effect.source, _driver)))
             return tryNext(effect);
-    compile();
+    }
+    if (isShown)
+        compile();
+}
+
+void EffectsChain::setWatched(QString const& name)
+{
+    if (_watched == name)
+        return;
+    _watched = name;
+    update();
 }
 
 void EffectsChain::tryNext(Effect const& effect)

@@ -31,6 +31,9 @@ public:
     EffectsChain(AppData& appData, EffectsLibrary& library, GLWidget& surface, QString const& program);
     ~EffectsChain() override;
 
+    /// This one is tried whether it is on or not: somebody is at work on it. Empty for none.
+    void setWatched(QString const& name);
+
 signals:
     /// How an effect has fared, and the compiler's log. Empty words: it is shown, or would be.
     void examined(QString name, QString words, QString log);
@@ -56,6 +59,7 @@ private:
     QString _driver;    ///< Empty before the surface stands.
     QString _triedName; ///< What runs in the trial.
     QString _triedSource;
+    QString _watched;
     QSet<QByteArray> _refused; ///< Marks of what did not pass.
     QTimer _probation;
     bool _isCompiling = false; ///< The disk is being told.

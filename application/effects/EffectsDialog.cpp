@@ -39,7 +39,7 @@ constexpr int listLetters = 18;
 } // namespace
 
 EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsChain& chain, QWidget* parent)
-    : OmbravisionDialog(appData, tr("Effects"), parent), _library(library)
+    : OmbravisionDialog(appData, tr("Effects"), parent), _library(library), _chain(chain)
 {
     setObjectName("effectsDialog");
     setSizeGripEnabled(true);
@@ -60,6 +60,8 @@ EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsC
         (this->*create)(layout);
     }
     splitter->setStretchFactor(1, 1);
+    splitter->setSizes(
+        {listLetters * fontMetrics().averageCharWidth(), editorLetters * fontMetrics().averageCharWidth()});
     contents()->addWidget(splitter, 1);
     _revert = addButton(tr("Re&vert"), QDialogButtonBox::ResetRole);
     _revert->setToolTip(tr("The source as it was before you changed it"));
@@ -138,7 +140,7 @@ void EffectsDialog::createEditor(QVBoxLayout* layout)
     _message->setTextFormat(Qt::PlainText);
     _message->setWordWrap(true);
     _message->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    _message->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    _message->setMinimumHeight(3 * fontMetrics().lineSpacing());
     _message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     layout->addWidget(_message);
     connect(_editor, &QPlainTextEdit::textChanged, this, &EffectsDialog::onTyped);
@@ -180,7 +182,7 @@ void EffectsDialog::showItem(QListWidgetItem* item, Effect const& effect)
     item->setData(Qt::UserRole, effect.name);
     item->setText(effect.name);
     item->setToolTip(effect.fault);
-    item->setIcon(effect.fault.isEmpty() ? effect.isTemplate ? Icons::icon(Icon::Lock) : QIcon()
+    item->setIcon(effect.fault.isEmpty() ? effect.isTemplate ? Icons::icon(Icon::Lock) : Icons::icon(Icon::Edit)
                                          : Icons::icon(Icon::Warning));
     item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled);
     item->setCheckState(effect.isOn ? Qt::Checked : Qt::Unchecked);
@@ -207,6 +209,8 @@ void EffectsDialog::onChosen()
                                          : tr("What you type is kept, and shown while the effect is on."));
     onExamined(_edited, effect ? effect->fault : QString(), _logs.value(_edited));
     refreshButtons();
+    if (isVisible())
+        _chain.setWatched(_edited);
 }
 
 void EffectsDialog::refreshButtons()
@@ -263,9 +267,16 @@ void EffectsDialog::keepTyped()
     refreshButtons();
 }
 
+void EffectsDialog::showEvent(QShowEvent* event)
+{
+    OmbravisionDialog::showEvent(event);
+    _chain.setWatched(_edited);
+}
+
 void EffectsDialog::hideEvent(QHideEvent* event)
 {
     keepTyped();
+    _chain.setWatched({});
     OmbravisionDialog::hideEvent(event);
 }
 

@@ -30,6 +30,7 @@ public:
     EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsChain& chain, QWidget* parent);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
@@ -58,6 +59,7 @@ private:
     void tell(QString const& words);
 
     EffectsLibrary& _library;
+    EffectsChain& _chain;
     QCheckBox* _enabled = nullptr;
     QListWidget* _list = nullptr;
     QList<QToolButton*> _tools;

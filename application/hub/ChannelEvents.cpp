@@ -114,7 +114,6 @@ void ChannelEvents::onWindowVisibilityChanged(bool visible)
         settings.action(action)->setEnabled(visible);
     for (QAction* const action : settings.actions().drawModes())
         action->setEnabled(visible);
-    settings.action(MenuAction::CloseWindow)->setChecked(!visible);
 }
 
 void ChannelEvents::onTestModeChanged()

@@ -188,7 +188,8 @@ void ChannelRowPainter::paintSecondLine(QRect area, Channel const& channel)
     QFont const font = smallFont(_option.font);
     if (channel.state != ChannelRowState::Closed)
         area.setLeft(area.left() - gap + paintStateIn(area.adjusted(-gap, 0, 0, 0), channel.state));
-    int const wanted = QFontMetrics(font).horizontalAdvance(channel.aside);
+    int const advance = QFontMetrics(font).horizontalAdvance(channel.aside);
+    int const wanted = advance > 0 ? advance + 2 : 0; // Rounding must not elide it.
     bool const isRoomy = channel.subtitle.isEmpty() ? wanted <= area.width() : 3 * wanted <= area.width();
     if (wanted > 0 && isRoomy) {
         QRect aside = area;

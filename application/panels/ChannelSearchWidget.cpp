@@ -38,7 +38,12 @@ ChannelSearchWidget::ChannelSearchWidget(WebCache* cache, QString const& webSear
     signOut();
 }
 
-ChannelSearchWidget::~ChannelSearchWidget() = default;
+/// The parts are destroyed after this, and tell of it what they have to tell.
+ChannelSearchWidget::~ChannelSearchWidget()
+{
+    for (QObject* const part : findChildren<QObject*>())
+        part->disconnect(this);
+}
 
 void ChannelSearchWidget::createControls()
 {

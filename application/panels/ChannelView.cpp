@@ -26,6 +26,7 @@ void ChannelHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int sect
         option->icon = {};
     else if (!option->icon.isNull())
         option->text.clear();
+    option->textAlignment = QStyle::visualAlignment(layoutDirection(), option->textAlignment);
 }
 
 ChannelView::ChannelView(QWidget* parent) : QTreeView(parent)

@@ -77,7 +77,7 @@ constexpr Spec specs[] = {
      Kind::Command},
     {QT_TRANSLATE_NOOP("MenuActions", "Preferences"), nullptr, MenuAction::Preferences, Kind::Command},
     {QT_TRANSLATE_NOOP("MenuActions", "&Show Window"), nullptr, MenuAction::ShowWindow, Kind::Command},
-    {QT_TRANSLATE_NOOP("MenuActions", "Close Window"), "Ctrl+W", MenuAction::CloseWindow, Kind::Toggle},
+    {QT_TRANSLATE_NOOP("MenuActions", "Close Window"), "Ctrl+W", MenuAction::CloseWindow, Kind::Command},
 };
 
 constexpr size_t index(MenuAction action)

@@ -115,6 +115,7 @@ void GLWidget::onSurfaceOutdated()
 {
     if (!_isInitialized)
         return;
+    _appData.settings.setCarouselMode(false);
     destroyPrograms();
     _surface.renew(_appData.settings.enableAntialiasing());
     _isInitialized = false;

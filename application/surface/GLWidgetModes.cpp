@@ -27,6 +27,17 @@ void GLWidget::onCarouselModeChanged()
     }
 }
 
+/// A hidden window plays nothing, neither what the carousel looks at.
+void GLWidget::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (!window()->isHidden())
+        return;
+    _appData.settings.setCarouselMode(false);
+    _zoomAnimation.setValue(0.0);
+    _carousel.leave();
+}
+
 void GLWidget::onZoomAnimationValueChanged(GLAnimation*)
 {
     _pacer.request();

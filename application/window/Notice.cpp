@@ -9,8 +9,9 @@
 
 namespace
 {
-constexpr int distance = 12; // Pixels between the notice and the edges of its place.
-}
+constexpr int distance = 12;      // Pixels between the notice and the edges of its place.
+constexpr int overControls = 104; // Above the lower edge, where there is room: the controls of the overlay are there.
+} // namespace
 
 Notice::Notice(QWidget* parent, QWidget* place) : QLabel(parent), _place(place)
 {
@@ -71,7 +72,8 @@ void Notice::moveIntoPlace()
     int const textWidth = fontMetrics().boundingRect(QRect(), Qt::TextExpandTabs, text()).width() + 2 * distance;
     int const width = qMin(room.width() - 2 * distance, textWidth);
     resize(width, heightForWidth(width));
-    move(room.left() + distance, room.bottom() - distance - height());
+    int const below = room.height() > 3 * overControls ? overControls : distance;
+    move(room.left() + distance, room.bottom() - below - height());
 }
 
 bool Notice::eventFilter(QObject* watched, QEvent* event)

@@ -113,11 +113,17 @@ void Window::createChildControls()
     _actionStates = std::make_unique<ActionStates>(_appData);
 }
 
+bool Window::hasMenusInTitle() const
+{
+    return isSkinned() && !isRightToLeft(); // Qt's menu bar takes all of a line that runs from right to left.
+}
+
 QSize Window::sizeAround() const
 {
     QMargins const margins = layout()->contentsMargins();
-    int const title = isSkinned() ? frame()->titleBar()->sizeHint().height() : _menuBar->sizeHint().height();
-    return {margins.left() + margins.right(), margins.top() + margins.bottom() + title};
+    int const title = isSkinned() ? frame()->titleBar()->sizeHint().height() : 0;
+    int const menus = hasMenusInTitle() ? 0 : _menuBar->sizeHint().height();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom() + title + menus};
 }
 
 void Window::createMenus()
@@ -150,7 +156,7 @@ void Window::applySkin()
     // In the skin the palette is ours, for dialogs and icons, too; otherwise the desktop's, as it may change.
     QApplication::setPalette(isSkinned() ? skinPalette() : QPalette());
     setStyleSheet(AppData::buildStyleSheet(isSkinned()));
-    if (isSkinned()) {
+    if (hasMenusInTitle()) {
         frame()->titleBar()->leading()->addWidget(_menuBar, 0, Qt::AlignVCenter);
         _menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     } else {
@@ -263,50 +269,4 @@ void Window::onStreamOpened()
 {
     if (!_sizedByHand && !isMaximized() && _appData.channelManager()->openChannels().size() == 1)
         zoom(1.0);
-}
-
-void Window::onShowFullScreenChanged()
-{
-    bool const full = _appData.settings.showFullScreen();
-    onShowMenuBarChanged();
-    onShowTabsChanged();
-    if (!_followsWindowManager) {
-        // Leaves the other states as they are: a window that was maximised is so again afterwards.
-        setWindowState(windowState().setFlag(Qt::WindowFullScreen, full));
-        _windowManagerState->setFullScreen(full);
-    }
-    // A film must not be interrupted by the screen saver.
-    _hibernationManager->setEnabled(!full);
-    _screenSaverManager->setEnabled(!full);
-}
-
-void Window::onFullScreenByWindowManager(bool full)
-{
-    // What it says may precede its answer to a request: asking again would call that back.
-    QScopedValueRollback const follows(_followsWindowManager, true);
-    _appData.settings.setShowFullScreen(full);
-}
-
-void Window::onAlwaysOnTopChanged()
-{
-    _windowManagerState->setAbove(_appData.settings.alwaysOnTop());
-}
-
-void Window::onShowMenuBarChanged()
-{
-    _menuBar->setVisible(_appData.settings.showMenuBar() && !_appData.settings.showFullScreen());
-}
-
-void Window::onShowTabsChanged()
-{
-    _tabs->setVisible(_tabs->count() > 0 && _appData.settings.showTabs() && !_appData.settings.showFullScreen());
-}
-
-void Window::onSkinChanged()
-{
-    QSize const picture = _glWidget->size();
-    applySkin();
-    layout()->activate();
-    if (!(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
-        _zoom->resizeWindow(size() + picture - _glWidget->size()); // Not larger or smaller for another frame.
 }

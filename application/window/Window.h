@@ -109,6 +109,7 @@ private slots:
 
 private:
     void createChildControls();
+    bool hasMenusInTitle() const;
     QSize sizeAround() const; ///< What the frame in the skin, menu bar and margins need.
     void createMenus();
     void createTrayIcon();

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 namespace
 {
@@ -94,6 +95,10 @@ bool WindowPlace::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Move || event->type() == QEvent::Resize ||
         event->type() == QEvent::WindowStateChange)
         _rest.start();
+    // Shown again where it is now, not where the window manager would put a new one.
+    if (QWindow* const native = _window.windowHandle();
+        native && event->type() == QEvent::Hide && !event->spontaneous())
+        native->setPosition(native->position());
     return QObject::eventFilter(watched, event);
 }
 

@@ -228,13 +228,15 @@ TEST_F(ChannelListTest, ClicksAndKeysAskForWhatTheRowCanDo)
     ASSERT_EQ(clicked.size(), 1);
     EXPECT_TRUE(clicked[0][1].toBool());
     EXPECT_EQ(list->view()->currentIndex(), indexOf("b"));
-    QTest::mouseDClick(list->view()->viewport(), Qt::LeftButton, {}, list->view()->visualRect(indexOf("b")).center());
-    EXPECT_EQ(clicked.size(), 2) << "two clicks are one";
+    QPoint const point = list->view()->visualRect(indexOf("b")).center();
+    QTest::mouseDClick(list->view()->viewport(), Qt::LeftButton, {}, point);
+    QTest::mouseRelease(list->view()->viewport(), Qt::LeftButton, {}, point);
+    EXPECT_EQ(clicked.size(), 1) << "two clicks are one";
     click(indexOf("c"));
     EXPECT_EQ(bought.size(), 1);
     click(indexOf("d"));
     EXPECT_EQ(child<QLabel>("message")->text(), "<b>Not</b> here");
-    EXPECT_EQ(clicked.size(), 2);
+    EXPECT_EQ(clicked.size(), 1);
     click(indexOf("a", ChannelListWidgetModel::AlertsColumn));
     EXPECT_EQ(alerts.value(0), (QVariantList{"a", false}));
     EXPECT_FALSE(_appData.settings.channelAlerts("a", true));
@@ -316,7 +318,7 @@ TEST_F(ChannelListTest, SaysWhatThereIsInsteadOfChannels)
     QSignalSpy const signedIn(list.get(), &ChannelListWidget::signInClicked);
     auto const notice = [this](Content content, QString const& text = {}) {
         list->setContent(content, text);
-        return child<QLabel>("notice")->text() + " / " + child<QPushButton>("noticeButton")->text();
+        return QString(child<QLabel>("notice")->text() + " / " + child<QPushButton>("noticeButton")->text());
     };
     EXPECT_EQ(notice(Content::Ready), "There are no channels on your list. / Refresh");
     EXPECT_EQ(notice(Content::Loading), "Loading channels... / Refresh");

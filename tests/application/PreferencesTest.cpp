@@ -13,6 +13,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSpinBox>
@@ -169,6 +171,23 @@ TEST_F(PreferencesTest, TheConnectionTestSaysInWordsHowItWent)
     words.clear();
     processPendingEvents();
     EXPECT_TRUE(words.isEmpty() && !test.isRunning());
+}
+
+TEST_F(PreferencesTest, TheCacheCanBeEmptied)
+{
+    QString const path = _appData.settings.cacheDirectory() + "/" + QString(32, 'a') + ".data";
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
+    file.close();
+    qint64 left = -1;
+    QObject::connect(
+        _appData.webCache(), &WebCache::cleared, _dialog.get(), [&left](qint64 bytes) { left = bytes; },
+        Qt::QueuedConnection);
+    _appData.webCache()->clear();
+    ASSERT_TRUE(processEventsUntil([&left] { return left >= 0; }));
+    EXPECT_EQ(left, 0);
+    EXPECT_FALSE(QFile::exists(path));
 }
 
 TEST_F(PreferencesTest, TheSupportReportHasNoSecrets)

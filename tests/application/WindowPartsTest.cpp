@@ -97,7 +97,7 @@ TEST(Mnemonics, AreUniqueInAMenu)
 {
     EXPECT_EQ(
         Mnemonics::unique({"&Open File", "&Open Files", "Save", "&Save As", "Rock && Roll", "1:1", "&Open", "%"}),
-        QStringList({"&Open File", "Open &Files", "Sa&ve", "&Save As", "&Rock && Roll", "&1:1", "O&pen", "%"}));
+        QStringList({"&Open File", "Open &Files", "S&ave", "&Save As", "&Rock && Roll", "&1:1", "O&pen", "%"}));
     QStringList const once = Mnemonics::unique({"&Öffnen", "&Öffnen", "o", "o"});
     EXPECT_EQ(Mnemonics::unique(once), once);
 }

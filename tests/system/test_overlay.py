@@ -41,14 +41,11 @@ class Overlay(unittest.TestCase):
         row = self.display.screenshot((x + width // 3, y + height - BAR, width // 3, 4))
         return max(row.rgb) < 200
 
-    def rectangle(self, program):
-        """Of the whole surface, which one picture fills."""
-        return wait_for(lambda: program.video_rectangle(), 10, "a picture")
-
     def test_the_bars_come_with_the_pointer_and_go_when_it_rests(self):
         with Program(self.display, clips.mp4(20, 1024, 576)) as program:
-            place = self.rectangle(program)
-            self.assertFalse(self.bars(place), "nobody has moved the pointer")
+            place = program.own_size_rectangle(1024, 576)  # That is the whole surface.
+            self.display.ask("xdotool", "mousemove", "1", "1")
+            wait_for(lambda: not self.bars(place), 8, "the picture")
             self.move(place, 0.5, 0.5)
             wait_for(lambda: self.bars(place), 2, "the bars")
             wait_for(lambda: not self.bars(place), 8, "no bars")
@@ -61,6 +58,7 @@ class Overlay(unittest.TestCase):
                 self.click("--repeat", "2", WHEEL_DOWN)
                 wait_for(lambda: "90 %" in self.title(program), 2, "another volume")
             with self.subTest("the keyboard gets to the buttons"):
+                self.click("1")
                 self.key(program, *["Tab"] * 5, "space")  # Sign in, tabs, position, pause, mute.
                 wait_for(lambda: "muted" in self.title(program), 2, "silence")
                 self.key(program, "Tab", "Left")
@@ -70,15 +68,14 @@ class Overlay(unittest.TestCase):
     def test_pictures_change_places_and_one_fills_the_screen(self):
         with Program(self.display, clips.mp4(), clips.mp4(8, 1024, 576)) as program:
             wait_for(lambda: len(program.logged("^Playing ")) == 2, 10, "two pictures")
-            x, y, width, height = self.display.geometry(program.window)
-            surface = (x, y + 40, width, height - 40)
-            left = program.video_rectangle()[0]
-            self.move(surface, 0.25, 0.5)
+            left = wait_for(lambda: program.video_rectangle()[2] < 500 and program.video_rectangle(), 10, "two halves")
+            width = self.display.geometry(program.window)[2]
+            self.move(left, 0.5, 0.5)
             self.display.ask("xdotool", "mousedown", "1")
-            self.move(surface, 0.5, 0.5)
-            self.move(surface, 0.75, 0.5)
+            self.move(left, 1.0, 0.5)
+            self.move(left, 1.5, 0.5)
             self.display.ask("xdotool", "mouseup", "1")
-            wait_for(lambda: program.video_rectangle()[0] > left, 5, "the active picture to the right")
+            wait_for(lambda: program.video_rectangle()[0] > left[0], 5, "the active picture to the right")
             self.click("--repeat", "2", "--delay", "50", "1")
             wait_for(lambda: self.display.geometry(program.window)[2:] == (self.display.width, self.display.height), 5,
                      "full screen")
@@ -86,7 +83,7 @@ class Overlay(unittest.TestCase):
             wait_for(lambda: self.display.geometry(program.window)[2] == width, 5, "the window")
             with self.subTest("carousel"):
                 self.key(program, "ctrl+space")
-                wait_for(lambda: program.video_rectangle()[2] < width // 2, 5, "the picture on a card")
+                wait_for(lambda: program.video_rectangle()[2] not in (left[2], width), 5, "the picture on a card")
                 self.key(program, "Left", "Return")
                 wait_for(lambda: program.logged("Channel changed from .* to .*1024x576"), 5, "the chosen channel")
 

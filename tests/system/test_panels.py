@@ -2,6 +2,7 @@
 
 import base64
 import contextlib
+import time
 import unittest
 import urllib.request
 from xml.sax.saxutils import escape
@@ -11,7 +12,7 @@ from support.display import VirtualDisplay
 from support.localservices import LocalServices
 from support.program import Program
 
-GUEST, MAKER, PASSWORD = "guest@ombravision.invalid", "maker@ombravision.invalid", "letters"
+GUEST, MAKER, PASSWORD = "guest@ombravision.invalid", "maker@ombravision.invalid", "letters-and-signs"
 FILTER, FIRST_ROW, ROW = 84, 179, 47  # Below the top of the window.
 FROM_END = 150  # Of the window, for a point that is on each control of the panel.
 
@@ -63,6 +64,11 @@ class Panels(unittest.TestCase):
     def windows(self):
         return len(self.display.ask("xdotool", "search", "--onlyvisible", "--pid", str(self.program.pid)).split())
 
+    def stands_still(self):
+        before = self.display.geometry(self.program.window)
+        time.sleep(0.5)
+        return self.display.geometry(self.program.window) == before
+
     def open_by(self, *steps):
         """Does what opens a menu or a dialog, and waits for that."""
         closed = self.windows()
@@ -76,10 +82,12 @@ class Panels(unittest.TestCase):
                     r"application/biscotti\host": "127.0.0.1",
                     r"application/biscotti\port": self.service.ports["biscotti"],
                     r"application/lastUser": GUEST, rf"user/{user}\password": PASSWORD,
-                    rf"user/{user}\signInAutomatically": "true"}
+                    rf"user/{user}\signInAutomatically": "true", rf"user/{user}\videoWindow\seenTutorial29": "true"}
         with Program(self.display, settings=settings, driver="null") as self.program:
             program = self.program
             program.wait_for_log("^Channel changed from .* to Alpha$")
+            program.video_rectangle()
+            wait_for(self.stands_still, 20, "the window to have its size")
             self.display.ask("xdotool", "windowactivate", "--sync", program.window)
             self.click(FILTER)
             self.type("bet")
@@ -88,7 +96,8 @@ class Panels(unittest.TestCase):
             self.key("Escape")  # The whole list again.
             self.open_by(lambda: self.click(FIRST_ROW + 2 * ROW, button=3))
             self.key("Down", "Down", "Return")  # Add to Multiview.
-            program.wait_for_log("^Opened .*/a$", count=3)
+            program.wait_for_log("^StateChanged for channel Gamma")
+            self.assertFalse(program.logged("^A stream of channel Beta was closed"))
             self.click(FILTER)
             self.type("alpha")
             self.open_by(lambda: self.key("Down", "Delete"))
@@ -98,7 +107,8 @@ class Panels(unittest.TestCase):
             self.make_channel("Viewers news")
             self.click(52, from_end=70)  # The other tab.
             self.click(FILTER)
-            self.type("viewers\n")
+            self.type("viewers")
+            self.key("Return")
             self.open_by(lambda: self.click(FIRST_ROW + 30, button=3))
             self.key("Up", "Return")  # Save to My Channels.
             program.wait_for_log("^Added channel .* Viewers news$")

@@ -39,10 +39,7 @@ QColor colourOf(QList<ChatColour> const& colours, char const* name, QColor ChatC
 ChatPage::ChatPage(AppData& appData) : PreferencesPage(appData)
 {
     addSection(tr("Text"));
-    constexpr int smallest = 6;
-    constexpr int largest = 48;
-    QSpinBox* const size = addNumber(tr("&Size of the text:"), &SettingsValues::chatFontSize, tr(" pt"));
-    size->setRange(smallest, largest);
+    addNumber(tr("&Size of the text:"), &SettingsValues::chatFontSize, tr(" pt"));
     addSample();
     addSection(tr("Colours"));
     addColours();

@@ -19,8 +19,9 @@
 
 namespace
 {
-constexpr int reach = 5;             ///< Slides to either side of the middle that are drawn.
-constexpr int playDelay = 700;       ///< ms that a channel is in the middle before it is opened.
+constexpr int reach = 5;       ///< Slides to either side of the middle that are drawn.
+constexpr int playDelay = 700; ///< ms that a channel is in the middle before it is opened.
+constexpr int texturesPerFrame = 2;
 constexpr int pageStep = 5;          ///< Slides.
 constexpr double slideNotch = 120.0; ///< Eighths of a degree.
 // Of the carousel's space, in which the surface is 1 high at the distance of the middle card.
@@ -333,8 +334,11 @@ void GLCarousel::render(QSize const& surface, double zoom)
     for (auto const& [index, slide] : _slides)
         order.push_back(index);
     std::ranges::sort(order, [position](int a, int b) { return std::abs(a - position) > std::abs(b - position); });
+    GLCarouselSlide::Budget budget{texturesPerFrame};
     for (int const index : order)
-        renderSlide(index, surface);
+        renderSlide(index, surface, budget);
+    if (budget.isExceeded)
+        QMetaObject::invokeMethod(this, &GLCarousel::changed, Qt::QueuedConnection);
     glPopAttrib();
     glPopMatrix();
     glMatrixMode(GL_PROJECTION);
@@ -342,7 +346,7 @@ void GLCarousel::render(QSize const& surface, double zoom)
     glMatrixMode(GL_MODELVIEW);
 }
 
-void GLCarousel::renderSlide(int index, QSize const& surface)
+void GLCarousel::renderSlide(int index, QSize const& surface, GLCarouselSlide::Budget& budget)
 {
     GLCarouselSlide& slide = *_slides.at(index);
     Channel* const channel = _appData.channelManager()->getChannelByRootId(slide.rootId());
@@ -355,6 +359,6 @@ void GLCarousel::renderSlide(int index, QSize const& surface)
     glRotated(-side * sideTurn, 0.0, 1.0, 0.0);
     double const opacity = std::clamp(1.0 - darkening * std::abs(away), 0.0, 1.0);
     double const titleOpacity = std::clamp(1.0 - std::abs(away) / titleReach, 0.0, 1.0);
-    slide.render(*channel, opacity, titleOpacity, surface.height());
+    slide.render(*channel, opacity, titleOpacity, surface.height(), budget);
     glPopMatrix();
 }

@@ -75,7 +75,7 @@ private:
     void onMoved();
     void onChannelsUpdated();
     void playActive();
-    void renderSlide(int index, QSize const& surface);
+    void renderSlide(int index, QSize const& surface, GLCarouselSlide::Budget& budget);
     void keepSlidesNear(int middle);
     GLCarouselSlide* slideAt(QPointF point) const;
     void setHovered(GLCarouselSlide* slide);

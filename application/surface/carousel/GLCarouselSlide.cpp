@@ -71,24 +71,25 @@ void drawImageTexture(GLTexture const& texture, QRectF const& area, double opaci
 
 GLCarouselSlide::GLCarouselSlide(QString const& rootId, QObject* parent) : QObject(parent), _rootId(rootId) {}
 
-void GLCarouselSlide::render(Channel& channel, double opacity, double titleOpacity, double pixelsPerUnit)
+void GLCarouselSlide::render(Channel& channel, double opacity, double titleOpacity, double pixelsPerUnit,
+                             Budget& budget)
 {
     _corners = GLMovieWindowMap().map(GLMovieQuad{-width / 2, height / 2, width / 2, -height / 2, 0.0, {}});
     glPushMatrix();
     glTranslated(0.0, -height, 0.0); // Below the card, upside down.
     glScaled(1.0, -1.0, 1.0);
-    renderCard(channel, opacity, true);
+    renderCard(channel, opacity, true, budget);
     glPopMatrix();
     double const foot = -height / 2;
     double const depth = height * reflectionHeight;
     drawGradient({-width / 2, foot - depth, width, depth}, Qt::black, 1.0 - reflectionOpacity, Qt::black, 1.0);
     drawGradient({-width / 2, foot - height, width, height - depth}, Qt::black, 1.0, Qt::black, 1.0);
-    renderCard(channel, opacity, false);
+    renderCard(channel, opacity, false, budget);
     if (titleOpacity > 0.0)
-        renderTitle(channel, opacity * titleOpacity, pixelsPerUnit);
+        renderTitle(channel, opacity * titleOpacity, pixelsPerUnit, budget);
 }
 
-void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflection)
+void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflection, Budget& budget)
 {
     QRectF const card(-width / 2, -height / 2, width, height);
     drawGradient(card, cardColour, 1.0, cardFoot, 1.0);
@@ -97,7 +98,7 @@ void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflec
             channel.updateVideoTexture();
         channel.drawVideoPerspectiveMode(card, true);
     } else {
-        updateLogo(channel.desc.logo());
+        updateLogo(channel.desc.logo(), budget);
         if (_logo.created()) {
             QSizeF const size = QSizeF(_logo.originalWidth(), _logo.originalHeight())
                                     .scaled(card.size() * logoPart, Qt::KeepAspectRatio);
@@ -108,9 +109,9 @@ void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflec
         drawGradient(card, Qt::black, 1.0 - opacity, Qt::black, 1.0 - opacity);
 }
 
-void GLCarouselSlide::updateLogo(QImage const& logo)
+void GLCarouselSlide::updateLogo(QImage const& logo, Budget& budget)
 {
-    if (logo.cacheKey() == _logoKey && !_logo.isLost())
+    if ((logo.cacheKey() == _logoKey && !_logo.isLost()) || !budget.take())
         return;
     _logoKey = logo.cacheKey();
     QImage const small = logo.width() > largestLogo || logo.height() > largestLogo
@@ -122,19 +123,21 @@ void GLCarouselSlide::updateLogo(QImage const& logo)
         _logo.create(small.convertToFormat(QImage::Format_ARGB32_Premultiplied));
 }
 
-void GLCarouselSlide::renderTitle(Channel const& channel, double opacity, double pixelsPerUnit)
+void GLCarouselSlide::renderTitle(Channel const& channel, double opacity, double pixelsPerUnit, Budget& budget)
 {
-    updateTitle(channel.desc.title(), static_cast<int>(titleHeight * pixelsPerUnit));
+    updateTitle(channel.desc.title(), static_cast<int>(titleHeight * pixelsPerUnit), budget);
     if (!_titleTexture.created())
         return;
     double const shown = titleHeight * _titleTexture.originalWidth() / _titleTexture.originalHeight();
     drawImageTexture(_titleTexture, {-shown / 2, -height / 2 - titleGap - titleHeight, shown, titleHeight}, opacity);
 }
 
-void GLCarouselSlide::updateTitle(QString const& title, int pixels)
+void GLCarouselSlide::updateTitle(QString const& title, int pixels, Budget& budget)
 {
     QString const text = title.left(longestTitle).simplified();
     if (pixels < 1 || (text == _title && _titleTexture.originalHeight() == pixels && _titleTexture.created()))
+        return;
+    if (!budget.take())
         return;
     _title = text;
     QFont font = OverlayStyle::titleFont();

@@ -23,18 +23,30 @@ public:
 
     QString rootId() const { return _rootId; }
 
+    /// What drawing may cost: making textures takes time, so that a frame makes only some.
+    struct Budget {
+        int textures = 0;        ///< That may still be made.
+        bool isExceeded = false; ///< More were wanted.
+
+        bool take()
+        {
+            isExceeded |= textures <= 0;
+            return textures-- > 0;
+        }
+    };
+
     /// Draws it with the middle of the card at the origin, y upward. `opacity` is of all of it, `titleOpacity` of the
     /// title besides; `pixelsPerUnit` is how sharp the title has to be. Notes where the card is on the surface.
-    void render(Channel& channel, double opacity, double titleOpacity, double pixelsPerUnit);
+    void render(Channel& channel, double opacity, double titleOpacity, double pixelsPerUnit, Budget& budget);
 
     /// Where the card was drawn last, in pixels of the surface.
     bool hitTest(QPointF point) const { return _corners.containsPoint(point, Qt::OddEvenFill); }
 
 private:
-    void renderCard(Channel& channel, double opacity, bool isReflection);
-    void renderTitle(Channel const& channel, double opacity, double pixelsPerUnit);
-    void updateTitle(QString const& title, int pixels);
-    void updateLogo(QImage const& logo);
+    void renderCard(Channel& channel, double opacity, bool isReflection, Budget& budget);
+    void renderTitle(Channel const& channel, double opacity, double pixelsPerUnit, Budget& budget);
+    void updateTitle(QString const& title, int pixels, Budget& budget);
+    void updateLogo(QImage const& logo, Budget& budget);
 
     QString const _rootId;
     GLTexture _logo;

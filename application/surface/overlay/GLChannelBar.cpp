@@ -236,11 +236,16 @@ void GLChannelBar::arrangeButtons(QRectF const& row)
     bool const records = _appData.settings.record();
     double const target = Look::target;
     double const group = 2.0 * Look::grid;
+    // Back is left of forward in every language.
     arrange(
         {{.control = &_logo, .width = logoSide, .importance = 2, .isWanted = !_logo.image().isNull()},
-         {.control = &_previous, .width = target, .importance = 6, .gap = Look::halfGrid, .isWanted = hasNeighbours},
+         {.control = isMirrored() ? &_next : &_previous,
+          .width = target,
+          .importance = 6,
+          .gap = Look::halfGrid,
+          .isWanted = hasNeighbours},
          {.control = &_play, .width = target, .importance = 10, .isWanted = _isPausable},
-         {.control = &_next, .width = target, .importance = 6, .isWanted = hasNeighbours},
+         {.control = isMirrored() ? &_previous : &_next, .width = target, .importance = 6, .isWanted = hasNeighbours},
          {.control = &_mute, .width = target, .importance = 9, .gap = Look::grid},
          {.control = &_volume, .width = volumeWidth, .importance = 7},
          {.control = &_space, .importance = 100, .stretch = 1.0},

@@ -38,6 +38,10 @@ void GLOverlay::connectHub()
     connect(&_appData, &AppData::channelsUpdated, this, &GLOverlay::onChannelsUpdated);
     connect(channels, &ChannelManager::channelError, this, &GLOverlay::onChannelError);
     connect(channels, &ChannelManager::channelStateChanged, this, &GLOverlay::onChannelStateChanged);
+    connect(channels, &ChannelManager::streamOpened, this, [this](Channel* channel) {
+        if (!channel->hasError())
+            onChannelStateChanged(channel, {}); // What was told on the way there is over.
+    });
     connect(channels, &ChannelManager::channelLogoUpdated, this, &GLOverlay::onChannelLogoUpdated);
     connect(channels, &ChannelManager::mouseEnteredChannel, this, &GLOverlay::onMouseEnteredChannel);
     connect(channels, &ChannelManager::mouseLeftChannel, this, &GLOverlay::onMouseLeftChannel);

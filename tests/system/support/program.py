@@ -47,6 +47,7 @@ class Program:
         (self.home / "runtime").mkdir(mode=0o700)
         (self.home / "alsoft.conf").write_text(ALSOFT.format(drivers=driver, wave=self.wave))
         groups = collections.defaultdict(list)
+        groups["application"].append("tutorial\\seen29=true\n")  # Nobody is new here.
         told = {rf"application/window\{name}": "true" for name in ("toldOfSlowDriver", "toldOfTray")}
         for key, value in {**told, **settings}.items():  # What a viewer is told once would be in the picture.
             group, name = key.split("/")
