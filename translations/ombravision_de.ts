@@ -134,6 +134,37 @@
     </message>
 </context>
 <context>
+    <name>AddressCheck</name>
+    <message>
+        <source>This is too long for an address.</source>
+        <translation>Das ist zu lang für eine Adresse.</translation>
+    </message>
+    <message>
+        <source>A file on this computer.</source>
+        <translation>Eine Datei auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>An address begins with a scheme, such as http:// or rtsp://.</source>
+        <translation>Eine Adresse beginnt mit einem Schema wie http:// oder rtsp://.</translation>
+    </message>
+    <message>
+        <source>Nothing is known about addresses that begin with %1://.</source>
+        <translation>Adressen, die mit %1:// beginnen, sind unbekannt.</translation>
+    </message>
+    <message>
+        <source>There is something in this address that does not belong there.</source>
+        <translation>In dieser Adresse steht etwas, das nicht hineingehört.</translation>
+    </message>
+    <message>
+        <source>The name of the computer is missing after %1://.</source>
+        <translation>Nach %1:// fehlt der Name des Rechners.</translation>
+    </message>
+    <message>
+        <source>A stream of %1.</source>
+        <translation>Ein Stream von %1.</translation>
+    </message>
+</context>
+<context>
     <name>AlertPreview</name>
     <message>
         <source>Sample alert</source>
@@ -269,6 +300,14 @@ Hier klicken, um neu zu verbinden</translation>
 Retrying...</source>
         <translation>
 Neuer Versuch...</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t open channel file.</source>
+        <translation>Die Senderdatei konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Error parsing channel file.</source>
+        <translation>Die Senderdatei ist fehlerhaft.</translation>
     </message>
 </context>
 <context>

@@ -134,6 +134,37 @@
     </message>
 </context>
 <context>
+    <name>AddressCheck</name>
+    <message>
+        <source>This is too long for an address.</source>
+        <translation>C&apos;est trop long pour une adresse.</translation>
+    </message>
+    <message>
+        <source>A file on this computer.</source>
+        <translation>Un fichier sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>An address begins with a scheme, such as http:// or rtsp://.</source>
+        <translation>Une adresse commence par un schéma, comme http:// ou rtsp://.</translation>
+    </message>
+    <message>
+        <source>Nothing is known about addresses that begin with %1://.</source>
+        <translation>Les adresses qui commencent par %1:// sont inconnues.</translation>
+    </message>
+    <message>
+        <source>There is something in this address that does not belong there.</source>
+        <translation>Cette adresse contient quelque chose qui n&apos;a rien à y faire.</translation>
+    </message>
+    <message>
+        <source>The name of the computer is missing after %1://.</source>
+        <translation>Il manque le nom de l&apos;ordinateur après %1://.</translation>
+    </message>
+    <message>
+        <source>A stream of %1.</source>
+        <translation>Un flux de %1.</translation>
+    </message>
+</context>
+<context>
     <name>AlertPreview</name>
     <message>
         <source>Sample alert</source>
@@ -269,6 +300,14 @@ Cliquez ici pour vous reconnecter</translation>
 Retrying...</source>
         <translation>
 Nouvel essai...</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t open channel file.</source>
+        <translation>Impossible d&apos;ouvrir le fichier des chaînes.</translation>
+    </message>
+    <message>
+        <source>Error parsing channel file.</source>
+        <translation>Le fichier des chaînes est erroné.</translation>
     </message>
 </context>
 <context>

@@ -134,6 +134,37 @@
     </message>
 </context>
 <context>
+    <name>AddressCheck</name>
+    <message>
+        <source>This is too long for an address.</source>
+        <translation>È troppo lungo per un indirizzo.</translation>
+    </message>
+    <message>
+        <source>A file on this computer.</source>
+        <translation>Un file su questo computer.</translation>
+    </message>
+    <message>
+        <source>An address begins with a scheme, such as http:// or rtsp://.</source>
+        <translation>Un indirizzo comincia con uno schema, come http:// o rtsp://.</translation>
+    </message>
+    <message>
+        <source>Nothing is known about addresses that begin with %1://.</source>
+        <translation>Gli indirizzi che cominciano con %1:// sono sconosciuti.</translation>
+    </message>
+    <message>
+        <source>There is something in this address that does not belong there.</source>
+        <translation>In questo indirizzo c&apos;è qualcosa che non va.</translation>
+    </message>
+    <message>
+        <source>The name of the computer is missing after %1://.</source>
+        <translation>Manca il nome del computer dopo %1://.</translation>
+    </message>
+    <message>
+        <source>A stream of %1.</source>
+        <translation>Un flusso di %1.</translation>
+    </message>
+</context>
+<context>
     <name>AlertPreview</name>
     <message>
         <source>Sample alert</source>
@@ -269,6 +300,14 @@ Fai clic qui per riconnetterti</translation>
 Retrying...</source>
         <translation>
 Nuovo tentativo...</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t open channel file.</source>
+        <translation>Impossibile aprire il file dei canali.</translation>
+    </message>
+    <message>
+        <source>Error parsing channel file.</source>
+        <translation>Il file dei canali contiene errori.</translation>
     </message>
 </context>
 <context>
