@@ -1,5 +1,6 @@
 #include "EffectTrial.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -22,7 +23,7 @@ void EffectTrial::start(QString const& source, QSize const& picture)
 {
     cancel();
     _picture = picture;
-    _process = new QProcess;
+    _process = new QProcess(QCoreApplication::instance()); // One that is cancelled ends after this object.
     connect(_process, &QProcess::finished, this,
             [this](int, QProcess::ExitStatus status) { onEnded(status == QProcess::CrashExit); });
     connect(_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
