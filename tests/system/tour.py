@@ -13,6 +13,7 @@ import subprocess
 import sys
 import tempfile
 import time
+from xml.etree import ElementTree
 
 from support import ROOT, accessible, wait_for
 from support.display import VirtualDisplay
@@ -20,7 +21,7 @@ from support.localservices import LocalServices
 from support.program import Program
 
 GUEST, PASSWORD = "viewer@ombravision.invalid", "letters & signs"
-LEAVES = re.compile(r"Exit|Close Window|Full Screen|Skin Mode|Sign Out|Minimi[sz]e|Menu Bar|Test Channels")  # Asked for by name.
+LEAVES = "Exit", "Close Window", "Sign Out", "Minimize"  # What ends a tour.
 
 # Environment and settings of each set, and the size of the display.
 FRAME = {r"application/videoWindow\showWindowFrame": "true"}
@@ -44,6 +45,11 @@ class Tour:
         self._directory = directory
         self._only = re.compile(only)
         self._count = 0
+        self._words = words_of(self._set.get("environment", {}).get("LANGUAGE"))
+
+    def said(self, *texts):
+        """What these texts are in the language of the set."""
+        return {self._words.get(text, text) for text in texts}
 
     def run(self):
         with contextlib.ExitStack() as stack:
@@ -82,8 +88,13 @@ class Tour:
     def key(self, *keys):
         self.display.ask("xdotool", "key", "--delay", "60", *keys)
 
+    def place_of(self, element):
+        """On the screen, which has more pixels than Qt counts where there is a scale."""
+        scale = float(self._set.get("environment", {}).get("QT_SCALE_FACTOR", 1))
+        return [int(number * scale) for number in element.place]
+
     def click(self, element, button=1):
-        x, y, width, height = element.place
+        x, y, width, height = self.place_of(element)
         self.display.ask("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", str(button))
 
     def activate(self):
@@ -124,7 +135,7 @@ class Tour:
     def show_dialogs(self):
         """Every entry that opens a window, which is closed as a viewer does."""
         for path, entry in list(self.entries()):
-            if path[0] == "Channels" or LEAVES.search(path[-1]) or not self.leads_somewhere(entry):
+            if path[0] in self.said("Channels") or path[-1] in self.said(*LEAVES) or not self.leads_somewhere(entry):
                 continue
             before = self.windows()
             entry.do("Press")
@@ -146,7 +157,7 @@ class Tour:
     # The picture and what lies over it.
 
     def over_picture(self, part=0.5):
-        x, y, width, height = self.tree.wait_for("canvas", "Picture").place
+        x, y, width, height = self.place_of(self.tree.wait_for("canvas", state="focusable"))
         self.display.ask("xdotool", "mousemove", str(x + width // 2), str(y + int(height * part)),
                          "mousemove_relative", "--", "3", "3")
 
@@ -221,7 +232,7 @@ class Tour:
 
     def show_failures(self):
         self.service.kill()
-        refresh = self.tree.find("push button", "Refresh.*", "showing")
+        refresh = self.tree.find("push button", "|".join(self.said("Refresh the list")), "showing")
         if refresh:
             self.click(refresh)
         self.shoot("service gone", 6)
@@ -237,6 +248,14 @@ class Tour:
         self.show_menus()
         self.show_dialogs()
         self.show_failures()
+
+
+def words_of(language):
+    file = ROOT / f"translations/ombravision_{language}.ts"
+    if not file.exists():
+        return {}
+    return {re.sub("&(?=.)", "", message.findtext("source")): re.sub("&(?=.)", "", message.findtext("translation") or "")
+            for message in ElementTree.parse(file).iter("message")}
 
 
 def services_of(films):
