@@ -668,6 +668,10 @@ Bitte warten</translation>
         <source>%1, live</source>
         <translation>%1, live</translation>
     </message>
+    <message>
+        <source>a file on this computer</source>
+        <translation>eine Datei auf diesem Rechner</translation>
+    </message>
 </context>
 <context>
     <name>ChatColours</name>

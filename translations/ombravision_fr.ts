@@ -668,6 +668,10 @@ Veuillez patienter</translation>
         <source>%1, live</source>
         <translation>%1, en direct</translation>
     </message>
+    <message>
+        <source>a file on this computer</source>
+        <translation>un fichier sur cet ordinateur</translation>
+    </message>
 </context>
 <context>
     <name>ChatColours</name>

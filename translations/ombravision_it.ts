@@ -668,6 +668,10 @@ Attendi</translation>
         <source>%1, live</source>
         <translation>%1, in diretta</translation>
     </message>
+    <message>
+        <source>a file on this computer</source>
+        <translation>un file su questo computer</translation>
+    </message>
 </context>
 <context>
     <name>ChatColours</name>
