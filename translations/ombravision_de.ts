@@ -911,6 +911,10 @@ Bitte warten</translation>
         <translation>Der Grafiktreiber kann diesen Effekt nicht übersetzen.</translation>
     </message>
     <message>
+        <source>The graphics driver takes too long to compile this effect. It was switched off.</source>
+        <translation>Der Grafiktreiber braucht zu lange, um diesen Effekt zu übersetzen. Er wurde ausgeschaltet.</translation>
+    </message>
+    <message>
         <source>One picture would take about %1 ms with this effect. That is too long to play: it was switched off.</source>
         <translation>Ein Bild würde mit diesem Effekt etwa %1 ms dauern. Das ist zu lang für die Wiedergabe: Er wurde ausgeschaltet.</translation>
     </message>

@@ -911,6 +911,10 @@ Veuillez patienter</translation>
         <translation>Le pilote graphique ne compile pas cet effet.</translation>
     </message>
     <message>
+        <source>The graphics driver takes too long to compile this effect. It was switched off.</source>
+        <translation>Le pilote graphique met trop de temps à compiler cet effet. Il a été désactivé.</translation>
+    </message>
+    <message>
         <source>One picture would take about %1 ms with this effect. That is too long to play: it was switched off.</source>
         <translation>Avec cet effet, une image prendrait environ %1&#xa0;ms. C&apos;est trop long pour la lecture&#xa0;: il a été désactivé.</translation>
     </message>

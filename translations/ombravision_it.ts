@@ -911,6 +911,10 @@ Attendi</translation>
         <translation>Il driver grafico non compila questo effetto.</translation>
     </message>
     <message>
+        <source>The graphics driver takes too long to compile this effect. It was switched off.</source>
+        <translation>Il driver grafico impiega troppo tempo a compilare questo effetto. È stato disattivato.</translation>
+    </message>
+    <message>
         <source>One picture would take about %1 ms with this effect. That is too long to play: it was switched off.</source>
         <translation>Con questo effetto un&apos;immagine richiederebbe circa %1 ms. È troppo per la riproduzione: è stato disattivato.</translation>
     </message>

@@ -130,6 +130,12 @@ void GLButtonControl::mouseRelease(QPointF point, QMouseEvent* event)
         emit clicked(this, point, event); // The last thing: it may delete this.
 }
 
+void GLButtonControl::mouseCancel()
+{
+    setPressed(false);
+    GLPaintedControl::mouseCancel();
+}
+
 void GLButtonControl::mouseWheel(QPointF, QWheelEvent* event)
 {
     event->ignore();

@@ -39,6 +39,7 @@ public:
     void mousePress(QPointF point, QMouseEvent* event) override;
     void mouseRelease(QPointF point, QMouseEvent* event) override;
     /// Is for whatever is behind it.
+    void mouseCancel() override;
     void mouseWheel(QPointF point, QWheelEvent* event) override;
     bool wantsKey(QKeyEvent const* event) const override;
     void keyPress(QKeyEvent* event) override;

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 GLCanvas::GLCanvas(QObject* parent) : QObject(parent)
 {
@@ -20,6 +21,13 @@ void GLCanvas::setGeometry(QRectF const& geometry)
     _geometry = geometry;
     if (_visible)
         emit changed();
+}
+
+QRectF GLCanvas::drawnGeometry() const
+{
+    auto const onPixel = [this](double place) { return std::round(place * _scale) / _scale; };
+    return {QPointF(onPixel(_geometry.left()), onPixel(_geometry.top())),
+            QPointF(onPixel(_geometry.right()), onPixel(_geometry.bottom()))};
 }
 
 void GLCanvas::setOpacity(double opacity)
@@ -93,17 +101,18 @@ void GLCanvas::render(double opacity) const
         return;
     double const u = texture->maxU();
     double const v = texture->maxV();
+    QRectF const area = drawnGeometry();
     glBindTexture(GL_TEXTURE_2D, texture->handle());
     glColor4d(alpha, alpha, alpha, alpha);
     glBegin(GL_QUADS);
     glTexCoord2d(0.0, 0.0);
-    glVertex2d(_geometry.left(), _geometry.top());
+    glVertex2d(area.left(), area.top());
     glTexCoord2d(u, 0.0);
-    glVertex2d(_geometry.right(), _geometry.top());
+    glVertex2d(area.right(), area.top());
     glTexCoord2d(u, v);
-    glVertex2d(_geometry.right(), _geometry.bottom());
+    glVertex2d(area.right(), area.bottom());
     glTexCoord2d(0.0, v);
-    glVertex2d(_geometry.left(), _geometry.bottom());
+    glVertex2d(area.left(), area.bottom());
     glEnd();
 }
 
@@ -113,7 +122,7 @@ void GLCanvas::paint(QPainter& painter, double opacity) const
     if (!_visible || _image.isNull() || alpha <= 0.0)
         return;
     painter.setOpacity(alpha);
-    painter.drawImage(_geometry, _image);
+    painter.drawImage(drawnGeometry(), _image);
 }
 
 void GLCanvas::onFadeValueChanged(GLAnimation* fade)

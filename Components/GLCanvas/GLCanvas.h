@@ -24,6 +24,13 @@ public:
     void setGeometry(QRectF const& geometry);
     QRectF geometry() const { return _geometry; }
 
+    /// Device pixels per pixel, 1.0 at first. What is drawn begins and ends on device pixels, so that nothing is
+    /// blurred.
+    void setScale(double scale) { _scale = scale; }
+    double scale() const { return _scale; }
+    /// Where that is, in the coordinates of the holder: the geometry, moved by less than a device pixel.
+    QRectF drawnGeometry() const;
+
     /// 0.0, transparent, to 1.0; values outside are brought inside. Ends a fade.
     virtual void setOpacity(double opacity);
     double opacity() const { return _opacity; }
@@ -69,6 +76,7 @@ private:
     void onFadeCompleted(GLAnimation* fade);
 
     QRectF _geometry;
+    double _scale = 1.0;
     double _opacity = 1.0;
     bool _visible = true;
     GLTexture* _texture = nullptr;

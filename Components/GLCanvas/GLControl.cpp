@@ -74,6 +74,7 @@ void GLControl::setEnabled(bool enabled)
         return;
     _enabled = enabled;
     onControlChanged();
+    GLControlAccessible::enabledChanged(*this);
 }
 
 void GLControl::setFocused(bool focused, bool shown)
@@ -84,6 +85,11 @@ void GLControl::setFocused(bool focused, bool shown)
     onControlChanged();
     if (isNew)
         emit focusChanged(this, focused);
+}
+
+bool GLControl::isVisibleInAll() const
+{
+    return isVisible() && (!_holder || _holder->isVisibleInAll());
 }
 
 QList<GLControl*> GLControl::controls() const
@@ -110,6 +116,11 @@ void GLControl::mouseRelease(QPointF point, QMouseEvent* event)
     emit mouseReleased(this, point, event);
 }
 
+void GLControl::mouseCancel()
+{
+    emit mouseCancelled(this);
+}
+
 void GLControl::mouseWheel(QPointF, QWheelEvent* event)
 {
     emit mouseWheeled(this, event);
@@ -134,7 +145,8 @@ void GLControl::render(double opacity)
     if (_controls.isEmpty())
         return;
     glPushMatrix();
-    glTranslated(geometry().left(), geometry().top(), 0.0);
+    QPointF const origin = drawnGeometry().topLeft();
+    glTranslated(origin.x(), origin.y(), 0.0);
     for (GLControl* const control : controls())
         control->render(combined);
     glPopMatrix();
@@ -146,14 +158,16 @@ void GLControl::paint(QPainter& painter, double opacity)
     if (!isVisible() || combined <= 0.0)
         return;
     static_cast<GLControl const*>(this)->paint(painter, opacity);
-    painter.translate(geometry().topLeft());
+    QPointF const origin = drawnGeometry().topLeft();
+    painter.translate(origin);
     for (GLControl* const control : controls())
         control->paint(painter, combined);
-    painter.translate(-geometry().topLeft());
+    painter.translate(-origin);
 }
 
 void GLControl::recalcLayout(double scale)
 {
+    setScale(scale);
     for (GLControl* const control : controls())
         control->recalcLayout(scale);
 }

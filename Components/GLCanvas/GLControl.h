@@ -34,6 +34,8 @@ public:
     /// What it is to assistive technology. Most controls only hold others.
     virtual QAccessible::Role role() const { return QAccessible::Grouping; }
     virtual QAccessible::State state() const;
+    /// What it stands at, in words; empty where there is no such thing.
+    virtual QString valueText() const { return {}; }
 
     /// Adds a control on top of those it holds; borrowed unless `control` has a parent.
     void addControl(GLControl* control);
@@ -46,6 +48,12 @@ public:
     GLControlLayout* layout() const;
     /// The layout's: it has been added there, or with null taken out.
     void setLayout(GLControlLayout* layout);
+
+    /// Whether it is there to be looked at only, and nothing to assistive technology. Starts false.
+    void setDecoration(bool isDecoration) { _isDecoration = isDecoration; }
+    bool isDecoration() const { return _isDecoration; }
+    /// Whether it and all that hold it are visible.
+    bool isVisibleInAll() const;
 
     /// Whether the pointer is never over it nor over what it holds. Starts false.
     void setPassedThrough(bool passed) { _isPassedThrough = passed; }
@@ -70,6 +78,8 @@ public:
     virtual void mousePress(QPointF point, QMouseEvent* event);
     virtual void mouseMove(QPointF point, QMouseEvent* event);
     virtual void mouseRelease(QPointF point, QMouseEvent* event);
+    /// The press is over, and its release has gone elsewhere: to a menu, say.
+    virtual void mouseCancel();
     virtual void mouseWheel(QPointF point, QWheelEvent* event);
     virtual void keyPress(QKeyEvent* event);
     virtual void keyRelease(QKeyEvent* event);
@@ -94,6 +104,7 @@ signals:
     void mousePressed(GLControl* control, QPointF point, QMouseEvent* event);
     void mouseMoved(GLControl* control, QPointF point, QMouseEvent* event);
     void mouseReleased(GLControl* control, QPointF point, QMouseEvent* event);
+    void mouseCancelled(GLControl* control);
     void mouseWheeled(GLControl* control, QWheelEvent* event);
     void mouseEntered(GLControl* control);
     void mouseLeft(GLControl* control);
@@ -113,6 +124,7 @@ private:
     QString _label;
     bool _enabled = true;
     bool _isPassedThrough = false;
+    bool _isDecoration = false;
     bool _focusable = false;
     bool _focused = false;
     bool _showsFocus = false;

@@ -15,6 +15,14 @@ QAccessibleInterface* make(QString const& className, QObject* object)
     return control ? new GLControlAccessible(control) : nullptr;
 }
 
+/// Those that mean something.
+QList<GLControl*> heldBy(GLControl const* control)
+{
+    QList<GLControl*> held = control ? control->controls() : QList<GLControl*>();
+    held.removeIf([](GLControl const* each) { return each->isDecoration(); });
+    return held;
+}
+
 bool isSeen(GLControl const* control)
 {
     for (; control; control = control->holder())
@@ -38,7 +46,7 @@ void GLControlAccessible::changed(GLControl& control)
     QAccessibleEvent renamed(&control, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&renamed);
     if (auto const* const value = qobject_cast<GLValueControl*>(&control)) {
-        QAccessibleValueChangeEvent event(&control, value->value());
+        QAccessibleValueChangeEvent event(&control, value->shownValue());
         QAccessible::updateAccessibility(&event);
     } else if (qobject_cast<GLButtonControl*>(&control)) {
         QAccessible::State state;
@@ -46,6 +54,25 @@ void GLControlAccessible::changed(GLControl& control)
         QAccessibleStateChangeEvent event(&control, state);
         QAccessible::updateAccessibility(&event);
     }
+}
+
+void GLControlAccessible::enabledChanged(GLControl& control)
+{
+    if (!QAccessible::isActive() || !control.layout())
+        return;
+    QAccessible::State state;
+    state.disabled = true;
+    state.focusable = control.state().focusable;
+    QAccessibleStateChangeEvent event(&control, state);
+    QAccessible::updateAccessibility(&event);
+}
+
+void GLControlAccessible::announce(GLControl& control)
+{
+    if (!QAccessible::isActive() || !control.layout() || control.label().isEmpty())
+        return;
+    QAccessibleEvent event(&control, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
 }
 
 void GLControlAccessible::focusMoved(GLControlLayout const& layout)
@@ -76,26 +103,26 @@ QAccessibleInterface* GLControlAccessible::parent() const
 
 int GLControlAccessible::childCount() const
 {
-    return control() ? static_cast<int>(control()->controls().size()) : 0;
+    return control() ? static_cast<int>(heldBy(control()).size()) : 0;
 }
 
 QAccessibleInterface* GLControlAccessible::child(int index) const
 {
-    QList<GLControl*> const held = control() ? control()->controls() : QList<GLControl*>();
+    QList<GLControl*> const held = heldBy(control());
     return index >= 0 && index < held.size() ? QAccessible::queryAccessibleInterface(held.at(index)) : nullptr;
 }
 
 int GLControlAccessible::indexOfChild(QAccessibleInterface const* child) const
 {
     auto* const wanted = child ? qobject_cast<GLControl*>(child->object()) : nullptr;
-    return wanted && control() ? static_cast<int>(control()->controls().indexOf(wanted)) : -1;
+    return wanted && control() ? static_cast<int>(heldBy(control()).indexOf(wanted)) : -1;
 }
 
 QAccessibleInterface* GLControlAccessible::childAt(int x, int y) const
 {
     if (!control())
         return nullptr;
-    QList<GLControl*> const held = control()->controls();
+    QList<GLControl*> const held = heldBy(control());
     for (auto i = held.crbegin(); i != held.crend(); ++i) {
         QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(*i);
         if (interface && isSeen(*i) && interface->rect().contains(x, y)) {
@@ -119,8 +146,7 @@ QString GLControlAccessible::text(QAccessible::Text kind) const
         return {};
     if (kind == QAccessible::Name)
         return control()->label();
-    auto const* const value = qobject_cast<GLValueControl*>(control());
-    return kind == QAccessible::Value && value ? value->valueText() : QString();
+    return kind == QAccessible::Value ? control()->valueText() : QString();
 }
 
 QRect GLControlAccessible::rect() const
@@ -199,7 +225,7 @@ QStringList GLControlAccessible::keyBindingsForAction(QString const&) const
 QVariant GLControlAccessible::currentValue() const
 {
     auto const* const value = qobject_cast<GLValueControl*>(control());
-    return value ? value->value() : QVariant();
+    return value ? value->shownValue() : QVariant();
 }
 
 void GLControlAccessible::setCurrentValue(QVariant const& wanted)
@@ -214,7 +240,7 @@ void GLControlAccessible::setCurrentValue(QVariant const& wanted)
 QVariant GLControlAccessible::maximumValue() const
 {
     auto const* const value = qobject_cast<GLValueControl*>(control());
-    return value ? value->maximum() : QVariant();
+    return value ? value->shownMaximum() : QVariant();
 }
 
 QVariant GLControlAccessible::minimumValue() const

@@ -18,6 +18,9 @@ public:
     static void install();
     /// Tell whoever listens.
     static void changed(GLControl& control);
+    static void enabledChanged(GLControl& control);
+    /// Has its words be read out, wherever the focus is.
+    static void announce(GLControl& control);
     static void focusMoved(GLControlLayout const& layout);
 
     QAccessibleInterface* parent() const override;

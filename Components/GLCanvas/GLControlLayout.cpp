@@ -119,6 +119,33 @@ void GLControlLayout::onControlChanged()
 {
     _arePatchesOutdated = true;
     emit changed();
+    // Not now: it may be one of several that are being moved.
+    if (!_isTidying && (_focus || !_hovered.isEmpty())) {
+        _isTidying = true;
+        QMetaObject::invokeMethod(this, &GLControlLayout::tidy, Qt::QueuedConnection);
+    }
+}
+
+/// What has gone, or has moved away, has neither the pointer nor the focus.
+void GLControlLayout::tidy()
+{
+    _isTidying = false;
+    if (_focus && (!_focus->isVisibleInAll() || !_focus->isEnabled()))
+        setFocus(nullptr);
+    if (!_pointer)
+        return;
+    QList<Hit> const hits = hitsAt(*_pointer);
+    auto const isHit = [&hits](QPointer<GLControl> const& control) {
+        return std::ranges::any_of(hits, [&control](Hit const& hit) { return hit.control == control; });
+    };
+    if (!std::ranges::all_of(_hovered, isHit))
+        setHovered(hits);
+}
+
+void GLControlLayout::placePointer(QPointF point)
+{
+    _pointer = point;
+    setHovered(hitsAt(point));
 }
 
 GLControl* GLControlLayout::controlAt(QPointF point) const
@@ -210,6 +237,7 @@ bool GLControlLayout::deliver(Hit const& hit, Event* event, void (GLControl::*ha
 
 bool GLControlLayout::mousePress(QPointF point, QMouseEvent* event)
 {
+    _pointer = point;
     QList<Hit> const hits = hitsAt(point);
     setHovered(hits);
     if (_grabber)
@@ -229,6 +257,9 @@ bool GLControlLayout::mousePress(QPointF point, QMouseEvent* event)
 
 bool GLControlLayout::mouseMove(QPointF point, QMouseEvent* event)
 {
+    _pointer = point;
+    if (_grabber && event->buttons() == Qt::NoButton)
+        std::exchange(_grabber, nullptr)->mouseCancel();
     QList<Hit> const hits = hitsAt(point);
     setHovered(hits);
     if (_grabber)
@@ -238,6 +269,7 @@ bool GLControlLayout::mouseMove(QPointF point, QMouseEvent* event)
 
 bool GLControlLayout::mouseRelease(QPointF point, QMouseEvent* event)
 {
+    _pointer = point;
     bool taken = false;
     if (QPointer<GLControl> const grabber = _grabber) {
         if (event->buttons() == Qt::NoButton)
@@ -276,6 +308,7 @@ bool GLControlLayout::keyRelease(QKeyEvent* event)
 
 void GLControlLayout::leave()
 {
+    _pointer.reset();
     setHovered({});
 }
 
@@ -301,12 +334,12 @@ void GLControlLayout::addPatches(GLControl* control, QPointF origin, double opac
         return;
     }
     for (GLControl* const held : control->controls())
-        addPatches(held, origin + control->geometry().topLeft(), combined);
+        addPatches(held, origin + control->drawnGeometry().topLeft(), combined);
 }
 
 void GLControlLayout::addPatch(GLControl* control, QPointF origin, double opacity)
 {
-    QRectF const geometry = control->geometry().translated(origin);
+    QRectF const geometry = control->drawnGeometry().translated(origin);
     QRectF const device(geometry.topLeft() * _scale, geometry.size() * _scale);
     QRect const area = device.toAlignedRect() & QRectF(QPointF(), _size * _scale).toAlignedRect();
     if (area.isEmpty())

@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QSizeF>
 
+#include <optional>
+
 class GLControl;
 class QKeyEvent;
 class QMouseEvent;
@@ -19,7 +21,8 @@ class QWidget;
 /// topmost control under the pointer, keys to the one with the focus.
 ///
 /// The control that was pressed keeps the mouse until all buttons are up. A control counts as entered while the
-/// pointer is over it or over a control that it holds. Handlers may add, remove and delete controls. GL thread only.
+/// pointer is over it or over a control that it holds; one that goes from below a pointer that rests is left. What is
+/// hidden or disabled has no focus. Handlers may add, remove and delete controls. GL thread only.
 class GLControlLayout : public QObject
 {
     Q_OBJECT
@@ -63,6 +66,8 @@ public:
 
     /// The pointer has left the surface.
     void leave();
+    /// It is at another point without having moved: the surface has.
+    void placePointer(QPointF point);
 
     double scale() const { return _scale; }
 
@@ -99,6 +104,7 @@ private:
     QPointF toHolder(GLControl* control, QPointF point) const;
     void setHovered(QList<Hit> const& hits);
     void onControlChanged();
+    void tidy();
     void addPatches(GLControl* control, QPointF origin, double opacity);
     void addPatch(GLControl* control, QPointF origin, double opacity);
     template<typename Event>
@@ -108,6 +114,8 @@ private:
     QList<QPointer<GLControl>> _hovered; ///< Outermost first.
     QPointer<GLControl> _grabber;        ///< Pressed and not yet released.
     QPointer<GLControl> _focus;
+    std::optional<QPointF> _pointer; ///< Where it was last; none off the surface.
+    bool _isTidying = false;         ///< As soon as what goes on now has ended.
     QWidget* _widget = nullptr;
     QSizeF _size;
     double _scale = 1.0;

@@ -6,6 +6,7 @@ GLFrameControl::GLFrameControl(QString const& name, QColor const& colour, double
     : GLControl(name, parent), _width(width)
 {
     setPassedThrough(true);
+    setDecoration(true);
     QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
     pixel.fill(colour);
     for (auto& edge : _edges) {

@@ -1,5 +1,7 @@
 #include "GLLabelControl.h"
 
+#include "GLControlAccessible.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -18,6 +20,7 @@ void GLLabelControl::setText(QString const& text)
     _text = line;
     update();
     emit labelChanged(this);
+    GLControlAccessible::changed(*this);
 }
 
 void GLLabelControl::setFont(QFont const& font)

@@ -1,5 +1,7 @@
 #include "GLPadControl.h"
 
+#include "GLControlAccessible.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -41,6 +43,7 @@ void GLPadControl::setPosition(QPointF position)
         return;
     _position = inside;
     update();
+    GLControlAccessible::changed(*this);
 }
 
 void GLPadControl::choose(QPointF position)
@@ -74,6 +77,18 @@ void GLPadControl::mouseRelease(QPointF point, QMouseEvent* event)
 {
     _isDragged = false;
     GLPaintedControl::mouseRelease(point, event);
+}
+
+void GLPadControl::mouseCancel()
+{
+    _isDragged = false;
+    GLPaintedControl::mouseCancel();
+}
+
+QString GLPadControl::valueText() const
+{
+    constexpr double whole = 100.0;
+    return QString("%1 %, %2 %").arg(qRound(_position.x() * whole)).arg(qRound(_position.y() * whole));
 }
 
 bool GLPadControl::wantsKey(QKeyEvent const* event) const

@@ -15,9 +15,12 @@ public:
     QPointF position() const { return _position; }
 
     QAccessible::Role role() const override { return QAccessible::Dial; }
+    /// Per cent of the way to the right and downward.
+    QString valueText() const override;
     void mousePress(QPointF point, QMouseEvent* event) override;
     void mouseMove(QPointF point, QMouseEvent* event) override;
     void mouseRelease(QPointF point, QMouseEvent* event) override;
+    void mouseCancel() override;
     bool wantsKey(QKeyEvent const* event) const override;
     void keyPress(QKeyEvent* event) override;
 

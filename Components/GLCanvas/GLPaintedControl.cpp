@@ -3,8 +3,6 @@
 #include <QGuiApplication>
 #include <QPainter>
 
-#include <cmath>
-
 GLPaintedControl::GLPaintedControl(QString const& name, GLControlStyle const& style, QObject* parent)
     : GLControl(name, parent), _style(style)
 {
@@ -33,8 +31,7 @@ void GLPaintedControl::update()
 
 void GLPaintedControl::recalcLayout(double scale)
 {
-    _isOutdated |= scale != _scale;
-    _scale = scale;
+    _isOutdated |= scale != this->scale();
     GLControl::recalcLayout(scale);
 }
 
@@ -45,8 +42,8 @@ bool GLPaintedControl::isMirrored()
 
 void GLPaintedControl::updateImage()
 {
-    QSize const pixels(static_cast<int>(std::ceil(geometry().width() * _scale)),
-                       static_cast<int>(std::ceil(geometry().height() * _scale)));
+    QSizeF const size = drawnGeometry().size();
+    QSize const pixels = QSizeF(size * scale()).toSize();
     if (!_isOutdated && image().size() == pixels)
         return;
     _isOutdated = false;
@@ -55,9 +52,9 @@ void GLPaintedControl::updateImage()
     QPainter painter(&painted);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setLayoutDirection(QGuiApplication::layoutDirection());
-    painter.scale(_scale, _scale);
+    painter.scale(scale(), scale());
     painter.setFont(_style.font);
-    draw(painter, geometry().size());
+    draw(painter, size);
     painter.end();
     QSignalBlocker const quiet(this); // It is being drawn already.
     setImage(painted);

@@ -29,7 +29,6 @@ protected:
     void update();
 
     GLControlStyle const& style() const { return _style; }
-    double scale() const { return _scale; }
     /// Whether what leads is on the right.
     static bool isMirrored();
     /// The ring around what has the focus of the keyboard.
@@ -39,6 +38,5 @@ private:
     void updateImage();
 
     GLControlStyle const _style;
-    double _scale = 1.0;
     bool _isOutdated = true;
 };

@@ -8,9 +8,10 @@
 
 namespace
 {
-constexpr double seekStep = 10.0;   ///< Seconds.
-constexpr double levelHeight = 4.0; ///< Pixels.
-constexpr double levelInset = 6.0;  ///< Likewise, as the line of a film has it.
+constexpr double seekStep = 10.0;    ///< Seconds.
+constexpr double wholeLevel = 100.0; ///< Per cent.
+constexpr double levelHeight = 4.0;  ///< Pixels.
+constexpr double levelInset = 6.0;   ///< Likewise, as the line of a film has it.
 constexpr int secondsPerMinute = 60;
 constexpr int secondsPerHour = 3600;
 } // namespace
@@ -47,7 +48,17 @@ QString GLProgressIndicator::valueText() const
 {
     if (isEnabled())
         return tr("%1 of %2").arg(timeText(value()), timeText(maximum()));
-    return _level ? tr("Buffer %1 %").arg(qRound(*_level * 100.0)) : tr("Live");
+    return _level ? tr("Buffer %1 %").arg(qRound(*_level * wholeLevel)) : tr("Live");
+}
+
+double GLProgressIndicator::shownValue() const
+{
+    return isEnabled() ? value() : std::round(_level.value_or(0.0) * wholeLevel);
+}
+
+double GLProgressIndicator::shownMaximum() const
+{
+    return isEnabled() ? maximum() : wholeLevel;
 }
 
 QAccessible::Role GLProgressIndicator::role() const

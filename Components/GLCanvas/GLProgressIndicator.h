@@ -20,6 +20,8 @@ public:
     bool isSeekable() const { return isEnabled(); }
 
     QString valueText() const override;
+    double shownValue() const override;
+    double shownMaximum() const override;
     QAccessible::Role role() const override;
 
     void mouseMove(QPointF point, QMouseEvent* event) override;

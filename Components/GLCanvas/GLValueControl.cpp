@@ -107,6 +107,20 @@ void GLValueControl::mouseRelease(QPointF point, QMouseEvent* event)
         emit valueReleased(_value);
 }
 
+void GLValueControl::mouseCancel()
+{
+    if (std::exchange(_isDragged, false))
+        update();
+    GLPaintedControl::mouseCancel();
+}
+
+void GLValueControl::setEnabled(bool enabled)
+{
+    if (!enabled)
+        _isDragged = _isHovered = false; // It is not told of what follows.
+    GLPaintedControl::setEnabled(enabled);
+}
+
 void GLValueControl::mouseWheel(QPointF point, QWheelEvent* event)
 {
     GLPaintedControl::mouseWheel(point, event);

@@ -24,13 +24,18 @@ public:
     void choose(double value);
     bool isDragged() const { return _isDragged; }
 
-    /// The value in words.
-    virtual QString valueText() const;
+    /// What assistive technology is told, where that is something else.
+    virtual double shownValue() const { return _value; }
+    virtual double shownMaximum() const { return _maximum; }
 
+    /// One that is disabled is not dragged on.
+    void setEnabled(bool enabled) override;
+    QString valueText() const override;
     QAccessible::Role role() const override { return QAccessible::Slider; }
     void mousePress(QPointF point, QMouseEvent* event) override;
     void mouseMove(QPointF point, QMouseEvent* event) override;
     void mouseRelease(QPointF point, QMouseEvent* event) override;
+    void mouseCancel() override;
     void mouseWheel(QPointF point, QWheelEvent* event) override;
     bool wantsKey(QKeyEvent const* event) const override;
     void keyPress(QKeyEvent* event) override;

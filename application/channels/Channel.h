@@ -57,6 +57,8 @@ public:
     /// What the first stream that failed has told; empty without an error.
     QString errorText() const;
     bool hasVideo() const;
+    /// Whether one of its streams has a picture to show now.
+    bool hasPicture() const;
     bool hasAudio() const;
     /// Whether some stream can seek, and so play at another speed than its own; known once it is open.
     bool isSeekable() const;

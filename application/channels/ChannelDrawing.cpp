@@ -64,12 +64,16 @@ bool Channel::hasOverlay() const
     return _layout && !_textArea->text().isEmpty();
 }
 
+bool Channel::hasPicture() const
+{
+    return std::any_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->hasPicture(); });
+}
+
 /// One of the viewer's own has no logo but the one that all such have.
 bool Channel::showsLogo() const
 {
     constexpr int withoutLogo = ChannelDescription::FileChannel | ChannelDescription::UserStreamChannel;
-    return _layout && (desc.channelType() & withoutLogo) == 0 && !desc.logo().isNull() &&
-           std::none_of(_streams.cbegin(), _streams.cend(), [](auto const& s) { return s->hasPicture(); });
+    return _layout && (desc.channelType() & withoutLogo) == 0 && !desc.logo().isNull() && !hasPicture();
 }
 
 void Channel::createLogoTexture()

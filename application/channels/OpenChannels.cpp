@@ -186,6 +186,8 @@ void OpenChannels::setWatched(bool watched)
         return;
     for (Channel* const channel : std::as_const(_channels))
         channel->setWatched(watched);
+    if (_unseen)
+        _unseen->setWatched(watched);
 }
 
 void OpenChannels::setSpeed(double speed)

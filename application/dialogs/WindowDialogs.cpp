@@ -55,6 +55,7 @@ WindowDialogs::WindowDialogs(AppData& appData, GLWidget& surface, QWidget& windo
 {
     createActions();
     connectActions();
+    connectEffects();
     _effects->load();
     connect(appData.signIn(), &SignIn::signInEnded, this, &WindowDialogs::offerTutorial, Qt::QueuedConnection);
     connect(&appData, &AppData::channelsUpdated, this, &WindowDialogs::offerTutorial, Qt::QueuedConnection);
@@ -64,6 +65,20 @@ WindowDialogs::~WindowDialogs()
 {
     for (QWidget* const dialog : _dialogs)
         delete dialog; // They know the effects, which go next.
+}
+
+void WindowDialogs::connectEffects()
+{
+    auto const tell = [this](QString const& words) {
+        QWidget const* const editor = existingDialog(WindowDialog::Effects);
+        if (!words.isEmpty() && !(editor && editor->isVisible()))
+            emit failed(words);
+    };
+    connect(_effects.get(), &EffectsLibrary::failed, this, tell);
+    connect(_effectsChain.get(), &EffectsChain::examined, this, [tell](QString const& name, QString const& words) {
+        if (!words.isEmpty())
+            tell(QString("%1: %2").arg(name, words));
+    });
 }
 
 void WindowDialogs::createActions()

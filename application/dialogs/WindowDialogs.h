@@ -62,7 +62,12 @@ public:
     /// library.
     void fillEffectsMenu(QMenu* menu);
 
+signals:
+    /// Something about the effects has gone wrong, in words that no dialog shows.
+    void failed(QString words);
+
 private:
+    void connectEffects();
     void createActions();
     void connectActions();
     void offerTutorial();

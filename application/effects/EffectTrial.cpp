@@ -7,11 +7,16 @@
 
 #include <utility>
 
+namespace
+{
+constexpr qint64 longestAnswer = 8 * EffectTrial::longestLog; ///< Bytes; a letter may become several.
+}
+
 EffectTrial::EffectTrial(QString const& program, QObject* parent) : QObject(parent), _program(program)
 {
     _timer.setSingleShot(true);
     _timer.setInterval(limit);
-    connect(&_timer, &QTimer::timeout, this, [this] { finish({EffectTrialResult::Verdict::TooSlow, {}, 0.0}); });
+    connect(&_timer, &QTimer::timeout, this, [this] { finish({EffectTrialResult::Verdict::TooSlow, {}}); });
 }
 
 EffectTrial::~EffectTrial()
@@ -58,17 +63,20 @@ void EffectTrial::cancel()
 void EffectTrial::onEnded(bool isCrash)
 {
     using Verdict = EffectTrialResult::Verdict;
-    QJsonObject const answer = QJsonDocument::fromJson(_process->readAllStandardOutput()).object();
+    QJsonObject const answer = QJsonDocument::fromJson(_process->read(longestAnswer)).object();
     if (isCrash)
-        return finish({Verdict::Died, {}, 0.0});
+        return finish({Verdict::Died, {}});
     if (!answer.contains("compiled"))
         return finish({});
     if (!answer.value("compiled").toBool())
-        return finish({Verdict::Refused, answer.value("log").toString(), 0.0});
+        return finish({Verdict::Refused, answer.value("log").toString()});
+    if (answer.value("compileMilliseconds").toDouble() > longestCompilation)
+        return finish({Verdict::SlowToCompile, answer.value("log").toString()});
     double const pixels = static_cast<double>(_picture.width()) * _picture.height();
-    double const milliseconds = answer.value("microsecondsPerMegapixel").toDouble() / 1000.0 * pixels / 1e6;
+    double const perMegapixel = answer.value("microsecondsPerMegapixel").toDouble();
+    double const milliseconds = perMegapixel / 1000.0 * pixels / 1e6;
     finish({milliseconds > longestPicture ? Verdict::TooSlow : Verdict::Passed, answer.value("log").toString(),
-            milliseconds});
+            milliseconds, perMegapixel});
 }
 
 void EffectTrial::finish(EffectTrialResult const& result)
@@ -99,6 +107,8 @@ QString EffectTrial::words(EffectTrialResult const& result)
                         "switched off.")
                          .arg(qRound(result.milliseconds))
                    : tr("A picture is never finished with this effect. It was switched off.");
+    case EffectTrialResult::Verdict::SlowToCompile:
+        return tr("The graphics driver takes too long to compile this effect. It was switched off.");
     case EffectTrialResult::Verdict::Died:
         return tr("The graphics driver fails with this effect. It was switched off.");
     case EffectTrialResult::Verdict::NotPossible:

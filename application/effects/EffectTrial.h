@@ -12,15 +12,17 @@
 struct EffectTrialResult {
     enum class Verdict {
         Passed,
-        Refused,    ///< The driver does not compile it; the log says why.
-        TooSlow,    ///< Or it never comes to an end.
-        Died,       ///< It took the driver, and the process with it, down.
-        NotPossible ///< There was no way to try.
+        SlowToCompile, ///< The window would stand still while it is compiled.
+        Refused,       ///< The driver does not compile it; the log says why.
+        TooSlow,       ///< Or it never comes to an end.
+        Died,          ///< It took the driver, and the process with it, down.
+        NotPossible    ///< There was no way to try.
     };
 
     Verdict verdict = Verdict::NotPossible;
-    QString log;               ///< Of the compiler.
-    double milliseconds = 0.0; ///< For a whole picture, about.
+    QString log;                           ///< Of the compiler.
+    double milliseconds = 0.0;             ///< For a whole picture, about.
+    double microsecondsPerMegapixel = 0.0; ///< The same for pictures of any size.
 };
 
 /// Tries an effect where it can do no harm: another process compiles it and draws a few small pictures with it. One
@@ -30,8 +32,10 @@ class EffectTrial : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int limit = 5000;            ///< ms for the whole trial.
-    static constexpr double longestPicture = 100; ///< ms: films would be slides, and the window would not answer.
+    static constexpr int limit = 5000;                ///< ms for the whole trial.
+    static constexpr double longestPicture = 100;     ///< ms: films would be slides, and the window would not answer.
+    static constexpr double longestCompilation = 500; ///< ms, with what is made at the first picture.
+    static constexpr qsizetype longestLog = 64 << 10; ///< Letters.
     static constexpr char const* argument = "-try-effect";
 
     /// The program that understands the argument; usually this one.

@@ -4,13 +4,14 @@
 
 #include <QHash>
 #include <QObject>
-#include <QSet>
+#include <QStringList>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
 
 class AppData;
+class ChannelManager;
 class EffectsLibrary;
 class GLMovieShader;
 class GLWidget;
@@ -34,18 +35,33 @@ public:
     /// This one is tried whether it is on or not: somebody is at work on it. Empty for none.
     void setWatched(QString const& name);
 
+    /// What has been found out about the present source of an effect, in words and in the compiler's; empty for
+    /// nothing.
+    struct Finding {
+        QByteArray mark; ///< Of which source, on which driver.
+        bool isRefused = false;
+        QString words;
+        QString log;
+    };
+    Finding finding(QString const& name) const;
+
 signals:
     /// How an effect has fared, and the compiler's log. Empty words: it is shown, or would be.
     void examined(QString name, QString words, QString log);
 
 private:
-    void follow();
+    void follow(ChannelManager const& channels);
     void onLibraryLoaded();
     void update();
-    void tryNext(Effect const& effect);
+    void tryNext();
+    bool isWanted(Effect const& effect) const;
+    bool leaveOutSlow();
+    double megapixels() const;
+    void tell(Finding const& finding, QString const& name);
     void onTried(EffectTrialResult const& result);
     void compile();
-    void install();
+    bool install();
+    QStringList installable() const;
     std::unique_ptr<GLMovieShader> shaderFor(Effect const& effect, std::vector<std::unique_ptr<GLMovieShader>>& old);
     QSize pictureSize() const;
     bool isTrusted(Effect const& effect) const;
@@ -60,7 +76,8 @@ private:
     QString _triedName; ///< What runs in the trial.
     QString _triedSource;
     QString _watched;
-    QSet<QByteArray> _refused; ///< Marks of what did not pass.
+    QHash<QString, Finding> _findings; ///< By name.
     QTimer _probation;
+    QStringList _onProbation;
     bool _isCompiling = false; ///< The disk is being told.
 };

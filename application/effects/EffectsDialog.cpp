@@ -21,6 +21,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace
 {
 
@@ -73,7 +75,7 @@ EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsC
     _typing.setInterval(typingPause);
     connect(&_typing, &QTimer::timeout, this, &EffectsDialog::keepTyped);
     connect(&_library, &EffectsLibrary::changed, this, &EffectsDialog::fillList);
-    connect(&_library, &EffectsLibrary::failed, this, &EffectsDialog::tell);
+    connect(&_library, &EffectsLibrary::failed, this, &EffectsDialog::showProblem);
     connect(&chain, &EffectsChain::examined, this, &EffectsDialog::onExamined);
     fillList();
     _list->setCurrentRow(0);
@@ -137,12 +139,23 @@ void EffectsDialog::createEditor(QVBoxLayout* layout)
     layout->addWidget(_editor, 1);
     _message = new QLabel(this);
     _message->setObjectName("message");
-    _message->setTextFormat(Qt::PlainText);
+    _message->setTextFormat(Qt::RichText); // All of it is escaped.
     _message->setWordWrap(true);
-    _message->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    _message->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse |
+                                      Qt::LinksAccessibleByKeyboard);
+    connect(_message, &QLabel::linkActivated, this, [this](QString const& line) {
+        _editor->goTo(line.toInt());
+        _editor->setFocus();
+    });
     _message->setMinimumHeight(3 * fontMetrics().lineSpacing());
     _message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     layout->addWidget(_message);
+    _problem = new QLabel(this);
+    _problem->setObjectName("problem");
+    _problem->setTextFormat(Qt::PlainText);
+    _problem->setWordWrap(true);
+    _problem->hide();
+    layout->addWidget(_problem);
     connect(_editor, &QPlainTextEdit::textChanged, this, &EffectsDialog::onTyped);
 }
 
@@ -188,26 +201,32 @@ void EffectsDialog::showItem(QListWidgetItem* item, Effect const& effect)
     item->setCheckState(effect.isOn ? Qt::Checked : Qt::Unchecked);
 }
 
-/// The editor is left alone while it has what is kept: the viewer may be typing.
+/// The editor is left alone while nobody else has changed what is in it: the viewer may be typing.
 void EffectsDialog::onChosen()
 {
     if (_isFilling)
         return;
-    if (chosen() != _edited)
+    bool const isOther = chosen() != _edited;
+    if (isOther)
         keepTyped();
     QScopedValueRollback const filling(_isFilling, true);
     _edited = chosen();
     Effect const* const effect = _library.find(_edited);
     bool const isTyping = _typing.isActive();
-    if (effect && !isTyping && _editor->toPlainText() != effect->source)
-        _editor->setPlainText(effect->source);
+    if (effect && !isTyping) {
+        bool const isNew = isOther ? _editor->toPlainText() != effect->source : effect->source != _shownSource;
+        _shownSource = effect->source;
+        if (isNew)
+            _editor->setPlainText(effect->source);
+    }
     if (!effect)
         _editor->clear();
     _editor->setReadOnly(!effect || effect->isTemplate);
     _about->setText(!effect              ? QString()
                     : effect->isTemplate ? tr("Comes with the program. Duplicate it to make your own of it.")
                                          : tr("What you type is kept, and shown while the effect is on."));
-    onExamined(_edited, effect ? effect->fault : QString(), _logs.value(_edited));
+    EffectsChain::Finding const found = _chain.finding(_edited);
+    onExamined(_edited, effect && !effect->fault.isEmpty() ? effect->fault : found.words, found.log);
     refreshButtons();
     if (isVisible())
         _chain.setWatched(_edited);
@@ -262,8 +281,11 @@ void EffectsDialog::keepTyped()
         return;
     if (!_originals.contains(_edited))
         _originals.insert(_edited, effect->source);
-    _logs.remove(_edited);
-    tell(_library.setSource(_edited, source));
+    QString const before = std::exchange(_shownSource, source);
+    QString const words = _library.setSource(_edited, source);
+    if (!words.isEmpty())
+        _shownSource = before;
+    showProblem(words);
     refreshButtons();
 }
 
@@ -282,24 +304,38 @@ void EffectsDialog::hideEvent(QHideEvent* event)
 
 void EffectsDialog::onExamined(QString const& name, QString const& words, QString const& log)
 {
-    _logs.insert(name, log);
     if (name != _edited)
         return;
     QList<CompilerMessage> const messages = compilerMessages(log);
     _editor->setMessages(messages);
-    QStringList lines;
-    if (!words.isEmpty())
-        lines.append(words);
-    for (CompilerMessage const& message : messages)
-        lines.append(message.line > 0 ? tr("Line %1: %2").arg(message.line).arg(message.text) : message.text);
     constexpr int mostLines = 6;
-    tell(lines.mid(0, mostLines).join('\n'));
+    QStringList lines(words.isEmpty() ? QStringList() : QStringList(words));
+    QStringList links(words.isEmpty() ? QStringList() : QStringList(words.toHtmlEscaped()));
+    for (CompilerMessage const& message : messages.mid(0, mostLines)) {
+        bool const hasLine = message.line > 0;
+        lines.append(hasLine ? tr("Line %1: %2").arg(message.line).arg(message.text) : message.text);
+        QString const html = lines.constLast().toHtmlEscaped();
+        links.append(hasLine ? QString("<a href=\"%1\">%2</a>").arg(message.line).arg(html) : html);
+    }
+    showMessage(links.join("<br>"), lines.join('\n'));
 }
 
 void EffectsDialog::tell(QString const& words)
 {
-    _message->setText(words);
+    showMessage(words.toHtmlEscaped().replace('\n', "<br>"), words);
+}
+
+void EffectsDialog::showMessage(QString const& html, QString const& words)
+{
+    _message->setText(html);
     _message->setAccessibleName(words.isEmpty() ? tr("Messages") : words);
+}
+
+/// Until the next attempt: what a trial has to say does not cover it.
+void EffectsDialog::showProblem(QString const& words)
+{
+    _problem->setText(words);
+    _problem->setVisible(!words.isEmpty());
 }
 
 void EffectsDialog::step(int by)
@@ -368,6 +404,7 @@ void EffectsDialog::onRevert()
 {
     _typing.stop();
     QString const original = _originals.value(_edited);
+    _shownSource = original;
     QString const words = _library.setSource(_edited, original);
     _editor->setPlainText(original);
     _typing.stop();

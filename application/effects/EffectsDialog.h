@@ -57,6 +57,8 @@ private:
     void onRevert();
     void refreshButtons();
     void tell(QString const& words);
+    void showMessage(QString const& html, QString const& words);
+    void showProblem(QString const& words);
 
     EffectsLibrary& _library;
     EffectsChain& _chain;
@@ -66,10 +68,11 @@ private:
     QLabel* _about = nullptr;
     EffectEditor* _editor = nullptr;
     QLabel* _message = nullptr;
+    QLabel* _problem = nullptr; ///< What could not be kept.
     QPushButton* _revert = nullptr;
     QTimer _typing;
     QString _edited;                    ///< Whose source is in the editor.
+    QString _shownSource;               ///< Of that, as it was put there or kept last.
     QHash<QString, QString> _originals; ///< Sources as they were before they were edited here.
-    QHash<QString, QString> _logs;      ///< What the compiler said last.
     bool _isFilling = false;
 };

@@ -119,7 +119,7 @@ QString EffectsLibrary::add(QString const& name, QString const& source, QString 
     if (source.toUtf8().size() > EffectsStore::maximumSource)
         return tr("This effect is too long.");
     int const place = indexOf(after);
-    _effects.insert(place < 0 ? _effects.size() : place + 1, {tidied, source, false, false, {}, {}});
+    _effects.insert(place < 0 ? _effects.size() : place + 1, {.name = tidied, .source = source});
     run([store = _store, tidied, source] { return store.write(tidied, source); });
     keepIndex();
     emit changed();
@@ -180,18 +180,20 @@ QString EffectsLibrary::setSource(QString const& name, QString const& source)
 void EffectsLibrary::setOn(QString const& name, bool isOn)
 {
     int const index = indexOf(name);
-    if (index < 0 || (_effects.at(index).isOn == isOn && _effects.at(index).fault.isEmpty()))
+    if (!_isLoaded || index < 0 || (_effects.at(index).isOn == isOn && _effects.at(index).fault.isEmpty()))
         return;
     _effects[index].isOn = isOn;
     _effects[index].fault.clear();
     keepIndex();
+    if (isOn)
+        emit switchedOn(name);
     emit changed();
 }
 
 void EffectsLibrary::move(int from, int to)
 {
     bool const isInside = from >= 0 && to >= 0 && from < _effects.size() && to < _effects.size();
-    if (!isInside || from == to)
+    if (!_isLoaded || !isInside || from == to)
         return;
     _effects.move(from, to);
     keepIndex();
@@ -205,7 +207,7 @@ void EffectsLibrary::setOrder(QStringList const& names)
         qsizetype const place = names.indexOf(effect.name);
         return place < 0 ? names.size() : place;
     });
-    if (ordered == _effects)
+    if (!_isLoaded || ordered == _effects)
         return;
     _effects = ordered;
     keepIndex();
@@ -223,12 +225,13 @@ void EffectsLibrary::setFault(QString const& name, QString const& fault)
     emit changed();
 }
 
-void EffectsLibrary::setPassed(QString const& name, QByteArray const& mark)
+void EffectsLibrary::setPassed(QString const& name, QByteArray const& mark, double cost)
 {
     int const index = indexOf(name);
     if (index < 0 || _effects.at(index).passed == mark)
         return;
     _effects[index].passed = mark;
+    _effects[index].cost = cost;
     keepIndex();
     emit changed();
 }

@@ -19,7 +19,7 @@ class EffectsLibrary : public QObject
     Q_OBJECT
 
 public:
-    /// Has the templates only, all off, until load().
+    /// Has the templates only, all off, until load(); nothing can be changed before that has come to its end.
     explicit EffectsLibrary(QString const& directory, QObject* parent = nullptr);
     ~EffectsLibrary() override;
 
@@ -47,8 +47,8 @@ public:
 
     /// Switches an effect off for a reason.
     void setFault(QString const& name, QString const& fault);
-    /// A trial of its present source went well.
-    void setPassed(QString const& name, QByteArray const& mark);
+    /// A trial of its present source went well; it took so many microseconds for a megapixel.
+    void setPassed(QString const& name, QByteArray const& mark, double cost);
 
     /// A name that is free, made of another.
     QString freeName(QString const& name) const;
@@ -61,6 +61,8 @@ signals:
     void loaded();
     /// Anything of effects().
     void changed();
+    /// The viewer wants it, maybe again; changed() follows.
+    void switchedOn(QString name);
     /// Something could not be read or written, in words.
     void failed(QString words);
 

@@ -28,6 +28,7 @@ void EffectsMenu::fill()
         action->setObjectName("effect");
         action->setCheckable(true);
         action->setChecked(effect.isOn);
+        action->setEnabled(_library.isLoaded());
         action->setToolTip(effect.fault);
         connect(action, &QAction::triggered, this, [this, name = effect.name](bool isOn) { onChosen(name, isOn); });
     }
@@ -39,5 +40,6 @@ void EffectsMenu::onChosen(QString const& name, bool isOn)
     bool isAnyOn = false;
     for (Effect const& effect : _library.effects())
         isAnyOn = isAnyOn || effect.isOn;
-    _settings.setEnableVideoPostProcessing(isAnyOn);
+    if (isOn || !isAnyOn) // With all of them off, one less shows none of the others.
+        _settings.setEnableVideoPostProcessing(isOn);
 }

@@ -55,7 +55,7 @@ QList<Effect> EffectsStore::templates()
     for (char const* const name : {"Sharpen", "Black and White", "Film Grain", "Scan Lines"}) {
         QFile file(":/Resources/Shaders/" + QString(name).remove(' ') + ".frag");
         if (file.open(QIODevice::ReadOnly))
-            effects.append({name, QString::fromUtf8(file.readAll()), true, false, {}, {}});
+            effects.append({.name = name, .source = QString::fromUtf8(file.readAll()), .isTemplate = true});
         else
             LOG_ERROR("Could not open file %s", qPrintable(file.fileName()));
     }
@@ -90,7 +90,7 @@ void EffectsStore::readSources(Contents& contents) const
         else if (!source)
             contents.problems.append(tr("The effect in %1 can't be read.").arg(pathOf(file)));
         else
-            contents.effects.append({*name, *source, false, false, {}, {}});
+            contents.effects.append({.name = *name, .source = *source});
     }
 }
 
@@ -114,7 +114,10 @@ void EffectsStore::readIndex(Contents& contents) const
             continue;
         effect->isOn = entry.value("on").toBool();
         effect->fault = entry.value("fault").toString().left(1000);
-        effect->passed = entry.value("passed").toString().left(200).toLatin1();
+        effect->cost = entry.value("cost").toDouble(-1.0);
+        if (effect->cost >= 0.0) // Else it is to be tried again.
+            effect->passed = entry.value("passed").toString().left(200).toLatin1();
+        effect->cost = std::max(0.0, effect->cost);
         ordered.append(*effect);
         contents.effects.erase(effect);
     }
@@ -167,7 +170,8 @@ QString EffectsStore::writeIndex(QList<Effect> const& effects, bool isEnabled) c
         entries.append(QJsonObject{{"name", effect.name},
                                    {"on", effect.isOn},
                                    {"fault", effect.fault},
-                                   {"passed", QString::fromLatin1(effect.passed)}});
+                                   {"passed", QString::fromLatin1(effect.passed)},
+                                   {"cost", effect.cost}});
     return save(indexFile, QJsonDocument(QJsonObject{{"enabled", isEnabled}, {"effects", entries}}).toJson());
 }
 

@@ -81,6 +81,7 @@ void GLWidget::connectOverlay()
     connect(&_overlay, &GLOverlay::videoMousePress, this, &GLWidget::onVideoMousePress);
     connect(&_overlay, &GLOverlay::videoMouseMove, this, &GLWidget::onVideoMouseMove);
     connect(&_overlay, &GLOverlay::videoMouseRelease, this, &GLWidget::onVideoMouseRelease);
+    connect(&_overlay, &GLControl::mouseCancelled, this, &GLWidget::cancelPress);
     connect(&_overlay, &GLOverlay::videoKeyPress, this, &GLWidget::onVideoKeyPress);
     connect(&_overlay, &GLOverlay::videoKeyRelease, this, &GLWidget::onVideoKeyRelease);
     connect(&_carousel, &GLCarousel::changed, &_pacer, &PaintPacer::request);
@@ -196,8 +197,6 @@ void GLWidget::followPictures()
 {
     logVideoRectangle();
     _overlay.updateMark();
-    if (double const zoom = calculateZoom(); std::exchange(_zoom, zoom) != zoom)
-        emit zoomChanged(zoom);
 }
 
 bool GLWidget::presentPictures()

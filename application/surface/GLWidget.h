@@ -65,8 +65,6 @@ signals:
     void screenshotCompleted(QString path);
     void contextMenuRequested(QPoint globalPosition);
     void filesDropped(QStringList names);
-    /// Another of the zoom factors is nearest to what is shown; 0 without a picture.
-    void zoomChanged(double factor);
     /// A page that is to lie over the picture is there.
     void webOverlayLoaded();
 
@@ -144,6 +142,7 @@ private:
     void placeControls();
     void onHoverChanged(GLControl* control);
     void endDrag(QPointF point);
+    void cancelPress();
     bool hasPointerMoved(QPointF place);
 
     static Logger* log;
@@ -160,7 +159,6 @@ private:
     bool _isInitialized = false;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;
-    double _zoom = 0.0;      ///< As told last.
     QCursor _videoCursor;    ///< Where the pointer is over the picture.
     QString _pressedChannel; ///< By its root id, while it may be dragged to another's place.
     QPointF _pressPoint;

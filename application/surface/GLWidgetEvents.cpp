@@ -20,12 +20,15 @@ void GLWidget::placeControls()
 void GLWidget::resizeEvent(QResizeEvent*)
 {
     placeControls();
+    if (underMouse()) // The window may have moved below it.
+        _layout.placePointer(mapFromGlobal(QCursor::pos()));
     _pacer.request();
 }
 
 bool GLWidget::wantsKey(QKeyEvent const* event) const
 {
-    if (_layout.focus() != &_overlay && _layout.wantsKey(event))
+    GLControl const* const focus = _layout.focus();
+    if (focus && focus->showsFocus() && _layout.wantsKey(event))
         return true;
     return isCarouselShown() && GLCarousel::wantsKey(event);
 }
@@ -102,7 +105,8 @@ void GLWidget::leaveEvent(QEvent*)
 
 void GLWidget::wheelEvent(QWheelEvent* event)
 {
-    if (isCarouselShown() && _layout.controlAt(event->position()) == &_overlay)
+    GLControl const* const control = _layout.controlAt(event->position());
+    if (isCarouselShown() && (control == &_overlay || _overlay.isCarouselBar(control)))
         _carousel.wheel(event);
     else if (!_layout.mouseWheel(event->position(), event))
         _overlay.onMouseWheel(nullptr, event);
@@ -116,7 +120,12 @@ void GLWidget::mouseDoubleClickEvent(QMouseEvent* event)
         _layout.mousePress(event->position(), event); // Two clicks on a button are just that.
         return;
     }
-    if (event->modifiers() != Qt::NoModifier || isCarouselShown())
+    if (isCarouselShown()) {
+        if (_appData.settings.carouselMode())             // Else the first has ended it.
+            _layout.mousePress(event->position(), event); // Two clicks on slides are just that as well.
+        return;
+    }
+    if (event->modifiers() != Qt::NoModifier)
         return;
     _appData.channelManager()->videoDoubleClick();
     _appData.settings.setShowFullScreen(!_appData.settings.showFullScreen());
@@ -213,13 +222,25 @@ void GLWidget::onVideoMouseMove(QPointF point, QMouseEvent* event)
 void GLWidget::onVideoMouseRelease(QPointF point, Qt::KeyboardModifiers modifiers)
 {
     QPointF const pixel = point * devicePixelRatio();
+    bool const wasDragging = std::exchange(_isDragging, false);
     if (isCarouselShown())
         _carousel.mouseRelease(pixel, modifiers.testFlag(Qt::ControlModifier));
-    else if (std::exchange(_isDragging, false))
+    else if (wasDragging)
         endDrag(pixel);
     else
         _appData.channelManager()->videoMouseRelease(pixel, modifiers);
     _pressedChannel.clear();
+}
+
+/// A press whose release nobody is told of, or that means nothing any more, was none.
+void GLWidget::cancelPress()
+{
+    _carousel.mouseCancel();
+    _pressedChannel.clear();
+    if (std::exchange(_isDragging, false))
+        setCursor(_videoCursor);
+    if (ChannelManager* const channels = _appData.channelManager()) // Null at the program's end.
+        channels->videoMousePress({-1.0, -1.0}, Qt::NoModifier);
 }
 
 /// A picture that is let go of over another changes places with it.

@@ -14,6 +14,7 @@ void GLWidget::onOverlayVisibilityChanged(bool visible)
 
 void GLWidget::onCarouselModeChanged()
 {
+    cancelPress(); // What it was on is elsewhere now.
     if (_appData.settings.carouselMode()) {
         if (!_carousel.enter()) {
             _overlay.showMessage(tr("There are no channels yet"));

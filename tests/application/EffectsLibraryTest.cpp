@@ -71,7 +71,7 @@ TEST_F(EffectsLibraryTest, WhatTheViewerMadeIsThereAgainInItsOrder)
         library->setOn("Scan Lines", true);
         library->setEnabled(true);
         library->move(0, 1);
-        library->setPassed("Ours", "mark");
+        library->setPassed("Ours", "mark", 1234.0);
         library->beginTrying({"Ours"}, {});
         library->endTrying();
     }
@@ -80,6 +80,7 @@ TEST_F(EffectsLibraryTest, WhatTheViewerMadeIsThereAgainInItsOrder)
                                             EffectNames::tidied(strange)}));
     EXPECT_TRUE(library->isEnabled());
     EXPECT_EQ(library->find("Ours")->passed, "mark");
+    EXPECT_EQ(library->find("Ours")->cost, 1234.0);
     EXPECT_EQ(QDir(_directory.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("Effects"));
     EXPECT_EQ(QDir(path()).entryList({"*.frag"}).size(), 2);
 
@@ -145,6 +146,8 @@ TEST_F(EffectsLibraryTest, ATrialEndsWhateverTheOtherProcessDoes)
         {"cat >/dev/null; echo '{\"compiled\":true,\"log\":\"\",\"microsecondsPerMegapixel\":20000}'",
          Verdict::Passed},
         {"echo '{\"compiled\":true,\"microsecondsPerMegapixel\":2000000}'", Verdict::TooSlow},
+        {"echo '{\"compiled\":true,\"microsecondsPerMegapixel\":1,\"compileMilliseconds\":4000}'",
+         Verdict::SlowToCompile},
         {"echo '{\"compiled\":false,\"log\":\"0:3(1): error: no\"}'", Verdict::Refused},
         {"kill -SEGV $$", Verdict::Died},
         {"echo nonsense", Verdict::NotPossible},

@@ -117,6 +117,38 @@ TEST_F(OverlayTest, WhatIsHeldStaysAndTheCarouselHasItsOwnBar)
     EXPECT_EQ(shown(), "top bottom ");
 }
 
+TEST_F(OverlayTest, WordsFollowWhatTheyAreAbout)
+{
+    auto const find = [](GLControl* holder, QString const& name) {
+        for (GLControl* const control : holder->controls())
+            if (control->name() == name)
+                return control;
+        return holder;
+    };
+    QList<Channel*> const channels = addChannels(3);
+    move(400, 200);
+    GLControl const* const mute = find(_overlay->bottomCanvas(), "Mute Button");
+    QPointF const place = mute->geometry().translated(_overlay->bottomCanvas()->geometry().topLeft()).center();
+    move(place.x(), place.y());
+    GLControl const* const tip = find(_overlay.get(), "Tip");
+    EXPECT_EQ(tip->label(), mute->label());
+    QString const before = tip->label();
+    _appData.settings.setMuted(true);
+    EXPECT_NE(tip->label(), before);
+    EXPECT_EQ(tip->label(), mute->label());
+    _layout.setSize({1600, 900});
+    EXPECT_FALSE(tip->isShown()) << "the button is elsewhere";
+
+    _appData.settings.setCarouselMode(true);
+    _overlay->setCarouselChannel("id2");
+    emit _appData.channelsUpdated();
+    EXPECT_EQ(find(_overlay->topCanvas(), "Title")->label(), channels.at(2)->desc.title());
+    _appData.settings.setCarouselMode(false);
+    _appData.settings.setShowChannelBarOnMouseOver(false);
+    _appData.settings.setPerspectiveMode(true);
+    EXPECT_TRUE(find(_overlay.get(), "Viewpoint Pad")->isVisible()) << "there is no other way to it";
+}
+
 TEST_F(OverlayTest, BarsNeverOverlapAndTheWheelIsTheVolume)
 {
     for (QSizeF const& size : {QSizeF(800, 480), QSizeF(320, 240), QSizeF(3840, 2160)}) {

@@ -59,6 +59,13 @@ TEST(X11Effects, AnEffectThatFailsOrHangsNeverCostsThePicture)
         ASSERT_TRUE(processEventsUntil([&library] { return !library.find("Mine")->fault.isEmpty(); }));
         EXPECT_FALSE(library.find("Mine")->isOn);
         ASSERT_TRUE(processEventsUntil([&appData] { return appData.postProcessingShaders().size() == 1; }));
+
+        library.setOn("Mine", true); // Whoever wants it again has it tried again; the others do not wait for it.
+        library.setOn("Film Grain", true);
+        ASSERT_TRUE(processEventsUntil([&appData] { return appData.postProcessingShaders().size() == 2; }));
+        EXPECT_TRUE(library.find("Mine")->fault.isEmpty());
+        ASSERT_TRUE(processEventsUntil([&library] { return !library.find("Mine")->fault.isEmpty(); }));
+        EXPECT_EQ(chain.finding("Mine").words, library.find("Mine")->fault);
     }
     appData.uninitialize();
 }

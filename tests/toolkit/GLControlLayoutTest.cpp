@@ -97,7 +97,7 @@ TEST_F(GLControlLayoutTest, ThePressedControlKeepsTheMouse)
 {
     press(120, 70);
     heard();
-    EXPECT_TRUE(move(350, 250));
+    EXPECT_TRUE(mouse(QEvent::MouseMove, {350, 250}, Qt::LeftButton));
     EXPECT_THAT(heard(), ElementsAre("-button", "-bar", "+video", "move button 250,200"));
     EXPECT_TRUE(release(350, 250));
     EXPECT_THAT(heard(), ElementsAre("release button 250,200"));

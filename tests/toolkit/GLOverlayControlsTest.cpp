@@ -131,6 +131,56 @@ TEST_F(GLOverlayControlsTest, ASliderIsDraggedTurnedAndStepped)
     EXPECT_DOUBLE_EQ(_volume->value(), 0.8);
 }
 
+TEST_F(GLOverlayControlsTest, ADragWhoseReleaseGoesElsewhereHasEnded)
+{
+    QSignalSpy const released(_volume.get(), &GLValueControl::valueReleased);
+    press(66 + 25);
+    QPointF const place(66 + 75, 30);
+    QMouseEvent rest(QEvent::MouseMove, place, place, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    _layout.mouseMove(place, &rest); // Nobody has told of the release.
+    EXPECT_DOUBLE_EQ(_volume->value(), 0.25);
+    EXPECT_FALSE(_volume->isDragged());
+    press(66 + 50);
+    _volume->setEnabled(false); // Not told of it either.
+    release(66 + 50);
+    _volume->setEnabled(true);
+    move(66 + 75);
+    EXPECT_DOUBLE_EQ(_volume->value(), 0.5);
+    EXPECT_EQ(released.size(), 0);
+}
+
+TEST_F(GLOverlayControlsTest, WhatGoesFromBelowThePointerIsLeftAndLosesTheFocus)
+{
+    QSignalSpy const left(_bar.get(), &GLControl::mouseLeft);
+    move(30);
+    _layout.setFocus(_button.get(), true);
+    _bar->setGeometry({10, 50, 200, 40});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(left.size(), 1) << "it has moved away";
+    EXPECT_EQ(_layout.focus(), _button.get());
+    _button->setVisible(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(_layout.focus(), _bar.get());
+    EXPECT_FALSE(_button->showsFocus());
+    _layout.placePointer({30, 70});
+    EXPECT_EQ(left.size(), 1);
+    _bar->setVisible(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(left.size(), 2);
+}
+
+TEST_F(GLOverlayControlsTest, ControlsAreDrawnOnDevicePixels)
+{
+    _bar->setGeometry({10, 11, 181, 41}); // At 15, 16.5, 286.5 and 78 device pixels.
+    _layout.setSize({300, 100}, 1.5);
+    GLPatch const patch = _layout.patches().constFirst();
+    EXPECT_EQ(patch.place, QPoint(15, 17));
+    EXPECT_EQ(_bar->image().size(), QSize(272, 61));
+    QRectF const drawn = _bar->drawnGeometry();
+    EXPECT_NEAR(drawn.top() * 1.5, 17.0, 1e-9);
+    EXPECT_NEAR(drawn.width() * 1.5, 272.0, 1e-9);
+}
+
 TEST_F(GLOverlayControlsTest, TheFocusGoesThroughWhatCanBeUsed)
 {
     EXPECT_TRUE(_layout.focusNext(true));

@@ -147,7 +147,10 @@ void GLCarousel::openActive(bool beside)
 {
     ChannelManager& channels = *_appData.channelManager();
     QString const rootId = _activeChannel;
-    channels.performChannelClickAction(rootId, beside ? AddClickAction : OpenClickAction);
+    // One that has failed is connected again, as by any other click.
+    ChannelClickAction const click = channels.channelClickAction(rootId, beside);
+    bool const isRetry = click == ReconnectClickAction;
+    channels.performChannelClickAction(rootId, isRetry ? click : beside ? AddClickAction : OpenClickAction);
     if (!beside && _prepared == rootId)
         // It plays on when the others have faded, unless the viewer changes their mind.
         QTimer::singleShot(
@@ -207,6 +210,12 @@ void GLCarousel::mouseRelease(QPointF point, bool isModifierHeld)
                 moveTo(index);
                 return;
             }
+}
+
+void GLCarousel::mouseCancel()
+{
+    if (std::exchange(_isPressed, false) && _isEntered)
+        moveTo(static_cast<int>(std::lround(_position.value())));
 }
 
 void GLCarousel::wheel(QWheelEvent const* event)

@@ -47,6 +47,8 @@ public:
     /// With none.
     void mouseHover(QPointF point);
     void mouseRelease(QPointF point, bool isModifierHeld);
+    /// The release has gone elsewhere.
+    void mouseCancel();
     void wheel(QWheelEvent const* event);
     /// Whether a key means something here.
     static bool wantsKey(QKeyEvent const* event);

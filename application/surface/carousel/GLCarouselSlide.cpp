@@ -93,9 +93,9 @@ void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflec
 {
     QRectF const card(-width / 2, -height / 2, width, height);
     drawGradient(card, cardColour, 1.0, cardFoot, 1.0);
-    if (channel.hasVideo()) {
-        if (!isReflection)
-            channel.updateVideoTexture();
+    if (!isReflection && channel.hasVideo())
+        channel.updateVideoTexture();
+    if (channel.hasPicture()) {
         channel.drawVideoPerspectiveMode(card, true);
     } else {
         updateLogo(channel.desc.logo(), budget);

@@ -9,6 +9,8 @@
 
 #include <QAction>
 
+#include <utility>
+
 namespace
 {
 constexpr int tickInterval = 1000; ///< ms
@@ -45,6 +47,11 @@ void GLChannelBar::createControls()
     _recordTime.setColour(style().alert);
     _recordTime.setAlignment(Qt::AlignRight);
     _record.setCheckedColour(style().alert);
+    QString const longest = GLProgressIndicator::timeText(bigNumber);
+    _time.setText(tr("%1 / %2").arg(longest, longest));
+    _widestTime = _time.preferredSize().width();
+    _time.setText({});
+    _space.setDecoration(true);
     for (GLControl* const quietOne : std::initializer_list<GLControl*>{&_time, &_logo, &_recordTime, &_space})
         quietOne->setPassedThrough(true);
     struct Face {
@@ -105,6 +112,9 @@ void GLChannelBar::connectControls()
 void GLChannelBar::updateChannel()
 {
     Channel const* const channel = _appData.channelManager()->activeChannel();
+    QString const id = channel ? channel->desc.rootId() : QString();
+    if (std::exchange(_shown, id) != id)
+        _progress.mouseCancel(); // It was another film that the viewer was about to move in.
     updateLogo(channel);
     updatePlay(channel);
     updateMultiview();
@@ -217,12 +227,9 @@ void GLChannelBar::recalcLayout(double scale)
 {
     QRectF const inside =
         QRectF(QPointF(), geometry().size()).adjusted(Look::grid, Look::grid, -Look::grid, -Look::grid);
-    GLLabelControl widest("Widest Time", style());
-    QString const longest = GLProgressIndicator::timeText(bigNumber);
-    widest.setText(tr("%1 / %2").arg(longest, longest));
     arrange({{.control = &_progress, .width = 2.0 * Look::target, .importance = 2, .stretch = 1.0},
              {.control = &_time,
-              .width = std::max(_time.preferredSize().width(), widest.preferredSize().width()),
+              .width = std::max(_time.preferredSize().width(), _widestTime),
               .importance = 1,
               .gap = Look::grid}},
             QRectF(inside.topLeft(), QSizeF(inside.width(), progressHeight)));
@@ -259,10 +266,10 @@ void GLChannelBar::arrangeButtons(QRectF const& row)
          {.control = &_multiview, .width = target, .importance = 4, .isWanted = hasNeighbours},
          {.control = &_fullScreen, .width = target, .importance = 8}},
         row);
-    // The logo keeps its shape in the middle of its place.
+    // The logo keeps its shape in the middle of its place, each of its pixels on one of the screen.
     if (_logo.image().isNull())
         return;
-    QSizeF const size = QSizeF(_logo.image().size()).scaled(_logo.geometry().size(), Qt::KeepAspectRatio);
+    QSizeF const size = QSizeF(_logo.image().size()) / scale();
     QRectF place(QPointF(), size);
     place.moveCenter(_logo.geometry().center());
     _logo.setGeometry(place);

@@ -66,4 +66,6 @@ private:
     QTimer _second;   ///< Runs while the bar can be seen.
     QElapsedTimer _recording;
     bool _isPausable = false;
+    QString _shown;           ///< The channel that it is about, by its root id.
+    double _widestTime = 0.0; ///< Pixels.
 };

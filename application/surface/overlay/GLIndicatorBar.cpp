@@ -4,6 +4,8 @@
 #include "Look.h"
 #include "OverlayStyle.h"
 
+#include <utility>
+
 GLIndicatorBar::GLIndicatorBar(GLControlStyle const& style, QObject* parent)
     : GLControl("Indicator Bar", parent), _chat("Chat Indicator Button", style),
       _alert("Alert Indicator Button", style)
@@ -22,19 +24,19 @@ GLIndicatorBar::GLIndicatorBar(GLControlStyle const& style, QObject* parent)
 
 void GLIndicatorBar::setChatCount(int count)
 {
-    show(_chat, count, tr("%n new chat message(s)", nullptr, count));
+    show(_chat, _hasChat, count, tr("%n new chat message(s)", nullptr, count));
 }
 
 void GLIndicatorBar::setAlertCount(int count)
 {
-    show(_alert, count, tr("%n new alert(s)", nullptr, count));
+    show(_alert, _hasAlert, count, tr("%n new alert(s)", nullptr, count));
 }
 
-void GLIndicatorBar::show(GLButtonControl& button, int count, QString const& label)
+void GLIndicatorBar::show(GLButtonControl& button, bool& isWanted, int count, QString const& label)
 {
     button.setLabel(label);
     button.setChecked(count > 0);
-    if (button.isVisible() == (count > 0))
+    if (std::exchange(isWanted, count > 0) == (count > 0))
         return;
     button.setVisible(count > 0);
     emit widthChanged();
@@ -42,13 +44,13 @@ void GLIndicatorBar::show(GLButtonControl& button, int count, QString const& lab
 
 double GLIndicatorBar::preferredWidth() const
 {
-    return ((_chat.isVisible() ? 1 : 0) + (_alert.isVisible() ? 1 : 0)) * Look::target;
+    return ((_hasChat ? 1 : 0) + (_hasAlert ? 1 : 0)) * Look::target;
 }
 
 void GLIndicatorBar::recalcLayout(double scale)
 {
-    GLPanelControl::arrange({{.control = &_chat, .width = Look::target, .isWanted = _chat.isVisible()},
-                             {.control = &_alert, .width = Look::target, .isWanted = _alert.isVisible()}},
+    GLPanelControl::arrange({{.control = &_chat, .width = Look::target, .isWanted = _hasChat},
+                             {.control = &_alert, .width = Look::target, .isWanted = _hasAlert}},
                             QRectF(QPointF(), geometry().size()));
     GLControl::recalcLayout(scale);
 }

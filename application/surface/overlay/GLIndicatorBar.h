@@ -25,8 +25,10 @@ signals:
     void widthChanged();
 
 private:
-    void show(GLButtonControl& button, int count, QString const& label);
+    void show(GLButtonControl& button, bool& isWanted, int count, QString const& label);
 
+    bool _hasChat = false;
+    bool _hasAlert = false;
     GLButtonControl _chat;
     GLButtonControl _alert;
 };

@@ -4,6 +4,7 @@
 
 #include "AppData.h"
 #include "ChannelManager.h"
+#include "GLControlAccessible.h"
 #include "GLControlLayout.h"
 #include "Look.h"
 #include "OverlayStyle.h"
@@ -75,11 +76,15 @@ void GLOverlay::ensureVisible(bool both)
     _hasRested = !isPointerOver();
     _fadeTimer.start();
     fadeIn(_top);
-    if (both && _appData.settings.showChannelBarOnMouseOver()) {
+    if (both && _appData.settings.showChannelBarOnMouseOver())
         fadeIn(_bottom);
-        if (_appData.settings.perspectiveMode())
-            fadeIn(_pad);
-    }
+    if (both && _appData.settings.perspectiveMode())
+        fadeIn(_pad);
+}
+
+bool GLOverlay::isCarouselBar(GLControl const* control) const
+{
+    return control && (control == &_carousel || control->holder() == &_carousel);
 }
 
 bool GLOverlay::isPointerOver() const
@@ -205,6 +210,7 @@ void GLOverlay::onShowFullScreenChanged()
 void GLOverlay::showMessage(QString const& text)
 {
     _message.setText(text);
+    GLControlAccessible::announce(_message);
     layOut();
     fadeIn(_message);
     _messageTimer.start();
@@ -225,6 +231,7 @@ void GLOverlay::updateMark()
 void GLOverlay::recalcLayout(double scale)
 {
     setGeometry(QRectF(QPointF(), _layout->size()));
+    hideTip(); // What it was about is elsewhere.
     layOut();
     GLControl::recalcLayout(scale);
     _bottom.updateChannel(); // The logo is scaled for the screen.

@@ -46,6 +46,8 @@ public:
     void setCarouselChannel(QString const& rootId);
 
     GLIndicatorBar& indicators() { return _top.indicators(); }
+    /// Whether it is the carousel's bar or one of its buttons.
+    bool isCarouselBar(GLControl const* control) const;
     GLControl* topCanvas() { return &_top; }
     GLControl* bottomCanvas() { return &_bottom; }
 
@@ -106,6 +108,7 @@ private:
     void updateTitle();
     void updateVolume();
     void onHoverChanged(GLControl* control);
+    void showButtonTip(GLButtonControl const& button);
     void onPreviewChanged(std::optional<double> seconds, double x);
     void showTip(QString const& text, QPointF middle, bool above);
     void hideTip();
@@ -128,5 +131,7 @@ private:
     bool _isPointerOverTop = false;
     bool _isPointerOverBottom = false;
     bool _wasVisible = false;
+    QMetaObject::Connection _tipWords; ///< To what the button under the pointer is called.
+    QString _carouselChannel;          ///< By its root id.
     bool _hasShownChannel = false;
 };

@@ -180,14 +180,22 @@ void GLOverlay::onChannelsUpdated()
     _bottom.updateChannel();
 }
 
-void GLOverlay::onChannelLogoUpdated(ChannelDescription const&)
+void GLOverlay::onChannelLogoUpdated(ChannelDescription const& description)
 {
-    _bottom.updateChannel();
+    Channel const* const active = _appData.channelManager()->activeChannel();
+    if (active && active->desc.rootId() == description.rootId())
+        _bottom.updateChannel();
 }
 
 void GLOverlay::updateTitle()
 {
     ChannelManager const& channels = *_appData.channelManager();
+    Channel const* const slide =
+        _appData.settings.carouselMode() ? channels.getChannelByRootId(_carouselChannel) : nullptr;
+    if (slide) {
+        _top.setTitle(slide->desc.title());
+        return;
+    }
     Channel const* const active = channels.activeChannel();
     auto const others = static_cast<int>(channels.openChannels().size()) - 1;
     QString title = active ? active->desc.title() : QString();
@@ -198,12 +206,15 @@ void GLOverlay::updateTitle()
 
 void GLOverlay::setCarouselChannel(QString const& rootId)
 {
+    _carouselChannel = rootId;
     Channel const* const channel = _appData.channelManager()->getChannelByRootId(rootId);
     _top.setTitle(channel ? channel->desc.title() : QString());
+    _top.announceTitle();
 }
 
 void GLOverlay::onHoverChanged(GLControl* control)
 {
+    disconnect(_tipWords);
     auto const* const button = qobject_cast<GLButtonControl*>(control);
     if (button == &_top.signInButton() || control == &_bottom.progress())
         return; // They have tips of their own.
@@ -211,9 +222,18 @@ void GLOverlay::onHoverChanged(GLControl* control)
         hideTip();
         return;
     }
-    QRectF const place = button->geometry().translated(originOf(button));
+    showButtonTip(*button);
+    _tipWords = connect(button, &GLControl::labelChanged, this, [this, button] {
+        if (_tip.isShown())
+            showButtonTip(*button);
+    });
+}
+
+void GLOverlay::showButtonTip(GLButtonControl const& button)
+{
+    QRectF const place = button.geometry().translated(originOf(&button));
     bool const isAbove = place.center().y() > geometry().height() / 2.0;
-    showTip(button->label(), {place.center().x(), isAbove ? place.top() : place.bottom()}, isAbove);
+    showTip(button.label(), {place.center().x(), isAbove ? place.top() : place.bottom()}, isAbove);
 }
 
 void GLOverlay::onPreviewChanged(std::optional<double> seconds, double x)

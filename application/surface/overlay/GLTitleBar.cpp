@@ -1,6 +1,7 @@
 #include "GLTitleBar.h"
 
 #include "AppData.h"
+#include "GLControlAccessible.h"
 #include "Look.h"
 #include "OverlayStyle.h"
 #include "SignIn.h"
@@ -38,6 +39,13 @@ void GLTitleBar::setState(QString const& text, bool isError)
     _state.setText(text);
     _state.setColour(isError ? style().alert : style().dimText);
     recalcLayout(scale());
+    if (isError)
+        GLControlAccessible::announce(_state);
+}
+
+void GLTitleBar::announceTitle()
+{
+    GLControlAccessible::announce(_title);
 }
 
 void GLTitleBar::updateButtons()

@@ -18,6 +18,8 @@ public:
 
     void setTitle(QString const& title);
     QString title() const { return _title.text(); }
+    /// Has assistive technology read the title out.
+    void announceTitle();
     /// A state, or with `isError` what has gone wrong; empty for none.
     void setState(QString const& text, bool isError);
 
