@@ -5,8 +5,9 @@ target_compile_options(ombravision_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wcast-qual
   -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
 if(OMBRAVISION_UNITY)
-  # A class of a source file may have a field of that file's own types.
-  target_compile_options(ombravision_settings INTERFACE -Wno-subobject-linkage)
+  # A class of a source file may have a field of that file's own types, and a parameter the name of another file's constant.
+  target_compile_options(ombravision_settings INTERFACE
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage> $<$<CXX_COMPILER_ID:Clang>:-Wno-shadow>)
   set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
 endif()
 if(OMBRAVISION_WERROR)

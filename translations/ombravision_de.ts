@@ -17,11 +17,11 @@
     </message>
     <message>
         <source>Live internet television on your desktop.</source>
-        <translation>Internetfernsehen live auf Ihrem Bildschirm.</translation>
+        <translation>Live-Fernsehen aus dem Internet auf Ihrem Desktop.</translation>
     </message>
     <message>
         <source>Built on %1. Each of them is free software under its own licence.</source>
-        <translation>Beruht auf %1. Jedes davon ist freie Software unter eigener Lizenz.</translation>
+        <translation>Aufgebaut auf %1. Jedes davon ist freie Software unter eigener Lizenz.</translation>
     </message>
     <message>
         <source>, </source>
@@ -44,7 +44,7 @@
     </message>
     <message>
         <source>Message</source>
-        <translation>Nachricht</translation>
+        <translation>Meldung</translation>
     </message>
 </context>
 <context>
@@ -67,7 +67,7 @@
     </message>
     <message>
         <source>These two are kept with the account: sign in for them to be there at the next start.</source>
-        <translation>Diese beiden gehören zum Konto: Melden Sie sich an, damit sie beim nächsten Start da sind.</translation>
+        <translation>Beides wird mit dem Konto gespeichert: Melden Sie sich an, damit es beim nächsten Start da ist.</translation>
     </message>
     <message>
         <source>Security</source>
@@ -75,11 +75,11 @@
     </message>
     <message>
         <source>Allow &amp;passwords to be sent where nothing keeps them secret</source>
-        <translation>Passwörter auch un&amp;geschützt senden</translation>
+        <translation>Senden von &amp;Passwörtern auch ohne Verschlüsselung erlauben</translation>
     </message>
     <message>
         <source>Warning: whoever can listen on the way to the service reads your password then. Allow it only for a service on a network that is all yours.</source>
-        <translation>Warnung: Wer auf dem Weg zum Dienst mithört, liest dann Ihr Passwort. Erlauben Sie es nur für einen Dienst in einem Netz, das ganz Ihres ist.</translation>
+        <translation>Warnung: Wer auf dem Weg zum Dienst mithören kann, liest dann Ihr Passwort. Erlauben Sie es nur für einen Dienst in einem Netz, das ganz Ihnen gehört.</translation>
     </message>
     <message>
         <source>Signed in as %1.</source>
@@ -91,7 +91,7 @@
     </message>
     <message>
         <source>Sign &amp;out</source>
-        <translation>A&amp;bmelden</translation>
+        <translation>&amp;Abmelden</translation>
     </message>
 </context>
 <context>
@@ -102,7 +102,7 @@
     </message>
     <message>
         <source>&amp;Addresses and files, one a line:</source>
-        <translation>&amp;Adressen und Dateien, je eine Zeile:</translation>
+        <translation>&amp;Adressen und Dateien, eine je Zeile:</translation>
     </message>
     <message>
         <source>What the lines are</source>
@@ -118,7 +118,7 @@
     </message>
     <message>
         <source>Looking for this file ...</source>
-        <translation>Die Datei wird gesucht ...</translation>
+        <translation>Diese Datei wird gesucht ...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
@@ -134,10 +134,41 @@
     </message>
 </context>
 <context>
+    <name>AddressCheck</name>
+    <message>
+        <source>This is too long for an address.</source>
+        <translation>Das ist zu lang für eine Adresse.</translation>
+    </message>
+    <message>
+        <source>A file on this computer.</source>
+        <translation>Eine Datei auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>An address begins with a scheme, such as http:// or rtsp://.</source>
+        <translation>Eine Adresse beginnt mit einem Schema wie http:// oder rtsp://.</translation>
+    </message>
+    <message>
+        <source>Nothing is known about addresses that begin with %1://.</source>
+        <translation>Adressen, die mit %1:// beginnen, sind unbekannt.</translation>
+    </message>
+    <message>
+        <source>There is something in this address that does not belong there.</source>
+        <translation>In dieser Adresse steht etwas, das nicht hineingehört.</translation>
+    </message>
+    <message>
+        <source>The name of the computer is missing after %1://.</source>
+        <translation>Nach %1:// fehlt der Name des Rechners.</translation>
+    </message>
+    <message>
+        <source>A stream of %1.</source>
+        <translation>Ein Stream von %1.</translation>
+    </message>
+</context>
+<context>
     <name>AlertPreview</name>
     <message>
         <source>Sample alert</source>
-        <translation>Beispiel einer Meldung</translation>
+        <translation>Beispielmeldung</translation>
     </message>
     <message>
         <source>Breaking news
@@ -150,7 +181,7 @@ So sieht eine Meldung aus.</translation>
     <name>AlertsPage</name>
     <message>
         <source>Tell me of</source>
-        <translation>Melden</translation>
+        <translation>Anlässe</translation>
     </message>
     <message>
         <source>&amp;Breaking news on my channels</source>
@@ -162,15 +193,15 @@ So sieht eine Meldung aus.</translation>
     </message>
     <message>
         <source>What is &amp;talked about most</source>
-        <translation>Worüber am meisten ge&amp;sprochen wird</translation>
+        <translation>&amp;Meistdiskutiertes</translation>
     </message>
     <message>
         <source>&amp;Messages of the service</source>
-        <translation>&amp;Mitteilungen des Dienstes</translation>
+        <translation>Nach&amp;richten des Dienstes</translation>
     </message>
     <message>
         <source>&amp;Lines of the chat</source>
-        <translation>&amp;Zeilen des Chats</translation>
+        <translation>&amp;Chatzeilen</translation>
     </message>
     <message>
         <source>The bells in the list of channels say whose breaking news you are told of.</source>
@@ -178,7 +209,7 @@ So sieht eine Meldung aus.</translation>
     </message>
     <message>
         <source>How</source>
-        <translation>Wie</translation>
+        <translation>Anzeige</translation>
     </message>
     <message>
         <source>In a &amp;window of its own</source>
@@ -190,7 +221,7 @@ So sieht eine Meldung aus.</translation>
     </message>
     <message>
         <source>&amp;Each for:</source>
-        <translation>&amp;Dauer:</translation>
+        <translation>&amp;Jeweils für:</translation>
     </message>
     <message>
         <source> s</source>
@@ -198,15 +229,15 @@ So sieht eine Meldung aus.</translation>
     </message>
     <message>
         <source>&amp;Opacity:</source>
-        <translation>De&amp;ckkraft:</translation>
+        <translation>Dec&amp;kkraft:</translation>
     </message>
     <message>
         <source>&amp;Show one</source>
-        <translation>Eine an&amp;zeigen</translation>
+        <translation>&amp;Beispiel zeigen</translation>
     </message>
     <message>
         <source>As notices of the des&amp;ktop</source>
-        <translation>Als Benachrichtigungen der &amp;Arbeitsfläche</translation>
+        <translation>Als Desk&amp;top-Benachrichtigung</translation>
     </message>
 </context>
 <context>
@@ -252,14 +283,14 @@ So sieht eine Meldung aus.</translation>
         <source>
 Click here to reconnect</source>
         <translation>
-Zum erneuten Verbinden hier klicken</translation>
+Hier klicken, um neu zu verbinden</translation>
     </message>
 </context>
 <context>
     <name>ChannelEvents</name>
     <message>
         <source>The channel did not play in time.</source>
-        <translation>Der Sender hat nicht rechtzeitig gespielt.</translation>
+        <translation>Der Sender lief nicht rechtzeitig an.</translation>
     </message>
 </context>
 <context>
@@ -268,7 +299,15 @@ Zum erneuten Verbinden hier klicken</translation>
         <source>
 Retrying...</source>
         <translation>
-Neuer Versuch ...</translation>
+Neuer Versuch...</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t open channel file.</source>
+        <translation>Die Senderdatei konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Error parsing channel file.</source>
+        <translation>Die Senderdatei ist fehlerhaft.</translation>
     </message>
 </context>
 <context>
@@ -303,7 +342,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Show favourites only</source>
-        <translation>Nur Favoriten zeigen</translation>
+        <translation>Nur Favoriten anzeigen</translation>
     </message>
     <message>
         <source>Refresh the list</source>
@@ -315,7 +354,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Show All Channels</source>
-        <translation>Alle Sender zeigen</translation>
+        <translation>Alle Sender anzeigen</translation>
     </message>
     <message>
         <source>Sign in to see your channels.</source>
@@ -327,7 +366,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Loading channels...</source>
-        <translation>Sender werden geladen ...</translation>
+        <translation>Sender werden geladen...</translation>
     </message>
     <message>
         <source>Refresh</source>
@@ -335,7 +374,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>There are no channels on your list.</source>
-        <translation>Ihre Liste hat keine Sender.</translation>
+        <translation>In Ihrer Liste sind keine Sender.</translation>
     </message>
     <message>
         <source>The channel has gone from the list.</source>
@@ -343,11 +382,11 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>For sale: click to purchase</source>
-        <translation>Zu kaufen: zum Kauf klicken</translation>
+        <translation>Kostenpflichtig: zum Kaufen klicken</translation>
     </message>
     <message>
         <source>This channel cannot be watched now.</source>
-        <translation>Dieser Sender kann jetzt nicht gesehen werden.</translation>
+        <translation>Dieser Sender kann derzeit nicht gesehen werden.</translation>
     </message>
     <message>
         <source>Purchase</source>
@@ -367,11 +406,11 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Add to Multiview</source>
-        <translation>Daneben anzeigen</translation>
+        <translation>In Mehrfachansicht öffnen</translation>
     </message>
     <message>
         <source>Remove from Multiview</source>
-        <translation>Nicht mehr daneben anzeigen</translation>
+        <translation>Aus Mehrfachansicht entfernen</translation>
     </message>
     <message>
         <source>Preview</source>
@@ -394,7 +433,7 @@ Neuer Versuch ...</translation>
     <name>ChannelListWidgetModel</name>
     <message>
         <source>On</source>
-        <translation>Ein</translation>
+        <translation>An</translation>
     </message>
     <message>
         <source>Off</source>
@@ -426,8 +465,8 @@ Neuer Versuch ...</translation>
     <message numerus="yes">
         <source>Loading channels... %n so far</source>
         <translation>
-            <numerusform>Sender werden geladen ... bisher %n</numerusform>
-            <numerusform>Sender werden geladen ... bisher %n</numerusform>
+            <numerusform>Sender werden geladen... bisher %n</numerusform>
+            <numerusform>Sender werden geladen... bisher %n</numerusform>
         </translation>
     </message>
     <message>
@@ -436,7 +475,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Sign in to change the list of your channels.</source>
-        <translation>Melden Sie sich an, um Ihre Senderliste zu ändern.</translation>
+        <translation>Melden Sie sich an, um die Liste Ihrer Sender zu ändern.</translation>
     </message>
     <message>
         <source>%1 was deleted.</source>
@@ -474,7 +513,7 @@ Neuer Versuch ...</translation>
     <name>ChannelSearchCombo</name>
     <message>
         <source>Enter your channel search</source>
-        <translation>Sender suchen</translation>
+        <translation>Suchbegriff für Sender eingeben</translation>
     </message>
 </context>
 <context>
@@ -489,7 +528,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Show More</source>
-        <translation>Mehr zeigen</translation>
+        <translation>Mehr anzeigen</translation>
     </message>
     <message>
         <source>Channels that were found</source>
@@ -497,11 +536,11 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Search on the web site</source>
-        <translation>Auf der Webseite suchen</translation>
+        <translation>Auf der Website suchen</translation>
     </message>
     <message>
         <source>Sign in to search for channels.</source>
-        <translation>Melden Sie sich an, um Sender zu suchen.</translation>
+        <translation>Melden Sie sich an, um nach Sendern zu suchen.</translation>
     </message>
     <message>
         <source>Sign In</source>
@@ -513,53 +552,53 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>The channel has no address that can be opened.</source>
-        <translation>Der Sender hat keine Adresse, die sich öffnen lässt.</translation>
+        <translation>Der Sender hat keine Adresse, die geöffnet werden kann.</translation>
     </message>
     <message>
         <source>news</source>
-        <translation>Nachrichten</translation>
+        <translation>nachrichten</translation>
     </message>
     <message>
         <source>sport</source>
-        <translation>Sport</translation>
+        <translation>sport</translation>
     </message>
     <message>
         <source>music</source>
-        <translation>Musik</translation>
+        <translation>musik</translation>
     </message>
     <message>
         <source>us</source>
-        <translation>USA</translation>
+        <translation>usa</translation>
     </message>
     <message>
         <source>uk</source>
-        <translation>Großbritannien</translation>
+        <translation>uk</translation>
     </message>
     <message>
         <source>Searching for %1...</source>
-        <translation>Suche nach %1 ...</translation>
+        <translation>Suche nach %1...</translation>
     </message>
     <message>
         <source>Searching for most popular...</source>
-        <translation>Suche nach den beliebtesten ...</translation>
+        <translation>Suche nach den beliebtesten Sendern...</translation>
     </message>
     <message numerus="yes">
         <source>Search for %1 returned %n results</source>
         <translation>
-            <numerusform>Die Suche nach %1 ergab %n Treffer</numerusform>
-            <numerusform>Die Suche nach %1 ergab %n Treffer</numerusform>
+            <numerusform>Suche nach %1 ergab %n Treffer</numerusform>
+            <numerusform>Suche nach %1 ergab %n Treffer</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Search for most popular returned %n results</source>
         <translation>
-            <numerusform>Die Suche nach den beliebtesten ergab %n Treffer</numerusform>
-            <numerusform>Die Suche nach den beliebtesten ergab %n Treffer</numerusform>
+            <numerusform>Suche nach den beliebtesten Sendern ergab %n Treffer</numerusform>
+            <numerusform>Suche nach den beliebtesten Sendern ergab %n Treffer</numerusform>
         </translation>
     </message>
     <message>
         <source>No channel was found.</source>
-        <translation>Kein Sender wurde gefunden.</translation>
+        <translation>Kein Sender gefunden.</translation>
     </message>
     <message>
         <source>The search failed: %1</source>
@@ -583,7 +622,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Adding %1...</source>
-        <translation>%1 wird hinzugefügt ...</translation>
+        <translation>%1 wird hinzugefügt...</translation>
     </message>
     <message>
         <source>%1 was successfully added</source>
@@ -603,19 +642,19 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Add to Multiview</source>
-        <translation>Daneben anzeigen</translation>
+        <translation>In Mehrfachansicht öffnen</translation>
     </message>
     <message>
         <source>Remove from Multiview</source>
-        <translation>Nicht mehr daneben anzeigen</translation>
+        <translation>Aus Mehrfachansicht entfernen</translation>
     </message>
     <message>
         <source>Save to My Channels</source>
-        <translation>In „Meine Sender“ aufnehmen</translation>
+        <translation>In „Meine Sender“ speichern</translation>
     </message>
     <message>
         <source>New Channel...</source>
-        <translation>Neuer Sender ...</translation>
+        <translation>Neuer Sender...</translation>
     </message>
 </context>
 <context>
@@ -649,12 +688,12 @@ Neuer Versuch ...</translation>
     <message>
         <source>Acquiring Channel...
 Please wait</source>
-        <translation>Sender wird geladen ...
+        <translation>Sender wird geladen...
 Bitte warten</translation>
     </message>
     <message>
         <source>Recording stopped: %1</source>
-        <translation>Aufnahme beendet: %1</translation>
+        <translation>Aufnahme abgebrochen: %1</translation>
     </message>
     <message>
         <source>%1, a file</source>
@@ -677,31 +716,31 @@ Bitte warten</translation>
     <name>ChatColours</name>
     <message>
         <source>Room Name</source>
-        <translation>Name des Raums</translation>
+        <translation>Raumname</translation>
     </message>
     <message>
         <source>Your Alias</source>
-        <translation>Ihr Name</translation>
+        <translation>Eigener Name</translation>
     </message>
     <message>
         <source>Other Alias</source>
-        <translation>Andere Namen</translation>
+        <translation>Anderer Name</translation>
     </message>
     <message>
         <source>Ignored Alias</source>
-        <translation>Ausgeblendete Namen</translation>
+        <translation>Ignorierter Name</translation>
     </message>
     <message>
         <source>Admin Alias</source>
-        <translation>Namen der Leitung</translation>
+        <translation>Adminname</translation>
     </message>
     <message>
         <source>Bot Alias</source>
-        <translation>Namen von Bots</translation>
+        <translation>Botname</translation>
     </message>
     <message>
         <source>Timestamp</source>
-        <translation>Uhrzeit</translation>
+        <translation>Zeitstempel</translation>
     </message>
     <message>
         <source>System</source>
@@ -709,11 +748,11 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Action</source>
-        <translation>Handlung</translation>
+        <translation>Aktion</translation>
     </message>
     <message>
         <source>Link</source>
-        <translation>Verweis</translation>
+        <translation>Link</translation>
     </message>
 </context>
 <context>
@@ -724,7 +763,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>&amp;Size of the text:</source>
-        <translation>&amp;Schriftgröße:</translation>
+        <translation>Text&amp;größe:</translation>
     </message>
     <message>
         <source> pt</source>
@@ -736,7 +775,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Sample of a chat</source>
-        <translation>Beispiel eines Chats</translation>
+        <translation>Chatbeispiel</translation>
     </message>
     <message>
         <source>Good evening!</source>
@@ -762,23 +801,23 @@ Bitte warten</translation>
     <name>ConnectionTest</name>
     <message>
         <source>This computer finds no way to %1. Is it connected to a network?</source>
-        <translation>Dieser Rechner findet keinen Weg zu %1. Ist er mit einem Netz verbunden?</translation>
+        <translation>Dieser Computer findet keinen Weg zu %1. Ist er mit einem Netz verbunden?</translation>
     </message>
     <message>
         <source>This computer finds no way to the proxy %1. Is its name right?</source>
-        <translation>Dieser Rechner findet keinen Weg zum Proxy %1. Stimmt der Name?</translation>
+        <translation>Dieser Computer findet keinen Weg zum Proxy %1. Stimmt der Name?</translation>
     </message>
     <message>
         <source>Something on the way answers in place of %1: it can&apos;t be reached from there.</source>
-        <translation>Etwas auf dem Weg antwortet an Stelle von %1: Von dort ist es nicht zu erreichen.</translation>
+        <translation>Eine Zwischenstation antwortet anstelle von %1: Der Dienst ist von dort nicht erreichbar.</translation>
     </message>
     <message>
         <source>The network answers with a page of %1. Perhaps it wants you to sign in there first.</source>
-        <translation>Das Netz antwortet mit einer Seite von %1. Vielleicht müssen Sie sich dort zuerst anmelden.</translation>
+        <translation>Das Netz antwortet mit einer Seite von %1. Vielleicht müssen Sie sich dort erst anmelden.</translation>
     </message>
     <message>
         <source>%1 answered within %2 ms.</source>
-        <translation>%1 hat in %2 ms geantwortet.</translation>
+        <translation>%1 hat innerhalb von %2 ms geantwortet.</translation>
     </message>
     <message>
         <source>%1 accepts no connection.</source>
@@ -791,8 +830,8 @@ Bitte warten</translation>
     <message numerus="yes">
         <source>%1 did not answer within %n second(s).</source>
         <translation>
-            <numerusform>%1 hat in einer Sekunde nicht geantwortet.</numerusform>
-            <numerusform>%1 hat in %n Sekunden nicht geantwortet.</numerusform>
+            <numerusform>%1 hat innerhalb von %n Sekunde nicht geantwortet.</numerusform>
+            <numerusform>%1 hat innerhalb von %n Sekunden nicht geantwortet.</numerusform>
         </translation>
     </message>
     <message>
@@ -813,11 +852,11 @@ Bitte warten</translation>
     </message>
     <message>
         <source>The proxy %1 wants a user name and a password, or does not accept these.</source>
-        <translation>Der Proxy %1 verlangt Benutzername und Passwort oder nimmt diese nicht an.</translation>
+        <translation>Der Proxy %1 verlangt Benutzernamen und Passwort oder akzeptiert diese nicht.</translation>
     </message>
     <message>
         <source>%1 could not be reached: %2</source>
-        <translation>%1 war nicht zu erreichen: %2</translation>
+        <translation>%1 ist nicht erreichbar: %2</translation>
     </message>
 </context>
 <context>
@@ -869,15 +908,15 @@ Bitte warten</translation>
     <name>EffectTrial</name>
     <message>
         <source>The graphics driver does not compile this effect.</source>
-        <translation>Der Grafiktreiber übersetzt diesen Effekt nicht.</translation>
+        <translation>Der Grafiktreiber kann diesen Effekt nicht übersetzen.</translation>
     </message>
     <message>
         <source>One picture would take about %1 ms with this effect. That is too long to play: it was switched off.</source>
-        <translation>Ein Bild würde mit diesem Effekt etwa %1 ms dauern. Das ist zum Abspielen zu lang: Er wurde ausgeschaltet.</translation>
+        <translation>Ein Bild würde mit diesem Effekt etwa %1 ms dauern. Das ist zu lang für die Wiedergabe: Er wurde ausgeschaltet.</translation>
     </message>
     <message>
         <source>A picture is never finished with this effect. It was switched off.</source>
-        <translation>Mit diesem Effekt wird kein Bild fertig. Er wurde ausgeschaltet.</translation>
+        <translation>Mit diesem Effekt wird ein Bild niemals fertig. Er wurde ausgeschaltet.</translation>
     </message>
     <message>
         <source>The graphics driver fails with this effect. It was switched off.</source>
@@ -885,7 +924,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>This effect could not be tried, so it is not shown.</source>
-        <translation>Dieser Effekt ließ sich nicht erproben und wird daher nicht gezeigt.</translation>
+        <translation>Dieser Effekt konnte nicht erprobt werden und wird daher nicht gezeigt.</translation>
     </message>
 </context>
 <context>
@@ -896,7 +935,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>&amp;Show effects on the picture</source>
-        <translation>Effekte auf dem Bild &amp;zeigen</translation>
+        <translation>&amp;Effekte auf dem Bild anzeigen</translation>
     </message>
     <message>
         <source>Effects and their source</source>
@@ -904,15 +943,15 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Re&amp;vert</source>
-        <translation>&amp;Zurücknehmen</translation>
+        <translation>&amp;Zurücksetzen</translation>
     </message>
     <message>
         <source>The source as it was before you changed it</source>
-        <translation>Der Quelltext vor Ihren Änderungen</translation>
+        <translation>Der Quelltext, wie er vor Ihren Änderungen war</translation>
     </message>
     <message>
         <source>Effects, in the order in which they are applied</source>
-        <translation>Effekte, in der Reihenfolge ihrer Anwendung</translation>
+        <translation>Effekte in der Reihenfolge ihrer Anwendung</translation>
     </message>
     <message>
         <source>New</source>
@@ -920,7 +959,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Duplicate</source>
-        <translation>Verdoppeln</translation>
+        <translation>Duplizieren</translation>
     </message>
     <message>
         <source>Rename</source>
@@ -944,11 +983,11 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Comes with the program. Duplicate it to make your own of it.</source>
-        <translation>Gehört zum Programm. Verdoppeln Sie ihn, um einen eigenen daraus zu machen.</translation>
+        <translation>Gehört zum Programm. Duplizieren Sie ihn, um einen eigenen daraus zu machen.</translation>
     </message>
     <message>
         <source>What you type is kept, and shown while the effect is on.</source>
-        <translation>Was Sie schreiben, bleibt erhalten und ist zu sehen, solange der Effekt eingeschaltet ist.</translation>
+        <translation>Was Sie eingeben, wird gespeichert und gezeigt, solange der Effekt an ist.</translation>
     </message>
     <message>
         <source>Line %1: %2</source>
@@ -968,7 +1007,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Delete the effect &quot;%1&quot;? It can&apos;t be brought back.</source>
-        <translation>Den Effekt „%1“ löschen? Er lässt sich nicht zurückholen.</translation>
+        <translation>Den Effekt „%1“ löschen? Er kann nicht wiederhergestellt werden.</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
@@ -979,7 +1018,7 @@ Bitte warten</translation>
     <name>EffectsLibrary</name>
     <message>
         <source>There is an effect called &quot;%1&quot; already.</source>
-        <translation>Einen Effekt namens „%1“ gibt es schon.</translation>
+        <translation>Es gibt bereits einen Effekt namens „%1“.</translation>
     </message>
     <message>
         <source>The effects are still being read.</source>
@@ -988,7 +1027,7 @@ Bitte warten</translation>
     <message numerus="yes">
         <source>There can be %n effect(s) at most.</source>
         <translation>
-            <numerusform>Es kann höchstens einen Effekt geben.</numerusform>
+            <numerusform>Es kann höchstens %n Effekt geben.</numerusform>
             <numerusform>Es kann höchstens %n Effekte geben.</numerusform>
         </translation>
     </message>
@@ -1017,7 +1056,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>The file %1 is not named as effects are.</source>
-        <translation>Die Datei %1 heißt nicht wie ein Effekt.</translation>
+        <translation>Die Datei %1 ist nicht wie ein Effekt benannt.</translation>
     </message>
     <message>
         <source>The effect in %1 can&apos;t be read.</source>
@@ -1094,7 +1133,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Position</source>
-        <translation>Stelle</translation>
+        <translation>Position</translation>
     </message>
     <message>
         <source>Volume</source>
@@ -1134,7 +1173,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Leave full screen (Escape)</source>
-        <translation>Vollbild verlassen (Escape)</translation>
+        <translation>Vollbild verlassen (Esc)</translation>
     </message>
     <message>
         <source>Full screen (Ctrl+F)</source>
@@ -1162,26 +1201,26 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Pause (Space)</source>
-        <translation>Anhalten (Leertaste)</translation>
+        <translation>Pause (Leertaste)</translation>
     </message>
 </context>
 <context>
     <name>GLIndicatorBar</name>
     <message>
         <source>Messages</source>
-        <translation>Meldungen</translation>
+        <translation>Nachrichten</translation>
     </message>
     <message numerus="yes">
         <source>%n new chat message(s)</source>
         <translation>
-            <numerusform>Eine neue Chatnachricht</numerusform>
+            <numerusform>%n neue Chatnachricht</numerusform>
             <numerusform>%n neue Chatnachrichten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n new alert(s)</source>
         <translation>
-            <numerusform>Eine neue Meldung</numerusform>
+            <numerusform>%n neue Meldung</numerusform>
             <numerusform>%n neue Meldungen</numerusform>
         </translation>
     </message>
@@ -1194,39 +1233,39 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Could not open video codec. Cannot play</source>
-        <translation>Der Videocodec ließ sich nicht öffnen. Wiedergabe nicht möglich</translation>
+        <translation>Der Videocodec konnte nicht geöffnet werden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>No audio device present.</source>
-        <translation>Kein Tongerät vorhanden.</translation>
+        <translation>Kein Audiogerät vorhanden.</translation>
     </message>
     <message>
         <source>Could not locate an audio decoder. Cannot play</source>
-        <translation>Kein Tondecoder gefunden. Wiedergabe nicht möglich</translation>
+        <translation>Kein Audiodecoder gefunden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>Could not open audio codec. Cannot play</source>
-        <translation>Der Toncodec ließ sich nicht öffnen. Wiedergabe nicht möglich</translation>
+        <translation>Der Audiocodec konnte nicht geöffnet werden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>No video or audio streams found. Cannot play</source>
-        <translation>Weder Bild noch Ton gefunden. Wiedergabe nicht möglich</translation>
+        <translation>Keine Video- oder Audiostreams gefunden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>The audio format is not supported. Cannot play</source>
-        <translation>Das Tonformat wird nicht unterstützt. Wiedergabe nicht möglich</translation>
+        <translation>Das Audioformat wird nicht unterstützt. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>Could not open sound device.</source>
-        <translation>Das Tongerät ließ sich nicht öffnen.</translation>
+        <translation>Audiogerät konnte nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>Failed creating movie texture. Cannot play</source>
-        <translation>Die Textur für das Bild ließ sich nicht anlegen. Wiedergabe nicht möglich</translation>
+        <translation>Die Videotextur konnte nicht angelegt werden. Wiedergabe nicht möglich</translation>
     </message>
     <message>
         <source>Not enough memory to play. Cannot play</source>
-        <translation>Zu wenig Speicher. Wiedergabe nicht möglich</translation>
+        <translation>Nicht genug Speicher. Wiedergabe nicht möglich</translation>
     </message>
 </context>
 <context>
@@ -1254,7 +1293,7 @@ Bitte warten</translation>
     <message numerus="yes">
         <source>%1 and %n more</source>
         <translation>
-            <numerusform>%1 und ein weiterer</numerusform>
+            <numerusform>%1 und %n weiterer</numerusform>
             <numerusform>%1 und %n weitere</numerusform>
         </translation>
     </message>
@@ -1298,7 +1337,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Show the channels beside the picture</source>
-        <translation>Sender neben dem Bild zeigen</translation>
+        <translation>Sender neben dem Bild einblenden</translation>
     </message>
 </context>
 <context>
@@ -1320,11 +1359,11 @@ Bitte warten</translation>
     </message>
     <message>
         <source>There are no channels yet</source>
-        <translation>Noch keine Sender</translation>
+        <translation>Es gibt noch keine Sender</translation>
     </message>
     <message>
         <source>Loading ... %1 %</source>
-        <translation>Lädt ... %1 %</translation>
+        <translation>Wird geladen ... %1 %</translation>
     </message>
     <message>
         <source>The page could not be loaded</source>
@@ -1339,7 +1378,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>&amp;First, play:</source>
-        <translation>&amp;Zuerst spielen:</translation>
+        <translation>&amp;Zuerst abspielen:</translation>
     </message>
     <message>
         <source>what played last</source>
@@ -1355,11 +1394,11 @@ Bitte warten</translation>
     </message>
     <message>
         <source>&amp;Start when I sign in to the desktop</source>
-        <translation>Bei meiner Anmeldung am Rechner &amp;starten</translation>
+        <translation>&amp;Beim Anmelden am Desktop starten</translation>
     </message>
     <message>
         <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
-        <translation>Wo die Arbeitsfläche eine eigene Liste der Startprogramme führt, tragen Sie dort „ombravision -startup“ ein.</translation>
+        <translation>Hat der Desktop eine eigene Liste dessen, was mit ihm startet, tragen Sie dort „ombravision -startup“ ein.</translation>
     </message>
     <message>
         <source>Window</source>
@@ -1367,19 +1406,19 @@ Bitte warten</translation>
     </message>
     <message>
         <source>&amp;Always on top of other windows</source>
-        <translation>&amp;Immer vor anderen Fenstern</translation>
+        <translation>Immer im &amp;Vordergrund</translation>
     </message>
     <message>
         <source>Show the &amp;menu bar</source>
-        <translation>&amp;Menüleiste zeigen</translation>
+        <translation>&amp;Menüleiste anzeigen</translation>
     </message>
     <message>
         <source>Show the &amp;channel bar while the pointer is over the picture</source>
-        <translation>Senderl&amp;eiste zeigen, wenn der Zeiger über dem Bild ist</translation>
+        <translation>&amp;Senderleiste anzeigen, solange der Mauszeiger über dem Bild ist</translation>
     </message>
     <message>
         <source>Show &amp;tips over the picture</source>
-        <translation>&amp;Tipps über dem Bild zeigen</translation>
+        <translation>&amp;Tipps über dem Bild anzeigen</translation>
     </message>
     <message>
         <source>Screenshots</source>
@@ -1387,7 +1426,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>Directory of screenshots</source>
-        <translation>Ordner der Bildschirmfotos</translation>
+        <translation>Ordner für Bildschirmfotos</translation>
     </message>
     <message>
         <source>C&amp;hoose ...</source>
@@ -1403,23 +1442,23 @@ Bitte warten</translation>
     <message>
         <source>Acquiring Channel...
 Please wait</source>
-        <translation>Sender wird geladen ...
+        <translation>Sender wird geladen...
 Bitte warten</translation>
     </message>
     <message>
         <source>The file is too long to be kept in memory</source>
-        <translation>Die Datei ist zu groß für den Speicher</translation>
+        <translation>Die Datei ist zu lang für den Arbeitsspeicher</translation>
     </message>
     <message>
         <source>Failed to open %1</source>
-        <translation>%1 ließ sich nicht öffnen</translation>
+        <translation>%1 konnte nicht geöffnet werden</translation>
     </message>
 </context>
 <context>
     <name>HttpFileDownloader</name>
     <message>
         <source>The address cannot be downloaded from.</source>
-        <translation>Von dieser Adresse lässt sich nichts laden.</translation>
+        <translation>Von dieser Adresse kann nichts heruntergeladen werden.</translation>
     </message>
     <message>
         <source>The connection failed (%1).</source>
@@ -1431,7 +1470,7 @@ Bitte warten</translation>
     </message>
     <message>
         <source>The server leads to another place that cannot be used.</source>
-        <translation>Der Server verweist auf eine unbrauchbare Stelle.</translation>
+        <translation>Der Server verweist auf ein anderes Ziel, das nicht verwendet werden kann.</translation>
     </message>
 </context>
 <context>
@@ -1455,11 +1494,11 @@ See you there!
 </source>
         <translation>Hallo,
 
-ich sehe mit Ombravision Fernsehen live und dachte, es könnte dir auch gefallen. Hier gibt es das Programm:
+ich sehe Live-Fernsehen mit Ombravision und dachte, es könnte dir auch gefallen. Hier bekommst du es:
 
 %1
 
-Bis dann!
+Bis bald!
 </translation>
     </message>
     <message>
@@ -1468,7 +1507,7 @@ Bis dann!
     </message>
     <message>
         <source>&amp;Write a mail</source>
-        <translation>E-Mail &amp;schreiben</translation>
+        <translation>E-&amp;Mail schreiben</translation>
     </message>
     <message>
         <source>Ombravision</source>
@@ -1479,7 +1518,7 @@ Bis dann!
     <name>KeysDialog</name>
     <message>
         <source>Escape</source>
-        <translation>Escape</translation>
+        <translation>Esc</translation>
     </message>
     <message>
         <source>Leave full screen, close a dialog</source>
@@ -1503,11 +1542,11 @@ Bis dann!
     </message>
     <message>
         <source>Ctrl with a click</source>
-        <translation>Strg mit Klick</translation>
+        <translation>Strg und Klick</translation>
     </message>
     <message>
         <source>Open a channel beside the others, or close it</source>
-        <translation>Einen Sender daneben öffnen oder schließen</translation>
+        <translation>Sender neben den anderen öffnen oder ihn schließen</translation>
     </message>
     <message>
         <source>Double click</source>
@@ -1535,7 +1574,7 @@ Bis dann!
     </message>
     <message>
         <source>Alt with a letter</source>
-        <translation>Alt mit einem Buchstaben</translation>
+        <translation>Alt und ein Buchstabe</translation>
     </message>
     <message>
         <source>What has that letter underlined</source>
@@ -1547,7 +1586,7 @@ Bis dann!
     </message>
     <message>
         <source>Keys and what they do</source>
-        <translation>Tasten und was sie tun</translation>
+        <translation>Tasten und ihre Wirkung</translation>
     </message>
     <message>
         <source>Key</source>
@@ -1555,7 +1594,7 @@ Bis dann!
     </message>
     <message>
         <source>What it does</source>
-        <translation>Was sie tut</translation>
+        <translation>Wirkung</translation>
     </message>
 </context>
 <context>
@@ -1566,7 +1605,7 @@ Bis dann!
     </message>
     <message>
         <source>Sign &amp;In</source>
-        <translation>A&amp;nmelden</translation>
+        <translation>&amp;Anmelden</translation>
     </message>
     <message>
         <source>&amp;Keep me signed in</source>
@@ -1574,18 +1613,18 @@ Bis dann!
     </message>
     <message>
         <source>I have no account yet: &amp;create one ...</source>
-        <translation>Noch kein Konto: eines an&amp;legen ...</translation>
+        <translation>Ich habe noch kein Konto: eines an&amp;legen ...</translation>
     </message>
 </context>
 <context>
     <name>LoginManager</name>
     <message>
         <source>The service does not accept this e-mail address and password.</source>
-        <translation>Der Dienst nimmt diese E-Mail-Adresse mit diesem Passwort nicht an.</translation>
+        <translation>Der Dienst akzeptiert diese E-Mail-Adresse mit diesem Passwort nicht.</translation>
     </message>
     <message>
         <source>You must install the critical update</source>
-        <translation>Sie müssen die dringende Aktualisierung installieren</translation>
+        <translation>Sie müssen die kritische Aktualisierung installieren</translation>
     </message>
     <message>
         <source>Your password could not be stored. You will be asked for it at the next start.</source>
@@ -1854,15 +1893,15 @@ Bis dann!
     </message>
     <message>
         <source>End of stream encountered</source>
-        <translation>Ende des Streams</translation>
+        <translation>Das Ende des Streams ist erreicht</translation>
     </message>
     <message>
         <source>Could not resolve resource</source>
-        <translation>Die Adresse ließ sich nicht auflösen</translation>
+        <translation>Ressource konnte nicht aufgelöst werden</translation>
     </message>
     <message>
         <source>Could not connect to server</source>
-        <translation>Keine Verbindung zum Server</translation>
+        <translation>Keine Verbindung zum Server möglich</translation>
     </message>
     <message>
         <source>Stream unavailable</source>
@@ -1870,11 +1909,11 @@ Bis dann!
     </message>
     <message>
         <source>Resource not available</source>
-        <translation>Nicht verfügbar</translation>
+        <translation>Ressource nicht verfügbar</translation>
     </message>
     <message>
         <source>A remote server closed the connection</source>
-        <translation>Der Server hat die Verbindung beendet</translation>
+        <translation>Ein entfernter Server hat die Verbindung geschlossen</translation>
     </message>
     <message>
         <source>Authentication required</source>
@@ -1886,7 +1925,7 @@ Bis dann!
     </message>
     <message>
         <source>The operation unexpectedly succeeded</source>
-        <translation>Der Vorgang ist unerwartet gelungen</translation>
+        <translation>Der Vorgang war unerwartet erfolgreich</translation>
     </message>
     <message>
         <source>The operation was unexpectedly redirected</source>
@@ -1894,7 +1933,7 @@ Bis dann!
     </message>
     <message>
         <source>There was an unexpected client error</source>
-        <translation>Unerwarteter Fehler auf dieser Seite</translation>
+        <translation>Unerwarteter Fehler des Clients</translation>
     </message>
     <message>
         <source>There was an unexpected server error</source>
@@ -1910,7 +1949,7 @@ Bis dann!
     </message>
     <message>
         <source>The server sends nothing that can be played</source>
-        <translation>Der Server sendet nichts, was sich abspielen lässt</translation>
+        <translation>Der Server sendet nichts, was abgespielt werden kann</translation>
     </message>
 </context>
 <context>
@@ -1929,7 +1968,7 @@ Bis dann!
     </message>
     <message>
         <source>as the system says</source>
-        <translation>wie das System vorgibt</translation>
+        <translation>wie im System eingestellt</translation>
     </message>
     <message>
         <source>HTTP</source>
@@ -1945,15 +1984,15 @@ Bis dann!
     </message>
     <message>
         <source>another (%1)</source>
-        <translation>ein anderer (%1)</translation>
+        <translation>anderer (%1)</translation>
     </message>
     <message>
         <source>&amp;Host:</source>
-        <translation>&amp;Rechner:</translation>
+        <translation>&amp;Host:</translation>
     </message>
     <message>
         <source>&amp;Port:</source>
-        <translation>P&amp;ort:</translation>
+        <translation>&amp;Port:</translation>
     </message>
     <message>
         <source>&amp;User:</source>
@@ -1981,7 +2020,7 @@ Bis dann!
     </message>
     <message>
         <source>Cache of channels and logos</source>
-        <translation>Zwischenspeicher für Sender und Logos</translation>
+        <translation>Cache für Sender und Logos</translation>
     </message>
     <message>
         <source>&amp;Limit:</source>
@@ -1993,19 +2032,19 @@ Bis dann!
     </message>
     <message>
         <source>&amp;Empty the cache</source>
-        <translation>Zwischenspeicher &amp;leeren</translation>
+        <translation>Cache &amp;leeren</translation>
     </message>
     <message>
         <source>Removing ...</source>
-        <translation>Wird geleert ...</translation>
+        <translation>Wird entfernt ...</translation>
     </message>
     <message>
         <source>The cache is empty.</source>
-        <translation>Der Zwischenspeicher ist leer.</translation>
+        <translation>Der Cache ist leer.</translation>
     </message>
     <message>
         <source>Some files could not be removed; %1 are left.</source>
-        <translation>Manche Dateien ließen sich nicht entfernen; %1 sind übrig.</translation>
+        <translation>Einige Dateien konnten nicht entfernt werden; %1 verbleiben.</translation>
     </message>
 </context>
 <context>
@@ -2032,7 +2071,7 @@ Bis dann!
     </message>
     <message>
         <source>&amp;Kind:</source>
-        <translation>&amp;Art:</translation>
+        <translation>A&amp;rt:</translation>
     </message>
     <message>
         <source>&amp;Description:</source>
@@ -2048,7 +2087,7 @@ Bis dann!
     </message>
     <message>
         <source>This is no address of the network: it begins with mms://, rtsp://, http:// or the like.</source>
-        <translation>Das ist keine Netzadresse: Eine solche beginnt mit mms://, rtsp://, http:// oder ähnlich.</translation>
+        <translation>Das ist keine Netzadresse: Eine solche beginnt mit mms://, rtsp://, http:// oder Ähnlichem.</translation>
     </message>
     <message>
         <source>Other viewers can find the channel, too.</source>
@@ -2075,7 +2114,7 @@ Bis dann!
     </message>
     <message>
         <source>Forget the addresses that were opened before</source>
-        <translation>Früher geöffnete Adressen vergessen</translation>
+        <translation>Zuvor geöffnete Adressen vergessen</translation>
     </message>
     <message>
         <source>Open &amp;beside</source>
@@ -2125,7 +2164,7 @@ Bis dann!
     </message>
     <message>
         <source>Network</source>
-        <translation>Netz</translation>
+        <translation>Netzwerk</translation>
     </message>
     <message>
         <source>Account</source>
@@ -2141,11 +2180,11 @@ Bis dann!
     </message>
     <message>
         <source>&amp;Defaults</source>
-        <translation>&amp;Vorgaben</translation>
+        <translation>Stan&amp;dard</translation>
     </message>
     <message>
         <source>This page as in a new installation</source>
-        <translation>Diese Seite wie bei einer neuen Installation</translation>
+        <translation>Diese Seite wie nach einer Neuinstallation</translation>
     </message>
 </context>
 <context>
@@ -2159,15 +2198,15 @@ Bis dann!
     <name>QObject</name>
     <message>
         <source>streams of this kind cannot be recorded</source>
-        <translation>Streams dieser Art lassen sich nicht aufnehmen</translation>
+        <translation>Streams dieser Art können nicht aufgenommen werden</translation>
     </message>
     <message>
         <source>the disk is too slow</source>
-        <translation>die Festplatte ist zu langsam</translation>
+        <translation>der Datenträger ist zu langsam</translation>
     </message>
     <message>
         <source>%1 cannot be made</source>
-        <translation>%1 lässt sich nicht anlegen</translation>
+        <translation>%1 kann nicht angelegt werden</translation>
     </message>
 </context>
 <context>
@@ -2175,8 +2214,8 @@ Bis dann!
     <message>
         <source>Error parsing channels
 Retrying...</source>
-        <translation>Die Senderliste ist unlesbar
-Neuer Versuch ...</translation>
+        <translation>Fehler beim Lesen der Sender
+Neuer Versuch...</translation>
     </message>
 </context>
 <context>
@@ -2195,11 +2234,11 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>&amp;Send me news about programmes and channels</source>
-        <translation>&amp;Neuigkeiten über Sendungen und Sender zusenden</translation>
+        <translation>&amp;Neues über Sendungen und Sender zusenden</translation>
     </message>
     <message>
         <source>Your e-mail address is your user name. It gets letters about your account and no others, unless you allow them here.</source>
-        <translation>Ihre E-Mail-Adresse ist Ihr Benutzername. Sie erhält Briefe zu Ihrem Konto und keine anderen, außer Sie erlauben es hier.</translation>
+        <translation>Ihre E-Mail-Adresse ist Ihr Benutzername. Sie erhalten dort nur Post zu Ihrem Konto, sofern Sie hier nicht mehr erlauben.</translation>
     </message>
     <message>
         <source>This is not an e-mail address yet.</source>
@@ -2207,11 +2246,11 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>The password needs one more character.</source>
-        <translation>Dem Passwort fehlt noch ein Zeichen.</translation>
+        <translation>Das Passwort braucht noch ein Zeichen.</translation>
     </message>
     <message>
         <source>The password needs %1 more characters.</source>
-        <translation>Dem Passwort fehlen noch %1 Zeichen.</translation>
+        <translation>Das Passwort braucht noch %1 Zeichen.</translation>
     </message>
     <message>
         <source>The two passwords differ.</source>
@@ -2237,7 +2276,7 @@ Neuer Versuch ...</translation>
     <name>SoapAllowedChannels</name>
     <message>
         <source>The answer of the service has no list of channels.</source>
-        <translation>Die Antwort des Dienstes hat keine Senderliste.</translation>
+        <translation>Die Antwort des Dienstes enthält keine Senderliste.</translation>
     </message>
 </context>
 <context>
@@ -2248,7 +2287,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>The answer of the service cannot be read: %1.</source>
-        <translation>Die Antwort des Dienstes ist unlesbar: %1.</translation>
+        <translation>Die Antwort des Dienstes kann nicht gelesen werden: %1.</translation>
     </message>
     <message>
         <source>it has a document type</source>
@@ -2260,7 +2299,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>The service reports a fault and does not say which.</source>
-        <translation>Der Dienst meldet einen Fehler und sagt nicht, welchen.</translation>
+        <translation>Der Dienst meldet einen Fehler, nennt ihn aber nicht.</translation>
     </message>
 </context>
 <context>
@@ -2285,11 +2324,11 @@ Neuer Versuch ...</translation>
     <name>SoapSignup</name>
     <message>
         <source>Error parsing response</source>
-        <translation>Die Antwort ist unlesbar</translation>
+        <translation>Fehler beim Lesen der Antwort</translation>
     </message>
     <message>
         <source>The service made no account and does not say why.</source>
-        <translation>Der Dienst hat kein Konto angelegt und sagt nicht, warum.</translation>
+        <translation>Der Dienst hat kein Konto angelegt und nennt keinen Grund.</translation>
     </message>
 </context>
 <context>
@@ -2300,7 +2339,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>What you entered has a character that cannot be sent.</source>
-        <translation>Ihre Eingabe hat ein Zeichen, das sich nicht senden lässt.</translation>
+        <translation>Ihre Eingabe enthält ein Zeichen, das nicht gesendet werden kann.</translation>
     </message>
     <message>
         <source>The program is closing.</source>
@@ -2327,11 +2366,11 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>&amp;Sound goes to:</source>
-        <translation>&amp;Ton geht an:</translation>
+        <translation>&amp;Ausgabe über:</translation>
     </message>
     <message>
         <source>&amp;Play a test tone</source>
-        <translation>Testton &amp;abspielen</translation>
+        <translation>&amp;Testton abspielen</translation>
     </message>
     <message>
         <source>Volume</source>
@@ -2343,7 +2382,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>&amp;Mute</source>
-        <translation>Ton a&amp;us</translation>
+        <translation>T&amp;on aus</translation>
     </message>
     <message>
         <source>%1 (system)</source>
@@ -2351,7 +2390,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>%1 (not there now)</source>
-        <translation>%1 (zurzeit nicht da)</translation>
+        <translation>%1 (derzeit nicht da)</translation>
     </message>
     <message>
         <source>Playing ...</source>
@@ -2359,15 +2398,15 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
-        <translation>Der Ton wurde abgespielt. Wenn Sie nichts gehört haben, prüfen Sie die Lautstärke des Geräts selbst.</translation>
+        <translation>Der Ton wurde abgespielt. Wenn Sie nichts gehört haben, prüfen Sie die Lautstärke am Gerät selbst.</translation>
     </message>
     <message>
         <source>The tone was played where the system sends sound.</source>
-        <translation>Der Ton wurde dort abgespielt, wohin das System den Ton sendet.</translation>
+        <translation>Der Ton wurde dort abgespielt, wo das System den Ton ausgibt.</translation>
     </message>
     <message>
         <source>The device could not be opened. Another program may be using it alone.</source>
-        <translation>Das Gerät ließ sich nicht öffnen. Vielleicht nutzt es ein anderes Programm allein.</translation>
+        <translation>Das Gerät konnte nicht geöffnet werden. Vielleicht belegt es ein anderes Programm allein.</translation>
     </message>
     <message>
         <source>The device was opened but played nothing.</source>
@@ -2389,7 +2428,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>This is what helps the &amp;support to find out what is wrong. It has no passwords and no e-mail addresses. Read it, then give it to whom you like: nothing is sent from here.</source>
-        <translation>Das hilft der &amp;Unterstützung, Fehler zu finden. Es enthält keine Passwörter und keine E-Mail-Adressen. Lesen Sie es und geben Sie es, wem Sie möchten: Von hier wird nichts gesendet.</translation>
+        <translation>Dies hilft der &amp;Unterstützung herauszufinden, was nicht stimmt. Es enthält weder Passwörter noch E-Mail-Adressen. Lesen Sie es und geben Sie es dann weiter, an wen Sie möchten: Von hier wird nichts gesendet.</translation>
     </message>
     <message>
         <source>Result</source>
@@ -2405,7 +2444,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Gathering ...</source>
-        <translation>Wird gesammelt ...</translation>
+        <translation>Wird zusammengestellt ...</translation>
     </message>
     <message>
         <source>Copied.</source>
@@ -2447,7 +2486,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>&amp;Go from channel to channel and see whether each plays</source>
-        <translation>Von Sender zu Sender &amp;gehen und prüfen, ob jeder spielt</translation>
+        <translation>Sender &amp;nacheinander öffnen und prüfen, ob sie laufen</translation>
     </message>
     <message>
         <source> s</source>
@@ -2459,24 +2498,24 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>&amp;Play a sound when one fails</source>
-        <translation>Bei Fehlern einen &amp;Ton abspielen</translation>
+        <translation>&amp;Ton abspielen, wenn einer nicht läuft</translation>
     </message>
     <message>
         <source>What was found out</source>
-        <translation>Was sich ergeben hat</translation>
+        <translation>Was festgestellt wurde</translation>
     </message>
     <message numerus="yes">
         <source>%n channel(s) tested</source>
         <translation>
-            <numerusform>Ein Sender getestet</numerusform>
+            <numerusform>%n Sender getestet</numerusform>
             <numerusform>%n Sender getestet</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n failed</source>
         <translation>
-            <numerusform>einer ohne Erfolg</numerusform>
-            <numerusform>%n ohne Erfolg</numerusform>
+            <numerusform>%n fehlgeschlagen</numerusform>
+            <numerusform>%n fehlgeschlagen</numerusform>
         </translation>
     </message>
     <message>
@@ -2500,7 +2539,7 @@ Neuer Versuch ...</translation>
     <name>TestEventModel</name>
     <message>
         <source>It plays.</source>
-        <translation>Spielt.</translation>
+        <translation>Er läuft.</translation>
     </message>
     <message>
         <source>Time</source>
@@ -2512,7 +2551,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>What</source>
-        <translation>Was</translation>
+        <translation>Ergebnis</translation>
     </message>
 </context>
 <context>
@@ -2550,7 +2589,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Move the pointer over the picture, and the controls appear: volume, mute, previous and next channel, full screen. They go by themselves once the pointer rests.</source>
-        <translation>Bewegen Sie den Zeiger über das Bild, und die Bedienelemente erscheinen: Lautstärke, Ton aus, voriger und nächster Sender, Vollbild. Sie verschwinden von selbst, wenn der Zeiger ruht.</translation>
+        <translation>Bewegen Sie den Mauszeiger über das Bild, und die Bedienelemente erscheinen: Lautstärke, Ton aus, voriger und nächster Sender, Vollbild. Sie verschwinden von selbst, sobald der Zeiger ruht.</translation>
     </message>
     <message>
         <source>Several at once</source>
@@ -2558,7 +2597,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Hold Ctrl and click another channel to watch it beside the first. A click on a picture gives it the sound, and Ctrl with a click closes it.</source>
-        <translation>Halten Sie Strg und klicken Sie auf einen weiteren Sender, um ihn neben dem ersten zu sehen. Ein Klick auf ein Bild gibt ihm den Ton, Strg mit Klick schließt es.</translation>
+        <translation>Halten Sie Strg und klicken Sie auf einen weiteren Sender, um ihn neben dem ersten zu sehen. Ein Klick auf ein Bild gibt ihm den Ton, Strg und Klick schließt es.</translation>
     </message>
     <message>
         <source>Keep and find</source>
@@ -2566,15 +2605,15 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Record what plays, keep a picture of it, or turn the carousel to see all channels at once. All of it is in the menus, with its keys.</source>
-        <translation>Nehmen Sie auf, was läuft, behalten Sie ein Bild davon, oder drehen Sie das Karussell, um alle Sender auf einmal zu sehen. Alles steht in den Menüs, mit seinen Tasten.</translation>
+        <translation>Nehmen Sie auf, was läuft, machen Sie ein Bildschirmfoto davon oder drehen Sie das Karussell, um alle Sender auf einmal zu sehen. All das steht in den Menüs, mit seinen Tasten.</translation>
     </message>
     <message>
         <source>Make it yours</source>
-        <translation>Machen Sie es sich zu eigen</translation>
+        <translation>Nach Ihrem Geschmack</translation>
     </message>
     <message>
         <source>Sign in to have your channels and settings wherever you are. The preferences change at once, and Help has a table of all keys. You find this tutorial there, too.</source>
-        <translation>Melden Sie sich an, um Ihre Sender und Einstellungen überall zu haben. Die Einstellungen wirken sofort, und die Hilfe hat eine Tabelle aller Tasten. Auch diese Einführung finden Sie dort.</translation>
+        <translation>Melden Sie sich an, um Ihre Sender und Einstellungen überall dabeizuhaben. Die Einstellungen wirken sofort, und in der Hilfe finden Sie eine Tabelle aller Tasten. Auch diese Einführung finden Sie dort.</translation>
     </message>
     <message>
         <source>&amp;Back</source>
@@ -2598,7 +2637,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Ombravision plays live television from all over the world. The tab &quot;Channels&quot; has your channels, and &quot;Search&quot; finds more. Choose one, and it plays.</source>
-        <translation>Ombravision zeigt Fernsehen live aus aller Welt. Der Reiter „Sender“ hat Ihre Sender, und „Suche“ findet weitere. Wählen Sie einen, und er spielt.</translation>
+        <translation>Ombravision spielt Live-Fernsehen aus aller Welt. Im Reiter „Sender“ sind Ihre Sender, und „Suche“ findet weitere. Wählen Sie einen, und er läuft.</translation>
     </message>
 </context>
 <context>
@@ -2609,7 +2648,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>You must install the critical update to version %1 before you can sign in again.</source>
-        <translation>Sie müssen die dringende Aktualisierung auf Version %1 installieren, bevor Sie sich wieder anmelden können.</translation>
+        <translation>Sie müssen die kritische Aktualisierung auf Version %1 installieren, bevor Sie sich wieder anmelden können.</translation>
     </message>
     <message>
         <source>Version %1 of Ombravision is available.</source>
@@ -2617,11 +2656,11 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>It can be downloaded from %1.</source>
-        <translation>Sie kann von %1 geladen werden.</translation>
+        <translation>Sie kann von %1 heruntergeladen werden.</translation>
     </message>
     <message>
         <source>The service names no safe address to download it from.</source>
-        <translation>Der Dienst nennt keine sichere Adresse, von der sie zu laden wäre.</translation>
+        <translation>Der Dienst nennt keine sichere Adresse zum Herunterladen.</translation>
     </message>
     <message>
         <source>MD5 sum of the file: %1</source>
@@ -2644,7 +2683,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Cha&amp;nnel:</source>
-        <translation>Se&amp;nder:</translation>
+        <translation>&amp;Sender:</translation>
     </message>
     <message>
         <source>Address:</source>
@@ -2680,7 +2719,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Offset of the sound:</source>
-        <translation>Versatz des Tons:</translation>
+        <translation>Tonversatz:</translation>
     </message>
     <message>
         <source>Time:</source>
@@ -2692,7 +2731,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>%1, %2 x %3, %4 per second</source>
-        <translation>%1, %2 x %3, %4 je Sekunde</translation>
+        <translation>%1, %2 x %3, %4 pro Sekunde</translation>
     </message>
     <message numerus="yes">
         <source>%1, %2 Hz, %n channel(s)</source>
@@ -2719,7 +2758,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>%1 shown, %2 dropped</source>
-        <translation>%1 gezeigt, %2 ausgelassen</translation>
+        <translation>%1 gezeigt, %2 verworfen</translation>
     </message>
     <message>
         <source>%1 of the picture, %2 of the sound</source>
@@ -2750,7 +2789,7 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>&amp;Size of the picture:</source>
-        <translation>&amp;Größe des Bildes:</translation>
+        <translation>Bild&amp;größe:</translation>
     </message>
     <message>
         <source>as large as fits</source>
@@ -2786,35 +2825,35 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>&amp;Convert colours on the graphics card</source>
-        <translation>&amp;Farben auf der Grafikkarte umrechnen</translation>
+        <translation>&amp;Farben auf der Grafikkarte umwandeln</translation>
     </message>
     <message>
         <source>&amp;By means of:</source>
-        <translation>&amp;Mittels:</translation>
+        <translation>&amp;Verfahren:</translation>
     </message>
     <message>
         <source>the best that the driver offers</source>
-        <translation>das Beste, was der Treiber bietet</translation>
+        <translation>das beste, das der Treiber bietet</translation>
     </message>
     <message>
         <source>a shader</source>
-        <translation>ein Shader</translation>
+        <translation>Shader</translation>
     </message>
     <message>
         <source>a fragment program</source>
-        <translation>ein Fragmentprogramm</translation>
+        <translation>Fragmentprogramm</translation>
     </message>
     <message>
         <source>the processor</source>
-        <translation>der Prozessor</translation>
+        <translation>Prozessor</translation>
     </message>
     <message>
         <source>&amp;Pictures reach the screen by:</source>
-        <translation>&amp;Bilder gelangen auf den Schirm durch:</translation>
+        <translation>Bild&amp;ausgabe über:</translation>
     </message>
     <message>
         <source>what is fastest here</source>
-        <translation>was hier am schnellsten ist</translation>
+        <translation>den hier schnellsten Weg</translation>
     </message>
     <message>
         <source>OpenGL</source>
@@ -2826,11 +2865,11 @@ Neuer Versuch ...</translation>
     </message>
     <message>
         <source>Changes other than the size open the channels that play again, which takes a moment.</source>
-        <translation>Außer der Größe öffnet jede Änderung die laufenden Sender neu, was einen Moment dauert.</translation>
+        <translation>Außer bei der Größe werden laufende Sender bei Änderungen neu geöffnet, was einen Moment dauert.</translation>
     </message>
     <message>
         <source>De&amp;interlace pictures that are made of two fields</source>
-        <translation>Bilder aus zwei &amp;Halbbildern zusammenfügen</translation>
+        <translation>Bilder aus zwei Halbbildern entflechten (De&amp;interlacing)</translation>
     </message>
 </context>
 <context>

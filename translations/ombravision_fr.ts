@@ -5,207 +5,239 @@
     <name>AboutDialog</name>
     <message>
         <source>About Ombravision</source>
-        <translation type="unfinished"></translation>
+        <translation>À propos d&apos;Ombravision</translation>
     </message>
     <message>
         <source>Ombravision %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ombravision %1</translation>
     </message>
     <message>
         <source>The sign of Ombravision</source>
-        <translation type="unfinished"></translation>
+        <translation>Le logo d&apos;Ombravision</translation>
     </message>
     <message>
         <source>Live internet television on your desktop.</source>
-        <translation type="unfinished"></translation>
+        <translation>La télévision en direct par Internet sur votre bureau.</translation>
     </message>
     <message>
         <source>Built on %1. Each of them is free software under its own licence.</source>
-        <translation type="unfinished"></translation>
+        <translation>Repose sur %1. Chacun est un logiciel libre sous sa propre licence.</translation>
     </message>
     <message>
         <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
 </context>
 <context>
     <name>AccountDialog</name>
     <message>
         <source>E-&amp;mail:</source>
-        <translation type="unfinished"></translation>
+        <translation>E-&amp;mail&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Password:</source>
-        <translation type="unfinished"></translation>
+        <translation>Mot de &amp;passe&#xa0;:</translation>
     </message>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Progression</translation>
     </message>
     <message>
         <source>Message</source>
-        <translation type="unfinished"></translation>
+        <translation>Message</translation>
     </message>
 </context>
 <context>
     <name>AccountPage</name>
     <message>
         <source>Account</source>
-        <translation type="unfinished"></translation>
+        <translation>Compte</translation>
     </message>
     <message>
         <source>Sign &amp;in ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Se &amp;connecter ...</translation>
     </message>
     <message>
         <source>Sign in &amp;automatically at the start</source>
-        <translation type="unfinished"></translation>
+        <translation>Se connecter &amp;automatiquement au démarrage</translation>
     </message>
     <message>
         <source>&amp;Name in chats:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nom dans les chats&#xa0;:</translation>
     </message>
     <message>
         <source>These two are kept with the account: sign in for them to be there at the next start.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ces deux réglages sont conservés avec le compte&#xa0;: connectez-vous pour les retrouver au prochain démarrage.</translation>
     </message>
     <message>
         <source>Security</source>
-        <translation type="unfinished"></translation>
+        <translation>Sécurité</translation>
     </message>
     <message>
         <source>Allow &amp;passwords to be sent where nothing keeps them secret</source>
-        <translation type="unfinished"></translation>
+        <translation>Autoriser l&apos;envoi de mots de &amp;passe sans protection</translation>
     </message>
     <message>
         <source>Warning: whoever can listen on the way to the service reads your password then. Allow it only for a service on a network that is all yours.</source>
-        <translation type="unfinished"></translation>
+        <translation>Attention&#xa0;: quiconque peut écouter le trafic vers le service lit alors votre mot de passe. Ne l&apos;autorisez que pour un service situé sur un réseau entièrement à vous.</translation>
     </message>
     <message>
         <source>Signed in as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connecté en tant que %1.</translation>
     </message>
     <message>
         <source>Nobody is signed in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Personne n&apos;est connecté.</translation>
     </message>
     <message>
         <source>Sign &amp;out</source>
-        <translation type="unfinished"></translation>
+        <translation>Se dé&amp;connecter</translation>
     </message>
 </context>
 <context>
     <name>AddStreamsDialog</name>
     <message>
         <source>Add Streams</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter des flux</translation>
     </message>
     <message>
         <source>&amp;Addresses and files, one a line:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Adresses et fichiers, un par ligne&#xa0;:</translation>
     </message>
     <message>
         <source>What the lines are</source>
-        <translation type="unfinished"></translation>
+        <translation>Nature des lignes</translation>
     </message>
     <message>
         <source>Choose &amp;files ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Choisir des &amp;fichiers ...</translation>
     </message>
     <message>
         <source>A&amp;dd</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;jouter</translation>
     </message>
     <message>
         <source>Looking for this file ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Recherche de ce fichier ...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce fichier n&apos;existe pas.</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Choose Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Choisir des fichiers</translation>
+    </message>
+</context>
+<context>
+    <name>AddressCheck</name>
+    <message>
+        <source>This is too long for an address.</source>
+        <translation>C&apos;est trop long pour une adresse.</translation>
+    </message>
+    <message>
+        <source>A file on this computer.</source>
+        <translation>Un fichier sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>An address begins with a scheme, such as http:// or rtsp://.</source>
+        <translation>Une adresse commence par un schéma, comme http:// ou rtsp://.</translation>
+    </message>
+    <message>
+        <source>Nothing is known about addresses that begin with %1://.</source>
+        <translation>Les adresses qui commencent par %1:// sont inconnues.</translation>
+    </message>
+    <message>
+        <source>There is something in this address that does not belong there.</source>
+        <translation>Cette adresse contient quelque chose qui n&apos;a rien à y faire.</translation>
+    </message>
+    <message>
+        <source>The name of the computer is missing after %1://.</source>
+        <translation>Il manque le nom de l&apos;ordinateur après %1://.</translation>
+    </message>
+    <message>
+        <source>A stream of %1.</source>
+        <translation>Un flux de %1.</translation>
     </message>
 </context>
 <context>
     <name>AlertPreview</name>
     <message>
         <source>Sample alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Exemple d&apos;alerte</translation>
     </message>
     <message>
         <source>Breaking news
 This is how an alert looks.</source>
-        <translation type="unfinished"></translation>
+        <translation>Flash info
+Voici à quoi ressemble une alerte.</translation>
     </message>
 </context>
 <context>
     <name>AlertsPage</name>
     <message>
         <source>Tell me of</source>
-        <translation type="unfinished"></translation>
+        <translation>Me signaler</translation>
     </message>
     <message>
         <source>&amp;Breaking news on my channels</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Flashs info de mes chaînes</translation>
     </message>
     <message>
         <source>&amp;New channels</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nouvelles chaînes</translation>
     </message>
     <message>
         <source>What is &amp;talked about most</source>
-        <translation type="unfinished"></translation>
+        <translation>Sujets les &amp;plus discutés</translation>
     </message>
     <message>
         <source>&amp;Messages of the service</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Messages du service</translation>
     </message>
     <message>
         <source>&amp;Lines of the chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Messages du &amp;chat</translation>
     </message>
     <message>
         <source>The bells in the list of channels say whose breaking news you are told of.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les cloches de la liste des chaînes indiquent celles dont les flashs info vous sont signalés.</translation>
     </message>
     <message>
         <source>How</source>
-        <translation type="unfinished"></translation>
+        <translation>Comment</translation>
     </message>
     <message>
         <source>In a &amp;window of its own</source>
-        <translation type="unfinished"></translation>
+        <translation>Dans une f&amp;enêtre à part</translation>
     </message>
     <message>
         <source>In the li&amp;ve panel</source>
-        <translation type="unfinished"></translation>
+        <translation>Dans le panneau en di&amp;rect</translation>
     </message>
     <message>
         <source>&amp;Each for:</source>
-        <translation type="unfinished"></translation>
+        <translation>D&amp;urée&#xa0;:</translation>
     </message>
     <message>
         <source> s</source>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>&amp;Opacity:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Opacité&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Show one</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tester</translation>
     </message>
     <message>
         <source>As notices of the des&amp;ktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Par les notifications du &amp;bureau</translation>
     </message>
 </context>
 <context>
@@ -227,7 +259,7 @@ This is how an alert looks.</source>
     <name>BufferLatteVisualiser</name>
     <message>
         <source>%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;%</translation>
     </message>
 </context>
 <context>
@@ -238,11 +270,11 @@ This is how an alert looks.</source>
     </message>
     <message>
         <source>No open channel has a stream buffer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune chaîne ouverte n&apos;a de tampon de flux.</translation>
     </message>
     <message>
         <source>Buffer of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Tampon de %1</translation>
     </message>
 </context>
 <context>
@@ -250,14 +282,15 @@ This is how an alert looks.</source>
     <message>
         <source>
 Click here to reconnect</source>
-        <translation type="unfinished"></translation>
+        <translation>
+Cliquez ici pour vous reconnecter</translation>
     </message>
 </context>
 <context>
     <name>ChannelEvents</name>
     <message>
         <source>The channel did not play in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>La chaîne n&apos;a pas démarré à temps.</translation>
     </message>
 </context>
 <context>
@@ -265,7 +298,16 @@ Click here to reconnect</source>
     <message>
         <source>
 Retrying...</source>
-        <translation type="unfinished"></translation>
+        <translation>
+Nouvel essai...</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t open channel file.</source>
+        <translation>Impossible d&apos;ouvrir le fichier des chaînes.</translation>
+    </message>
+    <message>
+        <source>Error parsing channel file.</source>
+        <translation>Le fichier des chaînes est erroné.</translation>
     </message>
 </context>
 <context>
@@ -276,142 +318,142 @@ Retrying...</source>
     </message>
     <message>
         <source>Filter by title or language</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtrer par titre ou langue</translation>
     </message>
     <message>
         <source>Kind of channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Type de chaînes</translation>
     </message>
     <message>
         <source>Any</source>
-        <translation type="unfinished"></translation>
+        <translation>Toutes</translation>
     </message>
     <message>
         <source>Premium Partner</source>
-        <translation type="unfinished"></translation>
+        <translation>Partenaires premium</translation>
     </message>
     <message>
         <source>Free Partner</source>
-        <translation type="unfinished"></translation>
+        <translation>Partenaires gratuits</translation>
     </message>
     <message>
         <source>Viewer Added</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouts de spectateurs</translation>
     </message>
     <message>
         <source>Show favourites only</source>
-        <translation type="unfinished"></translation>
+        <translation>Favoris uniquement</translation>
     </message>
     <message>
         <source>Refresh the list</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualiser la liste</translation>
     </message>
     <message>
         <source>No channel fits your filters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune chaîne pour ces filtres.</translation>
     </message>
     <message>
         <source>Show All Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Tout afficher</translation>
     </message>
     <message>
         <source>Sign in to see your channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connectez-vous pour voir vos chaînes.</translation>
     </message>
     <message>
         <source>Sign In</source>
-        <translation type="unfinished"></translation>
+        <translation>Se connecter</translation>
     </message>
     <message>
         <source>Loading channels...</source>
-        <translation type="unfinished"></translation>
+        <translation>Chargement des chaînes...</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualiser</translation>
     </message>
     <message>
         <source>There are no channels on your list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il n&apos;y a aucune chaîne dans votre liste.</translation>
     </message>
     <message>
         <source>The channel has gone from the list.</source>
-        <translation type="unfinished"></translation>
+        <translation>La chaîne ne figure plus dans la liste.</translation>
     </message>
     <message>
         <source>For sale: click to purchase</source>
-        <translation type="unfinished"></translation>
+        <translation>En vente&#xa0;: cliquez pour acheter</translation>
     </message>
     <message>
         <source>This channel cannot be watched now.</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaîne indisponible actuellement.</translation>
     </message>
     <message>
         <source>Purchase</source>
-        <translation type="unfinished"></translation>
+        <translation>Acheter</translation>
     </message>
     <message>
         <source>Breaking News Alerts</source>
-        <translation type="unfinished"></translation>
+        <translation>Alertes de flash info</translation>
     </message>
     <message>
         <source>Delete from My Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer de Mes chaînes</translation>
     </message>
     <message>
         <source>Play</source>
-        <translation type="unfinished"></translation>
+        <translation>Lire</translation>
     </message>
     <message>
         <source>Add to Multiview</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter au multi-vues</translation>
     </message>
     <message>
         <source>Remove from Multiview</source>
-        <translation type="unfinished"></translation>
+        <translation>Retirer du multi-vues</translation>
     </message>
     <message>
         <source>Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>Aperçu</translation>
     </message>
     <message>
         <source>Add Stream</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter le flux</translation>
     </message>
     <message>
         <source>Remove Stream</source>
-        <translation type="unfinished"></translation>
+        <translation>Retirer le flux</translation>
     </message>
     <message>
         <source>Reset Streams</source>
-        <translation type="unfinished"></translation>
+        <translation>Rétablir les flux</translation>
     </message>
 </context>
 <context>
     <name>ChannelListWidgetModel</name>
     <message>
         <source>On</source>
-        <translation type="unfinished"></translation>
+        <translation>Activées</translation>
     </message>
     <message>
         <source>Off</source>
-        <translation type="unfinished"></translation>
+        <translation>Désactivées</translation>
     </message>
     <message>
         <source>favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>favorite</translation>
     </message>
     <message>
         <source>Status</source>
-        <translation type="unfinished"></translation>
+        <translation>État</translation>
     </message>
     <message>
         <source>Alerts</source>
-        <translation type="unfinished"></translation>
+        <translation>Alertes</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nom de la chaîne</translation>
     </message>
 </context>
 <context>
@@ -422,56 +464,56 @@ Retrying...</source>
     </message>
     <message numerus="yes">
         <source>Loading channels... %n so far</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Chargement des chaînes... déjà %n</numerusform>
+            <numerusform>Chargement des chaînes... déjà %n</numerusform>
         </translation>
     </message>
     <message>
         <source>The page could not be opened: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d&apos;ouvrir la page&#xa0;: %1</translation>
     </message>
     <message>
         <source>Sign in to change the list of your channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connectez-vous pour modifier la liste de vos chaînes.</translation>
     </message>
     <message>
         <source>%1 was deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaîne %1 supprimée.</translation>
     </message>
     <message>
         <source>The channel could not be deleted: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de supprimer la chaîne&#xa0;: %1</translation>
     </message>
 </context>
 <context>
     <name>ChannelRowStates</name>
     <message>
         <source>Playing</source>
-        <translation type="unfinished"></translation>
+        <translation>Lecture</translation>
     </message>
     <message>
         <source>Previewing</source>
-        <translation type="unfinished"></translation>
+        <translation>Aperçu</translation>
     </message>
     <message>
         <source>Open</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouverte</translation>
     </message>
     <message>
         <source>Acquiring</source>
-        <translation type="unfinished"></translation>
+        <translation>Acquisition</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Échec</translation>
     </message>
 </context>
 <context>
     <name>ChannelSearchCombo</name>
     <message>
         <source>Enter your channel search</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechercher une chaîne</translation>
     </message>
 </context>
 <context>
@@ -482,163 +524,163 @@ Retrying...</source>
     </message>
     <message>
         <source>Most Added</source>
-        <translation type="unfinished"></translation>
+        <translation>Top des ajouts</translation>
     </message>
     <message>
         <source>Show More</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher plus</translation>
     </message>
     <message>
         <source>Channels that were found</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaînes trouvées</translation>
     </message>
     <message>
         <source>Search on the web site</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechercher sur le site web</translation>
     </message>
     <message>
         <source>Sign in to search for channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connectez-vous pour rechercher des chaînes.</translation>
     </message>
     <message>
         <source>Sign In</source>
-        <translation type="unfinished"></translation>
+        <translation>Se connecter</translation>
     </message>
     <message>
         <source>Find the channels that other viewers have added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trouvez les chaînes que d&apos;autres spectateurs ont ajoutées.</translation>
     </message>
     <message>
         <source>The channel has no address that can be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>La chaîne n&apos;a pas d&apos;adresse que l&apos;on puisse ouvrir.</translation>
     </message>
     <message>
         <source>news</source>
-        <translation type="unfinished"></translation>
+        <translation>infos</translation>
     </message>
     <message>
         <source>sport</source>
-        <translation type="unfinished"></translation>
+        <translation>sport</translation>
     </message>
     <message>
         <source>music</source>
-        <translation type="unfinished"></translation>
+        <translation>musique</translation>
     </message>
     <message>
         <source>us</source>
-        <translation type="unfinished"></translation>
+        <translation>us</translation>
     </message>
     <message>
         <source>uk</source>
-        <translation type="unfinished"></translation>
+        <translation>uk</translation>
     </message>
     <message>
         <source>Searching for %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>Recherche de %1...</translation>
     </message>
     <message>
         <source>Searching for most popular...</source>
-        <translation type="unfinished"></translation>
+        <translation>Recherche des plus populaires...</translation>
     </message>
     <message numerus="yes">
         <source>Search for %1 returned %n results</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Recherche de %1&#xa0;: %n résultat</numerusform>
+            <numerusform>Recherche de %1&#xa0;: %n résultats</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Search for most popular returned %n results</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Recherche des plus populaires&#xa0;: %n résultat</numerusform>
+            <numerusform>Recherche des plus populaires&#xa0;: %n résultats</numerusform>
         </translation>
     </message>
     <message>
         <source>No channel was found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune chaîne trouvée.</translation>
     </message>
     <message>
         <source>The search failed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>La recherche a échoué&#xa0;: %1</translation>
     </message>
     <message>
         <source>The most popular channels could not be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de charger les chaînes les plus populaires&#xa0;: %1</translation>
     </message>
     <message>
         <source>The channel could not be added: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d&apos;ajouter la chaîne&#xa0;: %1</translation>
     </message>
     <message>
         <source>The channel could not be created: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de créer la chaîne&#xa0;: %1</translation>
     </message>
     <message>
         <source>The channel could not be removed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de retirer la chaîne&#xa0;: %1</translation>
     </message>
     <message>
         <source>Adding %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajout de %1...</translation>
     </message>
     <message>
         <source>%1 was successfully added</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaîne %1 ajoutée</translation>
     </message>
     <message>
         <source>Channel was removed</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaîne retirée</translation>
     </message>
     <message>
         <source>The service has not removed it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service ne l&apos;a pas retirée.</translation>
     </message>
     <message>
         <source>Play</source>
-        <translation type="unfinished"></translation>
+        <translation>Lire</translation>
     </message>
     <message>
         <source>Add to Multiview</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter au multi-vues</translation>
     </message>
     <message>
         <source>Remove from Multiview</source>
-        <translation type="unfinished"></translation>
+        <translation>Retirer du multi-vues</translation>
     </message>
     <message>
         <source>Save to My Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter à Mes chaînes</translation>
     </message>
     <message>
         <source>New Channel...</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouvelle chaîne...</translation>
     </message>
 </context>
 <context>
     <name>ChannelSearchWidgetItemDelegate</name>
     <message>
         <source>Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajoutée</translation>
     </message>
 </context>
 <context>
     <name>ChannelSearchWidgetModel</name>
     <message>
         <source>Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajoutée</translation>
     </message>
     <message>
         <source>Status</source>
-        <translation type="unfinished"></translation>
+        <translation>État</translation>
     </message>
     <message>
         <source>Rating</source>
-        <translation type="unfinished"></translation>
+        <translation>Note</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nom de la chaîne</translation>
     </message>
 </context>
 <context>
@@ -646,242 +688,243 @@ Retrying...</source>
     <message>
         <source>Acquiring Channel...
 Please wait</source>
-        <translation type="unfinished"></translation>
+        <translation>Acquisition de la chaîne...
+Veuillez patienter</translation>
     </message>
     <message>
         <source>Recording stopped: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrement arrêté&#xa0;: %1</translation>
     </message>
     <message>
         <source>%1, a file</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, fichier</translation>
     </message>
     <message>
         <source>%1, live, through a buffer</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, en direct, avec tampon</translation>
     </message>
     <message>
         <source>%1, live</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, en direct</translation>
     </message>
     <message>
         <source>a file on this computer</source>
-        <translation type="unfinished"></translation>
+        <translation>un fichier sur cet ordinateur</translation>
     </message>
 </context>
 <context>
     <name>ChatColours</name>
     <message>
         <source>Room Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nom du salon</translation>
     </message>
     <message>
         <source>Your Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre pseudo</translation>
     </message>
     <message>
         <source>Other Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Autre pseudo</translation>
     </message>
     <message>
         <source>Ignored Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Pseudo ignoré</translation>
     </message>
     <message>
         <source>Admin Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Pseudo d&apos;admin</translation>
     </message>
     <message>
         <source>Bot Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Pseudo de bot</translation>
     </message>
     <message>
         <source>Timestamp</source>
-        <translation type="unfinished"></translation>
+        <translation>Horodatage</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>Système</translation>
     </message>
     <message>
         <source>Action</source>
-        <translation type="unfinished"></translation>
+        <translation>Action</translation>
     </message>
     <message>
         <source>Link</source>
-        <translation type="unfinished"></translation>
+        <translation>Lien</translation>
     </message>
 </context>
 <context>
     <name>ChatPage</name>
     <message>
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Texte</translation>
     </message>
     <message>
         <source>&amp;Size of the text:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Taille du texte&#xa0;:</translation>
     </message>
     <message>
         <source> pt</source>
-        <translation type="unfinished"></translation>
+        <translation> pt</translation>
     </message>
     <message>
         <source>Colours</source>
-        <translation type="unfinished"></translation>
+        <translation>Couleurs</translation>
     </message>
     <message>
         <source>Sample of a chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Exemple de chat</translation>
     </message>
     <message>
         <source>Good evening!</source>
-        <translation type="unfinished"></translation>
+        <translation>Bonsoir&#xa0;!</translation>
     </message>
     <message>
         <source>Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenêtre</translation>
     </message>
     <message>
         <source>Skin</source>
-        <translation type="unfinished"></translation>
+        <translation>Habillage</translation>
     </message>
 </context>
 <context>
     <name>ColourButton</name>
     <message>
         <source>%1: colour %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: couleur %2</translation>
     </message>
 </context>
 <context>
     <name>ConnectionTest</name>
     <message>
         <source>This computer finds no way to %1. Is it connected to a network?</source>
-        <translation type="unfinished"></translation>
+        <translation>Cet ordinateur ne trouve pas de chemin vers %1. Est-il connecté à un réseau&#xa0;?</translation>
     </message>
     <message>
         <source>This computer finds no way to the proxy %1. Is its name right?</source>
-        <translation type="unfinished"></translation>
+        <translation>Cet ordinateur ne trouve pas de chemin vers le proxy %1. Son nom est-il correct&#xa0;?</translation>
     </message>
     <message>
         <source>Something on the way answers in place of %1: it can&apos;t be reached from there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un intermédiaire répond à la place de %1, qui est injoignable d&apos;ici.</translation>
     </message>
     <message>
         <source>The network answers with a page of %1. Perhaps it wants you to sign in there first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le réseau répond par une page de %1. Il faut peut-être d&apos;abord s&apos;y connecter.</translation>
     </message>
     <message>
         <source>%1 answered within %2 ms.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 a répondu en %2&#xa0;ms.</translation>
     </message>
     <message>
         <source>%1 accepts no connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 n&apos;accepte pas de connexion.</translation>
     </message>
     <message>
         <source>There is no machine called %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune machine ne s&apos;appelle %1.</translation>
     </message>
     <message numerus="yes">
         <source>%1 did not answer within %n second(s).</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 n&apos;a pas répondu en %n&#xa0;seconde.</numerusform>
+            <numerusform>%1 n&apos;a pas répondu en %n&#xa0;secondes.</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 could not prove who it is: its certificate is not valid.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 n&apos;a pas pu prouver son identité&#xa0;: son certificat n&apos;est pas valide.</translation>
     </message>
     <message>
         <source>The proxy %1 accepts no connection. Is the port right?</source>
-        <translation type="unfinished"></translation>
+        <translation>Le proxy %1 n&apos;accepte pas de connexion. Le port est-il correct&#xa0;?</translation>
     </message>
     <message>
         <source>There is no proxy called %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun proxy ne s&apos;appelle %1.</translation>
     </message>
     <message>
         <source>The proxy %1 did not answer in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le proxy %1 n&apos;a pas répondu à temps.</translation>
     </message>
     <message>
         <source>The proxy %1 wants a user name and a password, or does not accept these.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le proxy %1 demande un nom d&apos;utilisateur et un mot de passe, ou refuse ceux-ci.</translation>
     </message>
     <message>
         <source>%1 could not be reached: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de joindre %1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
     <name>DeleteChannelDialog</name>
     <message>
         <source>Delete Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer la chaîne</translation>
     </message>
     <message>
         <source>Are you sure you wish to delete the channel &lt;b&gt;%1&lt;/b&gt; from My Channels?&lt;br&gt;&lt;br&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>Voulez-vous vraiment supprimer la chaîne &lt;b&gt;%1&lt;/b&gt; de Mes chaînes&#xa0;?&lt;br&gt;&lt;br&gt;</translation>
     </message>
     <message>
         <source>&lt;b&gt;Note:&lt;/b&gt; To restore a partner channel that you have deleted &lt;a href=&quot;manage&quot;&gt;click here&lt;/a&gt;.</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;Remarque&#xa0;:&lt;/b&gt; pour rétablir une chaîne partenaire supprimée, &lt;a href=&quot;manage&quot;&gt;cliquez ici&lt;/a&gt;.</translation>
     </message>
     <message>
         <source>Are you sure you wish to delete the channel %1 from My Channels?</source>
-        <translation type="unfinished"></translation>
+        <translation>Voulez-vous vraiment supprimer la chaîne %1 de Mes chaînes&#xa0;?</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
     <name>EffectEditor</name>
     <message>
         <source>Line numbers</source>
-        <translation type="unfinished"></translation>
+        <translation>Numéros de ligne</translation>
     </message>
 </context>
 <context>
     <name>EffectNames</name>
     <message>
         <source>An effect needs a name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un effet doit avoir un nom.</translation>
     </message>
     <message>
         <source>This name is too long.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce nom est trop long.</translation>
     </message>
 </context>
 <context>
     <name>EffectTrial</name>
     <message>
         <source>The graphics driver does not compile this effect.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le pilote graphique ne compile pas cet effet.</translation>
     </message>
     <message>
         <source>One picture would take about %1 ms with this effect. That is too long to play: it was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Avec cet effet, une image prendrait environ %1&#xa0;ms. C&apos;est trop long pour la lecture&#xa0;: il a été désactivé.</translation>
     </message>
     <message>
         <source>A picture is never finished with this effect. It was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Avec cet effet, une image n&apos;est jamais terminée. Il a été désactivé.</translation>
     </message>
     <message>
         <source>The graphics driver fails with this effect. It was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le pilote graphique échoue avec cet effet. Il a été désactivé.</translation>
     </message>
     <message>
         <source>This effect could not be tried, so it is not shown.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cet effet n&apos;a pas pu être essayé&#xa0;: il n&apos;est pas affiché.</translation>
     </message>
 </context>
 <context>
@@ -892,152 +935,152 @@ Please wait</source>
     </message>
     <message>
         <source>&amp;Show effects on the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Afficher les effets sur l&apos;image</translation>
     </message>
     <message>
         <source>Effects and their source</source>
-        <translation type="unfinished"></translation>
+        <translation>Effets et leur source</translation>
     </message>
     <message>
         <source>Re&amp;vert</source>
-        <translation type="unfinished"></translation>
+        <translation>Ré&amp;tablir</translation>
     </message>
     <message>
         <source>The source as it was before you changed it</source>
-        <translation type="unfinished"></translation>
+        <translation>La source telle qu&apos;elle était avant vos modifications</translation>
     </message>
     <message>
         <source>Effects, in the order in which they are applied</source>
-        <translation type="unfinished"></translation>
+        <translation>Effets, dans leur ordre d&apos;application</translation>
     </message>
     <message>
         <source>New</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouveau</translation>
     </message>
     <message>
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Dupliquer</translation>
     </message>
     <message>
         <source>Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>Renommer</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer</translation>
     </message>
     <message>
         <source>Earlier</source>
-        <translation type="unfinished"></translation>
+        <translation>Plus tôt</translation>
     </message>
     <message>
         <source>Later</source>
-        <translation type="unfinished"></translation>
+        <translation>Plus tard</translation>
     </message>
     <message>
         <source>Source of the effect</source>
-        <translation type="unfinished"></translation>
+        <translation>Source de l&apos;effet</translation>
     </message>
     <message>
         <source>Comes with the program. Duplicate it to make your own of it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Fourni avec le programme. Dupliquez-le pour en faire le vôtre.</translation>
     </message>
     <message>
         <source>What you type is kept, and shown while the effect is on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre saisie est conservée, et affichée tant que l&apos;effet est actif.</translation>
     </message>
     <message>
         <source>Line %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Ligne %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Messages</translation>
     </message>
     <message>
         <source>New effect</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouvel effet</translation>
     </message>
     <message>
         <source>&amp;Name of the effect:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nom de l&apos;effet&#xa0;:</translation>
     </message>
     <message>
         <source>Delete the effect &quot;%1&quot;? It can&apos;t be brought back.</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer l&apos;effet «&#xa0;%1&#xa0;»&#xa0;? Cette action est irréversible.</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Supprimer</translation>
     </message>
 </context>
 <context>
     <name>EffectsLibrary</name>
     <message>
         <source>There is an effect called &quot;%1&quot; already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il y a déjà un effet nommé «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>The effects are still being read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les effets sont encore en cours de lecture.</translation>
     </message>
     <message numerus="yes">
         <source>There can be %n effect(s) at most.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Il peut y avoir %n effet au maximum.</numerusform>
+            <numerusform>Il peut y avoir %n effets au maximum.</numerusform>
         </translation>
     </message>
     <message>
         <source>This effect is too long.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cet effet est trop long.</translation>
     </message>
     <message>
         <source>This effect can&apos;t be renamed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cet effet ne peut pas être renommé.</translation>
     </message>
     <message>
         <source>This effect can&apos;t be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cet effet ne peut pas être supprimé.</translation>
     </message>
     <message>
         <source>This effect can&apos;t be changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cet effet ne peut pas être modifié.</translation>
     </message>
 </context>
 <context>
     <name>EffectsStore</name>
     <message>
         <source>There are too many effects in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il y a trop d&apos;effets dans %1.</translation>
     </message>
     <message>
         <source>The file %1 is not named as effects are.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le nom du fichier %1 n&apos;est pas celui d&apos;un effet.</translation>
     </message>
     <message>
         <source>The effect in %1 can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>L&apos;effet dans %1 est illisible.</translation>
     </message>
     <message>
         <source>The order of the effects in %1 can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>L&apos;ordre des effets dans %1 est illisible.</translation>
     </message>
     <message>
         <source>The program ended while this effect was being tried. It was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le programme s&apos;est arrêté pendant l&apos;essai de cet effet. Il a été désactivé.</translation>
     </message>
     <message>
         <source>The program ended while the effect &quot;%1&quot; was being tried. It was switched off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le programme s&apos;est arrêté pendant l&apos;essai de l&apos;effet «&#xa0;%1&#xa0;». Il a été désactivé.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d&apos;écrire %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 could not be removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de supprimer %1.</translation>
     </message>
 </context>
 <context>
@@ -1063,50 +1106,50 @@ Please wait</source>
     <name>GLCarouselBar</name>
     <message>
         <source>Channel carousel</source>
-        <translation type="unfinished"></translation>
+        <translation>Carrousel des chaînes</translation>
     </message>
     <message>
         <source>The channel to the left</source>
-        <translation type="unfinished"></translation>
+        <translation>La chaîne à gauche</translation>
     </message>
     <message>
         <source>Play this channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Lire cette chaîne</translation>
     </message>
     <message>
         <source>Show this channel beside the others</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher cette chaîne à côté des autres</translation>
     </message>
     <message>
         <source>The channel to the right</source>
-        <translation type="unfinished"></translation>
+        <translation>La chaîne à droite</translation>
     </message>
 </context>
 <context>
     <name>GLChannelBar</name>
     <message>
         <source>Playback</source>
-        <translation type="unfinished"></translation>
+        <translation>Lecture</translation>
     </message>
     <message>
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Position</translation>
     </message>
     <message>
         <source>Volume</source>
-        <translation type="unfinished"></translation>
+        <translation>Volume</translation>
     </message>
     <message>
         <source>Channel logo</source>
-        <translation type="unfinished"></translation>
+        <translation>Logo de la chaîne</translation>
     </message>
     <message>
         <source>Previous channel (Page Up)</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaîne précédente (Page préc.)</translation>
     </message>
     <message>
         <source>Next channel (Page Down)</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaîne suivante (Page suiv.)</translation>
     </message>
     <message>
         <source>Record</source>
@@ -1114,71 +1157,71 @@ Please wait</source>
     </message>
     <message>
         <source>Take a screenshot</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire une capture d&apos;écran</translation>
     </message>
     <message>
         <source>Channel carousel</source>
-        <translation type="unfinished"></translation>
+        <translation>Carrousel des chaînes</translation>
     </message>
     <message>
         <source>Show only this channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher seulement cette chaîne</translation>
     </message>
     <message>
         <source>Show another channel beside this one</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher une autre chaîne à côté de celle-ci</translation>
     </message>
     <message>
         <source>Leave full screen (Escape)</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitter le plein écran (Échap)</translation>
     </message>
     <message>
         <source>Full screen (Ctrl+F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Plein écran (Ctrl+F)</translation>
     </message>
     <message>
         <source>Sound on (Ctrl+M)</source>
-        <translation type="unfinished"></translation>
+        <translation>Rétablir le son (Ctrl+M)</translation>
     </message>
     <message>
         <source>Mute (Ctrl+M)</source>
-        <translation type="unfinished"></translation>
+        <translation>Couper le son (Ctrl+M)</translation>
     </message>
     <message>
         <source>Stop recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrêter l&apos;enregistrement</translation>
     </message>
     <message>
         <source>%1 / %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 / %2</translation>
     </message>
     <message>
         <source>Play (Space)</source>
-        <translation type="unfinished"></translation>
+        <translation>Lire (Espace)</translation>
     </message>
     <message>
         <source>Pause (Space)</source>
-        <translation type="unfinished"></translation>
+        <translation>Pause (Espace)</translation>
     </message>
 </context>
 <context>
     <name>GLIndicatorBar</name>
     <message>
         <source>Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Messages</translation>
     </message>
     <message numerus="yes">
         <source>%n new chat message(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n nouveau message de chat</numerusform>
+            <numerusform>%n nouveaux messages de chat</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n new alert(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n nouvelle alerte</numerusform>
+            <numerusform>%n nouvelles alertes</numerusform>
         </translation>
     </message>
 </context>
@@ -1186,212 +1229,212 @@ Please wait</source>
     <name>GLMovie</name>
     <message>
         <source>Could not locate a video decoder. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Décodeur vidéo introuvable. Lecture impossible</translation>
     </message>
     <message>
         <source>Could not open video codec. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Échec d&apos;ouverture du codec vidéo. Lecture impossible</translation>
     </message>
     <message>
         <source>No audio device present.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun périphérique audio.</translation>
     </message>
     <message>
         <source>Could not locate an audio decoder. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Décodeur audio introuvable. Lecture impossible</translation>
     </message>
     <message>
         <source>Could not open audio codec. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Échec d&apos;ouverture du codec audio. Lecture impossible</translation>
     </message>
     <message>
         <source>No video or audio streams found. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun flux vidéo ou audio trouvé. Lecture impossible</translation>
     </message>
     <message>
         <source>The audio format is not supported. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Le format audio n&apos;est pas pris en charge. Lecture impossible</translation>
     </message>
     <message>
         <source>Could not open sound device.</source>
-        <translation type="unfinished"></translation>
+        <translation>Échec d&apos;ouverture du périphérique audio.</translation>
     </message>
     <message>
         <source>Failed creating movie texture. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Échec de création de la texture vidéo. Lecture impossible</translation>
     </message>
     <message>
         <source>Not enough memory to play. Cannot play</source>
-        <translation type="unfinished"></translation>
+        <translation>Mémoire insuffisante. Lecture impossible</translation>
     </message>
 </context>
 <context>
     <name>GLOverlay</name>
     <message>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Image</translation>
     </message>
     <message>
         <source>Viewpoint</source>
-        <translation type="unfinished"></translation>
+        <translation>Point de vue</translation>
     </message>
     <message>
         <source>Muted</source>
-        <translation type="unfinished"></translation>
+        <translation>Muet</translation>
     </message>
     <message>
         <source>Volume %1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>Volume %1&#xa0;%</translation>
     </message>
     <message>
         <source>Sign in to watch the channels of your account</source>
-        <translation type="unfinished"></translation>
+        <translation>Connectez-vous pour regarder les chaînes de votre compte</translation>
     </message>
     <message numerus="yes">
         <source>%1 and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 et %n autre</numerusform>
+            <numerusform>%1 et %n autres</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 (Ctrl and click: close)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Ctrl et clic&#xa0;: fermer)</translation>
     </message>
     <message>
         <source>%1 (click: sound; Ctrl and click: close)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (clic&#xa0;: son&#xa0;; Ctrl et clic&#xa0;: fermer)</translation>
     </message>
 </context>
 <context>
     <name>GLProgressIndicator</name>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sur %2</translation>
     </message>
     <message>
         <source>Buffer %1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>Tampon %1&#xa0;%</translation>
     </message>
     <message>
         <source>Live</source>
-        <translation type="unfinished"></translation>
+        <translation>Direct</translation>
     </message>
 </context>
 <context>
     <name>GLTitleBar</name>
     <message>
         <source>What plays</source>
-        <translation type="unfinished"></translation>
+        <translation>Lecture en cours</translation>
     </message>
     <message>
         <source>Sign In</source>
-        <translation type="unfinished"></translation>
+        <translation>Se connecter</translation>
     </message>
     <message>
         <source>Hide the channels beside the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Masquer les chaînes à côté de l&apos;image</translation>
     </message>
     <message>
         <source>Show the channels beside the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher les chaînes à côté de l&apos;image</translation>
     </message>
 </context>
 <context>
     <name>GLVolumeControl</name>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
 </context>
 <context>
     <name>GLWidget</name>
     <message>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Image</translation>
     </message>
     <message>
         <source>What plays; Tab goes to its controls</source>
-        <translation type="unfinished"></translation>
+        <translation>Lecture en cours&#xa0;; Tab mène à ses commandes</translation>
     </message>
     <message>
         <source>There are no channels yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Il n&apos;y a pas encore de chaînes</translation>
     </message>
     <message>
         <source>Loading ... %1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>Chargement ... %1&#xa0;%</translation>
     </message>
     <message>
         <source>The page could not be loaded</source>
-        <translation type="unfinished"></translation>
+        <translation>La page n&apos;a pas pu être chargée</translation>
     </message>
 </context>
 <context>
     <name>GeneralPage</name>
     <message>
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>Démarrage</translation>
     </message>
     <message>
         <source>&amp;First, play:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Lire d&apos;abord&#xa0;:</translation>
     </message>
     <message>
         <source>what played last</source>
-        <translation type="unfinished"></translation>
+        <translation>la dernière lecture</translation>
     </message>
     <message>
         <source>the first channel</source>
-        <translation type="unfinished"></translation>
+        <translation>la première chaîne</translation>
     </message>
     <message>
         <source>nothing</source>
-        <translation type="unfinished"></translation>
+        <translation>rien</translation>
     </message>
     <message>
         <source>&amp;Start when I sign in to the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Lancer à l&apos;&amp;ouverture de session</translation>
     </message>
     <message>
         <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Si le bureau tient sa propre liste de ce qu&apos;il lance avec lui, ajoutez-y «&#xa0;ombravision -startup&#xa0;».</translation>
     </message>
     <message>
         <source>Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenêtre</translation>
     </message>
     <message>
         <source>&amp;Always on top of other windows</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Toujours au premier plan</translation>
     </message>
     <message>
         <source>Show the &amp;menu bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher la barre de &amp;menus</translation>
     </message>
     <message>
         <source>Show the &amp;channel bar while the pointer is over the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher la barre de &amp;chaîne quand le pointeur est sur l&apos;image</translation>
     </message>
     <message>
         <source>Show &amp;tips over the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher les &amp;astuces sur l&apos;image</translation>
     </message>
     <message>
         <source>Screenshots</source>
-        <translation type="unfinished"></translation>
+        <translation>Captures d&apos;écran</translation>
     </message>
     <message>
         <source>Directory of screenshots</source>
-        <translation type="unfinished"></translation>
+        <translation>Dossier des captures d&apos;écran</translation>
     </message>
     <message>
         <source>C&amp;hoose ...</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;hoisir ...</translation>
     </message>
     <message>
         <source>Save them &amp;in:</source>
-        <translation type="unfinished"></translation>
+        <translation>En&amp;registrer dans&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -1399,45 +1442,46 @@ Please wait</source>
     <message>
         <source>Acquiring Channel...
 Please wait</source>
-        <translation type="unfinished"></translation>
+        <translation>Acquisition de la chaîne...
+Veuillez patienter</translation>
     </message>
     <message>
         <source>The file is too long to be kept in memory</source>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier est trop long pour être gardé en mémoire</translation>
     </message>
     <message>
         <source>Failed to open %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d&apos;ouvrir %1</translation>
     </message>
 </context>
 <context>
     <name>HttpFileDownloader</name>
     <message>
         <source>The address cannot be downloaded from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rien ne peut être téléchargé depuis cette adresse.</translation>
     </message>
     <message>
         <source>The connection failed (%1).</source>
-        <translation type="unfinished"></translation>
+        <translation>La connexion a échoué (%1).</translation>
     </message>
     <message>
         <source>The server answered %1 %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le serveur a répondu %1 %2.</translation>
     </message>
     <message>
         <source>The server leads to another place that cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le serveur renvoie vers un autre emplacement inutilisable.</translation>
     </message>
 </context>
 <context>
     <name>InviteDialog</name>
     <message>
         <source>Invite a Friend</source>
-        <translation type="unfinished"></translation>
+        <translation>Inviter un ami</translation>
     </message>
     <message>
         <source>&amp;Your letter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Votre message&#xa0;:</translation>
     </message>
     <message>
         <source>Hello,
@@ -1448,15 +1492,22 @@ I watch live television with Ombravision, and thought you might like it, too. Yo
 
 See you there!
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Bonjour,
+
+Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que cela pourrait vous plaire aussi. Vous pouvez l&apos;obtenir ici&#xa0;:
+
+%1
+
+À bientôt&#xa0;!
+</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copier</translation>
     </message>
     <message>
         <source>&amp;Write a mail</source>
-        <translation type="unfinished"></translation>
+        <translation>Écrire un e-&amp;mail</translation>
     </message>
     <message>
         <source>Ombravision</source>
@@ -1467,117 +1518,117 @@ See you there!
     <name>KeysDialog</name>
     <message>
         <source>Escape</source>
-        <translation type="unfinished"></translation>
+        <translation>Échap</translation>
     </message>
     <message>
         <source>Leave full screen, close a dialog</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitter le plein écran, fermer un dialogue</translation>
     </message>
     <message>
         <source>1 to 9</source>
-        <translation type="unfinished"></translation>
+        <translation>1 à 9</translation>
     </message>
     <message>
         <source>Choose one of the open channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Choisir une des chaînes ouvertes</translation>
     </message>
     <message>
         <source>Page up, Page down</source>
-        <translation type="unfinished"></translation>
+        <translation>Page préc., Page suiv.</translation>
     </message>
     <message>
         <source>Previous and next channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaîne précédente et suivante</translation>
     </message>
     <message>
         <source>Ctrl with a click</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl et clic</translation>
     </message>
     <message>
         <source>Open a channel beside the others, or close it</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir une chaîne à côté des autres, ou la fermer</translation>
     </message>
     <message>
         <source>Double click</source>
-        <translation type="unfinished"></translation>
+        <translation>Double-clic</translation>
     </message>
     <message>
         <source>Full screen on and off</source>
-        <translation type="unfinished"></translation>
+        <translation>Basculer le plein écran</translation>
     </message>
     <message>
         <source>Wheel</source>
-        <translation type="unfinished"></translation>
+        <translation>Molette</translation>
     </message>
     <message>
         <source>Volume</source>
-        <translation type="unfinished"></translation>
+        <translation>Volume</translation>
     </message>
     <message>
         <source>Ctrl+Return</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Entrée</translation>
     </message>
     <message>
         <source>In &quot;Open Video Stream&quot;: open it beside what plays</source>
-        <translation type="unfinished"></translation>
+        <translation>Dans «&#xa0;Ouvrir un flux vidéo&#xa0;»&#xa0;: ouvrir à côté</translation>
     </message>
     <message>
         <source>Alt with a letter</source>
-        <translation type="unfinished"></translation>
+        <translation>Alt et une lettre</translation>
     </message>
     <message>
         <source>What has that letter underlined</source>
-        <translation type="unfinished"></translation>
+        <translation>L&apos;élément dont cette lettre est soulignée</translation>
     </message>
     <message>
         <source>Keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Touches</translation>
     </message>
     <message>
         <source>Keys and what they do</source>
-        <translation type="unfinished"></translation>
+        <translation>Touches et leur effet</translation>
     </message>
     <message>
         <source>Key</source>
-        <translation type="unfinished"></translation>
+        <translation>Touche</translation>
     </message>
     <message>
         <source>What it does</source>
-        <translation type="unfinished"></translation>
+        <translation>Effet</translation>
     </message>
 </context>
 <context>
     <name>LoginDialog</name>
     <message>
         <source>Sign In</source>
-        <translation type="unfinished"></translation>
+        <translation>Se connecter</translation>
     </message>
     <message>
         <source>Sign &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>Se &amp;connecter</translation>
     </message>
     <message>
         <source>&amp;Keep me signed in</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rester connecté</translation>
     </message>
     <message>
         <source>I have no account yet: &amp;create one ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas encore de compte&#xa0;? En créer &amp;un ...</translation>
     </message>
 </context>
 <context>
     <name>LoginManager</name>
     <message>
         <source>The service does not accept this e-mail address and password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service n&apos;accepte pas cette adresse e-mail et ce mot de passe.</translation>
     </message>
     <message>
         <source>You must install the critical update</source>
-        <translation type="unfinished"></translation>
+        <translation>Vous devez installer la mise à jour critique</translation>
     </message>
     <message>
         <source>Your password could not be stored. You will be asked for it at the next start.</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre mot de passe n&apos;a pas pu être enregistré. Il vous sera demandé au prochain démarrage.</translation>
     </message>
     <message>
         <source>Signing in ...</source>
@@ -1585,7 +1636,7 @@ See you there!
     </message>
     <message>
         <source>Creating the account ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Création du compte ...</translation>
     </message>
 </context>
 <context>
@@ -1792,7 +1843,7 @@ See you there!
     </message>
     <message>
         <source>&amp;Support</source>
-        <translation>&amp;Assistance</translation>
+        <translation>A&amp;ssistance</translation>
     </message>
     <message>
         <source>&amp;Feedback</source>
@@ -1800,7 +1851,7 @@ See you there!
     </message>
     <message>
         <source>&amp;Buy Ombravision Pro</source>
-        <translation>&amp;Acheter Ombravision Pro</translation>
+        <translation>Ac&amp;heter Ombravision Pro</translation>
     </message>
     <message>
         <source>&amp;Invite Friend</source>
@@ -1827,266 +1878,266 @@ See you there!
     <name>MyChannels</name>
     <message>
         <source>The service has not removed it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service ne l&apos;a pas supprimée.</translation>
     </message>
 </context>
 <context>
     <name>NetworkErrors</name>
     <message>
         <source>No error</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune erreur</translation>
     </message>
     <message>
         <source>There was a general error</source>
-        <translation type="unfinished"></translation>
+        <translation>Une erreur générale s&apos;est produite</translation>
     </message>
     <message>
         <source>End of stream encountered</source>
-        <translation type="unfinished"></translation>
+        <translation>Fin du flux atteinte</translation>
     </message>
     <message>
         <source>Could not resolve resource</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de trouver la ressource</translation>
     </message>
     <message>
         <source>Could not connect to server</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de se connecter au serveur</translation>
     </message>
     <message>
         <source>Stream unavailable</source>
-        <translation type="unfinished"></translation>
+        <translation>Flux indisponible</translation>
     </message>
     <message>
         <source>Resource not available</source>
-        <translation type="unfinished"></translation>
+        <translation>Ressource non disponible</translation>
     </message>
     <message>
         <source>A remote server closed the connection</source>
-        <translation type="unfinished"></translation>
+        <translation>Un serveur distant a fermé la connexion</translation>
     </message>
     <message>
         <source>Authentication required</source>
-        <translation type="unfinished"></translation>
+        <translation>Authentification requise</translation>
     </message>
     <message>
         <source>Proxy authentication required</source>
-        <translation type="unfinished"></translation>
+        <translation>Authentification requise par le proxy</translation>
     </message>
     <message>
         <source>The operation unexpectedly succeeded</source>
-        <translation type="unfinished"></translation>
+        <translation>L&apos;opération a réussi de façon inattendue</translation>
     </message>
     <message>
         <source>The operation was unexpectedly redirected</source>
-        <translation type="unfinished"></translation>
+        <translation>L&apos;opération a été redirigée de façon inattendue</translation>
     </message>
     <message>
         <source>There was an unexpected client error</source>
-        <translation type="unfinished"></translation>
+        <translation>Une erreur inattendue du client s&apos;est produite</translation>
     </message>
     <message>
         <source>There was an unexpected server error</source>
-        <translation type="unfinished"></translation>
+        <translation>Une erreur inattendue du serveur s&apos;est produite</translation>
     </message>
     <message>
         <source>Unknown error</source>
-        <translation type="unfinished"></translation>
+        <translation>Erreur inconnue</translation>
     </message>
     <message>
         <source>The certificate of the server is not trusted</source>
-        <translation type="unfinished"></translation>
+        <translation>Le certificat du serveur n&apos;est pas approuvé</translation>
     </message>
     <message>
         <source>The server sends nothing that can be played</source>
-        <translation type="unfinished"></translation>
+        <translation>Le serveur n&apos;envoie rien qui puisse être lu</translation>
     </message>
 </context>
 <context>
     <name>NetworkPage</name>
     <message>
         <source>Proxy</source>
-        <translation type="unfinished"></translation>
+        <translation>Proxy</translation>
     </message>
     <message>
         <source>&amp;Kind:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Type&#xa0;:</translation>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun</translation>
     </message>
     <message>
         <source>as the system says</source>
-        <translation type="unfinished"></translation>
+        <translation>celui du système</translation>
     </message>
     <message>
         <source>HTTP</source>
-        <translation type="unfinished"></translation>
+        <translation>HTTP</translation>
     </message>
     <message>
         <source>HTTP, for web pages only</source>
-        <translation type="unfinished"></translation>
+        <translation>HTTP, pour les pages web seulement</translation>
     </message>
     <message>
         <source>SOCKS 5</source>
-        <translation type="unfinished"></translation>
+        <translation>SOCKS 5</translation>
     </message>
     <message>
         <source>another (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>autre (%1)</translation>
     </message>
     <message>
         <source>&amp;Host:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hôte&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Port:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Port&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;User:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Utilisateur&#xa0;:</translation>
     </message>
     <message>
         <source>Pass&amp;word:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Mot de passe&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Test the connection</source>
-        <translation type="unfinished"></translation>
+        <translation>Te&amp;ster la connexion</translation>
     </message>
     <message>
         <source>The test was ended.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le test a été arrêté.</translation>
     </message>
     <message>
         <source>End the &amp;test</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrêter le te&amp;st</translation>
     </message>
     <message>
         <source>Asking the service ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Interrogation du service ...</translation>
     </message>
     <message>
         <source>Cache of channels and logos</source>
-        <translation type="unfinished"></translation>
+        <translation>Cache des chaînes et des logos</translation>
     </message>
     <message>
         <source>&amp;Limit:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Limite&#xa0;:</translation>
     </message>
     <message>
         <source> MiB</source>
-        <translation type="unfinished"></translation>
+        <translation> Mio</translation>
     </message>
     <message>
         <source>&amp;Empty the cache</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vider le cache</translation>
     </message>
     <message>
         <source>Removing ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Suppression ...</translation>
     </message>
     <message>
         <source>The cache is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le cache est vide.</translation>
     </message>
     <message>
         <source>Some files could not be removed; %1 are left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Certains fichiers n&apos;ont pas pu être supprimés&#xa0;; il reste %1.</translation>
     </message>
 </context>
 <context>
     <name>NewChannelDialog</name>
     <message>
         <source>New Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouvelle chaîne</translation>
     </message>
     <message>
         <source>Television</source>
-        <translation type="unfinished"></translation>
+        <translation>Télévision</translation>
     </message>
     <message>
         <source>Radio</source>
-        <translation type="unfinished"></translation>
+        <translation>Radio</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nom&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Adresse&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Kind:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Type&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Description:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Description&#xa0;:</translation>
     </message>
     <message>
         <source>Create</source>
-        <translation type="unfinished"></translation>
+        <translation>Créer</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>This is no address of the network: it begins with mms://, rtsp://, http:// or the like.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce n&apos;est pas une adresse réseau&#xa0;: celles-ci commencent par mms://, rtsp://, http:// ou similaire.</translation>
     </message>
     <message>
         <source>Other viewers can find the channel, too.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les autres spectateurs peuvent aussi trouver la chaîne.</translation>
     </message>
 </context>
 <context>
     <name>OpenStreamDialog</name>
     <message>
         <source>Open Video Stream</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir un flux vidéo</translation>
     </message>
     <message>
         <source>Address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>&amp;Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Adresse&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Forget all</source>
-        <translation type="unfinished"></translation>
+        <translation>Tout &amp;oublier</translation>
     </message>
     <message>
         <source>Forget the addresses that were opened before</source>
-        <translation type="unfinished"></translation>
+        <translation>Oublier les adresses ouvertes auparavant</translation>
     </message>
     <message>
         <source>Open &amp;beside</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir à &amp;côté</translation>
     </message>
     <message>
         <source>Beside what plays (Ctrl+Return)</source>
-        <translation type="unfinished"></translation>
+        <translation>À côté de la lecture en cours (Ctrl+Entrée)</translation>
     </message>
     <message>
         <source>&amp;Open</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouv&amp;rir</translation>
     </message>
     <message>
         <source>What the address is</source>
-        <translation type="unfinished"></translation>
+        <translation>Nature de l&apos;adresse</translation>
     </message>
 </context>
 <context>
     <name>PanelNotice</name>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Progression</translation>
     </message>
 </context>
 <context>
@@ -2097,65 +2148,65 @@ See you there!
     </message>
     <message>
         <source>Pages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pages</translation>
     </message>
     <message>
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>Général</translation>
     </message>
     <message>
         <source>Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Vidéo</translation>
     </message>
     <message>
         <source>Sound</source>
-        <translation type="unfinished"></translation>
+        <translation>Son</translation>
     </message>
     <message>
         <source>Network</source>
-        <translation type="unfinished"></translation>
+        <translation>Réseau</translation>
     </message>
     <message>
         <source>Account</source>
-        <translation type="unfinished"></translation>
+        <translation>Compte</translation>
     </message>
     <message>
         <source>Alerts</source>
-        <translation type="unfinished"></translation>
+        <translation>Alertes</translation>
     </message>
     <message>
         <source>Chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Chat</translation>
     </message>
     <message>
         <source>&amp;Defaults</source>
-        <translation type="unfinished"></translation>
+        <translation>Par &amp;défaut</translation>
     </message>
     <message>
         <source>This page as in a new installation</source>
-        <translation type="unfinished"></translation>
+        <translation>Cette page comme dans une nouvelle installation</translation>
     </message>
 </context>
 <context>
     <name>PreferencesPage</name>
     <message>
         <source>Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Résultat</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>streams of this kind cannot be recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>les flux de ce type ne peuvent pas être enregistrés</translation>
     </message>
     <message>
         <source>the disk is too slow</source>
-        <translation type="unfinished"></translation>
+        <translation>le disque est trop lent</translation>
     </message>
     <message>
         <source>%1 cannot be made</source>
-        <translation type="unfinished"></translation>
+        <translation>impossible de créer %1</translation>
     </message>
 </context>
 <context>
@@ -2163,14 +2214,15 @@ See you there!
     <message>
         <source>Error parsing channels
 Retrying...</source>
-        <translation type="unfinished"></translation>
+        <translation>Erreur d&apos;analyse des chaînes
+Nouvel essai...</translation>
     </message>
 </context>
 <context>
     <name>SignupDialog</name>
     <message>
         <source>Create Account</source>
-        <translation type="unfinished"></translation>
+        <translation>Créer un compte</translation>
     </message>
     <message>
         <source>&amp;Create Account</source>
@@ -2178,31 +2230,31 @@ Retrying...</source>
     </message>
     <message>
         <source>Password &amp;again:</source>
-        <translation type="unfinished"></translation>
+        <translation>Con&amp;firmation&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Send me news about programmes and channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Recevoir des &amp;nouvelles des programmes et des chaînes</translation>
     </message>
     <message>
         <source>Your e-mail address is your user name. It gets letters about your account and no others, unless you allow them here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre adresse e-mail est votre nom d&apos;utilisateur. Elle reçoit des messages concernant votre compte et aucun autre, sauf si vous l&apos;autorisez ici.</translation>
     </message>
     <message>
         <source>This is not an e-mail address yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce n&apos;est pas encore une adresse e-mail.</translation>
     </message>
     <message>
         <source>The password needs one more character.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il manque un caractère au mot de passe.</translation>
     </message>
     <message>
         <source>The password needs %1 more characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il manque %1 caractères au mot de passe.</translation>
     </message>
     <message>
         <source>The two passwords differ.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les deux mots de passe diffèrent.</translation>
     </message>
 </context>
 <context>
@@ -2224,141 +2276,141 @@ Retrying...</source>
     <name>SoapAllowedChannels</name>
     <message>
         <source>The answer of the service has no list of channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>La réponse du service ne contient pas de liste de chaînes.</translation>
     </message>
 </context>
 <context>
     <name>SoapReply</name>
     <message>
         <source>it is no answer to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ce n&apos;est pas une réponse à %1</translation>
     </message>
     <message>
         <source>The answer of the service cannot be read: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>La réponse du service est illisible&#xa0;: %1.</translation>
     </message>
     <message>
         <source>it has a document type</source>
-        <translation type="unfinished"></translation>
+        <translation>elle a un type de document</translation>
     </message>
     <message>
         <source>it has too many parts</source>
-        <translation type="unfinished"></translation>
+        <translation>elle a trop d&apos;éléments</translation>
     </message>
     <message>
         <source>The service reports a fault and does not say which.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service signale une erreur sans préciser laquelle.</translation>
     </message>
 </context>
 <context>
     <name>SoapRequest</name>
     <message>
         <source>The answer of the service is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>La réponse du service est vide.</translation>
     </message>
 </context>
 <context>
     <name>SoapService</name>
     <message>
         <source>The address of the service is not a web address.</source>
-        <translation type="unfinished"></translation>
+        <translation>L&apos;adresse du service n&apos;est pas une adresse web.</translation>
     </message>
     <message>
         <source>The service at %1 is not reached over a secure connection (https). What you entered could be read on the way, so it was not sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service sur %1 n&apos;est pas joint par une connexion sécurisée (https). Votre saisie pourrait être lue en chemin&#xa0;: elle n&apos;a donc pas été envoyée.</translation>
     </message>
 </context>
 <context>
     <name>SoapSignup</name>
     <message>
         <source>Error parsing response</source>
-        <translation type="unfinished"></translation>
+        <translation>Erreur d&apos;analyse de la réponse</translation>
     </message>
     <message>
         <source>The service made no account and does not say why.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service n&apos;a pas créé de compte et ne dit pas pourquoi.</translation>
     </message>
 </context>
 <context>
     <name>SoapTransport</name>
     <message>
         <source>The service did not answer in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service n&apos;a pas répondu à temps.</translation>
     </message>
     <message>
         <source>What you entered has a character that cannot be sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre saisie contient un caractère qui ne peut pas être envoyé.</translation>
     </message>
     <message>
         <source>The program is closing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le programme se ferme.</translation>
     </message>
     <message>
         <source>The answer of the service is too long.</source>
-        <translation type="unfinished"></translation>
+        <translation>La réponse du service est trop longue.</translation>
     </message>
     <message>
         <source>The service at %1 cannot prove who it is: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service sur %1 ne peut pas prouver son identité&#xa0;: %2</translation>
     </message>
     <message>
         <source>The service answered with the status %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service a répondu par le code d&apos;état %1.</translation>
     </message>
 </context>
 <context>
     <name>SoundPage</name>
     <message>
         <source>Device</source>
-        <translation type="unfinished"></translation>
+        <translation>Périphérique</translation>
     </message>
     <message>
         <source>&amp;Sound goes to:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sortie du son&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Play a test tone</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Jouer un son de test</translation>
     </message>
     <message>
         <source>Volume</source>
-        <translation type="unfinished"></translation>
+        <translation>Volume</translation>
     </message>
     <message>
         <source>&amp;Volume:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Volume&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Mute</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Muet</translation>
     </message>
     <message>
         <source>%1 (system)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (système)</translation>
     </message>
     <message>
         <source>%1 (not there now)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (absent actuellement)</translation>
     </message>
     <message>
         <source>Playing ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Lecture ...</translation>
     </message>
     <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le son a été joué. Si vous n&apos;avez rien entendu, vérifiez le volume du périphérique lui-même.</translation>
     </message>
     <message>
         <source>The tone was played where the system sends sound.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le son a été joué sur la sortie choisie par le système.</translation>
     </message>
     <message>
         <source>The device could not be opened. Another program may be using it alone.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le périphérique n&apos;a pas pu être ouvert. Un autre programme en a peut-être l&apos;usage exclusif.</translation>
     </message>
     <message>
         <source>The device was opened but played nothing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le périphérique a été ouvert mais n&apos;a rien joué.</translation>
     </message>
 </context>
 <context>
@@ -2372,43 +2424,43 @@ Retrying...</source>
     <name>SupportDialog</name>
     <message>
         <source>Support Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Informations d&apos;assistance</translation>
     </message>
     <message>
         <source>This is what helps the &amp;support to find out what is wrong. It has no passwords and no e-mail addresses. Read it, then give it to whom you like: nothing is sent from here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Voici ce qui aide l&apos;&amp;assistance à trouver le problème. Il n&apos;y a ni mots de passe ni adresses e-mail. Lisez-le, puis donnez-le à qui vous voulez&#xa0;: rien n&apos;est envoyé d&apos;ici.</translation>
     </message>
     <message>
         <source>Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Résultat</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copier</translation>
     </message>
     <message>
         <source>Save &amp;as ...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Enregistrer sous ...</translation>
     </message>
     <message>
         <source>Gathering ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Collecte ...</translation>
     </message>
     <message>
         <source>Copied.</source>
-        <translation type="unfinished"></translation>
+        <translation>Copié.</translation>
     </message>
     <message>
         <source>Save Support Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer les informations d&apos;assistance</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistré sous %1.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d&apos;écrire %1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -2426,80 +2478,80 @@ Retrying...</source>
     </message>
     <message>
         <source>&amp;Save as ...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Enregistrer sous ...</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;ffacer</translation>
     </message>
     <message>
         <source>&amp;Go from channel to channel and see whether each plays</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Passer d&apos;une chaîne à l&apos;autre et vérifier que chacune est lue</translation>
     </message>
     <message>
         <source> s</source>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>&amp;Time for each:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Durée par chaîne&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Play a sound when one fails</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Jouer un son en cas d&apos;échec</translation>
     </message>
     <message>
         <source>What was found out</source>
-        <translation type="unfinished"></translation>
+        <translation>Résultats</translation>
     </message>
     <message numerus="yes">
         <source>%n channel(s) tested</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n chaîne testée</numerusform>
+            <numerusform>%n chaînes testées</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n failed</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n échec</numerusform>
+            <numerusform>%n échecs</numerusform>
         </translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
     <message>
         <source>Save Test Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer les événements</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistré sous %1.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d&apos;écrire %1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
     <name>TestEventModel</name>
     <message>
         <source>It plays.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lecture OK.</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Heure</translation>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaîne</translation>
     </message>
     <message>
         <source>What</source>
-        <translation type="unfinished"></translation>
+        <translation>Événement</translation>
     </message>
 </context>
 <context>
@@ -2525,102 +2577,102 @@ Retrying...</source>
     <name>TutorialDialog</name>
     <message>
         <source>Tutorial</source>
-        <translation type="unfinished"></translation>
+        <translation>Tutoriel</translation>
     </message>
     <message>
         <source>Welcome</source>
-        <translation type="unfinished"></translation>
+        <translation>Bienvenue</translation>
     </message>
     <message>
         <source>Over the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Sur l&apos;image</translation>
     </message>
     <message>
         <source>Move the pointer over the picture, and the controls appear: volume, mute, previous and next channel, full screen. They go by themselves once the pointer rests.</source>
-        <translation type="unfinished"></translation>
+        <translation>Passez le pointeur sur l&apos;image et les commandes apparaissent&#xa0;: volume, muet, chaîne précédente et suivante, plein écran. Elles disparaissent d&apos;elles-mêmes dès que le pointeur s&apos;immobilise.</translation>
     </message>
     <message>
         <source>Several at once</source>
-        <translation type="unfinished"></translation>
+        <translation>Plusieurs à la fois</translation>
     </message>
     <message>
         <source>Hold Ctrl and click another channel to watch it beside the first. A click on a picture gives it the sound, and Ctrl with a click closes it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Maintenez Ctrl et cliquez sur une autre chaîne pour la regarder à côté de la première. Un clic sur une image lui donne le son, et Ctrl avec un clic la ferme.</translation>
     </message>
     <message>
         <source>Keep and find</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder et trouver</translation>
     </message>
     <message>
         <source>Record what plays, keep a picture of it, or turn the carousel to see all channels at once. All of it is in the menus, with its keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrez la chaîne, gardez-en une image ou tournez le carrousel pour voir toutes les chaînes à la fois. Tout est dans les menus, avec les touches.</translation>
     </message>
     <message>
         <source>Make it yours</source>
-        <translation type="unfinished"></translation>
+        <translation>À votre goût</translation>
     </message>
     <message>
         <source>Sign in to have your channels and settings wherever you are. The preferences change at once, and Help has a table of all keys. You find this tutorial there, too.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connectez-vous pour retrouver vos chaînes et vos réglages partout. Les préférences s&apos;appliquent aussitôt, et l&apos;aide contient un tableau de toutes les touches. Vous y trouverez aussi ce tutoriel.</translation>
     </message>
     <message>
         <source>&amp;Back</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Précédent</translation>
     </message>
     <message>
         <source>&amp;Next</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Suivant</translation>
     </message>
     <message>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Image</translation>
     </message>
     <message>
         <source>Page %1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Page %1 sur %2</translation>
     </message>
     <message>
         <source>&amp;Done</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Terminer</translation>
     </message>
     <message>
         <source>Ombravision plays live television from all over the world. The tab &quot;Channels&quot; has your channels, and &quot;Search&quot; finds more. Choose one, and it plays.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ombravision vous fait regarder la télévision en direct du monde entier. L&apos;onglet «&#xa0;Chaînes&#xa0;» contient vos chaînes, et «&#xa0;Recherche&#xa0;» en trouve d&apos;autres. Choisissez-en une, et la lecture commence.</translation>
     </message>
 </context>
 <context>
     <name>UpdateDialog</name>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Mise à jour</translation>
     </message>
     <message>
         <source>You must install the critical update to version %1 before you can sign in again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vous devez installer la mise à jour critique vers la version %1 avant de pouvoir vous reconnecter.</translation>
     </message>
     <message>
         <source>Version %1 of Ombravision is available.</source>
-        <translation type="unfinished"></translation>
+        <translation>La version %1 d&apos;Ombravision est disponible.</translation>
     </message>
     <message>
         <source>It can be downloaded from %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Elle peut être téléchargée sur %1.</translation>
     </message>
     <message>
         <source>The service names no safe address to download it from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service n&apos;indique aucune adresse sûre pour la télécharger.</translation>
     </message>
     <message>
         <source>MD5 sum of the file: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Somme MD5 du fichier&#xa0;: %1</translation>
     </message>
     <message>
         <source>&amp;Download</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Télécharger</translation>
     </message>
     <message>
         <source>What is new</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouveautés</translation>
     </message>
 </context>
 <context>
@@ -2631,193 +2683,193 @@ Retrying...</source>
     </message>
     <message>
         <source>Cha&amp;nnel:</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;haîne&#xa0;:</translation>
     </message>
     <message>
         <source>Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse&#xa0;:</translation>
     </message>
     <message>
         <source>Transport:</source>
-        <translation type="unfinished"></translation>
+        <translation>Transport&#xa0;:</translation>
     </message>
     <message>
         <source>Picture:</source>
-        <translation type="unfinished"></translation>
+        <translation>Image&#xa0;:</translation>
     </message>
     <message>
         <source>Sound:</source>
-        <translation type="unfinished"></translation>
+        <translation>Son&#xa0;:</translation>
     </message>
     <message>
         <source>Pictures:</source>
-        <translation type="unfinished"></translation>
+        <translation>Images&#xa0;:</translation>
     </message>
     <message>
         <source>Packets lost:</source>
-        <translation type="unfinished"></translation>
+        <translation>Paquets perdus&#xa0;:</translation>
     </message>
     <message>
         <source>Buffer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Tampon&#xa0;:</translation>
     </message>
     <message>
         <source>Bit rate:</source>
-        <translation type="unfinished"></translation>
+        <translation>Débit&#xa0;:</translation>
     </message>
     <message>
         <source>Offset of the sound:</source>
-        <translation type="unfinished"></translation>
+        <translation>Décalage du son&#xa0;:</translation>
     </message>
     <message>
         <source>Time:</source>
-        <translation type="unfinished"></translation>
+        <translation>Temps&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copier</translation>
     </message>
     <message>
         <source>%1, %2 x %3, %4 per second</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2 x %3, %4 par seconde</translation>
     </message>
     <message numerus="yes">
         <source>%1, %2 Hz, %n channel(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1, %2&#xa0;Hz, %n canal</numerusform>
+            <numerusform>%1, %2&#xa0;Hz, %n canaux</numerusform>
         </translation>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun</translation>
     </message>
     <message>
         <source>%1 ms before the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;ms avant l&apos;image</translation>
     </message>
     <message>
         <source>%1 ms after the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;ms après l&apos;image</translation>
     </message>
     <message>
         <source>No open channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune chaîne ouverte</translation>
     </message>
     <message>
         <source>%1 shown, %2 dropped</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 affichées, %2 ignorées</translation>
     </message>
     <message>
         <source>%1 of the picture, %2 of the sound</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pour l&apos;image, %2 pour le son</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sur %2</translation>
     </message>
     <message>
         <source>%1 kbit/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;kbit/s</translation>
     </message>
     <message>
         <source>%1 of %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sur %2&#xa0;s</translation>
     </message>
     <message>
         <source>%1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;s</translation>
     </message>
 </context>
 <context>
     <name>VideoPage</name>
     <message>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Image</translation>
     </message>
     <message>
         <source>&amp;Size of the picture:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Taille de l&apos;image&#xa0;:</translation>
     </message>
     <message>
         <source>as large as fits</source>
-        <translation type="unfinished"></translation>
+        <translation>ajustée à la fenêtre</translation>
     </message>
     <message>
         <source>fills the window, cut off at the edges</source>
-        <translation type="unfinished"></translation>
+        <translation>remplit la fenêtre, bords coupés</translation>
     </message>
     <message>
         <source>stretched to the window</source>
-        <translation type="unfinished"></translation>
+        <translation>étirée à la fenêtre</translation>
     </message>
     <message>
         <source>half its own size</source>
-        <translation type="unfinished"></translation>
+        <translation>demi-taille</translation>
     </message>
     <message>
         <source>its own size</source>
-        <translation type="unfinished"></translation>
+        <translation>taille réelle</translation>
     </message>
     <message>
         <source>twice its own size</source>
-        <translation type="unfinished"></translation>
+        <translation>double taille</translation>
     </message>
     <message>
         <source>Smooth the &amp;edges of what is drawn (antialiasing)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Lisser les contours des tracés (anticrénelage)</translation>
     </message>
     <message>
         <source>Graphics card</source>
-        <translation type="unfinished"></translation>
+        <translation>Carte graphique</translation>
     </message>
     <message>
         <source>&amp;Convert colours on the graphics card</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Convertir les couleurs sur la carte graphique</translation>
     </message>
     <message>
         <source>&amp;By means of:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Méthode&#xa0;:</translation>
     </message>
     <message>
         <source>the best that the driver offers</source>
-        <translation type="unfinished"></translation>
+        <translation>la meilleure qu&apos;offre le pilote</translation>
     </message>
     <message>
         <source>a shader</source>
-        <translation type="unfinished"></translation>
+        <translation>un shader</translation>
     </message>
     <message>
         <source>a fragment program</source>
-        <translation type="unfinished"></translation>
+        <translation>un programme de fragments</translation>
     </message>
     <message>
         <source>the processor</source>
-        <translation type="unfinished"></translation>
+        <translation>le processeur</translation>
     </message>
     <message>
         <source>&amp;Pictures reach the screen by:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Affichage des images par&#xa0;:</translation>
     </message>
     <message>
         <source>what is fastest here</source>
-        <translation type="unfinished"></translation>
+        <translation>le plus rapide ici</translation>
     </message>
     <message>
         <source>OpenGL</source>
-        <translation type="unfinished"></translation>
+        <translation>OpenGL</translation>
     </message>
     <message>
         <source>shared memory</source>
-        <translation type="unfinished"></translation>
+        <translation>mémoire partagée</translation>
     </message>
     <message>
         <source>Changes other than the size open the channels that play again, which takes a moment.</source>
-        <translation type="unfinished"></translation>
+        <translation>Toute modification autre que la taille rouvre les chaînes en cours de lecture, ce qui prend un instant.</translation>
     </message>
     <message>
         <source>De&amp;interlace pictures that are made of two fields</source>
-        <translation type="unfinished"></translation>
+        <translation>Désentrelacer les &amp;images à deux trames</translation>
     </message>
 </context>
 <context>
@@ -2828,7 +2880,7 @@ Retrying...</source>
     </message>
     <message>
         <source>Click on its icon to go on watching. Exit in its menu ends the program.</source>
-        <translation>Cliquez sur son icône pour continuer à regarder. « Quitter » dans son menu ferme le programme.</translation>
+        <translation>Cliquez sur son icône pour continuer à regarder. «&#xa0;Quitter&#xa0;» dans son menu ferme le programme.</translation>
     </message>
     <message>
         <source>The screenshot could not be saved in %1</source>
@@ -2859,7 +2911,7 @@ Retrying...</source>
     </message>
     <message>
         <source>%1 (volume %2 %)</source>
-        <translation>%1 (volume %2 %)</translation>
+        <translation>%1 (volume %2&#xa0;%)</translation>
     </message>
     <message>
         <source>Channels</source>
@@ -2917,7 +2969,7 @@ Retrying...</source>
     </message>
     <message>
         <source>&amp;View</source>
-        <translation>&amp;Affichage</translation>
+        <translation>Afficha&amp;ge</translation>
     </message>
     <message>
         <source>Draw Mode</source>
@@ -2951,7 +3003,7 @@ Retrying...</source>
     <name>WindowZoom</name>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,7 @@
 #include "ChannelDescriptionProvider.h"
 
+#include <QPointer>
+
 void ChannelDescriptionProvider::updated()
 {
     emit channelsUpdated();
@@ -8,4 +10,11 @@ void ChannelDescriptionProvider::updated()
 void ChannelDescriptionProvider::logoUpdated(ChannelDescription description)
 {
     emit channelLogoUpdated(description);
+}
+
+void ChannelDescriptionProvider::logosUpdated(QList<ChannelDescription> const& descriptions)
+{
+    QPointer<ChannelDescriptionProvider> const self(this);
+    for (auto description = descriptions.cbegin(); self && description != descriptions.cend(); ++description)
+        logoUpdated(*description);
 }

@@ -2,6 +2,7 @@
 
 #include "ChannelDescription.h"
 
+#include <QList>
 #include <QObject>
 
 /// Turns a source of channels into a list of their descriptions, and says when the list or a logo has changed.
@@ -27,7 +28,8 @@ public:
     virtual void stop() = 0;
 
     /// Deletes this, which nobody owns but perhaps a parent, later: when nothing that it has begun on another thread
-    /// runs any more.
+    /// runs any more. A dialog that a slot of its signals has opened may see it go: after a signal it touches nothing
+    /// of itself, or asks whether it is still there.
     virtual void retire() { deleteLater(); }
 
 public slots:
@@ -39,6 +41,10 @@ public slots:
 
     /// Emits channelLogoUpdated().
     virtual void logoUpdated(ChannelDescription description);
+
+protected:
+    /// The same for one after the other.
+    void logosUpdated(QList<ChannelDescription> const& descriptions);
 
 signals:
     void channelsUpdated();

@@ -18,7 +18,8 @@ public:
     QByteArray const& last() const { return _last; }
 
 private:
-    static void take(void* context, int level, char const* format, std::va_list arguments);
+    static void take(void* context, int level, char const* format, std::va_list arguments)
+        __attribute__((format(printf, 3, 0)));
 
     QByteArray _last;
 };

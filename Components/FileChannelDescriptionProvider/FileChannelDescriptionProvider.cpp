@@ -92,8 +92,8 @@ void FileChannelDescriptionProvider::load()
             channel.setLogo(old.logo());
         ids.append(channel.id());
     }
-    publish(channels, reading);
     queueLogos(ids);
+    publish(channels, reading);
 }
 
 /// The channels without their logos. Any thread.
@@ -103,7 +103,7 @@ QList<ChannelDescription> FileChannelDescriptionProvider::parse() const
     QFile file(_file);
     if (!file.open(QIODevice::ReadOnly)) {
         LOG_ERROR("%s: %s", qPrintable(_file), qPrintable(file.errorString()));
-        throw std::logic_error("Couldn't open channel file.");
+        throw std::logic_error(QT_TRANSLATE_NOOP("ChannelFeed", "Couldn't open channel file."));
     }
     QByteArray const xml = file.read(maximumFileBytes);
     file.close();
@@ -111,7 +111,7 @@ QList<ChannelDescription> FileChannelDescriptionProvider::parse() const
     if (!result.error.isEmpty())
         LOG_ERROR("%s: %s", qPrintable(_file), qPrintable(result.error));
     if (!result.error.isEmpty() && !result.hasBegun)
-        throw std::logic_error("Error parsing channel file.");
+        throw std::logic_error(QT_TRANSLATE_NOOP("ChannelFeed", "Error parsing channel file."));
     return result.channels;
 }
 
@@ -186,6 +186,5 @@ void FileChannelDescriptionProvider::setLogos(Logos const& logos)
             changed.append(channel);
         }
     }
-    for (ChannelDescription const& channel : std::as_const(changed))
-        logoUpdated(channel);
+    logosUpdated(changed);
 }

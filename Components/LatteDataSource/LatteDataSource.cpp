@@ -157,6 +157,8 @@ void LatteDataSource::onLatteBytesReady(LatteClient* client)
         return;
     UriScheme const scheme = client->uri().scheme();
     bool const startsAtOnce = scheme == UriScheme("mms") || scheme == UriScheme("http");
+    if (_dataBuffer.isEmpty() && !isExhausted())
+        return; // The header alone, after a reset: an attempt would fail, and the next would be late.
     if (startsAtOnce || _dataBuffer.size() >= minimumBufferedBytes)
         tryOpen();
     else if (isExhausted()) {

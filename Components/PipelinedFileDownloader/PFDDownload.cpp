@@ -42,23 +42,44 @@ void PFDDownload::read()
     constexpr int ok = 200;
     _isReadPosted = false;
     QByteArray const bytes = _reply->readAll();
-    if (!_failure.isEmpty() || statusCode() != ok || !open())
+    if (!_failure.isEmpty() || statusCode() != ok)
         return;
-    if (_file.size() + bytes.size() > maximumBytes) {
+    if (_size + bytes.size() > maximumBytes) {
         abort(QStringLiteral("the object is too large"));
-    } else if (_file.write(bytes) != bytes.size() || !_file.flush()) {
+    } else if (!write(bytes)) {
         LOG_ERROR("Could not write bytes to file %s. Aborting download.", qPrintable(_object.destination));
         abort(_file.errorString());
     }
 }
 
-bool PFDDownload::open()
+bool PFDDownload::write(QByteArray const& bytes)
 {
-    if (_file.isOpen() || _file.open(QIODevice::WriteOnly))
-        return true;
-    LOG_ERROR("Could not open destination file %s for writing. Aborting download.", qPrintable(_object.destination));
-    abort(_file.errorString());
-    return false;
+    // Without a buffer of its own: what it could not write is not written later either.
+    constexpr auto mode = QIODevice::ReadWrite | QIODevice::Truncate | QIODevice::Unbuffered;
+    bool const isWritten = !_isInMemory && (_file.isOpen() || _file.open(mode)) && _file.write(bytes) == bytes.size();
+    if (!isWritten) {
+        if (!_isInMemory && !moveToMemory())
+            return false;
+        _memory.append(bytes);
+    }
+    _size += bytes.size();
+    return true;
+}
+
+/// Takes what has been written so far back from the file, which goes. False when it cannot be read.
+bool PFDDownload::moveToMemory()
+{
+    LOG_WARNING("%s cannot be written: %s. What comes is kept in memory.", qPrintable(_object.destination),
+                qPrintable(_file.errorString()));
+    if (_file.isOpen()) {
+        if (_size > 0)
+            _memory = _file.seek(0) ? _file.read(_size) : QByteArray();
+        if (_memory.size() != _size)
+            return false;
+        close(false);
+    }
+    _isInMemory = true;
+    return true;
 }
 
 void PFDDownload::abort(QString const& reason)

@@ -2,6 +2,7 @@
 
 #include "DownloadableObject.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QObject>
 #include <QString>
@@ -11,7 +12,8 @@ class MemoQueue;
 class PipelinedFileDownloader;
 class QNetworkReply;
 
-/// One object on its way from the network into its file. Lives on the thread of the memo queue; what the reply
+/// One object on its way from the network into its file, or into memory where the file cannot be written: a disk that
+/// is full or protected keeps nobody from what comes. Lives on the thread of the memo queue; what the reply
 /// signals becomes memos, so that it reaches the downloader only as long as that exists.
 class PFDDownload : public QObject
 {
@@ -33,8 +35,7 @@ public:
     /// The status of the reply; 0 when there is none.
     int statusCode() const;
 
-    /// Writes what has come to the file, if it is what was asked for, and otherwise drops it. A failure ends the
-    /// reply.
+    /// Keeps what has come, if it is what was asked for, and otherwise drops it. A failure ends the reply.
     void read();
 
     /// Gives up, for a reason in words.
@@ -42,6 +43,10 @@ public:
 
     /// Closes the file; one that is not wanted is removed.
     void close(bool isWanted);
+
+    /// Whether what has come is in memory, and not in the file.
+    bool isInMemory() const { return _isInMemory; }
+    QByteArray const& bytesInMemory() const { return _memory; }
 
     /// Why this end was made; empty when it was not from here.
     QString failure() const { return _failure; }
@@ -51,7 +56,8 @@ public slots:
     void onFinished();
 
 private:
-    bool open();
+    bool write(QByteArray const& bytes);
+    bool moveToMemory();
 
     static Logger* log;
 
@@ -62,6 +68,9 @@ private:
     QNetworkReply* const _reply;
     qint64 const _msStarted;
     QFile _file;
+    qint64 _size = 0; ///< Of what has come, in bytes.
+    bool _isInMemory = false;
+    QByteArray _memory;
     QString _failure;
     bool _isReadPosted = false;
 };

@@ -194,7 +194,7 @@ void PipelinedFileDownloader::report(PFDDownload& download, int statusCode)
     Uri const uri = download.object().uri;
     QNetworkReply const& reply = *download.reply();
     bool const isWhole = reply.error() == QNetworkReply::NoError && download.failure().isEmpty();
-    download.close(isWhole && statusCode == ok);
+    download.close(isWhole && statusCode == ok && !download.isInMemory());
     if (statusCode != 0 && statusCode != ok && statusCode != notModified && download.failure().isEmpty()) {
         LOG_WARNING("HTTP error while downloading %s", qPrintable(uri.toString()));
         emit error(uri, QString("HTTP error %1").arg(statusCode));
@@ -207,7 +207,10 @@ void PipelinedFileDownloader::report(PFDDownload& download, int statusCode)
         emit unmodified(uri, lastModifiedOf(reply), maxAgeSecondsOf(reply));
     } else {
         LOG_DEBUG("Successfully downloaded %s", qPrintable(uri.toString()));
-        emit downloaded(uri, download.object().destination, lastModifiedOf(reply), maxAgeSecondsOf(reply));
+        if (download.isInMemory())
+            emit downloadedToMemory(uri, download.bytesInMemory(), lastModifiedOf(reply), maxAgeSecondsOf(reply));
+        else
+            emit downloaded(uri, download.object().destination, lastModifiedOf(reply), maxAgeSecondsOf(reply));
     }
 }
 

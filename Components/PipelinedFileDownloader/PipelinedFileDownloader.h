@@ -58,6 +58,8 @@ signals:
 
     /// The date is not valid if the server told none; the age is the number of seconds that it allows.
     void downloaded(Uri uri, QString destination, QDateTime lastModified, int maxAgeSeconds);
+    /// Likewise, where the file could not be written.
+    void downloadedToMemory(Uri uri, QByteArray content, QDateTime lastModified, int maxAgeSeconds);
     void unmodified(Uri uri, QDateTime lastModified, int maxAgeSeconds);
 
 private:

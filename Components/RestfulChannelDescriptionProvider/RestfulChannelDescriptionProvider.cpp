@@ -11,6 +11,7 @@
 #include "WebCache.h"
 
 #include <QNetworkAccessManager>
+#include <QPointer>
 
 #include <utility>
 
@@ -115,12 +116,15 @@ void RestfulChannelDescriptionProvider::start()
     int const count = static_cast<int>(_published.channels().size());
     QSet<Uri> const logos = _directory.logos();
     locker.unlock();
+    QPointer<QObject> const self(this);
     if (wasResetPending) {
         LOG_INFO("Doing immediate model reset (was pending)...");
         LOG_INFO("%d channels loaded.", count);
         updated();
     }
-    watchDocument();
+    if (!self)
+        return;
+    _webCache->watch(_channelsUri, {&ChannelDocumentReader::faultOf, true});
     for (Uri const& logo : logos)
         _webCache->watch(logo, {&BoundedImage::faultOf});
 }
@@ -158,25 +162,8 @@ void RestfulChannelDescriptionProvider::refresh()
         QMutexLocker posted(&provider._mutex);
         provider._isRefreshPosted = false;
         posted.unlock();
-        if (provider._webCache->isAvailable(provider._channelsUri))
-            provider.readCachedDocument();
-        else
-            provider.later([&provider] { provider.fetchAnew(); });
+        provider.readCachedDocument(); // One that is missing is the cache's to fetch, less and less often.
     });
-}
-
-/// The cache may be about to fetch the document after a long while.
-void RestfulChannelDescriptionProvider::fetchAnew()
-{
-    if (QMutexLocker const locker(&_mutex); !_isRunning)
-        return;
-    _webCache->ignore(_channelsUri);
-    watchDocument();
-}
-
-void RestfulChannelDescriptionProvider::watchDocument()
-{
-    _webCache->watch(_channelsUri, {&ChannelDocumentReader::faultOf, true});
 }
 
 void RestfulChannelDescriptionProvider::takeLogo(Uri const& logo, QImage const& image)
@@ -186,8 +173,7 @@ void RestfulChannelDescriptionProvider::takeLogo(Uri const& logo, QImage const& 
     _directory.setLogo(logo, image);
     QList<ChannelDescription> const changed = _published.setLogo(logo, image);
     locker.unlock();
-    for (ChannelDescription const& channel : changed)
-        logoUpdated(channel);
+    logosUpdated(changed);
 }
 
 void RestfulChannelDescriptionProvider::onDirectoryTaken()
@@ -248,7 +234,10 @@ void RestfulChannelDescriptionProvider::parseAllowedChannels()
     _isResetPending = !isRunning;
     locker.unlock();
     _lastPublished = _dateTimeBuilder->currentDateTime();
+    QPointer<QObject> const self(this);
     emit allowedChannelsLoaded(_ipAddress, _countryId, _confidenceFactor, _defaultChannel);
+    if (!self)
+        return;
     if (isRunning) {
         LOG_INFO("Resetting model now.");
         updated();

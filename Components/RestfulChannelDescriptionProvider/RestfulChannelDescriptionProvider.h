@@ -111,8 +111,6 @@ private:
     bool isMissingLogo(Uri const& uri) const;
 
     // On this object's thread.
-    void watchDocument();
-    void fetchAnew();
     void onDirectoryTaken();
     void takeLogo(Uri const& logo, QImage const& image);
     void parseAllowedChannels();

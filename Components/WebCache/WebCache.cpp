@@ -56,6 +56,12 @@ void WebCache::followDownloader()
         },
         Qt::DirectConnection);
     connect(
+        _downloader, &Downloader::downloadedToMemory, this,
+        [post](Uri const& uri, QByteArray const& content, QDateTime const& lastModified, int maxAge) {
+            post([=](WebCache& cache) { cache.onDownloadedToMemory(uri, content, lastModified, maxAge); });
+        },
+        Qt::DirectConnection);
+    connect(
         _downloader, &Downloader::unmodified, this,
         [post](Uri const& uri, QDateTime const& lastModified, int maxAge) {
             post([=](WebCache& cache) { cache.onUnmodified(uri, lastModified, maxAge); });
@@ -245,7 +251,8 @@ void WebCache::scheduleRetry(Uri const& uri, bool isNetworkAtFault)
     if (entry == _entries.end())
         return;
     int const failures = entry->failures++;
-    bool const isSoon = entry->isForced || (isNetworkAtFault && !entry->isAvailable);
+    bool const isMissed = !entry->isAvailable && (isNetworkAtFault || entry->interest.isUrgent);
+    bool const isSoon = entry->isForced || isMissed;
     locker.unlock();
     if (isSoon)
         schedule(uri, _schedule.growingDelay(failures, FirstRetryMs, MinRefreshMs));
@@ -279,8 +286,10 @@ void WebCache::download(Uri const& uri)
     bool const isUrgent = entry->interest.isUrgent;
     locker.unlock();
     LOG_DEBUG("Downloading %s", qPrintable(uri.toString()));
-    QDateTime const lastModified = isForced ? QDateTime() : _directory.lastUpdated(uri);
-    if (!_directory.create() ||
-        !_downloader->downloadFile(uri, _directory.tempDataFilePath(uri), lastModified, isUrgent))
+    // What is held in memory only is asked for anew: the disk may take it by now.
+    bool const isWhole = isForced || _directory.isHeld(uri);
+    QDateTime const lastModified = isWhole ? QDateTime() : _directory.lastUpdated(uri);
+    _directory.create(); // Where it cannot be made, what comes is held.
+    if (!_downloader->downloadFile(uri, _directory.tempDataFilePath(uri), lastModified, isUrgent))
         onError(uri, QStringLiteral("Could not start download."));
 }

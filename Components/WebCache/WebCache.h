@@ -14,6 +14,7 @@
 #include <QSet>
 
 #include <atomic>
+#include <functional>
 
 class Logger;
 class MemoQueue;
@@ -110,6 +111,8 @@ public slots:
     /// How a download ended. On the queue's thread.
     void onError(Uri const& uri, QString const& text);
     void onDownloaded(Uri const& uri, QString const& path, QDateTime const& lastModified, int maxAgeSeconds);
+    void onDownloadedToMemory(Uri const& uri, QByteArray const& content, QDateTime const& lastModified,
+                              int maxAgeSeconds);
     void onUnmodified(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds);
 
 private:
@@ -118,7 +121,8 @@ private:
     void dropUnwanted();
     void lookAt(Uri const& uri);
     void download(Uri const& uri);
-    bool accept(Uri const& uri, QString const& path);
+    bool accept(Uri const& uri, std::function<QByteArray()> const& read);
+    void onCopied(Uri const& uri, bool hasChanged, QDateTime const& lastModified, int maxAgeSeconds);
     void touchUri(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds);
     bool schedule(Uri const& uri, qint64 ms);
     void scheduleUpdateWithinLimits(Uri const& uri, qint64 ms);
@@ -132,7 +136,7 @@ private:
     PipelinedFileDownloader* const _downloader;
     RandomGenerator* const _randomGenerator;
     MemoQueue* const _queue;
-    WebCacheDirectory const _directory;
+    WebCacheDirectory _directory;
     WebCacheSchedule _schedule;
     std::atomic<qint64> _limit{DefaultLimit};
 

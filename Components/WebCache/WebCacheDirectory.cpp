@@ -83,8 +83,34 @@ std::optional<WebCacheInfo> WebCacheDirectory::info(Uri const& uri) const
     return info;
 }
 
+std::optional<WebCacheDirectory::Held> WebCacheDirectory::held(Uri const& uri) const
+{
+    QMutexLocker const locker(&_mutex);
+    auto const found = _held.constFind(uri);
+    return found == _held.cend() ? std::nullopt : std::optional(*found);
+}
+
+bool WebCacheDirectory::hold(Uri const& uri, QByteArray const& content)
+{
+    QMutexLocker const locker(&_mutex);
+    qint64 const bytes = _bytesHeld - _held.value(uri).content.size() + content.size();
+    if (bytes > maximumBytesHeld)
+        return false;
+    _bytesHeld = bytes;
+    _held[uri].content = content;
+    return true;
+}
+
+void WebCacheDirectory::letGo(Uri const& uri)
+{
+    QMutexLocker const locker(&_mutex);
+    _bytesHeld -= _held.take(uri).content.size();
+}
+
 bool WebCacheDirectory::isAvailable(Uri const& uri) const
 {
+    if (isHeld(uri))
+        return true;
     if (!QFileInfo(dataFilePath(uri)).isFile())
         return false;
     std::optional<WebCacheInfo> const known = info(uri);
@@ -97,6 +123,8 @@ bool WebCacheDirectory::isAvailable(Uri const& uri) const
 
 QByteArray WebCacheDirectory::content(Uri const& uri) const
 {
+    if (std::optional<Held> const copy = held(uri))
+        return copy->content;
     QFile file(dataFilePath(uri));
     if (!isAvailable(uri) || !file.open(QIODevice::ReadOnly) || file.size() > PFDDownload::maximumBytes)
         return {};
@@ -105,11 +133,15 @@ QByteArray WebCacheDirectory::content(Uri const& uri) const
 
 qint64 WebCacheDirectory::contentLength(Uri const& uri) const
 {
+    if (std::optional<Held> const copy = held(uri))
+        return copy->content.size();
     return isAvailable(uri) ? QFileInfo(dataFilePath(uri)).size() : 0;
 }
 
 QDateTime WebCacheDirectory::lastUpdated(Uri const& uri) const
 {
+    if (std::optional<Held> const copy = held(uri))
+        return copy->lastModified;
     if (!isAvailable(uri))
         return {};
     if (std::optional<WebCacheInfo> const known = info(uri); known && known->lastModified.isValid())
@@ -140,7 +172,7 @@ bool WebCacheDirectory::hasContentOf(Uri const& uri, QString const& path) const
     constexpr qint64 pieceBytes = 64 << 10;
     QFile mine(dataFilePath(uri));
     QFile other(path);
-    if (!isAvailable(uri) || !mine.open(QIODevice::ReadOnly) || !other.open(QIODevice::ReadOnly) ||
+    if (isHeld(uri) || !isAvailable(uri) || !mine.open(QIODevice::ReadOnly) || !other.open(QIODevice::ReadOnly) ||
         mine.size() != other.size())
         return false;
     while (!mine.atEnd()) {
@@ -151,22 +183,31 @@ bool WebCacheDirectory::hasContentOf(Uri const& uri, QString const& path) const
     return true;
 }
 
-bool WebCacheDirectory::replaceData(Uri const& uri, QString const& path) const
+bool WebCacheDirectory::replaceData(Uri const& uri, QString const& path)
 {
     QByteArray const from = QFile::encodeName(path);
     QByteArray const to = QFile::encodeName(dataFilePath(uri));
     if (synchronise(path) && std::rename(from.constData(), to.constData()) == 0) {
         synchronise(_path);
+        letGo(uri);
         return true;
     }
     LOG_ERROR("%s cannot be put in the place of %s: %s.", from.constData(), to.constData(),
               qPrintable(qt_error_string(errno)));
-    QFile::remove(path);
-    return false;
+    QFile file(path);
+    bool const isHeldNow = file.open(QIODevice::ReadOnly) && hold(uri, file.readAll());
+    file.remove();
+    return isHeldNow;
 }
 
-bool WebCacheDirectory::writeInfo(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds) const
+bool WebCacheDirectory::writeInfo(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds)
 {
+    QMutexLocker locker(&_mutex);
+    if (auto const copy = _held.find(uri); copy != _held.end()) {
+        copy->lastModified = lastModified.isValid() ? lastModified : QDateTime::currentDateTimeUtc();
+        return true;
+    }
+    locker.unlock();
     WebCacheInfo const known{lastModified, QDateTime::currentSecsSinceEpoch() + maxAgeSeconds, uri.toString()};
     QSaveFile file(infoFilePath(uri)); // Which synchronises it, too.
     QByteArray const xml = known.toXml();

@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QHash>
+#include <QMutex>
 #include <QSet>
 #include <QString>
 
@@ -12,12 +14,15 @@ class Logger;
 
 /// The files of a WebCache: for each address one with the data and one with what is known about it, named after the
 /// MD5 of the address. Both are replaced at once, so that whoever reads finds the old or the new. What is broken is
-/// never taken for what it should be, and a failure leaves what was there.
+/// never taken for what it should be, and a failure leaves what was there. What the disk does not take is held in
+/// memory, as a copy like the others, until it can be written or the program ends.
 ///
 /// Any thread reads; one writes. Another process may use the same directory.
 class WebCacheDirectory
 {
 public:
+    static constexpr qint64 maximumBytesHeld = qint64{32} << 20;
+
     explicit WebCacheDirectory(QString const& path);
 
     /// In hexadecimal, lower case.
@@ -44,15 +49,19 @@ public:
     /// Makes the directory if need be; false when it is not there then.
     bool create() const;
 
-    /// Whether the file is the same as the copy, byte for byte.
+    /// Whether the file is the same as the copy on the disk, byte for byte.
     bool hasContentOf(Uri const& uri, QString const& path) const;
 
-    /// Makes the file the copy: it is on the disk before the old one goes. False with the reason in the log; the
-    /// file is gone either way.
-    bool replaceData(Uri const& uri, QString const& path) const;
+    /// Makes the file the copy: it is on the disk before the old one goes, or else held. False with the reason in the
+    /// log; the file is gone either way.
+    bool replaceData(Uri const& uri, QString const& path);
+
+    /// Makes this the copy, without the disk. False when that would be more than may be held.
+    bool hold(Uri const& uri, QByteArray const& content);
+    bool isHeld(Uri const& uri) const { return held(uri).has_value(); }
 
     /// Likewise writes what is known about the copy; that it was used now is known from then on.
-    bool writeInfo(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds) const;
+    bool writeInfo(Uri const& uri, QDateTime const& lastModified, int maxAgeSeconds);
 
     /// Bytes of all files.
     qint64 size() const;
@@ -62,10 +71,21 @@ public:
     qint64 trim(qint64 maximumBytes) const;
 
 private:
+    struct Held {
+        QByteArray content;
+        QDateTime lastModified;
+    };
+
     QString filePath(Uri const& uri, char const* ending) const;
     std::optional<WebCacheInfo> info(Uri const& uri) const;
+    std::optional<Held> held(Uri const& uri) const;
+    void letGo(Uri const& uri);
 
     static Logger* log;
 
     QString const _path;
+
+    mutable QMutex _mutex; ///< Guards the two below. A leaf.
+    QHash<Uri, Held> _held;
+    qint64 _bytesHeld = 0;
 };

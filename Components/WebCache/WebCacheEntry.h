@@ -10,7 +10,7 @@ struct WebCacheInterest {
     using Check = QString (*)(QByteArray const& content);
 
     Check check = nullptr; ///< Null takes all.
-    bool isUrgent = false; ///< Fetched before others of the same server.
+    bool isUrgent = false; ///< Fetched before others of the same server; soon again while there is none.
 };
 
 /// What a WebCache knows of an address that is watched. A value.

@@ -32,8 +32,14 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
 {
     LOG_DEBUG("Downloaded %s to %s. Last modified %s. Max. age is %d seconds.", qPrintable(uri.toString()),
               qPrintable(path), qPrintable(lastModified.toString(Qt::ISODate)), maxAgeSeconds);
-    if (!accept(uri, path))
+    auto const read = [&path] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    if (!accept(uri, read)) {
+        QFile::remove(path);
         return;
+    }
     bool const isSame = _directory.hasContentOf(uri, path);
     qint64 const bytes = QFileInfo(path).size();
     if (isSame) {
@@ -46,6 +52,27 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
             return;
         }
     }
+    onCopied(uri, !isSame, lastModified, maxAgeSeconds);
+    keepWithinLimit(isSame ? 0 : bytes);
+}
+
+/// The disk did not take it.
+void WebCache::onDownloadedToMemory(Uri const& uri, QByteArray const& content, QDateTime const& lastModified,
+                                    int maxAgeSeconds)
+{
+    if (!accept(uri, [&content] { return content; }))
+        return;
+    bool const isSame = _directory.isAvailable(uri) && _directory.content(uri) == content;
+    if (!isSame && !_directory.hold(uri, content)) {
+        onError(uri, QStringLiteral("Could not write the copy."));
+        return;
+    }
+    onCopied(uri, !isSame, lastModified, maxAgeSeconds);
+}
+
+/// The copy is what was fetched.
+void WebCache::onCopied(Uri const& uri, bool hasChanged, QDateTime const& lastModified, int maxAgeSeconds)
+{
     touchUri(uri, lastModified, maxAgeSeconds);
     LOG_DEBUG("Cached %s", qPrintable(uri.toString()));
     QMutexLocker locker(&_mutex);
@@ -63,34 +90,28 @@ void WebCache::onDownloaded(Uri const& uri, QString const& path, QDateTime const
     if (isFirst)
         emit available(uri, lastUpdate);
     if (isWatched) {
-        emit updated(uri, !isSame, lastUpdate);
+        emit updated(uri, hasChanged, lastUpdate);
         scheduleNext(uri, maxAgeSeconds, isOverdue);
     }
-    keepWithinLimit(isSame ? 0 : bytes);
 }
 
-/// Whether what was fetched passes its check; otherwise it goes, and the copy stays.
-bool WebCache::accept(Uri const& uri, QString const& path)
+/// Whether what was fetched passes its check. It is read only where there is one.
+bool WebCache::accept(Uri const& uri, std::function<QByteArray()> const& read)
 {
     QMutexLocker locker(&_mutex);
     auto const entry = _entries.constFind(uri);
     if (entry == _entries.cend()) { // Ignored meanwhile: nobody is left to say what it should be.
         _downloading.remove(uri);
-        locker.unlock();
-        QFile::remove(path);
         return false;
     }
     WebCacheInterest::Check const check = entry->interest.check;
     locker.unlock();
     if (!check)
         return true;
-    QFile file(path);
-    QString const fault =
-        file.open(QIODevice::ReadOnly) ? check(file.readAll()) : QStringLiteral("it cannot be read");
+    QString const fault = check(read());
     if (fault.isEmpty())
         return true;
     LOG_WARNING("%s is not what it should be: %s", qPrintable(uri.toString()), qPrintable(fault));
-    file.remove();
     locker.relock();
     _downloading.remove(uri);
     locker.unlock();

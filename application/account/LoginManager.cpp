@@ -6,7 +6,6 @@
 #include "LoginDialog.h"
 #include "MachineIdGenerator.h"
 #include "RsaProvider.h"
-#include "SettingsFile.h"
 #include "SoapLogin.h"
 #include "SoapSignup.h"
 
@@ -64,14 +63,14 @@ void LoginManager::login(QString const& email, QString const& password, bool aut
 
 bool LoginManager::autoLogin()
 {
-    QSettings settings = settingsFile();
-    QString const email = settings.value("application/lastUser").toString();
+    SettingsWriter& file = _appData.settings.file();
+    QString const email = SettingsWriter::Group(file)->value("application/lastUser").toString();
     if (email.isEmpty())
         return false;
-    settings.beginGroup(AppSettings::userGroup(email));
-    if (!settings.value(automaticKey, false).toBool())
+    SettingsWriter::Group const settings(file, AppSettings::userGroup(email));
+    if (!settings->value(automaticKey, false).toBool())
         return false;
-    QString const password = readUserPassword(settings);
+    QString const password = readUserPassword(*settings);
     if (password.isEmpty())
         return false;
     login(email, password, true);
@@ -149,14 +148,14 @@ void LoginManager::fail(QString const& text)
 /// one the password is stored as well: somebody may have written it by hand.
 void LoginManager::remember()
 {
-    QSettings settings = settingsFile();
-    settings.setValue("application/lastUser", _attempt.email);
+    SettingsWriter& file = _appData.settings.file();
+    SettingsWriter::Group(file)->setValue("application/lastUser", _attempt.email);
     if (!_attempt.isAutomatic && !_loginDialog)
         return;
-    settings.beginGroup(AppSettings::userGroup(_attempt.email));
-    settings.setValue(automaticKey, _attempt.keepSignedIn);
+    SettingsWriter::Group const settings(file, AppSettings::userGroup(_attempt.email));
+    settings->setValue(automaticKey, _attempt.keepSignedIn);
     if (!_attempt.keepSignedIn) {
-        settings.remove(passwordKey);
+        settings->remove(passwordKey);
         return;
     }
     RsaProvider const& rsaProvider = *_appData.rsaProvider();
@@ -190,10 +189,9 @@ void LoginManager::tellPasswordIsNotKept()
 
 void LoginManager::storePassword(QString const& email, QString const& password)
 {
-    QSettings settings = settingsFile();
-    settings.beginGroup(AppSettings::userGroup(email));
-    if (settings.value(automaticKey).toBool()) // The viewer may have thought better of it by now.
-        _appData.settings.writeEncryptedPassword(settings, passwordKey, password);
+    SettingsWriter::Group const settings(_appData.settings.file(), AppSettings::userGroup(email));
+    if (settings->value(automaticKey).toBool()) // The viewer may have thought better of it by now.
+        _appData.settings.writeEncryptedPassword(*settings, passwordKey, password);
 }
 
 void LoginManager::onLoginCompleted(bool ok, QString const& text)

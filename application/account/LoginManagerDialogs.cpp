@@ -4,7 +4,6 @@
 #include "LoginDialog.h"
 #include "LoginManager.h"
 #include "RsaProvider.h"
-#include "SettingsFile.h"
 #include "SignupDialog.h"
 #include "UpdateDialog.h"
 
@@ -19,11 +18,11 @@ bool LoginManager::loginWithGui(QWidget* parent, QString const& failure)
     _appData.rsaProvider()->prepare(); // While the viewer types.
     _loginDialog = new LoginDialog(_appData, parent);
     QPointer<LoginDialog> const dialog = _loginDialog; // It may go with its parent while it is open.
-    QSettings const settings = settingsFile();
-    QString const lastUser = settings.value("application/lastUser").toString();
+    SettingsWriter& file = _appData.settings.file();
+    QString const lastUser = SettingsWriter::Group(file)->value("application/lastUser").toString();
     dialog->fill(_newEmail.isEmpty() ? lastUser : _newEmail, _newPassword);
     dialog->setKeepSignedIn(
-        settings.value(AppSettings::userGroup(lastUser) + "/signInAutomatically", false).toBool());
+        SettingsWriter::Group(file, AppSettings::userGroup(lastUser))->value("signInAutomatically", false).toBool());
     connect(dialog, &LoginDialog::submitted, this, &LoginManager::submitLogin);
     connect(dialog, &LoginDialog::cancelled, this, &LoginManager::cancelLogin);
     connect(dialog, &LoginDialog::signupWanted, this, [this, dialog] {

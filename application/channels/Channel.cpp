@@ -181,6 +181,12 @@ void Channel::setWatched(bool watched)
         stream->setWatched(watched);
 }
 
+void Channel::setUnseen(bool unseen)
+{
+    for (auto const& stream : _streams)
+        stream->setUnseen(unseen);
+}
+
 void Channel::setOpacity(double opacity)
 {
     for (auto const& stream : _streams)

@@ -63,12 +63,16 @@ public:
 
     /// Seconds since the epoch; 0 while closed.
     qint64 openTime() const { return _openTime; }
+    /// How often it has been opened so far: tells one opening from another.
+    int openings() const { return _openings; }
 
     void setMuted(bool muted);
     void setVolume(double volume);
     void setOpacity(double opacity);
     /// Whether somebody looks at the pictures.
     void setWatched(bool watched);
+    /// Whether it plays for itself, until it is shown: nothing of that is recorded.
+    void setUnseen(bool unseen);
     void setSpeed(double speed);
     void seekForwards(double seconds);
     void seekBackwards(double seconds);
@@ -184,5 +188,5 @@ private:
     bool _isLogoChanged = false;                  ///< Since the texture was made.
     QHash<ChannelStream const*, QString> _errors; ///< What streams have told that have failed.
     qint64 _openTime = 0;
-    int _openings = 0; ///< So far.
+    int _openings = 0;
 };

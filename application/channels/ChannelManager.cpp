@@ -17,6 +17,7 @@ ChannelManager::ChannelManager(AppData& appData, Parts const& parts, QObject* pa
     : QObject(parent), _appData(appData),
       _noSponsorship(parts.sponsorship ? nullptr : std::make_unique<NoSponsorship>()),
       _sponsorshipSource(parts.sponsorship ? parts.sponsorship : _noSponsorship.get()),
+      _retired(_actions, parts.timers ? parts.timers : &appData.timerFactory),
       _switch(parts.timers ? parts.timers : &appData.timerFactory),
       _feed(appData, parts.timers ? parts.timers : &appData.timerFactory, parts.createProvider),
       _update(*this, _known, parts.timers ? parts.timers : &appData.timerFactory),
@@ -161,11 +162,21 @@ void ChannelManager::onChannelStreamClosed(Channel* channel, ChannelStream*)
 
 void ChannelManager::onChannelStreamNeedsLoop(Channel* channel, ChannelStream*)
 {
-    // Not at once: the stream that asks must be out of its own call, and one that ends as soon as it begins must not
-    // keep the program busy. What failed waits for a click.
-    QTimer::singleShot(pauseBeforeLoop, channel, [this, channel] {
-        if (isChannelOpen(channel) && !channel->hasError())
-            performChannelClickAction(channel->desc.rootId(), ReconnectClickAction);
+    loopLater(channel);
+}
+
+/// Not at once: the stream that asks must be out of its own call, and one that ends as soon as it begins must not
+/// keep the program busy. What failed waits for a click, and what fades out for what the viewer does. Of several
+/// streams that have ended the first has the channel opened again.
+void ChannelManager::loopLater(Channel* channel)
+{
+    QTimer::singleShot(pauseBeforeLoop, channel, [this, channel, opening = channel->openings()] {
+        if (!isChannelOpen(channel) || channel->hasError() || opening != channel->openings())
+            return;
+        if (_switch.isPending())
+            loopLater(channel);
+        else
+            reconnectChannel(channel);
     });
 }
 

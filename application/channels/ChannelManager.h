@@ -8,6 +8,7 @@
 #include "ChannelUpdate.h"
 #include "KnownChannels.h"
 #include "OpenChannels.h"
+#include "RetiredChannels.h"
 #include "SponsorshipSequence.h"
 
 #include <QCursor>
@@ -56,9 +57,13 @@ public:
 
     // The directory.
     void startChecking() { _feed.startChecking(); }
-    void stopChecking() { _feed.stopChecking(); }
+    void stopChecking()
+    {
+        _feed.stopChecking();
+        _update.cancel();
+    }
     void refresh() { _feed.refresh(); }
-    /// Closes and forgets all channels.
+    /// Closes and forgets all channels; they are deleted little by little.
     void unloadChannels();
     /// Whether there has been a directory since the last unloadChannels().
     bool channelsLoaded() const { return _channelsLoaded; }
@@ -267,6 +272,8 @@ private:
     void connectParts();
     static bool isModifierHeld(Qt::KeyboardModifiers modifiers);
     void stay(Channel* channel);
+    void reconnectAndStay(Channel* channel);
+    void loopLater(Channel* channel);
     void openBeside(QStringList const& ids);
     Channel* chosenChannel() const;
     void openChannelNonMultiview(Channel* channel, bool useSponsorship);
@@ -280,12 +287,15 @@ private:
     SponsorshipSource* const _sponsorshipSource;
     KnownChannels _known;
     ChannelActions _actions; ///< Of the channels: they go before those.
+    RetiredChannels _retired;
     OpenChannels _open;
     ChannelSwitch _switch;
     ChannelGrid _grid;
     ChannelFeed _feed;
     ChannelUpdate _update;
     SponsorshipSequence _sponsorship;
+    QString _activeForLater; ///< By their root ids, the channels that closeForLater() has closed.
+    QStringList _openForLater;
     QString _channelUnderMouse; ///< Its root id, as the next one.
     QString _pressedChannel;
     QTimer _waitingClick;                 ///< Runs while a click could become a double one.

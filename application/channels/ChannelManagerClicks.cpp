@@ -43,7 +43,7 @@ void ChannelManager::performChannelClickAction(QString const& rootId, ChannelCli
     else if (action == CloseClickAction)
         closeChannel(channel);
     else if (action == ReconnectClickAction)
-        reconnectChannel(channel);
+        reconnectAndStay(channel);
     else if (action == SponsorClickAction)
         _sponsorship.click();
 }

@@ -6,6 +6,8 @@
 
 #include <QDateTime>
 
+#include <utility>
+
 void ChannelManager::openChannel(Channel* channel, bool useSponsorship, bool nonMultiview, int index)
 {
     if (_switch.isPending() && nonMultiview && isChannelOpen(channel))
@@ -48,6 +50,13 @@ void ChannelManager::stay(Channel* channel)
     _open.dropUnseen();
     _open.fadeIn(fadeTime);
     setActiveChannel(channel);
+}
+
+void ChannelManager::reconnectAndStay(Channel* channel)
+{
+    if (_switch.isPending() && isChannelOpen(channel))
+        stay(channel);
+    reconnectChannel(channel);
 }
 
 void ChannelManager::openChannelNonMultiview(Channel* channel, bool useSponsorship)
@@ -136,17 +145,29 @@ void ChannelManager::closeForLater()
     QString const afterPreRoll = postSponsorshipChannelId();
     QStringList const next = pending.channelId.isEmpty() ? QStringList(afterPreRoll) + _sponsorship.beside()
                                                          : QStringList(pending.channelId) + pending.beside;
+    if (!_open.isEmpty()) {
+        _activeForLater = activeChannelRootId();
+        _openForLater = _open.ids();
+    }
     closeAllChannels();
     if (next.constFirst().isEmpty())
         return;
+    _activeForLater.clear();
+    _openForLater.clear();
     setLastChannelId(next.constFirst());
     setLastChannelIds(next);
 }
 
 void ChannelManager::openLastChannels(bool useSponsorship)
 {
-    QString const lastId = lastChannelId(); // Both change while channels are opened.
-    QStringList const lastIds = lastChannelIds();
+    QString lastId = lastChannelId(); // Both change while channels are opened.
+    QStringList lastIds = lastChannelIds();
+    // What is not kept for the next start, such as a preview, is open again all the same.
+    QStringList const ids = std::exchange(_openForLater, {});
+    if (QString const id = std::exchange(_activeForLater, {}); getChannelByRootId(id)) {
+        lastId = id;
+        lastIds = ids;
+    }
     if (lastIds.size() > 1)
         openBeside(lastIds);
     Channel* const last = getChannelByRootId(lastId);

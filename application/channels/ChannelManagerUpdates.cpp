@@ -69,8 +69,10 @@ void ChannelManager::unloadChannels()
     _update.cancel();
     _switch.take();
     closeAllChannels();
-    while (Channel* const channel = lastChannel())
-        removeChannel(channel);
+    std::vector<std::unique_ptr<Channel>> removed = _known.removeAll();
+    for (auto const& channel : removed)
+        emit channelRemoved(channel->desc);
+    _retired.take(std::move(removed));
     _channelsLoaded = false;
     emit channelsUpdated();
     LOG_INFO("Channels unloaded");

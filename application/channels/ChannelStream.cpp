@@ -10,6 +10,7 @@
 #include "LatteDataSource.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "OpenChannels.h"
 
 #include <QFileInfo>
 #include <QUrl>
@@ -162,8 +163,19 @@ void ChannelStream::onPlainFileFound()
 {
     if (!_renderer)
         return; // Closed meanwhile.
+    bool const isFadingOut = _isFadingOut;
+    bool const isFadingIn = isFading() && !isFadingOut;
+    bool const isUnseen = _unseen;
     close();
+    _unseen = isUnseen;
     open(true);
+    if (isFadingIn) {
+        fadeIn(OpenChannels::fadeTime, _volume, true, true);
+    } else if (isFadingOut) {
+        _isFadingOut = true; // Nobody is to hear or see it any more, unless it fades in again.
+        _renderer->setVolume(0.0);
+        _renderer->setOpacity(0.0);
+    }
 }
 
 LatteClient const* ChannelStream::latteClient() const
@@ -183,6 +195,8 @@ void ChannelStream::close()
     _renderer.reset();
     _dataSource.reset();
     _opened = false;
+    _isFadingOut = false;
+    _unseen = false;
     emit closed(this);
 }
 
@@ -231,8 +245,8 @@ void ChannelStream::onDownloadProgress(qint64 received, qint64 total)
 
 void ChannelStream::onRecordChanged()
 {
-    // Nobody wants to keep what comes before a channel.
-    if (!_dataSource || !_opened || _channel->desc.channelType() == ChannelDescription::SponsorshipChannel)
+    // Nobody wants to keep what comes before a channel, or what he has not been shown.
+    if (!_dataSource || !_opened || _unseen || _channel->desc.channelType() == ChannelDescription::SponsorshipChannel)
         return;
     if (!_appData.settings.record()) {
         _dataSource->stopRecording();

@@ -71,6 +71,8 @@ public:
     void setLoop(bool loop);
     /// Whether somebody looks at the picture.
     void setWatched(bool watched);
+    /// Whether it plays for nobody yet; one that is closed does not.
+    void setUnseen(bool unseen);
     double opacity() const { return _opacity; }
     void setOpacity(double opacity);
 
@@ -159,7 +161,9 @@ private:
     double _volume = 1.0;
     double _speed = 1.0;
     double _opacity = 1.0;
+    bool _isFadingOut = false;
     bool _watched = true;
+    bool _unseen = false;
     bool _opened = false;
     int _openings = 0; ///< For what is on its way from a source that is gone.
 };

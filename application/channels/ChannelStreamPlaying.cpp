@@ -7,6 +7,7 @@
 void ChannelStream::fadeIn(int ms, double volume, bool fadeVideo, bool fadeAudio)
 {
     _volume = volume;
+    _isFadingOut = false;
     if (fadeVideo)
         setOpacity(1.0); // The fade goes on below it.
     if (_renderer)
@@ -15,6 +16,7 @@ void ChannelStream::fadeIn(int ms, double volume, bool fadeVideo, bool fadeAudio
 
 void ChannelStream::fadeOut(int ms, bool fadeVideo, bool fadeAudio)
 {
+    _isFadingOut = true;
     if (_renderer)
         _renderer->fadeOut(ms, fadeVideo, fadeAudio);
 }
@@ -83,6 +85,7 @@ void ChannelStream::playBeside(ChannelStream const& other)
     setSpeed(other._speed);
     setOpacity(other._opacity);
     setWatched(other._watched);
+    setUnseen(other._unseen);
 }
 
 void ChannelStream::setVolume(double volume)
@@ -106,6 +109,12 @@ void ChannelStream::setWatched(bool watched)
     _watched = watched;
     if (_renderer)
         _renderer->setWatched(watched);
+}
+
+void ChannelStream::setUnseen(bool unseen)
+{
+    _unseen = unseen;
+    onRecordChanged();
 }
 
 void ChannelStream::setLoop(bool loop)

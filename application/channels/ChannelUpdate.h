@@ -24,7 +24,9 @@ class ChannelUpdate : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int sliceTime = 8; ///< ms, half of what a picture has at 60 a second.
+    /// ms, a quarter of what a picture has at 60 a second: a turn of the event loop may begin with the end of one
+    /// slice, and run another.
+    static constexpr int sliceTime = 4;
     static constexpr int minimumSteps = 16;
 
     /// All are borrowed.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace
 {
@@ -49,6 +50,12 @@ std::unique_ptr<Channel> KnownChannels::remove(Channel* channel)
     if (_byRootId.value(removed->desc.rootId()) == channel)
         _byRootId.remove(removed->desc.rootId());
     return removed;
+}
+
+std::vector<std::unique_ptr<Channel>> KnownChannels::removeAll()
+{
+    _byRootId.clear();
+    return std::exchange(_channels, {});
 }
 
 void KnownChannels::sort()

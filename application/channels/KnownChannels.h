@@ -28,6 +28,8 @@ public:
     Channel* add(std::unique_ptr<Channel> channel);
     /// Gives the channel away; null if it is none of these.
     std::unique_ptr<Channel> remove(Channel* channel);
+    /// Gives all away.
+    std::vector<std::unique_ptr<Channel>> removeAll();
     /// After titles have changed.
     void sort();
 

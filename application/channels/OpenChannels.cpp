@@ -26,6 +26,14 @@ bool OpenChannels::contains(Channel const* channel) const
     return std::ranges::find(_channels, channel) != _channels.end();
 }
 
+QStringList OpenChannels::ids() const
+{
+    QStringList ids;
+    for (Channel const* const channel : _channels)
+        ids.append(channel->desc.rootId());
+    return ids;
+}
+
 void OpenChannels::prepare(Channel* channel, bool muted)
 {
     channel->setWatched(_watched);
@@ -45,6 +53,7 @@ void OpenChannels::prepareUnseen(Channel* channel)
     dropUnseen(channel);
     _unseen = channel;
     prepare(channel, true);
+    channel->setUnseen(true);
 }
 
 void OpenChannels::dropUnseen(Channel const* wanted)
@@ -60,6 +69,7 @@ void OpenChannels::open(Channel* channel, int index)
     bool const isFirst = _channels.isEmpty();
     _channels.insert(index < 0 ? _channels.size() : std::min<qsizetype>(index, _channels.size()), channel);
     prepare(channel, !isFirst || _muted);
+    channel->setUnseen(false);
     channel->fadeIn(fadeTime, _volume, true, true);
     if (isFirst)
         setActive(channel);

@@ -20,6 +20,8 @@ public:
 
     QList<Channel*> const& channels() const { return _channels; }
     int count() const { return static_cast<int>(_channels.size()); }
+    /// Their root ids.
+    QStringList ids() const;
     bool isEmpty() const { return _channels.isEmpty(); }
     bool contains(Channel const* channel) const;
     Channel* active() const { return _active; }

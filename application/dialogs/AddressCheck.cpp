@@ -3,7 +3,6 @@
 #include "FileName.h"
 #include "OwnChannels.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QUrl>
 
@@ -25,32 +24,25 @@ bool isPlayable(QString const& scheme)
 
 AddressCheck AddressCheck::of(QString const& text)
 {
-    constexpr char const* context = "AddressCheck";
     constexpr int longestAddress = 4096;
-    auto const tr = [](char const* words) { return QCoreApplication::translate(context, words); };
     QString const address = text.trimmed();
     if (address.isEmpty())
         return {};
     if (address.size() > longestAddress)
-        return {Kind::Nothing, tr(QT_TRANSLATE_NOOP("AddressCheck", "This is too long for an address."))};
+        return {Kind::Nothing, tr("This is too long for an address.")};
     if (FileName::isAddress(address) || QDir::isAbsolutePath(address))
-        return {Kind::File, tr(QT_TRANSLATE_NOOP("AddressCheck", "A file on this computer."))};
+        return {Kind::File, tr("A file on this computer.")};
     if (!OwnChannels::isAddress(address))
-        return {Kind::Nothing, tr(QT_TRANSLATE_NOOP("AddressCheck", "An address begins with a scheme, such as "
-                                                                    "http:// or rtsp://."))};
+        return {Kind::Nothing, tr("An address begins with a scheme, such as "
+                                  "http:// or rtsp://.")};
     QString const scheme = address.left(address.indexOf(':')).toLower();
     if (!isPlayable(scheme))
-        return {Kind::Nothing,
-                tr(QT_TRANSLATE_NOOP("AddressCheck", "Nothing is known about addresses that begin with %1://."))
-                    .arg(scheme)};
+        return {Kind::Nothing, tr("Nothing is known about addresses that begin with %1://.").arg(scheme)};
     QUrl const url(address);
     if (!url.isValid())
-        return {Kind::Nothing,
-                tr(QT_TRANSLATE_NOOP("AddressCheck", "There is something in this address that does not belong "
-                                                     "there."))};
+        return {Kind::Nothing, tr("There is something in this address that does not belong "
+                                  "there.")};
     if (url.host().isEmpty())
-        return {
-            Kind::Nothing,
-            tr(QT_TRANSLATE_NOOP("AddressCheck", "The name of the computer is missing after %1://.")).arg(scheme)};
-    return {Kind::Stream, tr(QT_TRANSLATE_NOOP("AddressCheck", "A stream of %1.")).arg(url.host())};
+        return {Kind::Nothing, tr("The name of the computer is missing after %1://.").arg(scheme)};
+    return {Kind::Stream, tr("A stream of %1.").arg(url.host())};
 }

@@ -57,13 +57,13 @@ OpenStreamDialog::OpenStreamDialog(AppData& appData, QWidget* parent)
     addButton(QDialogButtonBox::Cancel);
     _open = addButton(tr("&Open"), QDialogButtonBox::AcceptRole);
     _open->setDefault(true);
-    connect(_beside, &QPushButton::clicked, this, [this] { open(true); });
+    connect(_beside, &QPushButton::clicked, this, [this] { play(true); });
     connect(_forget, &QPushButton::clicked, this, [this] {
         this->appData().settings.setStreamHistory({});
         fillHistory();
     });
     for (QKeySequence const& keys : {QKeySequence("Ctrl+Return"), QKeySequence("Ctrl+Enter")})
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this] { open(true); });
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this] { play(true); });
     connect(_address, &QComboBox::editTextChanged, this, &OpenStreamDialog::check);
     check();
 }
@@ -99,10 +99,10 @@ void OpenStreamDialog::check()
 
 void OpenStreamDialog::accept()
 {
-    open(false);
+    play(false);
 }
 
-void OpenStreamDialog::open(bool beside)
+void OpenStreamDialog::play(bool beside)
 {
     QString const address = _address->currentText().trimmed();
     AddressCheck const check = AddressCheck::of(address);

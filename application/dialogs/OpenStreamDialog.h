@@ -27,7 +27,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void open(bool beside);
+    void play(bool beside);
     void check();
     void fillHistory();
 

@@ -230,7 +230,7 @@ void AppData::begin()
 {
     if (settings.demoMode())
         _channelManager->startChecking();
-    else if (SignIn::lastUser().isEmpty())
+    else if (_signIn->lastUser().isEmpty())
         settings.action(MenuAction::CreateAccount)->trigger();
     else
         settings.action(MenuAction::SignIn)->trigger();

@@ -1,6 +1,6 @@
 #include "CookieJar.h"
 
-#include "SettingsFile.h"
+#include "SettingsWriter.h"
 
 #include <QNetworkCookie>
 
@@ -10,9 +10,9 @@ constexpr char const* key = "Cookies";
 
 } // namespace
 
-void CookieJar::load()
+void CookieJar::load(SettingsWriter& settings)
 {
-    setAllCookies(QNetworkCookie::parseCookies(settingsFile().value(key).toByteArray()));
+    setAllCookies(QNetworkCookie::parseCookies(SettingsWriter::Group(settings)->value(key).toByteArray()));
 }
 
 void CookieJar::removeCookiesOf(QString const& host)
@@ -26,11 +26,11 @@ void CookieJar::removeCookiesOf(QString const& host)
     setAllCookies(cookies);
 }
 
-void CookieJar::save() const
+void CookieJar::save(SettingsWriter& settings) const
 {
     QByteArray text;
     for (QNetworkCookie const& cookie : allCookies())
         if (!cookie.isSessionCookie())
             text += cookie.toRawForm(QNetworkCookie::Full) + '\n';
-    settingsFile().setValue(key, text);
+    SettingsWriter::Group(settings)->setValue(key, text);
 }

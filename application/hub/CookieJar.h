@@ -2,6 +2,8 @@
 
 #include <QNetworkCookieJar>
 
+class SettingsWriter;
+
 /// The cookies of the application's web access, kept in the settings file between runs.
 class CookieJar : public QNetworkCookieJar
 {
@@ -11,11 +13,11 @@ public:
     using QNetworkCookieJar::QNetworkCookieJar;
 
     /// Replaces the cookies by the stored ones.
-    void load();
+    void load(SettingsWriter& settings);
 
     /// Forgets what a host has set, for itself or for all of its domain.
     void removeCookiesOf(QString const& host);
 
     /// Stores all but session cookies.
-    void save() const;
+    void save(SettingsWriter& settings) const;
 };

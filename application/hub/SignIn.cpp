@@ -6,7 +6,6 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
-#include "SettingsFile.h"
 #include "Timer.h"
 #include "TimerFactory.h"
 
@@ -36,9 +35,9 @@ SignIn::~SignIn()
     _timers->disposeTimer(_signInTimer);
 }
 
-QString SignIn::lastUser()
+QString SignIn::lastUser() const
 {
-    return settingsFile().value("application/lastUser").toString();
+    return SettingsWriter::Group(_appData.settings.file())->value("application/lastUser").toString();
 }
 
 void SignIn::signIn(QWidget* widget, bool automatic)
@@ -88,6 +87,7 @@ void SignIn::signOut(bool notify)
     login.forgetUser();
     if (auto* const jar = qobject_cast<CookieJar*>(_appData.networkAccessManager()->cookieJar()))
         jar->removeCookiesOf(login.service().host); // Whoever comes next is somebody else.
+    _appData.saveCookieJar();
     enableActions(true);
     if (notify)
         emit signedInChanged();

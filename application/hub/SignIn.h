@@ -24,7 +24,7 @@ public:
     ~SignIn() override;
 
     /// Who signed in last on this machine, by e-mail address; empty if nobody has yet.
-    static QString lastUser();
+    QString lastUser() const;
 
     bool isSignedIn() const { return !_email.isEmpty(); }
     /// The e-mail address of who is signed in.

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-WebAccess::WebAccess(AppSettings const& settings) : _settings(settings) {}
+WebAccess::WebAccess(AppSettings& settings) : _settings(settings) {}
 
 WebAccess::~WebAccess()
 {
@@ -41,12 +41,12 @@ void WebAccess::destroyManager()
 void WebAccess::loadCookieJar()
 {
     auto jar = std::make_unique<CookieJar>();
-    jar->load();
+    jar->load(_settings.file());
     _manager->setCookieJar(jar.release());
 }
 
 void WebAccess::saveCookieJar() const
 {
     if (auto const* const jar = qobject_cast<CookieJar*>(_manager->cookieJar()))
-        jar->save();
+        jar->save(_settings.file());
 }

@@ -13,7 +13,7 @@ class WebAccess
 {
 public:
     /// The settings are borrowed.
-    explicit WebAccess(AppSettings const& settings);
+    explicit WebAccess(AppSettings& settings);
     ~WebAccess();
 
     /// Makes the application's proxy as the settings say.
@@ -30,6 +30,6 @@ public:
     void saveCookieJar() const;
 
 private:
-    AppSettings const& _settings;
+    AppSettings& _settings;
     QNetworkAccessManager* _manager = nullptr;
 };

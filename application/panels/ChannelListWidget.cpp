@@ -11,7 +11,6 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -186,36 +185,6 @@ void ChannelListWidget::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (_view && (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange))
         setColumnSizes();
-}
-
-/// From what is typed straight into the list.
-bool ChannelListWidget::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched != _filter || event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    auto const* const key = static_cast<QKeyEvent*>(event);
-    QModelIndex const current = _view->currentIndex();
-    QModelIndex const index = current.isValid() ? current : _shown->index(0, ChannelListWidgetModel::NameColumn);
-    switch (key->key()) {
-    case Qt::Key_Down:
-        _view->setFocus(Qt::TabFocusReason);
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (!index.isValid() || key->isAutoRepeat())
-            return true;
-        _view->setCurrentIndex(index);
-        act(index, key->modifiers().testFlag(Qt::ControlModifier) ? &ChannelListWidget::onOpenChannel
-                                                                  : &ChannelListWidget::onWatchChannel);
-        return true;
-    case Qt::Key_Escape:
-        if (_filter->text().isEmpty())
-            return false;
-        _filter->clear();
-        return true;
-    default:
-        return false;
-    }
 }
 
 void ChannelListWidget::readSettings()

@@ -17,7 +17,10 @@
 
 Logger* AppSettings::log = LoggerManager::logger();
 
-AppSettings::AppSettings(QObject* parent) : QObject(parent), _dataDirectory(QDir::homePath() + "/.Ombravision") {}
+AppSettings::AppSettings(QObject* parent) : QObject(parent), _dataDirectory(QDir::homePath() + "/.Ombravision")
+{
+    connect(&_file, &SettingsWriter::failed, this, &AppSettings::settingsFileFailed);
+}
 
 AppSettings::~AppSettings() = default;
 
@@ -35,18 +38,16 @@ void AppSettings::loadGlobalSettings()
 {
     LOG_INFO("Loading global settings");
     tell(checkSettingsFile());
-    QSettings settings = settingsFile();
-    settings.beginGroup("application");
-    load(settings, SettingScope::Global);
-    keepMmsClientGuid(settings);
+    SettingsWriter::Group const settings(_file, "application");
+    load(*settings, SettingScope::Global);
+    keepMmsClientGuid(*settings);
 }
 
 void AppSettings::saveGlobalSettings()
 {
     LOG_INFO("Saving global settings");
-    QSettings settings = settingsFile();
-    settings.beginGroup("application");
-    save(settings, SettingScope::Global);
+    SettingsWriter::Group const settings(_file, "application");
+    save(*settings, SettingScope::Global);
 }
 
 void AppSettings::loadUserSettings(QString const& email)
@@ -54,9 +55,8 @@ void AppSettings::loadUserSettings(QString const& email)
     LOG_INFO("Loading settings for user %s", qUtf8Printable(email));
     if (email.isEmpty())
         return;
-    QSettings settings = settingsFile();
-    settings.beginGroup(userGroup(email));
-    load(settings, SettingScope::User);
+    SettingsWriter::Group const settings(_file, userGroup(email));
+    load(*settings, SettingScope::User);
 }
 
 void AppSettings::saveUserSettings(QString const& email)
@@ -64,9 +64,8 @@ void AppSettings::saveUserSettings(QString const& email)
     LOG_INFO("Saving settings for user %s", qUtf8Printable(email));
     if (email.isEmpty())
         return;
-    QSettings settings = settingsFile();
-    settings.beginGroup(userGroup(email));
-    save(settings, SettingScope::User);
+    SettingsWriter::Group const settings(_file, userGroup(email));
+    save(*settings, SettingScope::User);
 }
 
 QString AppSettings::userGroup(QString const& email)
@@ -77,8 +76,7 @@ QString AppSettings::userGroup(QString const& email)
 
 void AppSettings::writeEncryptedPassword(QSettings& settings, QString const& key, QString const& secret)
 {
-    if (_secrets.write(settings, key, secret))
-        tell(writeSettingsFile(settings));
+    _secrets.write(settings, key, secret);
 }
 
 void AppSettings::load(QSettings& settings, SettingScope scope)
@@ -101,7 +99,6 @@ void AppSettings::load(QSettings& settings, SettingScope scope)
 void AppSettings::save(QSettings& settings, SettingScope scope)
 {
     SettingsStore(settings, _secrets).save(scope, _values);
-    tell(writeSettingsFile(settings));
 }
 
 /// An installation without one, or whose file has lost it, gets one at once: it stays the same in all runs.
@@ -111,7 +108,6 @@ void AppSettings::keepMmsClientGuid(QSettings& settings)
         return;
     _values.mmsClientGuid = QUuid::createUuid().toString();
     settings.setValue("videoWindow/mmsClientGuid", _values.mmsClientGuid);
-    tell(writeSettingsFile(settings));
 }
 
 void AppSettings::tell(QString const& problem)

@@ -5,6 +5,7 @@
 #include "ServiceAddresses.h"
 #include "SettingsTable.h"
 #include "SettingsValues.h"
+#include "SettingsWriter.h"
 
 #include <QObject>
 
@@ -34,6 +35,9 @@ public:
 
     explicit AppSettings(QObject* parent = nullptr);
     ~AppSettings() override;
+
+    /// For what is kept in the file and is no setting.
+    SettingsWriter& file() { return _file; }
 
     // Fixed names.
     QString applicationName() const { return "Ombravision"; }
@@ -396,6 +400,7 @@ private:
 
     static Logger* log;
 
+    SettingsWriter _file;
     QString const _dataDirectory;
     bool _debugMode = false;
     bool _demoMode = false;

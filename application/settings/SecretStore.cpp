@@ -12,8 +12,6 @@ Logger* SecretStore::log = LoggerManager::logger();
 namespace
 {
 
-constexpr char const* enciphered = "sealed:";
-
 QString storedText(QSettings const& settings, QString const& key)
 {
     return SettingsText::textOf(settings.value(key));

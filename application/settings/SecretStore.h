@@ -10,6 +10,8 @@ class SecretKeeper;
 class SecretStore
 {
 public:
+    static constexpr char const* enciphered = "sealed:"; ///< The mark.
+
     /// Borrowed; null for none, which reads and writes nothing.
     void setKeeper(SecretKeeper* keeper);
 

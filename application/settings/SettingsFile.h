@@ -9,7 +9,8 @@ inline QSettings settingsFile()
 }
 
 /// What keeps the file from being read, in words for the viewer; empty if nothing does. To be asked before anything
-/// is written: of a damaged file a copy is made beside it, since writing leaves out what could not be read.
+/// is written: of a damaged file a copy is made beside it, since writing leaves out what could not be read. Secrets
+/// in plain text are left out of it: nothing would ever encipher them there.
 QString checkSettingsFile();
 
 /// Writes what is pending. Returns what kept it from being written, in words for the viewer; empty if nothing did.

@@ -7,7 +7,6 @@ namespace
 {
 
 using ColourConversion = SettingsValues::ColourConversion;
-using Presentation = SettingsValues::Presentation;
 
 template<class T>
 struct Word {
@@ -19,8 +18,9 @@ constexpr Word<ColourConversion> colourConversions[] = {{"auto", ColourConversio
                                                         {"shader", ColourConversion::Shader},
                                                         {"fragmentProgram", ColourConversion::FragmentProgram},
                                                         {"software", ColourConversion::Software}};
-constexpr Word<Presentation> presentations[] = {
-    {"auto", Presentation::Automatic}, {"opengl", Presentation::OpenGl}, {"shm", Presentation::SharedMemory}};
+constexpr Word<SettingsValues::Presentation> presentations[] = {{"auto", SettingsValues::Presentation::Automatic},
+                                                                {"opengl", SettingsValues::Presentation::OpenGl},
+                                                                {"shm", SettingsValues::Presentation::SharedMemory}};
 constexpr Word<bool> switches[] = {{"true", true}, {"false", false}, {"1", true}, {"0", false}};
 
 template<class T, size_t count>
@@ -87,7 +87,7 @@ bool parse(QVariant const& stored, ColourConversion& value)
     return parseWord(colourConversions, stored, value);
 }
 
-bool parse(QVariant const& stored, Presentation& value)
+bool parse(QVariant const& stored, SettingsValues::Presentation& value)
 {
     return parseWord(presentations, stored, value);
 }
@@ -113,7 +113,7 @@ QVariant form(ColourConversion value)
     return wordFor(colourConversions, value);
 }
 
-QVariant form(Presentation value)
+QVariant form(SettingsValues::Presentation value)
 {
     return wordFor(presentations, value);
 }

@@ -4,6 +4,8 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 
+#include <QElapsedTimer>
+
 #include <utility>
 
 Logger* ControlConnection::log = LoggerManager::logger();
@@ -16,15 +18,53 @@ ControlConnection::ControlConnection(std::unique_ptr<QTcpSocket> socket, Control
 void ControlConnection::received(QByteArray const& bytes)
 {
     _buffer += bytes;
-    qsizetype used = 0;
-    for (qsizetype end; !isFinishing() && (end = _buffer.indexOf('\n', used)) >= 0; used = end + 1) {
-        if (end - used > maximumLine)
-            break;
-        handle(QString::fromUtf8(_buffer.sliced(used, end - used)).simplified());
+    handleLines();
+}
+
+/// As many as fit into a slice; what comes meanwhile waits at the client.
+void ControlConnection::handleLines()
+{
+    QElapsedTimer time;
+    time.start();
+    while (!isFinishing() && handleNext()) {
+        if (time.elapsed() < msOfSlice)
+            continue;
+        pauseReading();
+        if (!std::exchange(_isNextPosted, true))
+            QMetaObject::invokeMethod(
+                this,
+                [this] {
+                    _isNextPosted = false;
+                    handleLines();
+                },
+                Qt::QueuedConnection);
+        return;
     }
-    _buffer.remove(0, used);
-    if (!isFinishing() && _buffer.size() > maximumLine)
+    if (isFinishing())
+        _buffer.clear();
+    else if (_buffer.size() > maximumLine)
         refuse(QStringLiteral("its command is longer than %1 bytes").arg(maximumLine));
+    else
+        resumeReading();
+}
+
+/// False when there is no whole line, or one that is too long.
+bool ControlConnection::handleNext()
+{
+    qsizetype const end = _buffer.indexOf('\n');
+    if (end < 0 || end > maximumLine)
+        return false;
+    QString const line = QString::fromUtf8(_buffer.first(end)).simplified();
+    _buffer.remove(0, end + 1);
+    handle(line);
+    return true;
+}
+
+/// What was said before is done all the same.
+void ControlConnection::over()
+{
+    while (handleNext()) {
+    }
 }
 
 void ControlConnection::handle(QString const& line)

@@ -1,5 +1,6 @@
 #include "MyChannelsPage.h"
 
+#include "Accounts.h"
 #include "Directory.h"
 #include "Doorkeeper.h"
 #include "HtmlPage.h"
@@ -25,19 +26,26 @@ void MyChannelsPage::handle(WebRequest const& request, Reply const& reply)
         return reply(signInForm({}));
     QString const number = field(request.body, "session");
     Session const session = _sessions.value(number);
-    if (session.account != 0 && _tickCounter.msSinceEpoch() - session.msBegin < msOfSession) {
-        QString const why = _directory.setRemoved(session.account, field(request.body, "channel"), false);
+    if (isValid(session)) {
+        QString const why = _directory.setRemoved(session.account.id, field(request.body, "channel"), false);
         return reply(list(number, why.isEmpty() ? QStringLiteral("The channel is back in your list.") : why));
     }
     if (!number.isEmpty())
         return reply(signInForm(QStringLiteral("Please sign in again.")));
     _doorkeeper.signIn(request.peer, field(request.body, "email"), field(request.body, "password"),
                        [this, reply](Account const& account, QString const& reason) {
-                           reply(account.isNull() ? signInForm(reason) : list(begin(account.id), {}));
+                           reply(account.isNull() ? signInForm(reason) : list(begin(account), {}));
                        });
 }
 
-QString MyChannelsPage::begin(qint64 account)
+/// The number of an account that has been removed may be another's by now.
+bool MyChannelsPage::isValid(Session const& session) const
+{
+    return !session.account.isNull() && _tickCounter.msSinceEpoch() - session.msBegin < msOfSession &&
+           _accounts.find(session.account.id).email == session.account.email;
+}
+
+QString MyChannelsPage::begin(Account const& account)
 {
     if (_sessions.size() >= maximumSessions)
         _sessions.clear();
@@ -64,7 +72,7 @@ WebAnswer MyChannelsPage::list(QString const& session, QString const& note) cons
 {
     QString body = note.isEmpty() ? QString() : "<p>" + note.toHtmlEscaped() + "</p>\n";
     QString items;
-    for (DirectoryChannel const& channel : _directory.removedBy(_sessions.value(session).account))
+    for (DirectoryChannel const& channel : _directory.removedBy(_sessions.value(session).account.id))
         items += QStringLiteral("<li><img src=\"/logos/%1.png\" alt=\"\"><form method=\"post\">"
                                 "<input type=\"hidden\" name=\"session\" value=\"%2\">"
                                 "<input type=\"hidden\" name=\"channel\" value=\"%1\">%3 "

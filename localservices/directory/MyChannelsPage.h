@@ -1,11 +1,13 @@
 #pragma once
 
+#include "Account.h"
 #include "WebRequest.h"
 
 #include <QHash>
 
 #include <functional>
 
+class Accounts;
 class Directory;
 class Doorkeeper;
 class TickCounter;
@@ -23,8 +25,8 @@ public:
     static constexpr int maximumSessions = 1000; ///< With more, all have to sign in again.
 
     /// All are borrowed.
-    MyChannelsPage(Directory& directory, Doorkeeper& doorkeeper, TickCounter& tickCounter)
-        : _directory(directory), _doorkeeper(doorkeeper), _tickCounter(tickCounter)
+    MyChannelsPage(Accounts& accounts, Directory& directory, Doorkeeper& doorkeeper, TickCounter& tickCounter)
+        : _accounts(accounts), _directory(directory), _doorkeeper(doorkeeper), _tickCounter(tickCounter)
     {
     }
 
@@ -32,14 +34,16 @@ public:
 
 private:
     struct Session {
-        qint64 account = 0;
+        Account account;
         qint64 msBegin = 0;
     };
 
-    QString begin(qint64 account);
+    QString begin(Account const& account);
+    bool isValid(Session const& session) const;
     WebAnswer signInForm(QString const& error) const;
     WebAnswer list(QString const& session, QString const& note) const;
 
+    Accounts& _accounts;
     Directory& _directory;
     Doorkeeper& _doorkeeper;
     TickCounter& _tickCounter;

@@ -246,7 +246,7 @@ void MmsTcpConnection::readBlock(QByteArray const& body)
 
 void MmsTcpConnection::sendHeader()
 {
-    QByteArray const& header = _broadcast->header();
+    QByteArray const header = _headerSent = _broadcast->header();
     qsizetype const pieceSize =
         std::clamp<qsizetype>(_broadcast->film().header().packetSize(), smallestHeaderPiece, largestHeaderPiece);
     if (_cutHeader)
@@ -297,7 +297,10 @@ void MmsTcpConnection::startPlaying(QByteArray const& body)
     if ((result & 0x80000000) || !isOpen())
         return;
     _state = State::Playing;
-    _broadcast->join(this);
+    if (_headerSent == _broadcast->header())
+        _broadcast->join(this);
+    else
+        headerChanged(Change::Header); // While it was on its way here, and was not told.
 }
 
 void MmsTcpConnection::packetArrived(SharedPacket const& packet)

@@ -76,6 +76,7 @@ private:
     bool _silent = false;
 
     QPointer<Broadcast> _broadcast; ///< The open stream.
+    QByteArray _headerSent;         ///< The last one.
     quint8 _headerIncarnation = 2;
     quint8 _incarnation = 3;
     ClientStreams _streams;

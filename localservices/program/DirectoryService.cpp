@@ -17,7 +17,7 @@ DirectoryService::DirectoryService(std::unique_ptr<Database> database, LocalServ
       _rtspPath(options.rtsp.mid(options.rtsp.indexOf('/'))), _database(std::move(database)), _accounts(*_database),
       _settings(*_database), _messages(*_database), _directory(*_database),
       _doorkeeper(_accounts, tickCounter, timerFactory, options.passwordIterations), _hls(tickCounter),
-      _myChannels(_directory, _doorkeeper, tickCounter),
+      _myChannels(_accounts, _directory, _doorkeeper, tickCounter),
       _api({_accounts, _doorkeeper, _settings, _messages, _directory, _places}),
       _site({_api, _directory, _accounts, _myChannels, _hls, _places}, options.maximumAge),
       _accountCommands({_accounts, _messages, _settings, trigger, options.passwordIterations}),

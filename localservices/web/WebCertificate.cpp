@@ -79,7 +79,7 @@ std::optional<WebCertificate> WebCertificate::make(Validity validity, QString co
     if (!place.isNull() && !place.isLoopback() && place != QHostAddress::Any && place != QHostAddress::AnyIPv6 &&
         place != QHostAddress::AnyIPv4)
         names += ",IP:" + place.toString().toLatin1();
-    Key const key(EVP_EC_gen("P-256"));
+    Key const key(EVP_PKEY_Q_keygen(nullptr, nullptr, "EC", "P-256"));
     Certificate const certificate = key ? sign(key.get(), validity, names) : Certificate();
     Bio const certificateText(BIO_new(BIO_s_mem()));
     Bio const keyText(BIO_new(BIO_s_mem()));

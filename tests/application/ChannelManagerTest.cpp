@@ -15,6 +15,7 @@
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTest>
+#include <QTimer>
 
 #include <gmock/gmock.h>
 
@@ -246,6 +247,43 @@ TEST_F(ChannelManagerTest, OneChoiceDuringTheFadeReplacesTheOtherAndTheFadeEndsI
     manager().setLastChannelId("gone");
     manager().openLastChannels();
     EXPECT_EQ(opened(), "a*") << "the default channel";
+}
+
+TEST_F(ChannelManagerTest, WhatFadesOutBeginsAnewOnlyIfItIsToStay)
+{
+    provide({"a", "b"});
+    openBeside({"a"});
+    QSignalSpy opens(&manager(), &ChannelManager::channelOpened);
+    auto const loopTimersAreOver = [] {
+        bool isOver = false;
+        QTimer::singleShot(ChannelManager::pauseBeforeLoop, qApp, [&] { isOver = true; });
+        return QTest::qWaitFor([&] { return isOver; });
+    };
+    for (int streams = 0; streams < 2; ++streams)
+        emit channel("a")->streamNeedsLoop(channel("a"), nullptr);
+    EXPECT_TRUE(loopTimersAreOver());
+    EXPECT_EQ(opens.size(), 1) << "one opening for both of its streams";
+
+    manager().openChannel("b", false, true);
+    emit channel("a")->streamNeedsLoop(channel("a"), nullptr);
+    EXPECT_TRUE(loopTimersAreOver());
+    EXPECT_EQ(opens.size(), 1) << "not at full sound into the fade";
+    channel("a")->onStreamError(nullptr, "lost");
+    EXPECT_EQ(manager().channelClickAction("a", false), ReconnectClickAction);
+    manager().performChannelClickAction("a", ReconnectClickAction);
+    EXPECT_EQ(opens.size(), 2);
+    _timers.advance(ChannelManager::fadeTime);
+    EXPECT_EQ(opened(), "a*");
+    EXPECT_FALSE(channel("a")->hasError());
+
+    ChannelDescription preview = channelOf("preview");
+    preview.setChannelType(ChannelDescription::UserChannel);
+    manager().previewChannel(preview, false, false);
+    manager().setActiveChannel(channel("preview"));
+    manager().closeForLater();
+    manager().closeForLater();
+    manager().openLastChannels();
+    EXPECT_EQ(opened(), "a preview*") << "a window that is shown again shows what it did";
 }
 
 TEST_F(ChannelManagerTest, AClickDoesWhatItsPointerSays)

@@ -59,7 +59,7 @@ ChannelDescription described(QString const& id)
 TEST_F(SignInTest, AnAutomaticFailureAsksByDialogOrAtSystemStartUpTriesAgainLater)
 {
     SignIn signIn(_appData, &_timers);
-    EXPECT_TRUE(SignIn::lastUser().isEmpty());
+    EXPECT_TRUE(_appData.signIn()->lastUser().isEmpty());
     EXPECT_FALSE(isEnabled(MenuAction::SignOut));
     auto const waits = [this] {
         QList<int> all;
@@ -95,9 +95,12 @@ TEST_F(SignInTest, TheChannelsOfAnAccountAreFoundAgainAndGoWithIt)
     channels.openChannel("b", false, true);
     channels.openChannel("c", false, false);
     QNetworkCookieJar& jar = *_appData.networkAccessManager()->cookieJar();
+    QNetworkCookie cookie("session", "ann's");
+    cookie.setExpirationDate(QDateTime::currentDateTime().addDays(1));
     for (char const* const url : {"http://127.0.0.1/a", "http://elsewhere.example/"})
-        jar.setCookiesFromUrl({QNetworkCookie("session", "ann's")}, QUrl(url));
+        jar.setCookiesFromUrl({cookie}, QUrl(url));
     _appData.signOut(true);
+    EXPECT_EQ(settingsFile().value("Cookies").toByteArray().count("ann's"), 1) << "at once, and not at the end only";
     EXPECT_TRUE(jar.cookiesForUrl(QUrl("http://127.0.0.1/a")).isEmpty());
     EXPECT_EQ(jar.cookiesForUrl(QUrl("http://elsewhere.example/")).size(), 1);
     EXPECT_EQ(channels.channelCount(), 0);

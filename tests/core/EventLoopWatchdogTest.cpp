@@ -31,8 +31,10 @@ TEST(EventLoopWatchdog, TellsEachTimeOverTheLimitAndTheLongest)
             knocks.release(); // It stays on its way until it is answered.
             now += ms * 1'000'000;
             int const before = capture.count("was away for");
-            for (isAnswered = false; !isAnswered;)
+            isAnswered = false;
+            do
                 QCoreApplication::sendPostedEvents(&watchdog);
+            while (!isAnswered);
             EXPECT_EQ(capture.count("was away for") - before, ms == 17 ? 1 : 0) << ms;
         }
     }

@@ -1,9 +1,15 @@
 #include "BroadcastTestSupport.h"
 #include "ControlCommands.h"
+#include "ControlConnection.h"
 #include "ControlServer.h"
 #include "EventLoop.h"
 #include "LocalServicesOptions.h"
 #include "LoopbackClient.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <memory>
 
 namespace
 {
@@ -61,6 +67,31 @@ TEST_F(ControlTest, TheControlPortAnswersEachLineOfWhoIsTrusted)
         EXPECT_TRUE(page.heard().startsWith("ERROR ")) << page.heard().constData();
     }
     EXPECT_EQ(live().rate(), 50);
+}
+
+TEST_F(ControlTest, ManyCommandsLeaveTheOthersTheirTurn)
+{
+    ControlCommands commands(catalogue, faults);
+    int turns = 0;
+    QTimer everyTurn;
+    QObject::connect(&everyTurn, &QTimer::timeout, [&turns] { ++turns; });
+    everyTurn.start(0);
+    QList<int> turnsAtWork;
+    commands.addCommand("work", [&](QStringList const&, QStringList&) {
+        QElapsedTimer time;
+        for (time.start(); time.elapsed() < ControlConnection::msOfSlice;) {
+        }
+        turnsAtWork.append(turns);
+        return QString();
+    });
+    ControlServer server(commands, "secret", clock, timers);
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
+    auto client = std::make_unique<LoopbackClient>(server.port());
+    client->say("token secret\n" + QByteArray("work\n").repeated(5));
+    EXPECT_TRUE(client->waitFor("OK"));
+    client.reset(); // It does not wait for the rest.
+    EXPECT_TRUE(processEventsUntil([&] { return turnsAtWork.size() == 5; }));
+    EXPECT_LT(turnsAtWork.at(0), turnsAtWork.at(1));
 }
 
 TEST(LocalServicesOptions, WrongSwitchesAreToldInWords)

@@ -1,5 +1,6 @@
 #include "Clips.h"
 #include "DirectoryFixture.h"
+#include "MyChannelsPage.h"
 #include "Seeds.h"
 
 #include <QFile>
@@ -85,6 +86,30 @@ TEST_F(DirectoryTest, SeedsArePlantedOnceEach)
     directory.remove("static");
     Seeds::plant(*database, accounts, directory, {{"/one"}, {"/radio"}, {"/relay"}, "/live"});
     EXPECT_EQ(directory.idsFor(0), first.mid(0, 4) + QStringList({"radio", "harbour", "relay"}));
+}
+
+TEST_F(DirectoryTest, WhoseAccountWasRemovedIsNobodyOnThePageEither)
+{
+    EXPECT_EQ(directory.put(channel("a")), QString());
+    qint64 const ann = addAccount("ann@example.org", "correct horse");
+    directory.setRemoved(ann, "a", true);
+    MyChannelsPage page(accounts, directory, doorkeeper, clock);
+    QString shown;
+    auto const post = [&](QByteArray const& body) {
+        shown.clear();
+        WebRequest request;
+        request.method = WebRequest::Method::Post;
+        request.body = body;
+        page.handle(request, [&shown](WebAnswer const& answer) { shown = answer.body; });
+        EXPECT_TRUE(processEventsUntil([&] { return !shown.isEmpty(); }));
+    };
+    post("email=ann%40example.org&password=correct+horse");
+    QByteArray const session = shown.section("name=\"session\" value=\"", 1).section('"', 0, 0).toLatin1();
+    EXPECT_FALSE(session.isEmpty()) << qPrintable(shown);
+    EXPECT_TRUE(accounts.remove(ann));
+    EXPECT_EQ(addAccount("bob@example.org", "correct horse"), ann) << "the database gives numbers again";
+    post("session=" + session + "&channel=a");
+    EXPECT_TRUE(shown.contains("Please sign in again."));
 }
 
 TEST_F(DirectoryTest, FailuresAreLateAlikeAndCountedForAnAddress)

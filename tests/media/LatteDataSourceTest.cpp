@@ -262,6 +262,23 @@ TEST_F(LatteDataSourceTest, ANewHeaderResetsAndOpensAnew)
     EXPECT_GT(Reader(*_source).result().videoFrames, 80);
 }
 
+TEST_F(LatteDataSourceTest, AfterANewHeaderNothingIsTriedBeforeItsPacketsCome)
+{
+    Asf const second(Clips::wmv(12));
+    openOn(Asf(Clips::wmv()));
+    Reader reader(*_source);
+    ASSERT_TRUE(waitUntil([this] { return client().bytesAvailable() == 0; }));
+    client().setDescriptor(second.header);
+    settle();
+    _source->timer("resetTimer")->start(0);
+    ASSERT_TRUE(waitUntil([this] { return _closed->size() == 1; }));
+    settle();
+    EXPECT_FALSE(_source->hasDemuxer());
+    deliver(second.packets.left(320000));
+    EXPECT_TRUE(waitUntil([this] { return _opened->size() == 2; })) << "and not five seconds later";
+    _source->setInterrupted(true);
+}
+
 TEST(LatteInput, WhatComesAfterANewHeaderIsLeftToTheNext)
 {
     FakeLatteClient client(Uri("mms://host/live"));

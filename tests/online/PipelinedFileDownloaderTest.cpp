@@ -3,7 +3,9 @@
 #include "ThreadedMemoQueue.h"
 #include "WebFixture.h"
 
+#include <csignal>
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 namespace
 {
@@ -57,15 +59,13 @@ TEST_F(PipelinedFileDownloaderTest, TellsEachFailureAndGoesOn)
     fails(
         "HTTP error 302", [&] { answer("302 Found", "Location: file:///etc/passwd\r\n"); }, file("a"));
     fails(
-        "Network error ", [&] { answer("200 OK", {}, "whole"); }, file("no/such/directory"));
-    fails(
         "Network error ", [&] { server.answer("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\ncut"), server.close(); },
         file("a"));
     auto const silence = [&] {
         server.answer("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nslow");
         EXPECT_TRUE(processEventsUntil([&] { return read(file("a")) == "slow"; }));
         advance(PipelinedFileDownloader::SilenceMs - 1);
-        EXPECT_EQ(errors.count(), 4);
+        EXPECT_EQ(errors.count(), 3);
         advance(1);
     };
     fails("Network error ", silence, file("a"));
@@ -75,6 +75,32 @@ TEST_F(PipelinedFileDownloaderTest, TellsEachFailureAndGoesOn)
     answer("200 OK", {}, "whole");
     EXPECT_TRUE(downloads.wait());
     EXPECT_EQ(read(file("a")), "whole");
+}
+
+TEST_F(PipelinedFileDownloaderTest, AFullDiskCostsNothingOfWhatComes)
+{
+    SignalRecorder held(&downloader, &PipelinedFileDownloader::downloadedToMemory);
+    QByteArray const body = QByteArray(6000, 'a') + QByteArray(6000, 'b');
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    auto* const signalBefore = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit const full{8192, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    EXPECT_TRUE(downloader.downloadFile(uri("x"), file("a"), {}));
+    server.answer("HTTP/1.1 200 OK\r\nContent-Length: 12000\r\n\r\n" + body.first(6000));
+    EXPECT_TRUE(processEventsUntil([&] { return QFileInfo(file("a")).size() == 6000; }));
+    server.send(body.last(6000));
+    EXPECT_TRUE(held.wait());
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, signalBefore);
+    EXPECT_EQ(held.last().at(1).toByteArray(), body);
+    EXPECT_FALSE(QFile::exists(file("a"))) << "what was begun is gone";
+
+    EXPECT_TRUE(downloader.downloadFile(uri("x"), file("no/such/directory"), {}));
+    answer("200 OK", {}, "whole");
+    EXPECT_TRUE(held.wait(2));
+    EXPECT_EQ(held.last().at(1).toByteArray(), "whole");
+    EXPECT_TRUE(errors.isEmpty() && downloads.isEmpty());
 }
 
 TEST_F(PipelinedFileDownloaderTest, MayBeDestroyedWhileItsThreadDownloads)

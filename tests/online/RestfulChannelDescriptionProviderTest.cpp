@@ -209,12 +209,20 @@ TEST_F(RestfulProviderTest, AServiceThatIsGoneIsTold)
     EXPECT_EQ(failures->first().first(), "Resource not available");
 }
 
-TEST_F(RestfulProviderTest, ADocumentThatIsMissingIsFetchedOnRefreshAndOneThatIsHereReadOnce)
+TEST_F(RestfulProviderTest, ADocumentThatIsMissingIsFetchedLessAndLessOftenAndOneThatIsHereReadOnce)
 {
     provider->start();
-    answer("503 Gone");
-    ASSERT_TRUE(failures->wait());
-    provider->refresh();
+    for (int ms : {4375, 8750, 17500}) {
+        int const told = failures->count();
+        answer("404 Not Found");
+        ASSERT_TRUE(failures->wait(told + 1));
+        int const requests = log.count("Downloading http");
+        advance(ms - 1);
+        provider->refresh(); // As often as the feed asks: it makes no difference.
+        processPendingEvents();
+        EXPECT_EQ(log.count("Downloading http"), requests);
+        advance(1);
+    }
     load(document({channel("a")}), {"a"});
     int readings = log.count("Parsing ");
     for (int trigger = 0; trigger < 3; ++trigger)
@@ -256,6 +264,23 @@ TEST_F(RestfulProviderTest, StoppedItWaitsWithWhatComes)
     EXPECT_EQ(ids(), QStringList({"a", "b"}));
 }
 
+TEST_F(RestfulProviderTest, MayGoWhileADialogOfItsOwnSlotIsOpen)
+{
+    QByteArray const logo = uri("logo.png").toString().toLatin1();
+    provider->start();
+    load(document({channel("a", logo), channel("b", logo)}), {"a", "b"});
+    QPointer<ChannelDescriptionProvider> const retired = provider.get();
+    int told = 0;
+    QObject::connect(provider.get(), &ChannelDescriptionProvider::channelLogoUpdated, cache.get(), [&] {
+        ++told;
+        provider.release()->retire();
+        EXPECT_TRUE(processEventsUntil([&] { return !retired; }));
+    });
+    answer("200 OK", {}, png(Qt::red));
+    ASSERT_TRUE(processEventsUntil([&] { return !retired; }));
+    EXPECT_EQ(told, 1);
+}
+
 TEST_F(RestfulProviderTest, MayBeDestroyedWhileTheCacheWorks)
 {
     ThreadedMemoQueue thread;
@@ -267,7 +292,7 @@ TEST_F(RestfulProviderTest, MayBeDestroyedWhileTheCacheWorks)
     for (int i = 0; i < 300; ++i)
         many.append(channel(QByteArray::number(i), uri("logo.png").toString().toLatin1()));
     for (int round = 0; round < 10; ++round) {
-        auto const other = makeProvider(*shared);
+        auto other = makeProvider(*shared);
         other->start();
         if (round == 0) {
             answer("200 OK", {}, document(many));
@@ -278,6 +303,12 @@ TEST_F(RestfulProviderTest, MayBeDestroyedWhileTheCacheWorks)
             service->allow({"7"});
             EXPECT_EQ(other->numChannels(), 1);
         }
+        if (round % 3 == 0)
+            continue;
+        QPointer<ChannelDescriptionProvider> const retired = other.release();
+        retired->stop();
+        retired->retire();
+        EXPECT_TRUE(processEventsUntil([&] { return !retired; }));
     }
     shared.reset();
     fetcher.reset();

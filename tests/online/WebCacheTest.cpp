@@ -130,6 +130,32 @@ TEST_F(WebCacheTest, NoFailureCostsTheCopy)
     EXPECT_EQ(QDir(file("cache")).entryList(QDir::Files).size(), 2);
 }
 
+TEST_F(WebCacheTest, WhatTheDiskDoesNotTakeIsHeldUntilItDoes)
+{
+    write(file("cache"), "in the way of the directory");
+    fetch(page, "one", "Last-Modified: Sun, 06 Nov 1994 08:49:37 GMT\r\n");
+    EXPECT_EQ(availables->count() * 10 + unavailables->count(), 10);
+    EXPECT_EQ(cache->content(page), "one");
+    EXPECT_EQ(cache->contentLength(page), 3);
+    EXPECT_EQ(HttpDate::toString(cache->lastUpdated(page)), "Sun, 06 Nov 1994 08:49:37 GMT");
+    cache->watch(page, {&refuseBad});
+    cache->update(page);
+    answer("200 OK", {}, "bad page");
+    ASSERT_TRUE(refusals->wait());
+    EXPECT_EQ(cache->content(page), "one");
+    fetch(uri("long"), QByteArray(WebCacheDirectory::maximumBytesHeld - 3, 'x'));
+    cache->watch(uri("more"));
+    answer("200 OK", {}, "more than may be held");
+    ASSERT_TRUE(unavailables->wait());
+
+    ASSERT_TRUE(QFile::remove(file("cache")));
+    advance(WebCache::MinRefreshMs);
+    EXPECT_FALSE(answer("200 OK", {}, "one").join().contains("If-Modified-Since"));
+    ASSERT_TRUE(updates->wait(3));
+    EXPECT_EQ(read(WebCacheDirectory(file("cache")).dataFilePath(page)), "one");
+    EXPECT_EQ(cache->content(page), "one");
+}
+
 TEST_F(WebCacheTest, WhatIsNotHereIsTriedAgainSoonAndThenLessOften)
 {
     cache->watch(page);
@@ -245,7 +271,7 @@ TEST_F(WebCacheTest, MayBeDestroyedWhileItsThreadWorks)
         do // What an earlier one has asked for may come first.
             answer("200 OK", {}, "one");
         while (round % 2 == 0 && fetched.isEmpty());
-        other.ignore(uri("0"));
+        other.ignore({uri(QString("%1/1").arg(round)), uri(QString("%1/2").arg(round))}); // Some wait for their turn.
     }
     fetcher.reset();
     thread.exit();

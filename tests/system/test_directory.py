@@ -79,6 +79,12 @@ class Directory(unittest.TestCase):
             self.service.control("channel remove b")
             self.shown(program, "Channel A")
 
+    def test_a_cache_that_cannot_be_written_keeps_nobody_from_the_channels(self):
+        program = self.program()
+        (program.home / ".cache").write_text("in the way")
+        with program:
+            self.shown(program, "Channel B")
+
     def test_a_service_that_keeps_dying(self):
         print(f"OMBRAVISION_TEST_SEED={SEED}", flush=True)
         chance = random.Random(SEED)

@@ -89,8 +89,9 @@ void ChatPage::addColours()
     for (char const* const name : chatColourNames) {
         grid->addWidget(new QLabel(shownColourName(name), place), ++row, 0);
         for (int column = 0; column < kinds.size(); ++column) {
-            auto const& [kindName, kind] = kinds.at(column);
-            auto* const button = new ColourButton(QString("%1, %2").arg(shownColourName(name), kindName), place);
+            QColor ChatColour::*const kind = kinds.at(column).second;
+            auto* const button =
+                new ColourButton(QString("%1, %2").arg(shownColourName(name), kinds.at(column).first), place);
             grid->addWidget(button, row, column + 1);
             shows.append([this, button, name, kind] {
                 button->setColour(colourOf(appData().settings.chatColours(), name, kind));

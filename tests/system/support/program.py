@@ -28,13 +28,14 @@ class Program:
     """One instance of the program on a display, from entering the context to leaving it, when it has to end cleanly.
 
     Sound goes to the file `wave`, or nowhere with the driver "null". `settings` maps "group/key" to values of the
-    settings file.
+    settings file, `environment` adds to its environment.
     """
 
-    def __init__(self, display: VirtualDisplay, *arguments, settings=None, debug=True, driver="wave"):
+    def __init__(self, display: VirtualDisplay, *arguments, settings=None, debug=True, driver="wave", environment=None):
         self._binary = built("OMBRAVISION_PROGRAM", "application/ombravision")
         self.display = display
         # A name right after a bare -debug would be its value; "-debug=" takes none.
+        self._environment = environment or {}
         self._arguments = (["-debug="] if debug else []) + list(arguments)
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="ombravision-home-"))
         self.wave = self.home / "sound.wav"
@@ -62,7 +63,7 @@ class Program:
     def environment(self):
         kept = {name: value for name, value in self.display.environment.items() if not name.startswith("XDG_")}
         return {**kept, "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.home / "runtime"), "LC_ALL": "C.UTF-8",
-                "ALSOFT_CONF": str(self.home / "alsoft.conf")}
+                "ALSOFT_CONF": str(self.home / "alsoft.conf"), **self._environment}
 
     def start(self):
         with open(self.home / "stdout", "wb") as out, open(self.home / "stderr", "wb") as err:
