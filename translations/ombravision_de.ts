@@ -428,6 +428,14 @@ Neuer Versuch...</translation>
         <source>Reset Streams</source>
         <translation>Streams zurücksetzen</translation>
     </message>
+    <message>
+        <source>This address has a password in it: it is not kept as a favourite.</source>
+        <translation>Diese Adresse enthält ein Passwort: Sie wird nicht als Favorit gespeichert.</translation>
+    </message>
+    <message>
+        <source>Favourite</source>
+        <translation>Favorit</translation>
+    </message>
 </context>
 <context>
     <name>ChannelListWidgetModel</name>
@@ -710,6 +718,13 @@ Bitte warten</translation>
     <message>
         <source>a file on this computer</source>
         <translation>eine Datei auf diesem Rechner</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelView</name>
+    <message>
+        <source>Sort by</source>
+        <translation>Sortieren nach</translation>
     </message>
 </context>
 <context>
@@ -1599,6 +1614,66 @@ Bis bald!
     <message>
         <source>What it does</source>
         <translation>Wirkung</translation>
+    </message>
+    <message>
+        <source>Tab, arrows</source>
+        <translation>Tab, Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>Over the picture: go through the controls</source>
+        <translation>Über dem Bild: durch die Bedienelemente gehen</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>In the list: play the channel</source>
+        <translation>In der Liste: den Sender abspielen</translation>
+    </message>
+    <message>
+        <source>In the list: open the channel beside the others</source>
+        <translation>In der Liste: den Sender neben den anderen öffnen</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>In the list: a look at the channel, and back</source>
+        <translation>In der Liste: Vorschau des Senders, und zurück</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Strg+D</translation>
+    </message>
+    <message>
+        <source>In the list: favourite or not</source>
+        <translation>In der Liste: Favorit oder nicht</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>In the list: delete the channel</source>
+        <translation>In der Liste: den Sender löschen</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>Buchstaben</translation>
+    </message>
+    <message>
+        <source>In the list: filter or search</source>
+        <translation>In der Liste: filtern oder suchen</translation>
+    </message>
+    <message>
+        <source>Left, Right, Return</source>
+        <translation>Links, Rechts, Eingabe</translation>
+    </message>
+    <message>
+        <source>In the carousel: turn it, choose what is in front</source>
+        <translation>Im Karussell: drehen, den vorderen Sender wählen</translation>
     </message>
 </context>
 <context>
@@ -2784,6 +2859,10 @@ Neuer Versuch...</translation>
         <source>%1 s</source>
         <translation>%1 s</translation>
     </message>
+    <message>
+        <source>%1, %2 x %3</source>
+        <translation>%1, %2 x %3</translation>
+    </message>
 </context>
 <context>
     <name>VideoPage</name>
@@ -2924,6 +3003,10 @@ Neuer Versuch...</translation>
     <message>
         <source>Search</source>
         <translation>Suche</translation>
+    </message>
+    <message>
+        <source>The page could not be opened: %1</source>
+        <translation>Die Seite konnte nicht geöffnet werden: %1</translation>
     </message>
 </context>
 <context>

@@ -428,6 +428,14 @@ Nouvel essai...</translation>
         <source>Reset Streams</source>
         <translation>Rétablir les flux</translation>
     </message>
+    <message>
+        <source>This address has a password in it: it is not kept as a favourite.</source>
+        <translation>Cette adresse contient un mot de passe&#xa0;: elle n&apos;est pas conservée dans les favoris.</translation>
+    </message>
+    <message>
+        <source>Favourite</source>
+        <translation>Favori</translation>
+    </message>
 </context>
 <context>
     <name>ChannelListWidgetModel</name>
@@ -710,6 +718,13 @@ Veuillez patienter</translation>
     <message>
         <source>a file on this computer</source>
         <translation>un fichier sur cet ordinateur</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelView</name>
+    <message>
+        <source>Sort by</source>
+        <translation>Trier par</translation>
     </message>
 </context>
 <context>
@@ -1599,6 +1614,66 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
     <message>
         <source>What it does</source>
         <translation>Effet</translation>
+    </message>
+    <message>
+        <source>Tab, arrows</source>
+        <translation>Tab, flèches</translation>
+    </message>
+    <message>
+        <source>Over the picture: go through the controls</source>
+        <translation>Sur l&apos;image&#xa0;: parcourir les commandes</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>In the list: play the channel</source>
+        <translation>Dans la liste&#xa0;: lire la chaîne</translation>
+    </message>
+    <message>
+        <source>In the list: open the channel beside the others</source>
+        <translation>Dans la liste&#xa0;: ouvrir la chaîne à côté des autres</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espace</translation>
+    </message>
+    <message>
+        <source>In the list: a look at the channel, and back</source>
+        <translation>Dans la liste&#xa0;: aperçu de la chaîne, et retour</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>In the list: favourite or not</source>
+        <translation>Dans la liste&#xa0;: favori ou non</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Suppr</translation>
+    </message>
+    <message>
+        <source>In the list: delete the channel</source>
+        <translation>Dans la liste&#xa0;: supprimer la chaîne</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>Lettres</translation>
+    </message>
+    <message>
+        <source>In the list: filter or search</source>
+        <translation>Dans la liste&#xa0;: filtrer ou rechercher</translation>
+    </message>
+    <message>
+        <source>Left, Right, Return</source>
+        <translation>Gauche, Droite, Entrée</translation>
+    </message>
+    <message>
+        <source>In the carousel: turn it, choose what is in front</source>
+        <translation>Dans le carrousel&#xa0;: le faire tourner, choisir la chaîne de devant</translation>
     </message>
 </context>
 <context>
@@ -2784,6 +2859,10 @@ Nouvel essai...</translation>
         <source>%1 s</source>
         <translation>%1&#xa0;s</translation>
     </message>
+    <message>
+        <source>%1, %2 x %3</source>
+        <translation>%1, %2 x %3</translation>
+    </message>
 </context>
 <context>
     <name>VideoPage</name>
@@ -2924,6 +3003,10 @@ Nouvel essai...</translation>
     <message>
         <source>Search</source>
         <translation>Recherche</translation>
+    </message>
+    <message>
+        <source>The page could not be opened: %1</source>
+        <translation>Impossible d&apos;ouvrir la page&#xa0;: %1</translation>
     </message>
 </context>
 <context>

@@ -428,6 +428,14 @@ Nuovo tentativo...</translation>
         <source>Reset Streams</source>
         <translation>Ripristina i flussi</translation>
     </message>
+    <message>
+        <source>This address has a password in it: it is not kept as a favourite.</source>
+        <translation>Questo indirizzo contiene una password: non viene salvato tra i preferiti.</translation>
+    </message>
+    <message>
+        <source>Favourite</source>
+        <translation>Preferito</translation>
+    </message>
 </context>
 <context>
     <name>ChannelListWidgetModel</name>
@@ -710,6 +718,13 @@ Attendi</translation>
     <message>
         <source>a file on this computer</source>
         <translation>un file su questo computer</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelView</name>
+    <message>
+        <source>Sort by</source>
+        <translation>Ordina per</translation>
     </message>
 </context>
 <context>
@@ -1599,6 +1614,66 @@ A presto!
     <message>
         <source>What it does</source>
         <translation>Funzione</translation>
+    </message>
+    <message>
+        <source>Tab, arrows</source>
+        <translation>Tab, frecce</translation>
+    </message>
+    <message>
+        <source>Over the picture: go through the controls</source>
+        <translation>Sull&apos;immagine: scorrere i comandi</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Invio</translation>
+    </message>
+    <message>
+        <source>In the list: play the channel</source>
+        <translation>Nell&apos;elenco: riprodurre il canale</translation>
+    </message>
+    <message>
+        <source>In the list: open the channel beside the others</source>
+        <translation>Nell&apos;elenco: aprire il canale accanto agli altri</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Spazio</translation>
+    </message>
+    <message>
+        <source>In the list: a look at the channel, and back</source>
+        <translation>Nell&apos;elenco: anteprima del canale, e ritorno</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>In the list: favourite or not</source>
+        <translation>Nell&apos;elenco: preferito o no</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Canc</translation>
+    </message>
+    <message>
+        <source>In the list: delete the channel</source>
+        <translation>Nell&apos;elenco: eliminare il canale</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>Lettere</translation>
+    </message>
+    <message>
+        <source>In the list: filter or search</source>
+        <translation>Nell&apos;elenco: filtrare o cercare</translation>
+    </message>
+    <message>
+        <source>Left, Right, Return</source>
+        <translation>Sinistra, Destra, Invio</translation>
+    </message>
+    <message>
+        <source>In the carousel: turn it, choose what is in front</source>
+        <translation>Nel carosello: girarlo, scegliere il canale in primo piano</translation>
     </message>
 </context>
 <context>
@@ -2784,6 +2859,10 @@ Nuovo tentativo...</translation>
         <source>%1 s</source>
         <translation>%1 s</translation>
     </message>
+    <message>
+        <source>%1, %2 x %3</source>
+        <translation>%1, %2 x %3</translation>
+    </message>
 </context>
 <context>
     <name>VideoPage</name>
@@ -2924,6 +3003,10 @@ Nuovo tentativo...</translation>
     <message>
         <source>Search</source>
         <translation>Cerca</translation>
+    </message>
+    <message>
+        <source>The page could not be opened: %1</source>
+        <translation>Impossibile aprire la pagina: %1</translation>
     </message>
 </context>
 <context>

@@ -54,6 +54,15 @@ QString channelIdFromFileName(QString const& name)
     return QString::fromLatin1(name.toUtf8().toHex());
 }
 
+bool hasSecret(QString const& rootId)
+{
+    if (!rootId.startsWith("latte_") && !rootId.startsWith("file_"))
+        return false;
+    qsizetype const begin = rootId.indexOf('_') + 1; // Of the hexadecimal digits.
+    QString const name = QString::fromUtf8(QByteArray::fromHex(rootId.mid(begin).toLatin1()));
+    return Uri::withoutUserInfo(name) != name;
+}
+
 ChannelDescription describeStream(QString const& url, QString const& title)
 {
     return channelOf("latte_" + channelIdFromFileName(url), title, ChannelDescription::UserStreamChannel, Uri(url));

@@ -23,4 +23,8 @@ ChannelDescription describeStream(QString const& url, QString const& title);
 /// The channel of a file's name, or of an address of a file.
 ChannelDescription describeFile(QString const& path);
 
+/// Whether a root id tells the user or password of an address to whoever can read hexadecimal digits: such a one is
+/// not stored.
+bool hasSecret(QString const& rootId);
+
 } // namespace OwnChannels

@@ -8,35 +8,30 @@
 #include "GLMovieDataSource.h"
 #include "LatteClient.h"
 
+/// Put together rather than filled in: a title or an address may have "%1" of its own.
 QString StreamInformation::asText() const
 {
-    QString const text =
-        QStringLiteral("channel: %1\naddress: %2\ntransport: %3\npicture: %4, %5 x %6, %7 per second, %8 bit/s\n")
-            .arg(channel, address, transport, videoCodec)
-            .arg(size.width())
-            .arg(size.height())
-            .arg(frameRate)
-            .arg(videoBitrate);
-    return text +
-           QStringLiteral("sound: %1, %2 Hz, %3 channels, %4 bit/s\n")
-               .arg(audioCodec)
-               .arg(sampleRate)
-               .arg(audioChannels)
-               .arg(audioBitrate) +
-           QStringLiteral(
-               "pictures: %1 shown, %2 dropped\npackets lost: %3 of pictures, %4 of sound\nbytes read: %5\n"
-               "buffer: %6 of %7 bytes\n")
-               .arg(picturesShown)
-               .arg(picturesDropped)
-               .arg(videoLost)
-               .arg(audioLost)
-               .arg(bytesRead)
-               .arg(buffered)
-               .arg(bufferSize) +
-           QStringLiteral("time: %1 of %2 s\nsound before the picture: %3 ms")
-               .arg(time)
-               .arg(duration)
-               .arg(hasSoundOffset ? QString::number(qRound(soundOffset * 1000.0)) : QStringLiteral("unknown"));
+    auto const number = [](auto value) { return QString::number(value); };
+    QStringList picture = {videoCodec, number(size.width()) + " x " + number(size.height())};
+    if (frameRate > 0.0)
+        picture.append(number(frameRate) + " per second");
+    picture.append(number(videoBitrate) + " bit/s");
+    QString const offset = hasSoundOffset ? number(qRound(soundOffset * 1000.0)) : QStringLiteral("unknown");
+    QStringList const lines = {
+        "channel: " + channel,
+        "address: " + address,
+        "transport: " + transport,
+        "picture: " + picture.join(", "),
+        "sound: " + audioCodec + ", " + number(sampleRate) + " Hz, " + number(audioChannels) + " channels, " +
+            number(audioBitrate) + " bit/s",
+        "pictures: " + number(picturesShown) + " shown, " + number(picturesDropped) + " dropped",
+        "packets lost: " + number(videoLost) + " of pictures, " + number(audioLost) + " of sound",
+        "bytes read: " + number(bytesRead),
+        "buffer: " + number(buffered) + " of " + number(bufferSize) + " bytes",
+        "time: " + number(time) + " of " + number(duration) + " s",
+        "sound before the picture: " + offset + " ms",
+    };
+    return lines.join('\n');
 }
 
 StreamInformation ChannelStream::information() const

@@ -92,7 +92,8 @@ QString SupportReport::settings(AppData const& appData)
         QString const name = QString("%1/%2").arg(setting.group, setting.key);
         bool const isPrivate = setting.storage == SettingStorage::Enciphered || name == "proxy/ProxyUser" ||
                                name == "streams/history" || name == "videoWindow/mmsClientGuid" ||
-                               name == "alerts/alertHistory";
+                               name == "alerts/alertHistory" || name == "videoWindow/activeChannel" ||
+                               name == "videoWindow/openChannels" || QString(setting.group) == "channels";
         if (!*setting.key)
             continue;
         QString const text = std::visit(
@@ -130,8 +131,12 @@ QString SupportReport::withoutSecrets(QString const& text)
 {
     static QRegularExpression const userInfo(QStringLiteral("(\\w://)[^\\s/@]+@"));
     static QRegularExpression const email(QStringLiteral("[^\\s@<>()\"',;:/]+@[^\\s@<>()\"',;:/]+"));
+    static QRegularExpression const query(QStringLiteral("(\\w://[^\\s?]+)\\?\\S+"));
+    static QRegularExpression const ownChannel(QStringLiteral("\\b(latte|file)_[0-9a-f]{8,}"));
     QString result = text;
     result.replace(userInfo, "\\1");
+    result.replace(query, "\\1?...");
+    result.replace(ownChannel, "\\1_...");
     result.replace(email, "(e-mail)");
     if (QDir::homePath().size() > 1)
         result.replace(QDir::homePath(), "~");

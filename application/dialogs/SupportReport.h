@@ -22,7 +22,8 @@ public:
     /// Libraries and their versions.
     static QStringList libraries();
 
-    /// A text without e-mail addresses, the users and passwords of addresses, and the name of the home directory.
+    /// A text without e-mail addresses, the users, passwords and queries of addresses, the addresses in root ids, and
+    /// the name of the home directory.
     static QString withoutSecrets(QString const& text);
 
 private:

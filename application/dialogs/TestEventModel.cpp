@@ -1,6 +1,8 @@
 #include "TestEventModel.h"
 
 #include "Icons.h"
+#include "PlainToolTip.h"
+#include "SupportReport.h"
 
 #include <QLocale>
 
@@ -54,7 +56,7 @@ QVariant TestEventModel::data(QModelIndex const& index, int role) const
     QString const text = index.column() == Time   ? QLocale().toString(row.time.time(), "HH:mm:ss")
                          : index.column() == Name ? row.event.title
                                                   : words(row);
-    return role == Qt::ToolTipRole ? text.toHtmlEscaped() : text;
+    return role == Qt::ToolTipRole ? plainToolTip(text) : text;
 }
 
 QVariant TestEventModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -74,8 +76,9 @@ QByteArray TestEventModel::csv() const
         return QString('"' + safe.replace('"', "\"\"") + '"');
     };
     QString text = "time,channel,id,plays,what\r\n";
-    for (Row const& row : _rows)
-        text += row.time.toString(Qt::ISODate) + ',' + quoted(row.event.title) + ',' + quoted(row.event.rootId) +
-                ',' + (row.event.isPlaying ? "yes" : "no") + ',' + quoted(row.event.error) + "\r\n";
+    for (Row const& row : _rows) // Ids of own channels tell addresses, and what is in them.
+        text += row.time.toString(Qt::ISODate) + ',' + quoted(row.event.title) + ',' +
+                quoted(SupportReport::withoutSecrets(row.event.rootId)) + ',' + (row.event.isPlaying ? "yes" : "no") +
+                ',' + quoted(row.event.error) + "\r\n";
     return text.toUtf8();
 }

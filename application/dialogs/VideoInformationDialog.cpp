@@ -6,6 +6,7 @@
 #include "ElidedLabel.h"
 #include "Icons.h"
 #include "Look.h"
+#include "SupportReport.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -153,11 +154,12 @@ QString VideoInformationDialog::pictureText(StreamInformation const& stream) con
 {
     if (stream.videoCodec.isEmpty())
         return {};
+    QString const width = QString::number(stream.size.width());
+    QString const height = QString::number(stream.size.height());
+    if (stream.frameRate <= 0.0) // A live stream need not say.
+        return tr("%1, %2 x %3").arg(stream.videoCodec, width, height);
     return tr("%1, %2 x %3, %4 per second")
-        .arg(stream.videoCodec)
-        .arg(stream.size.width())
-        .arg(stream.size.height())
-        .arg(locale().toString(stream.frameRate, 'f', 2));
+        .arg(stream.videoCodec, width, height, locale().toString(stream.frameRate, 'f', 2));
 }
 
 QString VideoInformationDialog::soundText(StreamInformation const& stream) const
@@ -216,5 +218,5 @@ void VideoInformationDialog::copy()
             lines.append(value->property("name").toString() + ' ' + value->fullText());
     }
     lines.prepend(_stream->currentText());
-    QGuiApplication::clipboard()->setText(lines.join('\n'));
+    QGuiApplication::clipboard()->setText(SupportReport::withoutSecrets(lines.join('\n')));
 }

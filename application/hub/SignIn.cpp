@@ -6,6 +6,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
+#include "OwnChannels.h"
 #include "Timer.h"
 #include "TimerFactory.h"
 
@@ -98,8 +99,11 @@ void SignIn::save()
     if (!isSignedIn())
         return;
     AppSettings& settings = _appData.settings;
-    settings.setActiveChannel(_appData.channelManager()->lastChannelId());
-    settings.setOpenChannels(_appData.channelManager()->lastChannelIds());
+    QString const active = _appData.channelManager()->lastChannelId();
+    QStringList open = _appData.channelManager()->lastChannelIds();
+    open.removeIf([](QString const& id) { return OwnChannels::hasSecret(id); });
+    settings.setActiveChannel(OwnChannels::hasSecret(active) ? open.value(0) : active);
+    settings.setOpenChannels(open);
     settings.saveUserSettings(_email);
 }
 

@@ -1,5 +1,7 @@
 #include "ElidedLabel.h"
 
+#include "PlainToolTip.h"
+
 #include <QEvent>
 
 namespace
@@ -54,5 +56,5 @@ void ElidedLabel::elide()
 {
     QString const shown = fontMetrics().elidedText(_text, _mode, contentsRect().width() - 2 * margin());
     setText(shown);
-    setToolTip(shown == _text ? QString() : _text.toHtmlEscaped());
+    setToolTip(shown == _text ? QString() : plainToolTip(_text));
 }

@@ -43,3 +43,10 @@ QImage Icons::image(Icon icon, int pixels, QColor const& colour)
         return {};
     return PaletteIconEngine::draw(path(icon), {pixels, pixels}, colour);
 }
+
+QPixmap Icons::pixmap(Icon icon, int pixels, QColor const& colour)
+{
+    if (pixels <= 0)
+        return {};
+    return PaletteIconEngine::cached(path(icon), {pixels, pixels}, colour);
+}

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QIcon>
 #include <QImage>
+#include <QPixmap>
 
 /// The icons of the program, by what they mean.
 enum class Icon {
@@ -66,6 +67,9 @@ public:
     /// A square for other uses than Qt's own, such as a texture: one colour, transparent ground, not premultiplied
     /// with anything but its alpha (ARGB32, premultiplied). Null for a side that is not positive.
     static QImage image(Icon icon, int pixels, QColor const& colour);
+
+    /// The same for painting, from a cache; its device pixel ratio is 1.
+    static QPixmap pixmap(Icon icon, int pixels, QColor const& colour);
 
     static constexpr int count = static_cast<int>(Icon::Restore) + 1;
     /// Where the icon's vectors are among the resources.

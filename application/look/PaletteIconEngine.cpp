@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
-#include <QPixmap>
 #include <QPixmapCache>
 #include <QSvgRenderer>
 #include <QWidget>
@@ -41,13 +40,13 @@ QImage PaletteIconEngine::draw(QString const& path, QSize const& pixels, QColor 
     return image;
 }
 
-QPixmap PaletteIconEngine::cached(QSize const& pixels, QColor const& colour) const
+QPixmap PaletteIconEngine::cached(QString const& path, QSize const& pixels, QColor const& colour)
 {
     QString const name =
-        QStringLiteral("%1 %2x%3 %4").arg(_path).arg(pixels.width()).arg(pixels.height()).arg(colour.rgba());
+        QStringLiteral("%1 %2x%3 %4").arg(path).arg(pixels.width()).arg(pixels.height()).arg(colour.rgba());
     QPixmap pixmap;
     if (!QPixmapCache::find(name, &pixmap)) {
-        pixmap = QPixmap::fromImage(draw(_path, pixels, colour));
+        pixmap = QPixmap::fromImage(draw(path, pixels, colour));
         QPixmapCache::insert(name, pixmap);
     }
     return pixmap;
@@ -57,8 +56,8 @@ void PaletteIconEngine::paint(QPainter* painter, QRect const& rect, QIcon::Mode 
 {
     qreal const ratio = painter->device()->devicePixelRatioF();
     auto const* const widget = dynamic_cast<QWidget*>(painter->device());
-    QPixmap pixmap =
-        cached((QSizeF(rect.size()) * ratio).toSize(), colourOf(widget ? widget->palette() : QPalette(), mode));
+    QPixmap pixmap = cached(_path, (QSizeF(rect.size()) * ratio).toSize(),
+                            colourOf(widget ? widget->palette() : QPalette(), mode));
     pixmap.setDevicePixelRatio(ratio);
     painter->drawPixmap(rect.topLeft(), pixmap);
 }
@@ -71,7 +70,7 @@ QPixmap PaletteIconEngine::pixmap(QSize const& size, QIcon::Mode mode, QIcon::St
 QPixmap PaletteIconEngine::scaledPixmap(QSize const& size, QIcon::Mode mode, QIcon::State, qreal scale)
 {
     // The size is in pixels already; the scale tells what they are for.
-    QPixmap pixmap = cached(size, colourOf(QGuiApplication::palette(), mode));
+    QPixmap pixmap = cached(_path, size, colourOf(QGuiApplication::palette(), mode));
     pixmap.setDevicePixelRatio(scale);
     return pixmap;
 }

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QIconEngine>
 #include <QImage>
+#include <QPixmap>
 
 /// Draws an icon from vectors of one colour, in the colours of the application's palette, or of the widget on which
 /// it is painted directly. Main thread only.
@@ -21,8 +22,9 @@ public:
     /// The vectors in a colour, as large as fits into so many pixels. Transparent if there are none.
     static QImage draw(QString const& path, QSize const& pixels, QColor const& colour);
 
-private:
-    QPixmap cached(QSize const& pixels, QColor const& colour) const;
+    /// The same, drawn once as long as it is in use.
+    static QPixmap cached(QString const& path, QSize const& pixels, QColor const& colour);
 
+private:
     QString const _path;
 };

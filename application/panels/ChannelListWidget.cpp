@@ -208,9 +208,10 @@ void ChannelListWidget::prepare(ChannelListWidgetModelRow& row)
 
 void ChannelListWidget::setContent(Content content, QString const& text)
 {
+    bool const isNews = content != _content || text != _contentText;
     _content = content;
     _contentText = text;
-    if (content == Content::Failed && _model->rowCount() > 0)
+    if (isNews && content == Content::Failed && _model->rowCount() > 0)
         tell(text);
     showWhatThereIs();
 }

@@ -33,7 +33,7 @@ void ChannelListWidgetModel::takeInPlace(QList<ChannelDescription> const& channe
                                 at(i).description.purchaseUrl() != channels.at(i).purchaseUrl();
         if (hasChanged) {
             first = first < 0 ? i : first;
-            isOrderTouched = at(i).setDescription(channels.at(i)) || isOrderTouched;
+            isOrderTouched = take(at(i), channels.at(i)) || isOrderTouched;
         } else if (first >= 0) {
             tell(std::exchange(first, -1), i - 1, isOrderTouched);
             isOrderTouched = false;
@@ -57,7 +57,7 @@ void ChannelListWidgetModel::takeAnew(QList<ChannelDescription> const& channels)
         if (auto const found = places.constFind(channel.rootId()); found != places.constEnd()) {
             _rows.push_back(std::move(before[static_cast<size_t>(*found)]));
             if (_rows.back().description != channel)
-                _rows.back().setDescription(channel);
+                take(_rows.back(), channel);
             else
                 _rows.back().description = channel;
         } else {
@@ -67,6 +67,15 @@ void ChannelListWidgetModel::takeAnew(QList<ChannelDescription> const& channels)
         }
     }
     endResetModel();
+}
+
+bool ChannelListWidgetModel::take(ChannelListWidgetModelRow& row, ChannelDescription const& description)
+{
+    bool const hadAlertsOn = row.hasAlertsOn;
+    bool const isOrderTouched = row.setDescription(description);
+    if (_prepare)
+        _prepare(row);
+    return isOrderTouched || row.hasAlertsOn != hadAlertsOn;
 }
 
 void ChannelListWidgetModel::prepareAgain()
@@ -82,7 +91,7 @@ void ChannelListWidgetModel::updateChannel(int row, ChannelDescription const& de
 {
     if (row < 0 || row >= rowCount() || description.rootId() != at(row).rootId)
         return;
-    bool const isOrderTouched = at(row).setDescription(description);
+    bool const isOrderTouched = take(at(row), description);
     tell(row, row, isOrderTouched);
 }
 

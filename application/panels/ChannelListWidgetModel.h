@@ -23,7 +23,7 @@ public:
         FilterRole,             ///< Told as changed where filter or order may come out otherwise.
     };
 
-    /// What the list knows of a channel that it has not met before.
+    /// What the list knows of a channel that it has not met before, or that has changed.
     using Prepare = std::function<void(ChannelListWidgetModelRow&)>;
 
     explicit ChannelListWidgetModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
@@ -52,6 +52,8 @@ private:
     void takeInPlace(QList<ChannelDescription> const& channels);
     void takeAnew(QList<ChannelDescription> const& channels);
     ChannelListWidgetModelRow& at(int row) { return _rows.at(static_cast<size_t>(row)); }
+    /// Whether the place of the row may be another one now.
+    bool take(ChannelListWidgetModelRow& row, ChannelDescription const& description);
     void tell(int first, int last, bool isOrderTouched);
     static QString accessibleText(ChannelListWidgetModelRow const& row);
     static QString toolTip(ChannelListWidgetModelRow const& row);

@@ -5,6 +5,7 @@
 #include "ChannelListWidgetItemDelegate.h"
 #include "ChannelView.h"
 #include "DeleteChannelDialog.h"
+#include "OwnChannels.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -110,7 +111,12 @@ void ChannelListWidget::toggleAlerts(QString const& rootId)
 void ChannelListWidget::toggleFavourite(QString const& rootId)
 {
     QStringList favourites = _appData.settings.favouriteChannels();
-    if (favourites.removeAll(rootId) == 0)
+    bool const wasFavourite = favourites.removeAll(rootId) > 0;
+    if (!wasFavourite && OwnChannels::hasSecret(rootId)) {
+        tell(tr("This address has a password in it: it is not kept as a favourite."));
+        return;
+    }
+    if (!wasFavourite)
         favourites.append(rootId);
     _appData.settings.setFavouriteChannels(favourites);
 }
@@ -213,8 +219,12 @@ void ChannelListWidget::fillMenu(QMenu& menu, ChannelListWidgetModelRow const& r
     if (row.isForSale())
         addEntry(menu, tr("Purchase"), row.rootId, &ChannelListWidget::onPurchaseChannel);
     addStreamEntries(menu, row);
+    menu.addSeparator();
+    QAction* const favourite = menu.addAction(tr("Favourite"));
+    favourite->setCheckable(true);
+    favourite->setChecked(row.isFavourite);
+    connect(favourite, &QAction::triggered, this, [this, id = row.rootId] { toggleFavourite(id); });
     if (row.description.hasAlerts()) {
-        menu.addSeparator();
         QAction* const alerts = menu.addAction(tr("Breaking News Alerts"));
         alerts->setCheckable(true);
         alerts->setChecked(row.hasAlertsOn);
@@ -224,6 +234,8 @@ void ChannelListWidget::fillMenu(QMenu& menu, ChannelListWidgetModelRow const& r
         menu.addSeparator();
         addEntry(menu, tr("Delete from My Channels"), row.rootId, &ChannelListWidget::onDeleteChannel);
     }
+    menu.addSeparator();
+    _view->addSortMenu(menu);
 }
 
 void ChannelListWidget::addPlayEntries(QMenu& menu, ChannelListWidgetModelRow const& row)

@@ -118,7 +118,8 @@ void ChannelPanels::showContent()
     using Content = ChannelListWidget::Content;
     ChannelManager const& channels = *_appData.channelManager();
     bool const isFollowed = _appData.settings.demoMode() || _appData.signIn()->isSignedIn();
-    if (_appData.signIn()->isSigningIn())
+    SignIn const& signIn = *_appData.signIn();
+    if (signIn.isSigningIn() && !signIn.isAsking()) // A dialog says how it goes.
         _list->setContent(Content::Loading, tr("Signing in..."));
     else if (!isFollowed)
         _list->setContent(Content::SignedOut);

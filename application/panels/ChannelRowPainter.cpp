@@ -139,9 +139,9 @@ void ChannelRowPainter::paintIcon(Icon icon, bool isDim, bool atEnd)
                        QSize(Look::smallIcon, Look::smallIcon));
     QRect const place = atEnd ? iconAtEnd(_option) : middle;
     double const ratio = _painter.device()->devicePixelRatioF();
-    QImage image = Icons::image(icon, static_cast<int>(std::lround(Look::smallIcon * ratio)), textColour(isDim));
-    image.setDevicePixelRatio(ratio);
-    _painter.drawImage(place.topLeft(), image);
+    QPixmap pixmap = Icons::pixmap(icon, static_cast<int>(std::lround(Look::smallIcon * ratio)), textColour(isDim));
+    pixmap.setDevicePixelRatio(ratio);
+    _painter.drawPixmap(place.topLeft(), pixmap);
 }
 
 void ChannelRowPainter::paintLogo(QRect const& box, Channel const& channel, LogoPixmaps& logos)
@@ -153,9 +153,10 @@ void ChannelRowPainter::paintLogo(QRect const& box, Channel const& channel, Logo
         _painter.setOpacity(0.5);
     if (pixmap.isNull()) {
         int const side = std::min(box.width(), box.height()) * 3 / 4;
-        QImage image = Icons::image(channel.standIn, static_cast<int>(std::lround(side * ratio)), textColour(true));
-        image.setDevicePixelRatio(ratio);
-        _painter.drawImage(place.center() - QPoint(side / 2, side / 2), image);
+        int const pixels = static_cast<int>(std::lround(side * ratio));
+        QPixmap standIn = Icons::pixmap(channel.standIn, pixels, textColour(true));
+        standIn.setDevicePixelRatio(ratio);
+        _painter.drawPixmap(place.center() - QPoint(side / 2, side / 2), standIn);
     } else {
         QSize const size = (QSizeF(pixmap.size()) / ratio).toSize();
         _painter.drawPixmap(place.center() - QPoint(size.width() / 2, size.height() / 2), pixmap);

@@ -10,6 +10,7 @@
 #include "Look.h"
 #include "MyChannels.h"
 #include "PanelNotice.h"
+#include "PlainToolTip.h"
 #include "SoapService.h"
 
 #include <QEvent>
@@ -75,7 +76,7 @@ void ChannelSearchWidget::createControls()
     _link->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     _link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     _link->setFocusPolicy(Qt::StrongFocus);
-    _link->setToolTip(_webSearchAddress.toHtmlEscaped());
+    _link->setToolTip(plainToolTip(_webSearchAddress));
     connect(_link, &QLabel::linkActivated, this, &ChannelSearchWidget::webSearchClicked);
 }
 

@@ -1,45 +1,51 @@
 #include "ChannelSearchWidgetModel.h"
 
 #include <QLocale>
-
-#include <algorithm>
+#include <QSet>
 
 namespace
 {
 
 constexpr size_t maximumRows = 2000; // A service decides how many it sends.
 
-template<typename Predicate>
-int firstRow(std::vector<ChannelSearchWidgetModelRow> const& rows, int from, Predicate const& fits)
-{
-    auto const found = std::find_if(rows.begin() + std::min(from, static_cast<int>(rows.size())), rows.end(), fits);
-    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
-}
-
 } // namespace
+
+void ChannelSearchWidgetModel::append(SoapUserChannel const& channel)
+{
+    int const row = rowCount();
+    ChannelSearchWidgetModelRow const& made = _rows.emplace_back(channel);
+    _rowsById.insert(made.id, row);
+    if (!_rowsByRootId.contains(made.description.rootId()))
+        _rowsByRootId.insert(made.description.rootId(), row);
+}
 
 void ChannelSearchWidgetModel::setChannels(QList<SoapUserChannel> const& channels)
 {
     beginResetModel();
     _rows.clear();
+    _rowsById.clear();
+    _rowsByRootId.clear();
     for (SoapUserChannel const& channel : channels)
-        if (!channel.id.isEmpty() && findChannelRowById(channel.id) < 0 && _rows.size() < maximumRows)
-            _rows.emplace_back(channel);
+        if (!channel.id.isEmpty() && !_rowsById.contains(channel.id) && _rows.size() < maximumRows)
+            append(channel);
     endResetModel();
 }
 
 void ChannelSearchWidgetModel::appendChannels(QList<SoapUserChannel> const& channels)
 {
     QList<SoapUserChannel> others;
+    QSet<QString> ids;
     for (SoapUserChannel const& channel : channels)
-        if (!channel.id.isEmpty() && findChannelRowById(channel.id) < 0 && !others.contains(channel) &&
-            _rows.size() + static_cast<size_t>(others.size()) < maximumRows)
+        if (!channel.id.isEmpty() && !_rowsById.contains(channel.id) && !ids.contains(channel.id) &&
+            _rows.size() + static_cast<size_t>(others.size()) < maximumRows) {
             others.append(channel);
+            ids.insert(channel.id);
+        }
     if (others.isEmpty())
         return;
     beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(others.size()) - 1);
     for (SoapUserChannel const& channel : others)
-        _rows.emplace_back(channel);
+        append(channel);
     endInsertRows();
 }
 
@@ -76,18 +82,20 @@ void ChannelSearchWidgetModel::setAdded(int row, bool isAdded)
 
 int ChannelSearchWidgetModel::findChannelRowById(QString const& id) const
 {
-    return firstRow(_rows, 0, [&](ChannelSearchWidgetModelRow const& row) { return row.id == id; });
+    return _rowsById.value(id, -1);
 }
 
 int ChannelSearchWidgetModel::findChannelRowByLogoUri(Uri const& logo, int from) const
 {
-    return firstRow(_rows, from, [&](ChannelSearchWidgetModelRow const& row) { return row.logoUri == logo; });
+    for (int i = from; i < rowCount(); ++i)
+        if (row(i).logoUri == logo)
+            return i;
+    return -1;
 }
 
 int ChannelSearchWidgetModel::findChannelRowByRootId(QString const& rootId) const
 {
-    return firstRow(_rows, 0,
-                    [&](ChannelSearchWidgetModelRow const& row) { return row.description.rootId() == rootId; });
+    return _rowsByRootId.value(rootId, -1);
 }
 
 int ChannelSearchWidgetModel::rowCount(QModelIndex const& parent) const

@@ -3,6 +3,7 @@
 #include "ChannelSearchWidgetModelRow.h"
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QList>
 
 #include <vector>
@@ -44,5 +45,9 @@ private:
     void tell(int row) { emit dataChanged(index(row, 0), index(row, ColumnCount - 1)); }
     QVariant text(ChannelSearchWidgetModelRow const& row, int column) const;
 
+    void append(SoapUserChannel const& channel);
+
     std::vector<ChannelSearchWidgetModelRow> _rows;
+    QHash<QString, int> _rowsById;
+    QHash<QString, int> _rowsByRootId; ///< The first one of each.
 };

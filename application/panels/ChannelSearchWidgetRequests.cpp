@@ -253,8 +253,7 @@ void ChannelSearchWidget::showMenu(QModelIndex const& index, QPoint const& point
         add(tr("Remove from Multiview"), [this, channel] { emit closeChannel(channel); });
     if (!isChannelAdded(rootId))
         add(tr("Save to My Channels"), [this, id = _model->row(row).id] { save(id); });
-    if (menu->isEmpty())
-        menu->close();
-    else
-        menu->popup(point);
+    menu->addSeparator();
+    _view->addSortMenu(*menu);
+    menu->popup(point);
 }

@@ -6,6 +6,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyleOption>
@@ -80,6 +81,23 @@ void ChannelView::resizeEvent(QResizeEvent* event)
     fitColumns();
 }
 
+void ChannelView::addSortMenu(QMenu& menu)
+{
+    QMenu* const columns = menu.addMenu(tr("Sort by"));
+    for (int column = 0; column < model()->columnCount(); ++column) {
+        QAction* const entry =
+            columns->addAction(model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+        bool const isSorted = header()->sortIndicatorSection() == column;
+        bool const isAscending = isSorted && header()->sortIndicatorOrder() == Qt::AscendingOrder;
+        entry->setCheckable(true);
+        entry->setChecked(isSorted);
+        connect(entry, &QAction::triggered, this,
+                [this, column, order = isAscending ? Qt::DescendingOrder : Qt::AscendingOrder] {
+                    sortByColumn(column, order);
+                });
+    }
+}
+
 ChannelView::Place ChannelView::place() const
 {
     QModelIndex const top = indexAt({viewport()->width() / 2, 0});
@@ -138,6 +156,12 @@ void ChannelView::keyPressEvent(QKeyEvent* event)
     if (request) {
         if (currentIndex().isValid() && !event->isAutoRepeat())
             emit(this->*request)(currentIndex());
+        return;
+    }
+    bool const isVolume =
+        event->modifiers() == Qt::ControlModifier && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down);
+    if (isVolume) {
+        event->ignore(); // The window's.
         return;
     }
     bool const isPlain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));

@@ -4,6 +4,8 @@
 #include <QPersistentModelIndex>
 #include <QTreeView>
 
+class QMenu;
+
 /// A header of which a column that is too narrow for its text shows its icon, if it has one. Main thread only.
 class ChannelHeader : public QHeaderView
 {
@@ -36,6 +38,9 @@ public:
     /// is hidden where it has not. `state` and `second` are the widths of the two.
     void arrangeColumns(int state, int second);
     bool hasStateColumn() const { return !isColumnHidden(0); }
+
+    /// Adds a menu of the columns to sort by, as their headers do, which no key reaches.
+    void addSortMenu(QMenu& menu);
 
     Place place() const;
     /// Has the row where it was, and the current row selected; if that has gone, what stands in its place.

@@ -2,6 +2,7 @@
 
 #include "Look.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -40,10 +41,30 @@ PanelNotice::PanelNotice(QWidget* parent)
 
 void PanelNotice::tell(Icon icon, QString const& text, QString const& button)
 {
-    _icon->setPixmap(Icons::icon(icon).pixmap({Look::largeIcon, Look::largeIcon}, devicePixelRatioF()));
+    _shownIcon = icon;
+    drawIcon();
     _icon->show();
     _progress->hide();
     show(text, button);
+}
+
+/// A pixmap does not follow the palette.
+void PanelNotice::drawIcon()
+{
+    _icon->setPixmap(Icons::icon(_shownIcon).pixmap({Look::largeIcon, Look::largeIcon}, devicePixelRatioF()));
+}
+
+void PanelNotice::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        drawIcon();
+}
+
+void PanelNotice::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    drawIcon(); // It may be another screen.
 }
 
 void PanelNotice::tellProgress(QString const& text, QString const& button)

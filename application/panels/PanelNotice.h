@@ -25,9 +25,15 @@ public:
 signals:
     void buttonClicked();
 
+protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
 private:
     void show(QString const& text, QString const& button);
+    void drawIcon();
 
+    Icon _shownIcon = Icon::Info;
     QLabel* const _icon;
     QLabel* const _text;
     QProgressBar* const _progress;

@@ -26,7 +26,8 @@ ActionStates::ActionStates(AppData& appData) : _appData(appData)
     connect(channels, &ChannelManager::channelStateChanged, this, &ActionStates::changeLater);
     connect(&_appData, &AppData::signedInChanged, this, &ActionStates::changeLater);
     for (auto const signal :
-         {&AppSettings::volumeChanged, &AppSettings::showFullScreenChanged, &AppSettings::recordChanged})
+         {&AppSettings::volumeChanged, &AppSettings::muteChanged, &AppSettings::showFullScreenChanged,
+          &AppSettings::recordChanged, &AppSettings::testModeChanged})
         connect(&_appData.settings, signal, this, &ActionStates::changeLater);
     changeLater();
 }

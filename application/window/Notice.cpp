@@ -3,13 +3,15 @@
 #include "Look.h"
 
 #include <QEvent>
+#include <QStyle>
 #include <QWindow>
 
 #include <algorithm>
 
 namespace
 {
-constexpr int distance = 12;      // Pixels between the notice and the edges of its place.
+constexpr qsizetype longestText = 300; // Some of it comes from outside.
+constexpr int distance = 12;           // Pixels between the notice and the edges of its place.
 constexpr int overControls = 104; // Above the lower edge, where there is room: the controls of the overlay are there.
 } // namespace
 
@@ -60,7 +62,7 @@ void Notice::onPassed()
 
 void Notice::display(QString const& text)
 {
-    setText(text);
+    setText(text.size() > longestText ? QString(text.left(longestText) + QChar(0x2026)) : text);
     moveIntoPlace();
     show();
     raise();
@@ -71,9 +73,10 @@ void Notice::moveIntoPlace()
     QRect const room(_place->mapTo(parentWidget(), QPoint(0, 0)), _place->size());
     int const textWidth = fontMetrics().boundingRect(QRect(), Qt::TextExpandTabs, text()).width() + 2 * distance;
     int const width = qMin(room.width() - 2 * distance, textWidth);
-    resize(width, heightForWidth(width));
+    int const height = qMin(heightForWidth(width), room.height() / 2);
     int const below = room.height() > 3 * overControls ? overControls : distance;
-    move(room.left() + distance, room.bottom() - below - height());
+    QRect const area(room.left() + distance, room.bottom() - below - height, width, height);
+    setGeometry(QStyle::visualRect(layoutDirection(), room, area));
 }
 
 bool Notice::eventFilter(QObject* watched, QEvent* event)

@@ -1,6 +1,7 @@
 #include "SlowDriverWarning.h"
 
 #include "AppData.h"
+#include "Channel.h"
 #include "ChannelManager.h"
 #include "Icons.h"
 #include "Look.h"

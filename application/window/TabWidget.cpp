@@ -2,6 +2,7 @@
 
 #include "AppSettings.h"
 
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QTabBar>
 
@@ -14,6 +15,7 @@ TabWidget::TabWidget(AppSettings& settings, QWidget* parent) : QTabWidget(parent
     setUsesScrollButtons(true);
     tabBar()->setExpanding(true);
     tabBar()->setAccessibleName(tr("Tabs"));
+    tabBar()->installEventFilter(this);
     connect(tabBar(), &QTabBar::tabMoved, this, &TabWidget::keep);
     connect(&_settings, &AppSettings::tabPositionsChanged, this, &TabWidget::restore);
 }
@@ -24,6 +26,18 @@ int TabWidget::addTab(QWidget* page, QString const& text)
     QTabWidget::addTab(page, text);
     restore();
     return indexOf(page);
+}
+
+/// With the focus on the tabs the arrows choose one, and do not seek.
+bool TabWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == tabBar() && event->type() == QEvent::ShortcutOverride) {
+        auto const* const key = static_cast<QKeyEvent*>(event);
+        bool const isArrow = key->key() == Qt::Key_Left || key->key() == Qt::Key_Right;
+        if (isArrow && (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier)
+            event->accept();
+    }
+    return QTabWidget::eventFilter(watched, event);
 }
 
 void TabWidget::keep()

@@ -18,6 +18,9 @@ public:
     /// Shows the tab of a page; nothing for another widget.
     void showPage(QWidget* page) { setCurrentWidget(page); }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void keep();
     void restore();

@@ -21,7 +21,7 @@ TrayIcon::TrayIcon(AppData& appData) : _appData(appData), _icon(QIcon(":/Resourc
     connect(&_icon, &QSystemTrayIcon::messageClicked, this, &TrayIcon::activated);
     connect(&_appData, &AppData::channelOpened, this, &TrayIcon::onChannelOpened);
     connect(&_appData, &AppData::channelChanged, this, &TrayIcon::updateToolTip);
-    connect(&_appData, &AppData::channelsUpdated, this, &TrayIcon::updateToolTip);
+    connect(&_appData, &AppData::channelsUpdated, this, &TrayIcon::onChannelsUpdated);
     updateToolTip();
 }
 
@@ -30,10 +30,12 @@ bool TrayIcon::isVisible() const
     return _icon.isVisible() && QSystemTrayIcon::isSystemTrayAvailable();
 }
 
-void TrayIcon::tell(QString const& title, QString const& text)
+bool TrayIcon::tell(QString const& title, QString const& text)
 {
-    if (QSystemTrayIcon::supportsMessages())
-        _icon.showMessage(title, text, QSystemTrayIcon::Information, trayTellTime);
+    if (!_icon.isVisible() || !QSystemTrayIcon::supportsMessages())
+        return false;
+    _icon.showMessage(title, text, QSystemTrayIcon::Information, trayTellTime);
+    return true;
 }
 
 void TrayIcon::onChannelOpened(Channel* channel)
@@ -42,6 +44,18 @@ void TrayIcon::onChannelOpened(Channel* channel)
     _recent.removeAll(id);
     _recent.prepend(id);
     _recent = _recent.mid(0, mostRecent);
+}
+
+void TrayIcon::onChannelsUpdated()
+{
+    updateToolTip();
+    ChannelManager const& channels = *_appData.channelManager();
+    if (_hasFormer || !channels.channelsLoaded())
+        return;
+    _hasFormer = true;
+    for (QString const& id : channels.lastChannelIds())
+        if (!_recent.contains(id) && _recent.size() < mostRecent)
+            _recent.append(id);
 }
 
 void TrayIcon::fillMenu()

@@ -10,7 +10,7 @@ class AppData;
 class Channel;
 
 /// The program's icon in the system tray, and its menu: the channels that were open last, sound, account, window,
-/// end. A click shows the window, or hides it if it has the focus of the desktop. Main thread only.
+/// end. A click shows the window. Main thread only.
 class TrayIcon : public QObject
 {
     Q_OBJECT
@@ -26,10 +26,12 @@ public:
     /// Whether it can be seen, so that a window that was hidden can be brought back.
     bool isVisible() const;
 
-    /// Words of the desktop's own beside the icon, for when the window is not there to say them.
-    void tell(QString const& title, QString const& text);
+    /// Words of the desktop's own beside the icon, for when the window is not there to say them. False where the
+    /// desktop has no place for them.
+    bool tell(QString const& title, QString const& text);
 
-    /// Root ids, the last that was opened first; channels that are not known any more are left out in the menu.
+    /// Root ids, the last that was opened first, at the start those that were open at the end of the last run;
+    /// channels that are not known any more are left out in the menu.
     QStringList recentChannels() const { return _recent; }
 
 signals:
@@ -38,6 +40,7 @@ signals:
 
 private slots:
     void onChannelOpened(Channel* channel);
+    void onChannelsUpdated();
     void onActivated(QSystemTrayIcon::ActivationReason reason);
 
 private:
@@ -48,4 +51,5 @@ private:
     QMenu _menu;
     QSystemTrayIcon _icon;
     QStringList _recent;
+    bool _hasFormer = false; ///< Those of the last run are among them.
 };

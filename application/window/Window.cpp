@@ -40,7 +40,7 @@ Logger* Window::log = LoggerManager::logger();
 namespace
 {
 constexpr QSize firstSize(854, 480); // Of the video surface.
-constexpr int firstTabsWidth = 296;
+constexpr int firstTabsWidth = 340;
 constexpr int roomForFrame = 32; // Pixels of height, before the window manager has told its own.
 } // namespace
 
@@ -185,6 +185,8 @@ bool Window::event(QEvent* event)
         event->accept();
         return true;
     }
+    if (event->type() == QEvent::WindowDeactivate)
+        _keys->forget();
     return OmbravisionWidget::event(event);
 }
 
@@ -197,9 +199,9 @@ void Window::closeEvent(QCloseEvent* event)
     }
     _appData.settings.setShowFullScreen(false);
     if (!_appData.settings.toldOfTray())
-        _trayIcon->tell(tr("Ombravision is still there"),
-                        tr("Click on its icon to go on watching. Exit in its menu ends the program."));
-    _appData.settings.setToldOfTray(true);
+        _appData.settings.setToldOfTray(
+            _trayIcon->tell(tr("Ombravision is still there"),
+                            tr("Click on its icon to go on watching. Exit in its menu ends the program.")));
     _fade->hideWindow();
     _closedByHand = true;
     emit windowVisibilityChanged(false);

@@ -20,6 +20,7 @@ class SlowDriverWarning;
 class Splitter;
 class TabWidget;
 class TrayIcon;
+class Uri;
 class WindowDialogs;
 class WindowFade;
 class WindowKeys;
@@ -120,6 +121,7 @@ private:
     void disconnectActions();
     void disconnectSignals();
     void stepSpeed(int steps);
+    void openPage(Uri const& address);
     void updateTitle();
 
     static Logger* log;

@@ -29,15 +29,8 @@
 
 namespace
 {
-
 constexpr double volumeStep = 0.1;
 constexpr double seekStep = 10.0; // Seconds.
-
-void openPage(Uri const& address)
-{
-    QDesktopServices::openUrl(QUrl(address.toString()));
-}
-
 } // namespace
 
 void Window::onShowFullScreenChanged()
@@ -227,6 +220,13 @@ void Window::onSigningInChanged()
     _notice->keep(Notice::Subject::SigningIn, isTold ? tr("Signing in ...") : QString());
 }
 
+void Window::openPage(Uri const& address)
+{
+    constexpr qsizetype longest = 200;
+    if (!QDesktopServices::openUrl(QUrl(address.toString())))
+        _notice->tell(tr("The page could not be opened: %1").arg(address.toString().left(longest)));
+}
+
 void Window::onSupport()
 {
     openPage(_appData.settings.supportUrl());
@@ -276,6 +276,6 @@ void Window::updateTitle()
     if (_appData.settings.muted())
         title = tr("%1 (muted)").arg(title);
     else if (_appData.settings.volume() < 1.0)
-        title = tr("%1 (volume %2 %)").arg(title).arg(qRound(_appData.settings.volume() * 100.0));
+        title = tr("%1 (volume %2 %)").arg(title, QString::number(qRound(_appData.settings.volume() * 100.0)));
     setWindowTitle(title);
 }

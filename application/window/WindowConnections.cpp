@@ -2,7 +2,9 @@
 
 #include "ActionStates.h"
 #include "AppData.h"
+#include "Channel.h"
 #include "ChannelManager.h"
+#include "ChannelStream.h"
 #include "FileChannels.h"
 #include "GLWidget.h"
 #include "SignIn.h"

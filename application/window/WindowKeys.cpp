@@ -47,15 +47,24 @@ bool WindowKeys::isOurs(QKeyEvent const& event) const
 
 void WindowKeys::press(QKeyEvent const& event)
 {
-    if (!event.isAutoRepeat())
-        _heldKey = isOurs(event) ? event.key() : 0;
+    if (event.isAutoRepeat())
+        return;
+    _heldKey = isOurs(event) ? event.key() : 0;
+    _isEscapeDown = event.key() == Qt::Key_Escape;
+}
+
+void WindowKeys::forget()
+{
+    _heldKey = 0;
+    _isEscapeDown = false;
 }
 
 bool WindowKeys::release(QKeyEvent const& event)
 {
     if (event.isAutoRepeat())
         return false;
-    if (event.key() == Qt::Key_Escape && _settings.showFullScreen()) {
+    bool const wasEscapeDown = std::exchange(_isEscapeDown, false);
+    if (event.key() == Qt::Key_Escape && wasEscapeDown && _settings.showFullScreen()) {
         _settings.action(MenuAction::FullScreen)->trigger();
         return true;
     }

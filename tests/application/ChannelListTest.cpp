@@ -7,6 +7,7 @@
 #include "DeleteChannelDialog.h"
 #include "EventLoop.h"
 #include "FoldedText.h"
+#include "OwnChannels.h"
 #include "SettingsFile.h"
 
 #include <QAbstractItemModelTester>
@@ -106,7 +107,7 @@ protected:
         QStringList texts;
         auto const* const menu = list->findChild<QMenu*>("channelMenu");
         for (QAction const* const action : menu ? menu->actions() : QList<QAction*>())
-            if (!action->isSeparator())
+            if (!action->isSeparator() && !action->menu())
                 texts.append(action->text());
         return texts;
     }
@@ -258,19 +259,21 @@ TEST_F(ChannelListTest, TheMenuHasWhatFitsTheRow)
     QList<ChannelDescription> channels = listedChannels();
     channels[2].setPurchaseUrl("http://buy/");
     list->onChannelsUpdated(channels);
-    EXPECT_EQ(menuOf("a"), (QStringList{"Play", "Preview", "Breaking News Alerts", "Delete from My Channels"}));
+    EXPECT_EQ(menuOf("a"),
+              (QStringList{"Play", "Preview", "Favourite", "Breaking News Alerts", "Delete from My Channels"}));
     choose({});
-    EXPECT_EQ(menuOf("c"), (QStringList{"Preview", "Purchase"}));
+    EXPECT_EQ(menuOf("c"), (QStringList{"Preview", "Purchase", "Favourite"}));
     choose({});
     for (char const* const id : {"a", "b"})
         list->onChannelOpened(listed(id, id));
     list->onChannelChanged(channels[0]);
     list->setChannelState("a", ChannelRowState::Playing);
-    EXPECT_EQ(menuOf("a"), (QStringList{"Remove from Multiview", "Breaking News Alerts", "Delete from My Channels"}));
+    EXPECT_EQ(menuOf("a"),
+              (QStringList{"Remove from Multiview", "Favourite", "Breaking News Alerts", "Delete from My Channels"}));
     choose({});
     QSignalSpy added(list.get(), &ChannelListWidget::addStream);
-    EXPECT_EQ(menuOf("d"),
-              (QStringList{"Play", "Add to Multiview", "Preview", "Add Stream", "Delete from My Channels"}));
+    EXPECT_EQ(menuOf("d"), (QStringList{"Play", "Add to Multiview", "Preview", "Add Stream", "Favourite",
+                                        "Delete from My Channels"}));
     choose("Add Stream");
     ASSERT_EQ(added.size(), 1);
     ChannelDescription both = channels[0];
@@ -282,6 +285,25 @@ TEST_F(ChannelListTest, TheMenuHasWhatFitsTheRow)
     choose("Play");
     EXPECT_TRUE(played.isEmpty()) << "it has gone while its menu was open";
     EXPECT_TRUE(menuOf("a").contains("Reset Streams"));
+}
+
+TEST_F(ChannelListTest, AlertsAreOnForAChannelThatGetsThemAndNoPasswordIsKept)
+{
+    ChannelDescription channel = listed("a", "A");
+    channel.setHasAlerts(false);
+    list->onChannelsUpdated({channel});
+    channel.setHasAlerts(true);
+    list->onChannelsUpdated({channel});
+    EXPECT_EQ(indexOf("a", ChannelListWidgetModel::AlertsColumn).data(), "On");
+
+    ChannelDescription const secret = OwnChannels::describeStream("http://ann:pw@127.0.0.1/x", "x");
+    ChannelDescription const plain = OwnChannels::describeStream("http://127.0.0.1/x", "x");
+    list->onChannelsUpdated({secret, plain});
+    for (ChannelDescription const& description : {secret, plain}) {
+        menuOf(description.rootId());
+        choose("Favourite");
+    }
+    EXPECT_EQ(_appData.settings.favouriteChannels(), QStringList(plain.rootId()));
 }
 
 TEST_F(ChannelListTest, DeletingAsksAndSurvivesAChannelThatVanishes)

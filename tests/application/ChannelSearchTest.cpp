@@ -75,7 +75,8 @@ protected:
         auto* const menu = widget.findChild<QMenu*>("searchMenu");
         QStringList texts;
         for (QAction const* const action : menu->actions())
-            texts.append(action->text());
+            if (!action->isSeparator() && !action->menu())
+                texts.append(action->text());
         menu->close();
         QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
         return texts;

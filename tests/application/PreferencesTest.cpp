@@ -6,6 +6,7 @@
 #include "PreferencesDialog.h"
 #include "PreferencesPage.h"
 #include "SettingsFile.h"
+#include "StreamInformation.h"
 #include "SupportReport.h"
 #include "WebCache.h"
 
@@ -202,4 +203,14 @@ TEST_F(PreferencesTest, TheSupportReportHasNoSecrets)
         EXPECT_FALSE(report.contains(secret)) << secret;
     EXPECT_EQ(SupportReport::withoutSecrets("a http://ann:pw@host/x <ann@example.com> " + QDir::homePath() + "/f"),
               "a http://host/x <(e-mail)> ~/f");
+    EXPECT_EQ(SupportReport::withoutSecrets("http://host/get?username=u&password=p, latte_616e6e3a736563726574"),
+              "http://host/get?... latte_...");
+    settings.setActiveChannel("latte_616e6e3a736563726574");
+    EXPECT_FALSE(SupportReport::ofProgram(_appData, *_dialog).contains("616e6e"));
+    StreamInformation stream;
+    stream.channel = "Top %1 TV";
+    stream.address = "http://host/a%3Ab%20%2";
+    QString const text = stream.asText();
+    EXPECT_TRUE(text.startsWith("channel: Top %1 TV\naddress: http://host/a%3Ab%20%2\n")) << text.toStdString();
+    EXPECT_FALSE(text.contains("per second"));
 }

@@ -5,6 +5,7 @@
 #include "FileChannels.h"
 #include "Icons.h"
 #include "Mnemonics.h"
+#include "PlainToolTip.h"
 #include "SettingsFile.h"
 #include "SkinFrame.h"
 #include "TabWidget.h"
@@ -19,6 +20,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTabBar>
+#include <QTextDocument>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -35,7 +37,10 @@ protected:
     {
         return _keys.release(QKeyEvent(QEvent::KeyRelease, key, modifiers, {}, isRepeat));
     }
-    void press(int key) { _keys.press(QKeyEvent(QEvent::KeyPress, key, Qt::ControlModifier)); }
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
+    {
+        _keys.press(QKeyEvent(QEvent::KeyPress, key, modifiers));
+    }
 
     AppSettings _settings;
     WindowKeys _keys{_settings};
@@ -70,6 +75,11 @@ TEST_F(WindowKeysTest, FullScreenIsLeftByEscapeAndHasNoTabs)
     _settings.setShowFullScreen(true);
     EXPECT_TRUE(release(Qt::Key_T));
     EXPECT_EQ(tabs.count(), 1);
+    EXPECT_FALSE(release(Qt::Key_Escape, Qt::NoModifier)) << "its press has closed a menu";
+    press(Qt::Key_Escape, Qt::NoModifier);
+    _keys.forget();
+    EXPECT_FALSE(release(Qt::Key_Escape, Qt::NoModifier)) << "another window has come meanwhile";
+    press(Qt::Key_Escape, Qt::NoModifier);
     EXPECT_TRUE(release(Qt::Key_Escape, Qt::NoModifier));
     EXPECT_EQ(fullScreen.count(), 1);
 }
@@ -135,6 +145,30 @@ TEST(TabWidget, KeepsTheOrderThatTheViewerHasGivenItsTabs)
         tabs.addTab(new QWidget(&tabs), name);
     EXPECT_EQ(tabs.tabText(0), "Search");
     EXPECT_EQ(tabs.count(), 3);
+}
+
+TEST(TabWidget, ArrowsAreItsOwnWhileItHasTheFocus)
+{
+    AppSettings settings;
+    TabWidget tabs(settings);
+    auto const isTaken = [&tabs](int key, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent event(QEvent::ShortcutOverride, key, modifiers);
+        event.ignore();
+        QApplication::sendEvent(tabs.tabBar(), &event);
+        return event.isAccepted();
+    };
+    EXPECT_TRUE(isTaken(Qt::Key_Left, Qt::NoModifier));
+    EXPECT_FALSE(isTaken(Qt::Key_Left, Qt::ControlModifier));
+    EXPECT_FALSE(isTaken(Qt::Key_Up, Qt::NoModifier));
+}
+
+TEST(PlainToolTip, ShowsALetterAsItIs)
+{
+    QTextDocument document;
+    document.setHtml(plainToolTip("AT&T \"Live\" <b>"));
+    EXPECT_EQ(document.toPlainText(), "AT&T \"Live\" <b>");
+    EXPECT_TRUE(Qt::mightBeRichText(plainToolTip("News & Sport")));
+    EXPECT_EQ(plainToolTip({}), QString());
 }
 
 TEST(Icons, AreAllThereAndHaveTheColourThatIsAskedFor)

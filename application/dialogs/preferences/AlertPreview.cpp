@@ -8,7 +8,7 @@
 #include <QScreen>
 
 AlertPreview::AlertPreview(QWidget* parent)
-    : QFrame(parent, Qt::ToolTip | Qt::FramelessWindowHint), _words(new QLabel(this))
+    : QFrame(parent, Qt::ToolTip | Qt::FramelessWindowHint), _bell(new QLabel(this)), _words(new QLabel(this))
 {
     setObjectName("alertPreview");
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -17,9 +17,7 @@ AlertPreview::AlertPreview(QWidget* parent)
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(Look::margin, Look::margin, Look::margin, Look::margin);
     layout->setSpacing(Look::grid);
-    auto* const bell = new QLabel(this);
-    bell->setPixmap(Icons::icon(Icon::Alert).pixmap(Look::largeIcon));
-    layout->addWidget(bell, 0, Qt::AlignTop);
+    layout->addWidget(_bell, 0, Qt::AlignTop);
     _words->setTextFormat(Qt::PlainText);
     _words->setText(tr("Breaking news\nThis is how an alert looks."));
     layout->addWidget(_words, 1);
@@ -29,6 +27,8 @@ AlertPreview::AlertPreview(QWidget* parent)
 
 void AlertPreview::present(int opacity, int duration)
 {
+    // In the colours of now.
+    _bell->setPixmap(Icons::icon(Icon::Alert).pixmap({Look::largeIcon, Look::largeIcon}, devicePixelRatioF()));
     setWindowOpacity(opacity / 100.0);
     adjustSize();
     QRect const room = parentWidget()->screen()->availableGeometry();

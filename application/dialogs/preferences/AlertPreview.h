@@ -21,6 +21,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    QLabel* _bell;
     QLabel* _words;
     QTimer _timer;
 };
