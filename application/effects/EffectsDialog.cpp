@@ -2,6 +2,7 @@
 
 #include "AppData.h"
 #include "EffectEditor.h"
+#include "EffectNames.h"
 #include "EffectsChain.h"
 #include "EffectsLibrary.h"
 #include "Icons.h"
@@ -375,9 +376,9 @@ void EffectsDialog::onRename()
     connect(question, &QInputDialog::textValueSelected, this, [this, name = _edited](QString const& text) {
         QString const words = _library.rename(name, text);
         if (words.isEmpty() && _originals.contains(name))
-            _originals.insert(text.simplified(), _originals.take(name));
+            _originals.insert(EffectNames::tidied(text), _originals.take(name));
         if (words.isEmpty())
-            choose(text.simplified());
+            choose(EffectNames::tidied(text));
         tell(words);
     });
     question->open();

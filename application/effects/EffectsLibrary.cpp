@@ -4,6 +4,7 @@
 
 #include <QFutureWatcher>
 #include <QPromise>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <memory>
@@ -107,7 +108,7 @@ void EffectsLibrary::setEnabled(bool enabled)
     keepIndex();
 }
 
-QString EffectsLibrary::add(QString const& name, QString const& source, QString const& after)
+QString EffectsLibrary::add(QString name, QString source, QString after)
 {
     QString const tidied = EffectNames::tidied(name);
     if (QString const problem = nameProblem(tidied, {}); !problem.isEmpty())
@@ -238,7 +239,10 @@ void EffectsLibrary::setPassed(QString const& name, QByteArray const& mark, doub
 
 QString EffectsLibrary::freeName(QString const& name) const
 {
+    static QRegularExpression const counted(QStringLiteral(" \\d{1,4}$"));
     QString base = EffectNames::tidied(name);
+    if (base.size() > counted.match(base).capturedLength())
+        base.remove(counted);                           // A copy of a copy counts on.
     constexpr int room = EffectNames::maximumBytes - 5; // For a number.
     while (base.toUtf8().size() > room)
         base.chop(1);

@@ -35,8 +35,9 @@ public:
     bool isEnabled() const { return _isEnabled; }
     void setEnabled(bool enabled);
 
-    /// Puts a new one after another, or last where there is none of that name.
-    QString add(QString const& name, QString const& source, QString const& after = {});
+    /// Puts a new one after another, or last where there is none of that name. By value: the texts may be those of an
+    /// effect in the list, which moves.
+    QString add(QString name, QString source, QString after = {});
     QString rename(QString const& name, QString const& newName);
     QString remove(QString const& name);
     QString setSource(QString const& name, QString const& source);

@@ -11,6 +11,7 @@
 #include "PaintPacer.h"
 
 #include <QImage>
+#include <QPointer>
 #include <QRect>
 #include <QStringList>
 #include <QTimer>
@@ -155,7 +156,8 @@ private:
     GLControlLayout _layout;
     GLOverlay _overlay; ///< In the layout.
     GLCarousel _carousel;
-    GLAnimation _zoomAnimation; ///< From the picture, 0.0, to the whole carousel, 1.0.
+    QPointer<QWidget> _focusBeforeCarousel; ///< Null where the surface had it.
+    GLAnimation _zoomAnimation;             ///< From the picture, 0.0, to the whole carousel, 1.0.
     bool _isInitialized = false;
     QTimer _mouseHideTimer;
     QRect _loggedVideoRectangle;

@@ -5,6 +5,8 @@
 #include "GLWidget.h"
 #include "Look.h"
 
+#include <QApplication>
+
 void GLWidget::onOverlayVisibilityChanged(bool visible)
 {
     if (!visible && underMouse())
@@ -23,7 +25,13 @@ void GLWidget::onCarouselModeChanged()
             return;
         }
         _zoomAnimation.start(0.0, 1.0, Look::motion(Look::moveMilliseconds));
+        // Its keys are the surface's.
+        _focusBeforeCarousel = hasFocus() ? nullptr : QApplication::focusWidget();
+        setFocus(Qt::OtherFocusReason);
     } else if (isCarouselShown()) {
+        if (_focusBeforeCarousel && hasFocus())
+            _focusBeforeCarousel->setFocus(Qt::OtherFocusReason);
+        _focusBeforeCarousel = nullptr;
         _zoomAnimation.startTo(0.0, Look::motion(Look::moveMilliseconds));
     }
 }

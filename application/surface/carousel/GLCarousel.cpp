@@ -45,6 +45,7 @@ GLCarousel::GLCarousel(AppData& appData, QObject* parent) : QObject(parent), _ap
     _playTimer.setInterval(playDelay);
     connect(&_playTimer, &QTimer::timeout, this, &GLCarousel::playActive);
     connect(&_appData, &AppData::channelsUpdated, this, &GLCarousel::onChannelsUpdated);
+    connect(&_appData, &AppData::channelChanged, this, [this](Channel*, Channel* to) { onChannelChanged(to); });
     connect(&_appData, &AppData::channelLogoUpdated, this, [this] {
         if (_isEntered)
             emit changed();
@@ -107,6 +108,17 @@ void GLCarousel::onChannelsUpdated()
     _target = std::clamp(now >= 0 ? now : _target, 0, count() - 1);
     moveTo(_target);
     emit changed();
+}
+
+/// What is chosen elsewhere, as in the list of channels, comes to the middle.
+void GLCarousel::onChannelChanged(Channel const* to)
+{
+    if (!_isEntered || !to || to->desc.rootId() == _activeChannel)
+        return;
+    QList<Channel*> const channels = _appData.channelManager()->channels();
+    auto const place = std::ranges::find(channels, to);
+    if (place != channels.end())
+        moveTo(static_cast<int>(place - channels.begin()));
 }
 
 void GLCarousel::moveTo(int index)

@@ -76,6 +76,7 @@ private:
     void moveTo(int index);
     void onMoved();
     void onChannelsUpdated();
+    void onChannelChanged(Channel const* to);
     void playActive();
     void renderSlide(int index, QSize const& surface, GLCarouselSlide::Budget& budget);
     void keepSlidesNear(int middle);
