@@ -1,15 +1,20 @@
 #include "EffectsLibrary.h"
 
+#include "AppData.h"
 #include "CompilerMessages.h"
 #include "EffectNames.h"
 #include "EffectTrial.h"
+#include "EffectsMenu.h"
 #include "EventLoop.h"
 #include "GlslHighlighter.h"
+#include "SettingsFile.h"
 
+#include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -94,6 +99,38 @@ TEST_F(EffectsLibraryTest, WhatTheViewerMadeIsThereAgainInItsOrder)
         EXPECT_FALSE(refused.isEmpty());
     EXPECT_EQ(library->freeName("Sharpen"), "Sharpen 2");
     EXPECT_TRUE(_problems.isEmpty()) << qPrintable(_problems);
+}
+
+TEST_F(EffectsLibraryTest, TheMenuShowsThemWithTheFirstAndNoMoreWithoutTheLast)
+{
+    settingsFile().clear();
+    AppData appData;
+    appData.initialize(nullptr);
+    {
+        EffectsLibrary early(path());
+        early.setOn("Sharpen", true);
+        early.move(0, 1);
+        EXPECT_EQ(names(early).constFirst(), "Sharpen") << "what is on the disk is not known yet";
+        auto const library = loaded();
+        QMenu menu;
+        EffectsMenu const effects(*library, appData.settings, &menu);
+        auto const isShownAfter = [&](QString const& chosen) {
+            for (QAction* const action : menu.actions())
+                if (action->text() == chosen) {
+                    action->trigger();
+                    break;
+                }
+            return appData.settings.enableVideoPostProcessing();
+        };
+        EXPECT_TRUE(isShownAfter("Sharpen"));
+        EXPECT_TRUE(isShownAfter("Film Grain"));
+        appData.settings.setEnableVideoPostProcessing(false);
+        EXPECT_FALSE(isShownAfter("Sharpen")) << "the other one is not wanted now";
+        EXPECT_FALSE(isShownAfter("Film Grain"));
+        EXPECT_TRUE(isShownAfter("Film Grain"));
+        EXPECT_FALSE(isShownAfter("Film Grain"));
+    }
+    appData.uninitialize();
 }
 
 TEST_F(EffectsLibraryTest, DamagedFilesAreLeftOutInWords)
