@@ -66,10 +66,6 @@
         <translation>&amp;Name in Chats:</translation>
     </message>
     <message>
-        <source>These two are kept with the account: sign in for them to be there at the next start.</source>
-        <translation>Beides wird mit dem Konto gespeichert: Melden Sie sich an, damit es beim nächsten Start da ist.</translation>
-    </message>
-    <message>
         <source>Security</source>
         <translation>Sicherheit</translation>
     </message>
@@ -92,6 +88,10 @@
     <message>
         <source>Sign &amp;out</source>
         <translation>&amp;Abmelden</translation>
+    </message>
+    <message>
+        <source>You will be asked for your password once more.</source>
+        <translation>Sie werden noch einmal nach Ihrem Passwort gefragt.</translation>
     </message>
 </context>
 <context>
@@ -131,6 +131,13 @@
     <message>
         <source>Choose Files</source>
         <translation>Dateien wählen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Only the first %n line(s) are read; the others stay here.</source>
+        <translation>
+            <numerusform>Nur die erste Zeile wird gelesen; die anderen bleiben hier.</numerusform>
+            <numerusform>Nur die ersten %n Zeilen werden gelesen; die anderen bleiben hier.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -492,6 +499,14 @@ Neuer Versuch...</translation>
     <message>
         <source>The channel could not be deleted: %1</source>
         <translation>Der Sender konnte nicht gelöscht werden: %1</translation>
+    </message>
+    <message>
+        <source>Sign in to add a channel.</source>
+        <translation>Melden Sie sich an, um einen Sender hinzuzufügen.</translation>
+    </message>
+    <message>
+        <source>Adding the channel...</source>
+        <translation>Der Sender wird hinzugefügt...</translation>
     </message>
 </context>
 <context>
@@ -1532,6 +1547,10 @@ Bis bald!
         <source>Ombravision</source>
         <translation>Ombravision</translation>
     </message>
+    <message>
+        <source>No program for mails could be opened. Copy the letter instead.</source>
+        <translation>Kein Mailprogramm konnte geöffnet werden. Kopieren Sie stattdessen den Brief.</translation>
+    </message>
 </context>
 <context>
     <name>KeysDialog</name>
@@ -2265,6 +2284,10 @@ Bis bald!
         <source>This page as in a new installation</source>
         <translation>Diese Seite wie nach einer Neuinstallation</translation>
     </message>
+    <message>
+        <source>Some of this is kept with your account: sign in for it to be there at the next start.</source>
+        <translation>Einiges davon wird mit Ihrem Konto gespeichert: Melden Sie sich an, damit es beim nächsten Start da ist.</translation>
+    </message>
 </context>
 <context>
     <name>PreferencesPage</name>
@@ -2753,6 +2776,10 @@ Neuer Versuch...</translation>
         <source>What is new</source>
         <translation>Was neu ist</translation>
     </message>
+    <message>
+        <source>The page could not be opened: %1</source>
+        <translation>Die Seite konnte nicht geöffnet werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>VideoInformationDialog</name>
@@ -3022,6 +3049,14 @@ Neuer Versuch...</translation>
     <message>
         <source>Stream Buffer</source>
         <translation>Streampuffer</translation>
+    </message>
+    <message>
+        <source>Open Video Stream</source>
+        <translation>Videostream öffnen</translation>
+    </message>
+    <message>
+        <source>Open Latte Stream</source>
+        <translation>Latte-Stream öffnen</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>AddStreamsDialog</name>
+    <message numerus="yes">
+        <source>Only the first %n line(s) are read; the others stay here.</source>
+        <translation>
+            <numerusform>Only the first line is read; the others stay here.</numerusform>
+            <numerusform>Only the first %n lines are read; the others stay here.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ChannelPanels</name>
     <message numerus="yes">
         <source>Loading channels... %n so far</source>

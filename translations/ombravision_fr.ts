@@ -66,10 +66,6 @@
         <translation>&amp;Nom dans les chats&#xa0;:</translation>
     </message>
     <message>
-        <source>These two are kept with the account: sign in for them to be there at the next start.</source>
-        <translation>Ces deux réglages sont conservés avec le compte&#xa0;: connectez-vous pour les retrouver au prochain démarrage.</translation>
-    </message>
-    <message>
         <source>Security</source>
         <translation>Sécurité</translation>
     </message>
@@ -92,6 +88,10 @@
     <message>
         <source>Sign &amp;out</source>
         <translation>Se dé&amp;connecter</translation>
+    </message>
+    <message>
+        <source>You will be asked for your password once more.</source>
+        <translation>Votre mot de passe vous sera demandé encore une fois.</translation>
     </message>
 </context>
 <context>
@@ -131,6 +131,13 @@
     <message>
         <source>Choose Files</source>
         <translation>Choisir des fichiers</translation>
+    </message>
+    <message numerus="yes">
+        <source>Only the first %n line(s) are read; the others stay here.</source>
+        <translation>
+            <numerusform>Seule la première ligne est lue&#xa0;; les autres restent ici.</numerusform>
+            <numerusform>Seules les %n premières lignes sont lues&#xa0;; les autres restent ici.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -492,6 +499,14 @@ Nouvel essai...</translation>
     <message>
         <source>The channel could not be deleted: %1</source>
         <translation>Impossible de supprimer la chaîne&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Sign in to add a channel.</source>
+        <translation>Connectez-vous pour ajouter une chaîne.</translation>
+    </message>
+    <message>
+        <source>Adding the channel...</source>
+        <translation>Ajout de la chaîne...</translation>
     </message>
 </context>
 <context>
@@ -1532,6 +1547,10 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <source>Ombravision</source>
         <translation>Ombravision</translation>
     </message>
+    <message>
+        <source>No program for mails could be opened. Copy the letter instead.</source>
+        <translation>Aucun logiciel de messagerie n&apos;a pu être ouvert. Copiez plutôt la lettre.</translation>
+    </message>
 </context>
 <context>
     <name>KeysDialog</name>
@@ -2265,6 +2284,10 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <source>This page as in a new installation</source>
         <translation>Cette page comme dans une nouvelle installation</translation>
     </message>
+    <message>
+        <source>Some of this is kept with your account: sign in for it to be there at the next start.</source>
+        <translation>Une partie de ces réglages est conservée avec votre compte&#xa0;: connectez-vous pour les retrouver au prochain démarrage.</translation>
+    </message>
 </context>
 <context>
     <name>PreferencesPage</name>
@@ -2753,6 +2776,10 @@ Nouvel essai...</translation>
         <source>What is new</source>
         <translation>Nouveautés</translation>
     </message>
+    <message>
+        <source>The page could not be opened: %1</source>
+        <translation>Impossible d&apos;ouvrir la page&#xa0;: %1</translation>
+    </message>
 </context>
 <context>
     <name>VideoInformationDialog</name>
@@ -3022,6 +3049,14 @@ Nouvel essai...</translation>
     <message>
         <source>Stream Buffer</source>
         <translation>Tampon du flux</translation>
+    </message>
+    <message>
+        <source>Open Video Stream</source>
+        <translation>Ouvrir un flux vidéo</translation>
+    </message>
+    <message>
+        <source>Open Latte Stream</source>
+        <translation>Ouvrir un flux Latte</translation>
     </message>
 </context>
 <context>

@@ -66,10 +66,6 @@
         <translation>&amp;Nome nelle chat:</translation>
     </message>
     <message>
-        <source>These two are kept with the account: sign in for them to be there at the next start.</source>
-        <translation>Queste due impostazioni sono salvate con l&apos;account: accedi per ritrovarle al prossimo avvio.</translation>
-    </message>
-    <message>
         <source>Security</source>
         <translation>Sicurezza</translation>
     </message>
@@ -92,6 +88,10 @@
     <message>
         <source>Sign &amp;out</source>
         <translation>&amp;Esci dall&apos;account</translation>
+    </message>
+    <message>
+        <source>You will be asked for your password once more.</source>
+        <translation>La password ti verrà chiesta ancora una volta.</translation>
     </message>
 </context>
 <context>
@@ -131,6 +131,13 @@
     <message>
         <source>Choose Files</source>
         <translation>Scegli i file</translation>
+    </message>
+    <message numerus="yes">
+        <source>Only the first %n line(s) are read; the others stay here.</source>
+        <translation>
+            <numerusform>Viene letta solo la prima riga; le altre restano qui.</numerusform>
+            <numerusform>Vengono lette solo le prime %n righe; le altre restano qui.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -492,6 +499,14 @@ Nuovo tentativo...</translation>
     <message>
         <source>The channel could not be deleted: %1</source>
         <translation>Impossibile eliminare il canale: %1</translation>
+    </message>
+    <message>
+        <source>Sign in to add a channel.</source>
+        <translation>Accedi per aggiungere un canale.</translation>
+    </message>
+    <message>
+        <source>Adding the channel...</source>
+        <translation>Aggiunta del canale...</translation>
     </message>
 </context>
 <context>
@@ -1532,6 +1547,10 @@ A presto!
         <source>Ombravision</source>
         <translation>Ombravision</translation>
     </message>
+    <message>
+        <source>No program for mails could be opened. Copy the letter instead.</source>
+        <translation>Impossibile aprire un programma di posta. Copia invece la lettera.</translation>
+    </message>
 </context>
 <context>
     <name>KeysDialog</name>
@@ -2265,6 +2284,10 @@ A presto!
         <source>This page as in a new installation</source>
         <translation>Questa pagina come in una nuova installazione</translation>
     </message>
+    <message>
+        <source>Some of this is kept with your account: sign in for it to be there at the next start.</source>
+        <translation>Alcune di queste impostazioni sono salvate con il tuo account: accedi per ritrovarle al prossimo avvio.</translation>
+    </message>
 </context>
 <context>
     <name>PreferencesPage</name>
@@ -2753,6 +2776,10 @@ Nuovo tentativo...</translation>
         <source>What is new</source>
         <translation>Novità</translation>
     </message>
+    <message>
+        <source>The page could not be opened: %1</source>
+        <translation>Impossibile aprire la pagina: %1</translation>
+    </message>
 </context>
 <context>
     <name>VideoInformationDialog</name>
@@ -3022,6 +3049,14 @@ Nuovo tentativo...</translation>
     <message>
         <source>Stream Buffer</source>
         <translation>Buffer del flusso</translation>
+    </message>
+    <message>
+        <source>Open Video Stream</source>
+        <translation>Apri un flusso video</translation>
+    </message>
+    <message>
+        <source>Open Latte Stream</source>
+        <translation>Apri un flusso Latte</translation>
     </message>
 </context>
 <context>

@@ -83,6 +83,16 @@ QString LoginManager::readUserPassword(QSettings& settings)
     return _appData.settings.readEncryptedPassword(settings, passwordKey);
 }
 
+bool LoginManager::hasStoredPassword(QString const& email) const
+{
+    return SettingsWriter::Group(_appData.settings.file(), AppSettings::userGroup(email))->contains(passwordKey);
+}
+
+void LoginManager::removeStoredPassword(QString const& email)
+{
+    SettingsWriter::Group(_appData.settings.file(), AppSettings::userGroup(email))->remove(passwordKey);
+}
+
 void LoginManager::cancelLogin()
 {
     _soapLogin->cancelRequest();

@@ -71,6 +71,10 @@ public:
     /// The password that is stored in the group of a user; a null string if there is none that can be read.
     QString readUserPassword(QSettings& settings);
 
+    /// Whether a password of a user is stored, to be signed in by themselves.
+    bool hasStoredPassword(QString const& email) const;
+    void removeStoredPassword(QString const& email);
+
 signals:
     void loginStarted();
 

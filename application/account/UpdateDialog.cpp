@@ -56,6 +56,9 @@ UpdateDialog::UpdateDialog(AppData& appData, SoapLoginResponse const& response, 
     if (_url.isValid() && isMd5(response.updateMd5))
         contents()->addWidget(makeLabel(tr("MD5 sum of the file: %1").arg(response.updateMd5), "md5"));
 
+    _message = makeLabel({}, "message");
+    _message->hide();
+    contents()->addWidget(_message);
     addButton(QDialogButtonBox::Close);
     if (!_url.isValid())
         return;
@@ -85,6 +88,11 @@ QUrl UpdateDialog::downloadUrl(QString const& text)
 
 void UpdateDialog::download()
 {
-    QDesktopServices::openUrl(_url);
-    accept();
+    if (QDesktopServices::openUrl(_url)) {
+        accept();
+        return;
+    }
+    constexpr qsizetype longest = 300;
+    _message->setText(tr("The page could not be opened: %1").arg(_url.toString().left(longest)));
+    _message->show();
 }

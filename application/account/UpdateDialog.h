@@ -24,4 +24,5 @@ private:
     void download();
 
     QUrl const _url;
+    QLabel* _message = nullptr; ///< What went wrong.
 };

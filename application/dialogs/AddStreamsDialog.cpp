@@ -59,13 +59,18 @@ AddStreamsDialog::AddStreamsDialog(AppData& appData, QWidget* parent)
     check();
 }
 
-QStringList AddStreamsDialog::lines() const
+QStringList AddStreamsDialog::allLines() const
 {
     QStringList lines;
     for (QString const& line : _text->toPlainText().split('\n'))
-        if (!line.trimmed().isEmpty() && lines.size() < mostLines)
+        if (!line.trimmed().isEmpty())
             lines.append(line.trimmed());
     return lines;
+}
+
+QStringList AddStreamsDialog::lines() const
+{
+    return allLines().mid(0, mostLines);
 }
 
 bool AddStreamsDialog::isUsable(QString const& line) const
@@ -116,6 +121,11 @@ void AddStreamsDialog::showResults()
         item->setIcon(Icons::icon(isUsable(line) ? Icon::Television : Icon::Warning));
         isAnyUsable = isAnyUsable || isUsable(line);
     }
+    if (allLines().size() > mostLines) {
+        auto* const item = new QListWidgetItem(
+            tr("Only the first %n line(s) are read; the others stay here.", nullptr, mostLines), _results);
+        item->setIcon(Icons::icon(Icon::Info));
+    }
     _add->setEnabled(isAnyUsable);
 }
 
@@ -138,6 +148,7 @@ void AddStreamsDialog::accept()
     QStringList added;
     for (QString const& line : lines())
         (isUsable(line) ? added : left).append(line);
+    left += allLines().mid(mostLines);
     if (added.isEmpty())
         return;
     if (left.isEmpty())

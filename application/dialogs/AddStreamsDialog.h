@@ -23,7 +23,8 @@ public:
     void accept() override;
 
 private:
-    QStringList lines() const;
+    QStringList allLines() const;
+    QStringList lines() const; ///< That are read.
     bool isUsable(QString const& line) const;
     void check();
     void lookForFiles(QStringList const& names);

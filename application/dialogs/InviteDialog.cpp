@@ -20,7 +20,8 @@ constexpr int letterWidth = 52; // Letters.
 } // namespace
 
 InviteDialog::InviteDialog(AppData& appData, QWidget* parent)
-    : OmbravisionDialog(appData, tr("Invite a Friend"), parent), _text(new QPlainTextEdit(this))
+    : OmbravisionDialog(appData, tr("Invite a Friend"), parent), _text(new QPlainTextEdit(this)),
+      _message(new QLabel(this))
 {
     setObjectName("inviteDialog");
     auto* const label = new QLabel(tr("&Your letter:"), this);
@@ -33,6 +34,11 @@ InviteDialog::InviteDialog(AppData& appData, QWidget* parent)
                            "You can get it here:\n\n%1\n\nSee you there!\n")
                             .arg(appData.settings.invitationsUrl().toString()));
     contents()->addWidget(_text, 1);
+    _message->setObjectName("message");
+    _message->setTextFormat(Qt::PlainText);
+    _message->setWordWrap(true);
+    _message->hide();
+    contents()->addWidget(_message);
     QPushButton* const copyButton = addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
     copyButton->setIcon(Icons::icon(Icon::Copy));
     copyButton->setAutoDefault(false);
@@ -59,5 +65,8 @@ void InviteDialog::writeMail()
     query.addQueryItem("body", encoded(_text->toPlainText()));
     QUrl mail(QStringLiteral("mailto:"));
     mail.setQuery(query);
-    QDesktopServices::openUrl(mail);
+    bool const isOpen = QDesktopServices::openUrl(mail);
+    if (!isOpen)
+        _message->setText(tr("No program for mails could be opened. Copy the letter instead."));
+    _message->setVisible(!isOpen);
 }

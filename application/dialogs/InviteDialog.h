@@ -2,6 +2,7 @@
 
 #include "OmbravisionDialog.h"
 
+class QLabel;
 class QPlainTextEdit;
 
 /// A letter that invites a friend, to be changed, copied or handed to the desktop's mail program. Main thread only.
@@ -17,4 +18,5 @@ private:
     void writeMail();
 
     QPlainTextEdit* _text;
+    QLabel* _message; ///< What went wrong.
 };

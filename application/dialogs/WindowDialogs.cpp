@@ -24,6 +24,8 @@
 #include <QApplication>
 #include <QMenu>
 
+#include <utility>
+
 namespace
 {
 
@@ -102,11 +104,16 @@ void WindowDialogs::createActions()
 
 void WindowDialogs::connectActions()
 {
-    for (int i = 0; i < windowDialogCount; ++i)
-        connect(_actions[static_cast<size_t>(i)], &QAction::triggered, this,
-                [this, i] { open(static_cast<WindowDialog>(i)); });
+    connect(action(WindowDialog::OpenStream), &QAction::triggered, this, &WindowDialogs::onOpenVideoStream);
     connect(_appData.settings.action(MenuAction::OpenLatteStream), &QAction::triggered, this,
-            [this] { open(WindowDialog::OpenStream); });
+            &WindowDialogs::onOpenLatteStream);
+    connect(action(WindowDialog::AddStreams), &QAction::triggered, this, &WindowDialogs::onAddLatteStream);
+    for (int i = 0; i < windowDialogCount; ++i) {
+        auto const which = static_cast<WindowDialog>(i);
+        if (which == WindowDialog::OpenStream || which == WindowDialog::AddStreams)
+            continue;
+        connect(action(which), &QAction::triggered, this, [this, which] { open(which); });
+    }
     connect(&_appData.settings, &AppSettings::testModeChanged, this, [this] {
         if (_appData.settings.testMode())
             open(WindowDialog::TestConsole);
@@ -134,7 +141,7 @@ QWidget& WindowDialogs::dialog(WindowDialog which)
         dialog = new PreferencesDialog(_appData, &_window);
         break;
     case WindowDialog::Tutorial:
-        dialog = new TutorialDialog(_appData, &_window);
+        dialog = createTutorialWizard();
         break;
     case WindowDialog::Keys:
         dialog = new KeysDialog(_appData, &_window);
@@ -165,6 +172,42 @@ QWidget& WindowDialogs::dialog(WindowDialog which)
         break;
     }
     return *dialog;
+}
+
+QWidget* WindowDialogs::createTutorialWizard()
+{
+    return new TutorialDialog(_appData, &_window);
+}
+
+void WindowDialogs::onOpenVideoStream()
+{
+    dialog(WindowDialog::OpenStream).setWindowTitle(tr("Open Video Stream"));
+    open(WindowDialog::OpenStream);
+}
+
+void WindowDialogs::onOpenLatteStream()
+{
+    dialog(WindowDialog::OpenStream).setWindowTitle(tr("Open Latte Stream"));
+    open(WindowDialog::OpenStream);
+}
+
+void WindowDialogs::onAddLatteStream()
+{
+    open(WindowDialog::AddStreams);
+}
+
+void WindowDialogs::onWindowVisibilityChanged(bool visible)
+{
+    if (visible) {
+        for (QWidget* const dialog : std::exchange(_hiddenWithWindow, {}))
+            dialog->show();
+        return;
+    }
+    for (QWidget* const dialog : _dialogs)
+        if (dialog && dialog->isVisible()) {
+            dialog->hide();
+            _hiddenWithWindow.push_back(dialog);
+        }
 }
 
 QWidget* WindowDialogs::existingDialog(WindowDialog which) const

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 class AppData;
 class EffectsChain;
@@ -36,7 +37,7 @@ inline constexpr int windowDialogCount = static_cast<int>(WindowDialog::Effects)
 ///
 /// Connects itself to the menu actions that stand for dialogs. For the others it has actions of its own: action()
 /// gives the one of every dialog, for the window to put into its menus. Owns the effects, too, which play without
-/// their dialog. Main thread only.
+/// their dialog. The slots of the actions stand here rather than in the window. Main thread only.
 class WindowDialogs : public QObject
 {
     Q_OBJECT
@@ -66,11 +67,20 @@ signals:
     /// Something about the effects has gone wrong, in words that no dialog shows.
     void failed(QString words);
 
+public slots:
+    void onOpenVideoStream();
+    /// The same dialog, with this title.
+    void onOpenLatteStream();
+    void onAddLatteStream();
+    /// The dialogs go with the window, and come back with it as they were.
+    void onWindowVisibilityChanged(bool visible);
+
 private:
     void connectEffects();
     void createActions();
     void connectActions();
     void offerTutorial();
+    QWidget* createTutorialWizard();
 
     AppData& _appData;
     GLWidget& _surface;
@@ -78,5 +88,6 @@ private:
     std::unique_ptr<EffectsLibrary> _effects;
     std::unique_ptr<EffectsChain> _effectsChain;        ///< Shows what the library has.
     std::array<QWidget*, windowDialogCount> _dialogs{}; ///< The window's children.
+    std::vector<QWidget*> _hiddenWithWindow;            ///< Of these.
     std::array<QAction*, windowDialogCount> _actions{}; ///< Of the settings, or this object's children.
 };

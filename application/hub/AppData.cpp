@@ -252,7 +252,12 @@ void AppData::connectSettings()
     connect(&settings, &AppSettings::muteChanged, _channelManager, &ChannelManager::onMuteChanged);
     connect(&settings, &AppSettings::volumeChanged, _channelManager, &ChannelManager::onVolumeChanged);
     connect(&settings, &AppSettings::showFullScreenChanged, _channelManager, &ChannelManager::onFullScreenChanged);
-    connect(&settings, &AppSettings::audioDeviceChanged, this, &AppData::onAudioDeviceChanged);
+    // Who goes through the devices by keyboard wants the last one only.
+    constexpr int deviceDelay = 500; // ms
+    _audioDeviceTimer.setSingleShot(true);
+    _audioDeviceTimer.setInterval(deviceDelay);
+    connect(&settings, &AppSettings::audioDeviceChanged, &_audioDeviceTimer, qOverload<>(&QTimer::start));
+    connect(&_audioDeviceTimer, &QTimer::timeout, this, &AppData::onAudioDeviceChanged);
     connect(&settings, &AppSettings::useHardwareColourConversionChanged, this,
             &AppData::onUseHardwareColourConversionChanged);
     connect(&settings, &AppSettings::enableAntialiasingChanged, this, &AppData::onEnableAntialiasingChanged);
@@ -265,7 +270,8 @@ void AppData::connectSettings()
 
 void AppData::onAudioDeviceChanged()
 {
-    _channelEvents->closeAround([this] { AudioOutputChoice(settings, *_audioDevice).open(); });
+    if (_audioDevice && _audioDevice->wantedDevice() != settings.audioDevice())
+        _channelEvents->closeAround([this] { AudioOutputChoice(settings, *_audioDevice).open(); });
 }
 
 void AppData::onUseHardwareColourConversionChanged()

@@ -21,6 +21,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -190,6 +191,7 @@ private:
     PersistentKeychain* _persistentKeychain = nullptr;
     AudioDevice* _audioDevice = nullptr;
     AudioDeviceWatch* _audioDeviceWatch = nullptr;
+    QTimer _audioDeviceTimer; ///< Until the chosen device is opened.
     ChannelManager* _channelManager = nullptr;
     LoginManager* _loginManager = nullptr;
     RsaProvider* _rsaProvider = nullptr;

@@ -141,7 +141,23 @@ void ChannelPanels::onCreateChannel()
 {
     auto* const dialog = new NewChannelDialog(_appData, _search->window());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, &QDialog::accepted, this, [this, dialog] { _search->create(dialog->form()); });
+    connect(dialog, &NewChannelDialog::submitted, this, [this, dialog] {
+        if (!_myChannels->isSignedIn()) {
+            dialog->showError(tr("Sign in to add a channel."));
+            return;
+        }
+        dialog->showProgress(tr("Adding the channel..."));
+        _search->create(dialog->form());
+    });
+    connect(_myChannels, &MyChannels::created, dialog, &NewChannelDialog::finish);
+    connect(_myChannels, &MyChannels::failed, dialog, [dialog](QString const& method, QString const& text) {
+        if (method == "CreateUserStream")
+            dialog->showError(text);
+    });
+    connect(&_appData, &AppData::signedInChanged, dialog, [this, dialog] {
+        if (dialog->isBusy())
+            dialog->showError(tr("Sign in to add a channel."));
+    });
     dialog->open();
 }
 

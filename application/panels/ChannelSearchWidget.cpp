@@ -205,8 +205,8 @@ void ChannelSearchWidget::tell(QString const& text)
 void ChannelSearchWidget::showWhatThereIs(QString const& text)
 {
     bool const isSignedIn = _search != nullptr;
-    for (QWidget* const widget :
-         {static_cast<QWidget*>(_combo), static_cast<QWidget*>(_searchButton), static_cast<QWidget*>(_topButton)})
+    for (QWidget* const widget : {static_cast<QWidget*>(_combo), static_cast<QWidget*>(_searchButton),
+                                  static_cast<QWidget*>(_topButton), static_cast<QWidget*>(_createButton)})
         widget->setEnabled(isSignedIn);
     _status->setVisible(isSignedIn);
     if (_model->rowCount() > 0) {

@@ -14,8 +14,10 @@ void MyChannels::signIn(SoapService const& service, QString const& nodeId)
     for (auto const completed :
          {&SoapUserChannels::addUserChannelCompleted, &SoapUserChannels::createUserChannelCompleted})
         connect(_calls.get(), completed, this, [this](SoapUserChannel const& channel) {
-            take();
+            bool const isNew = take().kind == Change::Kind::Create;
             emit added(channel);
+            if (isNew)
+                emit created();
             submitNext();
         });
     connect(_calls.get(), &SoapUserChannels::removeUserChannelCompleted, this,

@@ -36,6 +36,8 @@ public:
 
 signals:
     void added(SoapUserChannel channel);
+    /// After added(), where it was create() that has asked for it.
+    void created();
     void removed(QString rootId);
     /// In words; with the method of the service.
     void failed(QString method, QString text);

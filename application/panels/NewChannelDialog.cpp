@@ -39,6 +39,7 @@ NewChannelDialog::NewChannelDialog(AppData& appData, QWidget* parent)
     form->addRow(tr("&Kind:"), _kind);
     form->addRow(tr("&Description:"), _description);
     contents()->addLayout(form);
+    _message->setObjectName("message");
     _message->setTextFormat(Qt::PlainText);
     _message->setWordWrap(true);
     _message->setMinimumHeight(2 * fontMetrics().lineSpacing()); // The dialog does not jump with each word.
@@ -65,10 +66,50 @@ QString NewChannelDialog::fault() const
 void NewChannelDialog::refresh()
 {
     QString const wrong = fault();
-    _message->setText(wrong.isEmpty() ? tr("Other viewers can find the channel, too.") : wrong);
-    _message->setAccessibleName(_message->text());
-    _create->setEnabled(wrong.isEmpty() && !_name->text().trimmed().isEmpty() &&
+    tell(wrong.isEmpty() ? tr("Other viewers can find the channel, too.") : wrong);
+    _create->setEnabled(!_isBusy && wrong.isEmpty() && !_name->text().trimmed().isEmpty() &&
                         !_address->text().trimmed().isEmpty());
+}
+
+void NewChannelDialog::tell(QString const& text)
+{
+    constexpr qsizetype longest = 500; // The service may say much.
+    _message->setText(text.left(longest));
+    _message->setAccessibleName(_message->text());
+}
+
+void NewChannelDialog::setBusy(bool isBusy)
+{
+    _isBusy = isBusy;
+    for (QWidget* const field : {static_cast<QWidget*>(_name), static_cast<QWidget*>(_address),
+                                 static_cast<QWidget*>(_description), static_cast<QWidget*>(_kind)})
+        field->setEnabled(!isBusy);
+    refresh();
+}
+
+void NewChannelDialog::showProgress(QString const& text)
+{
+    setBusy(true);
+    tell(text);
+}
+
+void NewChannelDialog::showError(QString const& text)
+{
+    setBusy(false);
+    tell(text);
+    _name->setFocus();
+}
+
+void NewChannelDialog::finish()
+{
+    _isBusy = false;
+    OmbravisionDialog::accept();
+}
+
+void NewChannelDialog::accept()
+{
+    if (_create->isEnabled())
+        emit submitted();
 }
 
 SoapUserChannels::Form NewChannelDialog::form() const

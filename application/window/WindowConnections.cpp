@@ -10,6 +10,7 @@
 #include "SignIn.h"
 #include "TrayIcon.h"
 #include "Window.h"
+#include "WindowDialogs.h"
 #include "WindowManagerState.h"
 #include "WindowMenus.h"
 
@@ -67,6 +68,7 @@ void Window::connectSignals()
     AppSettings& settings = _appData.settings;
     connect(this, &Window::windowVisibilityChanged, &_appData, &AppData::onWindowVisibilityChanged);
     connect(this, &Window::windowVisibilityChanged, _actionStates.get(), &ActionStates::onWindowVisibilityChanged);
+    connect(this, &Window::windowVisibilityChanged, _dialogs.get(), &WindowDialogs::onWindowVisibilityChanged);
     connect(frame(), &SkinFrame::skinChanged, this, &Window::onSkinChanged);
     connect(&settings, &AppSettings::showFullScreenChanged, this, &Window::onShowFullScreenChanged);
     connect(&settings, &AppSettings::showMenuBarChanged, this, &Window::onShowMenuBarChanged);
@@ -111,6 +113,7 @@ void Window::disconnectSignals()
 {
     disconnect(this, nullptr, &_appData, nullptr);
     disconnect(this, nullptr, _actionStates.get(), nullptr);
+    disconnect(this, nullptr, _dialogs.get(), nullptr);
     frame()->disconnect(this);
     _appData.settings.disconnect(this);
     _windowManagerState->disconnect();

@@ -3,10 +3,12 @@
 #include "ChannelListWidget.h"
 #include "ChannelManager.h"
 #include "ChannelPanels.h"
+#include "ChannelSearchWidget.h"
 #include "ChannelView.h"
 #include "DeleteChannelDialog.h"
 #include "EventLoop.h"
 #include "FoldedText.h"
+#include "NewChannelDialog.h"
 #include "OwnChannels.h"
 #include "SettingsFile.h"
 
@@ -375,6 +377,27 @@ TEST_F(ChannelListTest, ALookAtAChannelLeadsBackAndIsForgottenWhereNobodyHasAdde
     channels.openChannel("a", false, true);
     ASSERT_TRUE(processEventsUntil([&] { return !channels.getChannelByRootId("x"); }));
     EXPECT_LT(panels.list()->model().findRow("x"), 0);
+}
+
+TEST_F(ChannelListTest, TheFormOfANewChannelStaysUntilTheServiceHasIt)
+{
+    QWidget parent;
+    ChannelPanels panels(_appData, &parent);
+    EXPECT_FALSE(panels.search()->findChild<QPushButton*>("create")->isEnabled()) << "nobody is signed in";
+    emit panels.search()->createRequested();
+    auto* const dialog = parent.findChild<NewChannelDialog*>();
+    ASSERT_TRUE(dialog);
+    dialog->findChild<QLineEdit*>("name")->setText("Mine");
+    dialog->findChild<QLineEdit*>("address")->setText("mms://host/mine");
+    auto* const create = dialog->findChild<QPushButton*>("createChannel");
+    create->click();
+    EXPECT_TRUE(dialog->isVisible() && create->isEnabled());
+    EXPECT_EQ(dialog->findChild<QLabel*>("message")->text(), "Sign in to add a channel.");
+    EXPECT_EQ(dialog->findChild<QLineEdit*>("name")->text(), "Mine");
+    dialog->showProgress("...");
+    EXPECT_FALSE(create->isEnabled());
+    dialog->finish();
+    EXPECT_FALSE(dialog->isVisible());
 }
 
 TEST_F(ChannelListTest, StreamsOfOthersComeAndGoWithWhatPlays)

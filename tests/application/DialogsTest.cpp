@@ -1,3 +1,4 @@
+#include "AddStreamsDialog.h"
 #include "AddressCheck.h"
 #include "AppData.h"
 #include "EventLoop.h"
@@ -25,6 +26,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTranslator>
@@ -245,6 +247,25 @@ TEST_F(DialogsTest, AnAddressIsJudgedAsItIsTypedAndKeptWithoutSecrets)
     EXPECT_EQ(OpenStreamDialog::extended(history, "http://host/15").constFirst(), "http://host/15");
     EXPECT_EQ(OpenStreamDialog::extended(history, "http://host/15").size(), history.size());
     EXPECT_FALSE(history.join(' ').contains("secret"));
+}
+
+TEST_F(DialogsTest, LinesThatAreNotReadStayAndDialogsGoWithTheWindow)
+{
+    auto& dialog = static_cast<QDialog&>(_dialogs->dialog(WindowDialog::AddStreams));
+    auto* const text = dialog.findChild<QPlainTextEdit*>("lines");
+    QStringList lines("http://127.0.0.1:9/x");
+    for (int i = 1; i < AddStreamsDialog::mostLines + 50; ++i)
+        lines.append("/nowhere/" + QString::number(i));
+    text->setPlainText(lines.join('\n'));
+    dialog.accept();
+    EXPECT_EQ(text->toPlainText(), lines.mid(1).join('\n'));
+
+    _dialogs->open(WindowDialog::Keys);
+    _dialogs->onWindowVisibilityChanged(false);
+    EXPECT_FALSE(_dialogs->dialog(WindowDialog::Keys).isVisible());
+    _dialogs->onWindowVisibilityChanged(true);
+    EXPECT_TRUE(_dialogs->dialog(WindowDialog::Keys).isVisible());
+    EXPECT_FALSE(dialog.isVisible());
 }
 
 TEST_F(DialogsTest, TestModeOpensItsConsoleWhichKeepsWhatItFindsOut)

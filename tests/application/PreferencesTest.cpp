@@ -2,23 +2,29 @@
 #include "ConnectionTest.h"
 #include "EventLoop.h"
 #include "HttpTestServer.h"
+#include "LoginManager.h"
 #include "NetworkPage.h"
 #include "PreferencesDialog.h"
 #include "PreferencesPage.h"
 #include "SettingsFile.h"
+#include "SignIn.h"
 #include "StreamInformation.h"
 #include "SupportReport.h"
 #include "WebCache.h"
 
 #include <QAbstractSlider>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSpinBox>
+#include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -140,6 +146,54 @@ TEST_F(PreferencesTest, DefaultsAreOfThisPageAndWidgetsFollowTheSettings)
     EXPECT_EQ(settings.alertDisplayOpacity(), 10) << "of another page";
     _dialog->reject();
     EXPECT_EQ(settings.drawMode(), 3) << "as it was, in spite of the defaults";
+}
+
+TEST_F(PreferencesTest, NeitherTheWheelNorHalfANumberChangesAnything)
+{
+    PreferencesPage* const page = _dialog->page(PreferencesDialog::Network);
+    _dialog->showPage(PreferencesDialog::Network);
+    int const limit = _appData.settings.values().cacheLimit;
+    QSpinBox* box = nullptr;
+    for (auto* const found : page->findChildren<QSpinBox*>())
+        box = found->value() == limit ? found : box;
+    ASSERT_TRUE(box);
+    _dialog->setFocus();
+    for (QWidget* const widget : {static_cast<QWidget*>(box), static_cast<QWidget*>(page->findChild<QComboBox*>())}) {
+        SettingsValues const before = _appData.settings.values();
+        QWheelEvent wheel({5, 5}, widget->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(widget, &wheel);
+        EXPECT_EQ(differences(before, _appData.settings.values()), QStringList());
+    }
+    box->selectAll();
+    QTest::keyClicks(box, "77");
+    EXPECT_EQ(_appData.settings.values().cacheLimit, limit) << "still being typed";
+    _dialog->hide(); // With the window.
+    _dialog->show();
+    _dialog->accept();
+    EXPECT_EQ(_appData.settings.values().cacheLimit, 77);
+}
+
+TEST_F(PreferencesTest, SaysWhatIsKeptWithAnAccountOnly)
+{
+    auto const* const note = _dialog->findChild<QLabel*>("note");
+    _dialog->showPage(PreferencesDialog::General);
+    EXPECT_TRUE(note->isVisible());
+    _dialog->showPage(PreferencesDialog::Network);
+    EXPECT_FALSE(note->isVisible());
+    _dialog->showPage(PreferencesDialog::Alerts);
+    EXPECT_TRUE(note->isVisible());
+    _appData.signIn()->onAutoLoginCompleted(true, "ann@example.com");
+    EXPECT_FALSE(note->isVisible());
+    SettingsWriter& file = _appData.settings.file();
+    SettingsWriter::Group(file, AppSettings::userGroup("ann@example.com"))->setValue("password", "x");
+    _dialog->page(PreferencesDialog::Account);
+    _appData.settings.setAutoLogin(true);
+    _dialog->page(PreferencesDialog::Alerts)->binding().setDefaults();
+    for (auto* const box : _dialog->page(PreferencesDialog::Account)->findChildren<QCheckBox*>())
+        box->setChecked(false);
+    _dialog->accept();
+    EXPECT_FALSE(_appData.loginManager()->hasStoredPassword("ann@example.com"));
 }
 
 TEST_F(PreferencesTest, TheConnectionTestSaysInWordsHowItWent)

@@ -1,6 +1,7 @@
 #include "AccountPage.h"
 
 #include "AppData.h"
+#include "LoginManager.h"
 #include "SignIn.h"
 
 #include <QAction>
@@ -27,9 +28,10 @@ AccountPage::AccountPage(AppData& appData) : PreferencesPage(appData)
         bool const isSignedIn = this->appData().signIn()->isSignedIn();
         this->appData().settings.action(isSignedIn ? MenuAction::SignOut : MenuAction::SignIn)->trigger();
     });
-    addSwitch(tr("Sign in &automatically at the start"), &V::autoLogin);
+    QCheckBox* const automatic = addSwitch(tr("Sign in &automatically at the start"), &V::autoLogin);
+    _asked = addNote(tr("You will be asked for your password once more."));
+    connect(automatic, &QCheckBox::toggled, this, &AccountPage::showAccount);
     addText(tr("&Name in chats:"), &V::chatNick, longestNick);
-    _kept = addNote(tr("These two are kept with the account: sign in for them to be there at the next start."));
     addSection(tr("Security"));
     QCheckBox* const plain =
         addSwitch(tr("Allow &passwords to be sent where nothing keeps them secret"), &V::allowPlainCredentials);
@@ -47,9 +49,11 @@ AccountPage::AccountPage(AppData& appData) : PreferencesPage(appData)
 
 void AccountPage::showAccount()
 {
-    bool const isSignedIn = appData().signIn()->isSignedIn();
+    SignIn const& signIn = *appData().signIn();
+    bool const isSignedIn = signIn.isSignedIn();
     _account->setText(isSignedIn ? tr("Signed in as %1.").arg(appData().signIn()->email())
                                  : tr("Nobody is signed in."));
     _sign->setText(isSignedIn ? tr("Sign &out") : tr("Sign &in ..."));
-    _kept->setVisible(!isSignedIn);
+    _asked->setVisible(isSignedIn && appData().settings.autoLogin() &&
+                       !appData().loginManager()->hasStoredPassword(signIn.email()));
 }

@@ -17,6 +17,6 @@ private:
 
     QLabel* _account;
     QPushButton* _sign;
-    QLabel* _kept;
+    QLabel* _asked;
     QLabel* _warning;
 };

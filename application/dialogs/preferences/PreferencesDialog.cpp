@@ -5,6 +5,7 @@
 #include "AppData.h"
 #include "ChatPage.h"
 #include "GeneralPage.h"
+#include "LoginManager.h"
 #include "Look.h"
 #include "NetworkPage.h"
 #include "SignIn.h"
@@ -12,6 +13,7 @@
 #include "VideoPage.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QShowEvent>
@@ -23,7 +25,7 @@
 
 PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     : OmbravisionDialog(appData, tr("Preferences"), parent), _list(new QListWidget(this)),
-      _stack(new QStackedWidget(this))
+      _stack(new QStackedWidget(this)), _note(new QLabel(this))
 {
     setObjectName("preferencesDialog");
     _list->setAccessibleName(tr("Pages"));
@@ -35,6 +37,12 @@ PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     row->addWidget(_list);
     row->addWidget(_stack, 1);
     contents()->addLayout(row, 1);
+    _note->setObjectName("note");
+    _note->setTextFormat(Qt::PlainText);
+    _note->setWordWrap(true);
+    _note->setText(tr("Some of this is kept with your account: sign in for it to be there at the next start."));
+    contents()->addWidget(_note);
+    connect(&appData, &AppData::signedInChanged, this, &PreferencesDialog::showNote);
     addPage(tr("General"), Icon::Settings, [&appData] { return new GeneralPage(appData); });
     addPage(tr("Video"), Icon::Television, [&appData] { return new VideoPage(appData); });
     addPage(tr("Sound"), Icon::Volume, [&appData] { return new SoundPage(appData); });
@@ -88,15 +96,23 @@ void PreferencesDialog::onPageChosen(int index)
     if (index < 0)
         return;
     _stack->setCurrentWidget(page(static_cast<Page>(index)));
+    showNote();
     // A page that is made now may want more room, which is known a moment later.
     QTimer::singleShot(0, this, [this] { resize(size().expandedTo(sizeHint())); });
+}
+
+void PreferencesDialog::showNote()
+{
+    auto const current = static_cast<size_t>(_list->currentRow());
+    PreferencesPage* const shown = current < _pages.size() ? _pages[current].page : nullptr;
+    _note->setVisible(shown && shown->binding().hasUserSetting() && !appData().signIn()->isSignedIn());
 }
 
 void PreferencesDialog::showEvent(QShowEvent* event)
 {
     OmbravisionDialog::showEvent(event);
-    if (event->spontaneous())
-        return; // It was minimised.
+    if (event->spontaneous() || std::exchange(_isBegun, true))
+        return; // It was minimised, or hidden with the window.
     for (Place const& place : _pages)
         if (place.page)
             place.page->binding().forget();
@@ -104,6 +120,7 @@ void PreferencesDialog::showEvent(QShowEvent* event)
 
 void PreferencesDialog::accept()
 {
+    _isBegun = false;
     bool hasChanged = false;
     for (Place const& place : _pages) {
         if (!place.page)
@@ -115,12 +132,17 @@ void PreferencesDialog::accept()
     if (!hasChanged)
         return;
     appData().settings.saveGlobalSettings();
-    if (appData().signIn()->isSignedIn())
-        appData().settings.saveUserSettings(appData().signIn()->email());
+    if (!appData().signIn()->isSignedIn())
+        return;
+    QString const email = appData().signIn()->email();
+    appData().settings.saveUserSettings(email);
+    if (!appData().settings.autoLogin())
+        appData().loginManager()->removeStoredPassword(email);
 }
 
 void PreferencesDialog::reject()
 {
+    _isBegun = false;
     for (Place const& place : _pages)
         if (place.page)
             place.page->binding().revert();

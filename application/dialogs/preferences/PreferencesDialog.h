@@ -8,6 +8,7 @@
 #include <vector>
 
 class PreferencesPage;
+class QLabel;
 class QListWidget;
 class QStackedWidget;
 
@@ -35,6 +36,7 @@ protected:
 private:
     void addPage(QString const& title, Icon icon, std::function<PreferencesPage*()> make);
     void onPageChosen(int index);
+    void showNote();
 
     struct Place {
         std::function<PreferencesPage*()> make;
@@ -43,5 +45,7 @@ private:
 
     QListWidget* _list;
     QStackedWidget* _stack;
+    QLabel* _note;
+    bool _isBegun = false; ///< Neither accepted nor rejected yet: it may be hidden, and come back.
     std::vector<Place> _pages;
 };

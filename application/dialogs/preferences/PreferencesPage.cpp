@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -83,7 +84,20 @@ void PreferencesPage::addLine(QString const& label, QWidget* widget)
 {
     auto* const words = new QLabel(label, this);
     words->setBuddy(widget);
+    if (widget->focusPolicy() != Qt::NoFocus)
+        widget->setFocusPolicy(Qt::StrongFocus); // Not by the wheel.
+    widget->installEventFilter(this);
     _section->addRow(words, widget);
+}
+
+/// Who scrolls the page does not change what comes under the pointer.
+bool PreferencesPage::eventFilter(QObject* watched, QEvent* event)
+{
+    auto const* const widget = qobject_cast<QWidget*>(watched);
+    if (event->type() != QEvent::Wheel || !widget || widget->hasFocus())
+        return QWidget::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void PreferencesPage::addLine(QWidget* widget)

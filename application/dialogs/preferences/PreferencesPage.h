@@ -23,8 +23,6 @@ class PreferencesPage : public QWidget
 
 public:
     SettingsBinding& binding() { return _binding; }
-    /// Something else that Defaults or Cancel has to look after.
-    virtual void onDefaults() {}
 
 protected:
     explicit PreferencesPage(AppData& appData);
@@ -49,6 +47,8 @@ protected:
     QLabel* addNote(QString const& text);
     /// Words that change, at first none; they keep their room.
     QLabel* addResult();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QComboBox* addChoiceBox(QString const& label);

@@ -14,6 +14,7 @@ SettingsBinding::SettingsBinding(AppSettings& settings, QObject* parent) : QObje
 void SettingsBinding::follow(size_t entry, SettingField const& field)
 {
     Setting const* const setting = findSetting(field);
+    _hasUserSetting = _hasUserSetting || (setting && setting->scope == SettingScope::User);
     if (!setting || !setting->changed)
         return;
     connect(&_settings, setting->changed, this, [this, entry] {
@@ -39,11 +40,13 @@ void SettingsBinding::bind(int SettingsValues::*field, QSpinBox* box, int unit)
     if (Setting const* const setting = findSetting(field); setting && setting->bounds)
         box->setRange(static_cast<int>(std::ceil(setting->bounds->minimum / unit)),
                       static_cast<int>(setting->bounds->maximum / unit));
+    box->setKeyboardTracking(false); // 8080 is not 8 and 80 first.
     auto const store = bind<int>(field, [box, unit](int const& value) { box->setValue((value + unit / 2) / unit); });
     connect(box, &QSpinBox::valueChanged, this, [this, field, store, unit](int value) {
         if ((_settings.values().*field + unit / 2) / unit != value) // What is shown may be rounded.
             store(value * unit);
     });
+    _entries.back().commit = [box] { box->interpretText(); };
 }
 
 void SettingsBinding::bind(int SettingsValues::*field, QAbstractSlider* slider)

@@ -25,7 +25,7 @@ public:
     explicit SettingsBinding(AppSettings& settings, QObject* parent = nullptr);
 
     void bind(bool SettingsValues::*field, QAbstractButton* button);
-    /// So many of the setting are one of the box, such as ms in seconds.
+    /// So many of the setting are one of the box, such as ms in seconds. What is typed counts when it is complete.
     void bind(int SettingsValues::*field, QSpinBox* box, int unit = 1);
     void bind(int SettingsValues::*field, QAbstractSlider* slider);
     /// The slider is in hundredths.
@@ -55,6 +55,9 @@ public:
     bool hasChanged() const;
     void forget();
 
+    /// Whether one of the settings is kept for who is signed in only.
+    bool hasUserSetting() const { return _hasUserSetting; }
+
 private:
     struct Entry {
         std::function<void()> show;
@@ -69,6 +72,7 @@ private:
 
     AppSettings& _settings;
     std::vector<Entry> _entries;
+    bool _hasUserSetting = false;
     std::optional<SettingsValues> _before; ///< A change of now comes from here; as it was before that.
 };
 

@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QSlider>
 
 SoundPage::SoundPage(AppData& appData) : PreferencesPage(appData), _tone(appData.audioDevice()->driver())
@@ -32,7 +33,14 @@ SoundPage::SoundPage(AppData& appData) : PreferencesPage(appData), _tone(appData
     binding().bind(&V::volume, volume);
     addLine(tr("&Volume:"), volume);
     addSwitch(tr("&Mute"), &V::muted);
-    fetchDevices();
+}
+
+/// Devices come and go while the program runs.
+void SoundPage::showEvent(QShowEvent* event)
+{
+    PreferencesPage::showEvent(event);
+    if (!event->spontaneous())
+        fetchDevices();
 }
 
 void SoundPage::fetchDevices()
@@ -44,6 +52,9 @@ void SoundPage::fetchDevices()
 
 void SoundPage::showDevices(QStringList const& devices)
 {
+    if (devices == _devices)
+        return;
+    _devices = devices;
     QString const chosen = appData().settings.audioDevice();
     _device->clear();
     for (QString const& device : devices)

@@ -14,6 +14,9 @@ class SoundPage : public PreferencesPage
 public:
     explicit SoundPage(AppData& appData);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void fetchDevices();
     void showDevices(QStringList const& devices);
@@ -21,6 +24,7 @@ private:
     void onTone(TestTone::Outcome outcome);
 
     TestTone _tone;
+    QStringList _devices; ///< Those in the box.
     QComboBox* _device;
     QPushButton* _play;
     QLabel* _result;
