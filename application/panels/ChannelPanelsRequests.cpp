@@ -154,7 +154,7 @@ void ChannelPanels::onCreateChannel()
         if (method == "CreateUserStream")
             dialog->showError(text);
     });
-    connect(&_appData, &AppData::signedInChanged, dialog, [this, dialog] {
+    connect(&_appData, &AppData::signedInChanged, dialog, [dialog] {
         if (dialog->isBusy())
             dialog->showError(tr("Sign in to add a channel."));
     });
