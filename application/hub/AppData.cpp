@@ -118,6 +118,7 @@ void AppData::uninitialize()
     // Channels play on the device and are shown through the settings' actions: they close before either goes.
     _channelManager->closeAllChannels();
     settings.destroyActions();
+    _audioDeviceTimer.stop();
     destroy(_audioDeviceWatch);
     _audioDevice->closeDevice();
     _webCache->ignore(settings.entitlementsUrl());
