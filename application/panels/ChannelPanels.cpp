@@ -108,6 +108,7 @@ void ChannelPanels::onSignedInChanged()
         _myChannels->signOut();
         _search->signOut();
         _failure.clear();
+        _list->tell({});
         leavePreview();
     }
     showContent();
