@@ -482,6 +482,10 @@ Neuer Versuch...</translation>
         <translation>Die Seite konnte nicht geöffnet werden: %1</translation>
     </message>
     <message>
+        <source>The list could not be refreshed: %1</source>
+        <translation>Die Liste konnte nicht aktualisiert werden: %1</translation>
+    </message>
+    <message>
         <source>Deleting %1...</source>
         <translation>%1 wird gelöscht...</translation>
     </message>

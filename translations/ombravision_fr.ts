@@ -482,6 +482,10 @@ Nouvel essai...</translation>
         <translation>Impossible d&apos;ouvrir la page&#xa0;: %1</translation>
     </message>
     <message>
+        <source>The list could not be refreshed: %1</source>
+        <translation>Impossible d&apos;actualiser la liste&#xa0;: %1</translation>
+    </message>
+    <message>
         <source>Deleting %1...</source>
         <translation>Suppression de %1...</translation>
     </message>

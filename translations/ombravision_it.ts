@@ -482,6 +482,10 @@ Nuovo tentativo...</translation>
         <translation>Impossibile aprire la pagina: %1</translation>
     </message>
     <message>
+        <source>The list could not be refreshed: %1</source>
+        <translation>Impossibile aggiornare l&apos;elenco: %1</translation>
+    </message>
+    <message>
         <source>Deleting %1...</source>
         <translation>Eliminazione di %1...</translation>
     </message>

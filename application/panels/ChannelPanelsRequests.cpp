@@ -12,6 +12,8 @@
 #include "SignIn.h"
 #include "WebCache.h"
 
+#include <utility>
+
 namespace
 {
 constexpr qsizetype longestTold = 100; // Of a title in a line of words.
@@ -96,7 +98,14 @@ void ChannelPanels::onChannelListWidgetManageChannels()
 void ChannelPanels::onChannelListWidgetRefreshButtonClicked()
 {
     _list->tell({});
+    _isRefreshWanted = _appData.signIn()->isSignedIn();
     refreshDirectory();
+}
+
+void ChannelPanels::onDirectoryRefreshed(QString const& problem)
+{
+    if (std::exchange(_isRefreshWanted, false) && !problem.isEmpty())
+        _list->tell(tr("The list could not be refreshed: %1").arg(problem));
 }
 
 /// The document, too: what has just been added is in no copy of it.
