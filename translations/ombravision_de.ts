@@ -489,6 +489,14 @@ Neuer Versuch...</translation>
         <translation>Die Seite konnte nicht geöffnet werden: %1</translation>
     </message>
     <message>
+        <source>The list could not be refreshed: %1</source>
+        <translation>Die Liste konnte nicht aktualisiert werden: %1</translation>
+    </message>
+    <message>
+        <source>Deleting %1...</source>
+        <translation>%1 wird gelöscht...</translation>
+    </message>
+    <message>
         <source>Sign in to change the list of your channels.</source>
         <translation>Melden Sie sich an, um die Liste Ihrer Sender zu ändern.</translation>
     </message>
@@ -733,6 +741,13 @@ Bitte warten</translation>
     <message>
         <source>a file on this computer</source>
         <translation>eine Datei auf diesem Rechner</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelTitle</name>
+    <message>
+        <source>Unnamed channel</source>
+        <translation>Unbenannter Sender</translation>
     </message>
 </context>
 <context>

@@ -489,6 +489,14 @@ Nouvel essai...</translation>
         <translation>Impossible d&apos;ouvrir la page&#xa0;: %1</translation>
     </message>
     <message>
+        <source>The list could not be refreshed: %1</source>
+        <translation>Impossible d&apos;actualiser la liste&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Deleting %1...</source>
+        <translation>Suppression de %1...</translation>
+    </message>
+    <message>
         <source>Sign in to change the list of your channels.</source>
         <translation>Connectez-vous pour modifier la liste de vos chaînes.</translation>
     </message>
@@ -733,6 +741,13 @@ Veuillez patienter</translation>
     <message>
         <source>a file on this computer</source>
         <translation>un fichier sur cet ordinateur</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelTitle</name>
+    <message>
+        <source>Unnamed channel</source>
+        <translation>Chaîne sans nom</translation>
     </message>
 </context>
 <context>

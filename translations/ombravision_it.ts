@@ -489,6 +489,14 @@ Nuovo tentativo...</translation>
         <translation>Impossibile aprire la pagina: %1</translation>
     </message>
     <message>
+        <source>The list could not be refreshed: %1</source>
+        <translation>Impossibile aggiornare l&apos;elenco: %1</translation>
+    </message>
+    <message>
+        <source>Deleting %1...</source>
+        <translation>Eliminazione di %1...</translation>
+    </message>
+    <message>
         <source>Sign in to change the list of your channels.</source>
         <translation>Accedi per modificare l&apos;elenco dei tuoi canali.</translation>
     </message>
@@ -733,6 +741,13 @@ Attendi</translation>
     <message>
         <source>a file on this computer</source>
         <translation>un file su questo computer</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelTitle</name>
+    <message>
+        <source>Unnamed channel</source>
+        <translation>Canale senza nome</translation>
     </message>
 </context>
 <context>

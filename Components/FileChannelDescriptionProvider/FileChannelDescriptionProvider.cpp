@@ -29,6 +29,12 @@ bool isFileName(QString const& id)
            QFile::encodeName(id).size() <= maximumBytes;
 }
 
+/// A pipe would be waited for until somebody writes, and nobody may.
+bool openForReading(QFile& file)
+{
+    return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly);
+}
+
 } // namespace
 
 Logger* FileChannelDescriptionProvider::log = LoggerManager::logger();
@@ -101,8 +107,9 @@ QList<ChannelDescription> FileChannelDescriptionProvider::parse() const
 {
     LOG_INFO("Parsing %s", qPrintable(_file));
     QFile file(_file);
-    if (!file.open(QIODevice::ReadOnly)) {
-        LOG_ERROR("%s: %s", qPrintable(_file), qPrintable(file.errorString()));
+    if (!openForReading(file)) {
+        LOG_ERROR("%s: %s", qPrintable(_file),
+                  QFileInfo(file).isFile() ? qPrintable(file.errorString()) : "There is no such file.");
         throw std::logic_error(QT_TRANSLATE_NOOP("ChannelFeed", "Couldn't open channel file."));
     }
     QByteArray const xml = file.read(maximumFileBytes);
@@ -161,7 +168,7 @@ void FileChannelDescriptionProvider::queueLogos(QStringList const& ids)
 QImage FileChannelDescriptionProvider::logoOf(QString const& id) const
 {
     QFile file(_logoDirectory + "/" + id + ".png");
-    if (!isFileName(id) || !file.open(QIODevice::ReadOnly))
+    if (!isFileName(id) || !openForReading(file))
         return {};
     return BoundedImage::decode(file.read(BoundedImage::maximumBytes + 1));
 }

@@ -9,7 +9,6 @@
 #include <AL/al.h>
 #include <AL/alc.h>
 #include <AL/alext.h>
-
 #include <chrono>
 #include <cmath>
 #include <cstdint>
@@ -22,7 +21,7 @@ using namespace std::chrono_literals;
 
 /// What the thread and the object share.
 struct TestTone::Work {
-    std::mutex mutex;         ///< Guards both.
+    std::mutex mutex;          ///< Guards both.
     TestTone* owner = nullptr; ///< Null once it has gone.
     Outcome outcome = Outcome::Failed;
 };
@@ -40,15 +39,16 @@ std::vector<std::int16_t> samples()
     constexpr int count = TestTone::rate * TestTone::duration / 1000;
     std::vector<std::int16_t> tone(count);
     for (int i = 0; i < count; ++i) {
-        double const ramp = std::min({1.0, static_cast<double>(i) / rampSamples,
-                                      static_cast<double>(count - 1 - i) / rampSamples});
+        double const ramp =
+            std::min({1.0, static_cast<double>(i) / rampSamples, static_cast<double>(count - 1 - i) / rampSamples});
         double const angle = 2.0 * std::numbers::pi * frequency * i / TestTone::rate;
         tone[static_cast<size_t>(i)] = static_cast<std::int16_t>(32767.0 * loudness * ramp * std::sin(angle));
     }
     return tone;
 }
 
-/// Has the OpenAL calls of this thread go to a context, whatever is current for the others (ALC_EXT_thread_local_context).
+/// Has the OpenAL calls of this thread go to a context, whatever is current for the others
+/// (ALC_EXT_thread_local_context).
 class ThreadContext
 {
 public:

@@ -8,8 +8,8 @@
 class AudioDriver;
 class AudioOutput;
 
-/// A tone of a second on a device of one's choice, beside whatever plays: with a device and a context of its own, on a
-/// thread that ends with the tone. Lives on the GUI thread, which never waits for it.
+/// A tone of a second on a device of one's choice, beside whatever plays: with a device and a context of its own, on
+/// a thread that ends with the tone. Lives on the GUI thread, which never waits for it.
 class TestTone : public QObject
 {
     Q_OBJECT

@@ -254,15 +254,18 @@ void RestfulChannelDescriptionProvider::onAllowedChannelsError(QString const& te
             return;
     }
     LOG_ERROR("Error loading allowed channels %s", qPrintable(text));
-    reportMissingList(text);
+    reportFailure(text);
 }
 
-/// Tells the viewer why there is no list; a list that is there goes on.
-void RestfulChannelDescriptionProvider::reportMissingList(QString const& text)
+/// Tells why there is no list; a list that is there goes on.
+void RestfulChannelDescriptionProvider::reportFailure(QString const& text)
 {
     QMutexLocker locker(&_mutex);
-    bool const isMissing = _published.channels().isEmpty() && _isRunning;
+    bool const isRunning = _isRunning;
+    bool const isMissing = _published.channels().isEmpty();
     locker.unlock();
-    if (isMissing)
+    if (isRunning && isMissing)
         emit allowedChannelsError(text);
+    else if (isRunning)
+        emit refreshFailed(text);
 }

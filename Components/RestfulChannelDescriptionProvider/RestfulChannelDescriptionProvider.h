@@ -78,6 +78,9 @@ signals:
     /// There is no list, and this is why, in words.
     void allowedChannelsError(QString text);
 
+    /// The list stays as it is, since its source has failed; why, in words.
+    void refreshFailed(QString text);
+
     /// The document could not be read, and is fetched again.
     void channelParsingError(QString text);
 
@@ -114,7 +117,7 @@ private:
     void onDirectoryTaken();
     void takeLogo(Uri const& logo, QImage const& image);
     void parseAllowedChannels();
-    void reportMissingList(QString const& text);
+    void reportFailure(QString const& text);
 
     static Logger* log;
 

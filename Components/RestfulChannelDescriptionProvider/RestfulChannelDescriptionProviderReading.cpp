@@ -54,7 +54,7 @@ void RestfulChannelDescriptionProvider::onRefused(Uri const& uri, QString const&
 void RestfulChannelDescriptionProvider::onUnavailable(Uri const& uri, NetworkErrors::NetworkError error)
 {
     if (uri == _channelsUri)
-        later([this, error] { reportMissingList(NetworkErrors::stringForError(error)); });
+        later([this, error] { reportFailure(NetworkErrors::stringForError(error)); });
 }
 
 bool RestfulChannelDescriptionProvider::isMissingLogo(Uri const& uri) const

@@ -1,6 +1,7 @@
 #include "ChannelAction.h"
 
 #include "Channel.h"
+#include "ChannelTitle.h"
 
 #include <QIcon>
 #include <QPixmap>
@@ -17,7 +18,7 @@ void ChannelAction::update()
 {
     // Whoever shows it looks when it is shown; its group would look through thousands at each change.
     QSignalBlocker const blocker(this);
-    QString title = _channel->desc.title();
+    QString title = ChannelTitle::shown(_channel->desc.title(), ChannelTitle::longestInMenu);
     setText(title.replace('&', "&&")); // As it stands: no letter of it is a shortcut.
     setIcon(QIcon(QPixmap::fromImage(_channel->desc.logo())));
 }

@@ -101,6 +101,7 @@ std::unique_ptr<ChannelDescriptionProvider> ChannelFeed::createServiceProvider()
             [cache = _appData.webCache(), document = settings.channelsDocumentUri()] { cache->update(document); });
     connect(provider.get(), &Provider::allowedChannelsLoaded, this, &ChannelFeed::onAllowedChannelsLoaded);
     connect(provider.get(), &Provider::allowedChannelsError, this, &ChannelFeed::onAllowedChannelsError);
+    connect(provider.get(), &Provider::refreshFailed, this, &ChannelFeed::refreshed);
     connect(provider.get(), &Provider::channelParsingError, this, &ChannelFeed::onChannelParsingError);
     return provider;
 }
@@ -152,6 +153,7 @@ void ChannelFeed::onAllowedChannelsLoaded(QString const& ipAddress, QString cons
              qUtf8Printable(countryId), qUtf8Printable(confidenceFactor));
     stopWaiting();
     clearErrors();
+    emit refreshed({});
 }
 
 void ChannelFeed::onAllowedChannelsError(QString const& text)

@@ -54,6 +54,8 @@ signals:
     void channelLogoUpdated(ChannelDescription description);
     /// For the viewer, in words; empty when what was told last is over.
     void failed(QString text);
+    /// The service has answered, or has not: why, in words. What it told before stays.
+    void refreshed(QString problem);
 
 public slots:
     void onAllowedChannelsLoaded(QString const& ipAddress, QString const& countryId, QString const& confidenceFactor,

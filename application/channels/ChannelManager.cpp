@@ -43,6 +43,7 @@ void ChannelManager::connectParts()
     connect(&_feed, &ChannelFeed::channelsUpdated, this, &Manager::onChannelsUpdated);
     connect(&_update, &ChannelUpdate::completed, this, &Manager::onUpdateCompleted);
     connect(&_feed, &ChannelFeed::channelLogoUpdated, this, &Manager::onChannelLogoUpdated);
+    connect(&_feed, &ChannelFeed::refreshed, this, &ChannelManager::directoryRefreshed);
     connect(&_feed, &ChannelFeed::failed, this, [this](QString const& text) { emit channelError(nullptr, text); });
     connect(&_sponsorship, &Sponsorship::postSponsorshipChannelChanged, this,
             &Manager::postSponsorshipChannelChanged);

@@ -238,6 +238,8 @@ signals:
     void channelLogoUpdated(ChannelDescription description);
     /// Of one channel, or of the directory with null; an empty text takes that back.
     void channelError(Channel* channel, QString text);
+    /// The service has answered for the directory, or has not: why, in words. The channels stay.
+    void directoryRefreshed(QString problem);
     void channelStateChanged(Channel* channel, QString text);
     void channelAdded(ChannelDescription description);
     void channelRemoved(ChannelDescription description);

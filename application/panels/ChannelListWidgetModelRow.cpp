@@ -1,5 +1,6 @@
 #include "ChannelListWidgetModelRow.h"
 
+#include "ChannelTitle.h"
 #include "FoldedText.h"
 #include "LanguageNames.h"
 
@@ -33,7 +34,7 @@ bool ChannelListWidgetModelRow::setDescription(ChannelDescription const& of)
 {
     description = of;
     rootId = of.rootId();
-    title = of.title().left(maximumShown);
+    title = ChannelTitle::shown(of.title(), maximumShown);
     summary = ChannelDescription::toLine(of.summary().left(maximumShown)).simplified();
     QString names;
     QString keys;

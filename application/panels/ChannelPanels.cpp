@@ -76,6 +76,7 @@ void ChannelPanels::connectChannels()
     connect(channels, &Manager::channelAdded, this, &ChannelPanels::onChannelAdded);
     connect(channels, &Manager::channelLogoUpdated, _list, &ChannelListWidget::onChannelLogoUpdated);
     connect(channels, &Manager::channelChanged, this, &ChannelPanels::onChannelChanged);
+    connect(channels, &Manager::directoryRefreshed, this, &ChannelPanels::onDirectoryRefreshed);
     connect(channels, &Manager::channelError, this, &ChannelPanels::onChannelError);
     connect(channels, &Manager::channelOpened, this, [this](Channel const* channel) {
         _list->onChannelOpened(channel->desc);
@@ -108,6 +109,8 @@ void ChannelPanels::onSignedInChanged()
         _myChannels->signOut();
         _search->signOut();
         _failure.clear();
+        _isRefreshWanted = false;
+        _list->tell({});
         leavePreview();
     }
     showContent();

@@ -71,6 +71,7 @@ private:
     void showPreview();
     void leavePreview();
     void refreshDirectory();
+    void onDirectoryRefreshed(QString const& problem);
     void tidySoon();
     void tidy();
     void openPage(QString const& address);
@@ -84,5 +85,6 @@ private:
     QString _preview;           ///< The root id of a channel of the list that is shown for a look.
     QStringList _beforePreview; ///< What was open before, the active one in front.
     QHash<QString, QList<StreamDescription>> _ownStreams; ///< By root id, of channels that have others now.
+    bool _isRefreshWanted = false;                        ///< By the viewer, who is to hear of a failure.
     bool _isTidyPending = false;
 };

@@ -6,10 +6,18 @@
 #include "ChannelManager.h"
 #include "ChannelPanels.h"
 #include "ChannelSearchWidget.h"
+#include "ChannelTitle.h"
 #include "MyChannels.h"
 #include "NewChannelDialog.h"
 #include "SignIn.h"
 #include "WebCache.h"
+
+#include <utility>
+
+namespace
+{
+constexpr qsizetype longestTold = 100; // Of a title in a line of words.
+} // namespace
 
 void ChannelPanels::onChannelClicked(ChannelDescription const& description, bool isModifierHeld)
 {
@@ -90,7 +98,14 @@ void ChannelPanels::onChannelListWidgetManageChannels()
 void ChannelPanels::onChannelListWidgetRefreshButtonClicked()
 {
     _list->tell({});
+    _isRefreshWanted = _appData.signIn()->isSignedIn();
     refreshDirectory();
+}
+
+void ChannelPanels::onDirectoryRefreshed(QString const& problem)
+{
+    if (std::exchange(_isRefreshWanted, false) && !problem.isEmpty())
+        _list->tell(tr("The list could not be refreshed: %1").arg(problem));
 }
 
 /// The document, too: what has just been added is in no copy of it.
@@ -168,19 +183,22 @@ void ChannelPanels::onDeleteChannel(ChannelDescription const& description)
     if (!channel)
         return;
     constexpr int own = ChannelDescription::FileChannel | ChannelDescription::UserStreamChannel;
-    if ((description.channelType() & own) != 0 || isLookedAtOnly(*channel))
+    if ((description.channelType() & own) != 0 || isLookedAtOnly(*channel)) {
         channels.removeUserChannel(channel); // The service does not know it.
-    else if (_myChannels->isSignedIn())
+    } else if (_myChannels->isSignedIn()) {
+        _list->tell(tr("Deleting %1...").arg(ChannelTitle::shown(description.title(), longestTold)));
         _myChannels->remove(description);
-    else
+    } else {
         _list->tell(tr("Sign in to change the list of your channels."));
+    }
 }
 
 void ChannelPanels::onDeleted(QString const& rootId)
 {
     ChannelManager& channels = *_appData.channelManager();
+    _list->tell({});
     if (Channel* const channel = channels.getChannelByRootId(rootId)) {
-        QString const title = channel->desc.title().left(100);
+        QString const title = ChannelTitle::shown(channel->desc.title(), longestTold);
         channels.removeUserChannel(channel); // At once; the directory says so a moment later.
         _list->tell(tr("%1 was deleted.").arg(title));
     }

@@ -60,8 +60,10 @@ int ChannelRowPainter::rowHeight(QStyleOptionViewItem const& option)
 
 int ChannelRowPainter::leastWidth(QStyleOptionViewItem const& option)
 {
-    constexpr int letters = 13;
-    return rowHeight(option) + 2 * gap + letters * QFontMetrics(titleFont(option.font)).averageCharWidth();
+    constexpr int letters = 16;
+    constexpr int iconWidth = Look::smallIcon + gap;
+    return rowHeight(option) + 2 * gap + letters * QFontMetrics(titleFont(option.font)).averageCharWidth() +
+           iconWidth;
 }
 
 int ChannelRowPainter::stateWidth(QFont const& font, QString const& text)
@@ -99,6 +101,10 @@ void ChannelRowPainter::paintLine(QRect const& area, QFont const& font, QColor c
 {
     if (text.isEmpty() || area.width() <= 0)
         return;
+    // Marks upon marks may stand high above their letter.
+    QRect const row(area.left(), _option.rect.top(), area.width(), _option.rect.height());
+    _painter.save();
+    _painter.setClipRect(visual(row), Qt::IntersectClip);
     _painter.setFont(font);
     _painter.setPen(colour);
     QString const shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, area.width());
@@ -110,6 +116,7 @@ void ChannelRowPainter::paintLine(QRect const& area, QFont const& font, QColor c
         static_cast<int>((isOnRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter) |
             Qt::TextSingleLine,
         shown);
+    _painter.restore();
 }
 
 int ChannelRowPainter::paintStateIn(QRect const& area, ChannelRowState state)

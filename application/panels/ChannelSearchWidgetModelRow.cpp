@@ -1,6 +1,7 @@
 #include "ChannelSearchWidgetModelRow.h"
 
 #include "ChannelDocumentFields.h"
+#include "ChannelTitle.h"
 #include "FoldedText.h"
 
 #include <QCoreApplication>
@@ -59,7 +60,7 @@ ChannelSearchWidgetModelRow::ChannelSearchWidgetModelRow(SoapUserChannel const& 
         description.setUnavailableReason(
             QCoreApplication::translate("ChannelSearchWidget", "The channel has no address that can be opened."));
     }
-    title = description.title().left(maximumFound);
+    title = ChannelTitle::shown(description.title(), maximumFound);
     summary = ChannelDescription::toLine(description.summary().left(maximumFound)).simplified();
     sortKey = FoldedText::sortKey(FoldedText::fold(title));
 }

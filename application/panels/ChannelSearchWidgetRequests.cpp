@@ -21,7 +21,11 @@ void ChannelSearchWidget::setMyChannels(MyChannels* myChannels)
     _myChannels = myChannels;
     connect(myChannels, &MyChannels::added, this, &ChannelSearchWidget::onAddUserChannelCompleted);
     connect(myChannels, &MyChannels::removed, this, [this] { onRemoveUserChannelCompleted(true); });
-    connect(myChannels, &MyChannels::failed, this, &ChannelSearchWidget::onSoapRequestFailed);
+    // Only the list of channels removes any, and says itself what has become of it.
+    connect(myChannels, &MyChannels::failed, this, [this](QString const& method, QString const& message) {
+        if (method == "AddUserStream" || method == "CreateUserStream")
+            onSoapRequestFailed(method, message);
+    });
 }
 
 void ChannelSearchWidget::signIn(SoapService const& service, QString const& nodeId)
@@ -148,7 +152,9 @@ void ChannelSearchWidget::onSoapRequestFailed(QString const& method, QString con
     if (method == "GetUserStreams" && _page > 1)
         --_page; // That page is asked for again.
     _moreButton->setEnabled(true);
-    showWhatThereIs(_status->text());
+    bool const isOfSearch = method == "GetUserStreams" || method == "GetTopUserStreams";
+    if (isOfSearch) // Others leave what has been found, or not, as it is.
+        showWhatThereIs(_status->text());
 }
 
 int ChannelSearchWidget::rowAt(QModelIndex const& index) const

@@ -12,11 +12,20 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace
 {
+
 constexpr int nameColumn = 2; // Never hidden.
+
+bool isMovement(int key)
+{
+    constexpr int keys[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
+    return std::ranges::find(keys, key) != std::end(keys);
+}
+
 } // namespace
 
 void ChannelHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const
@@ -169,6 +178,9 @@ void ChannelView::keyPressEvent(QKeyEvent* event)
         emit typed(event->text());
     else
         QTreeView::keyPressEvent(event);
+    // Also where the list has ended: the window switches channels by some of them.
+    if (isPlain && isMovement(event->key()))
+        event->accept();
 }
 
 void ChannelView::mousePressEvent(QMouseEvent* event)

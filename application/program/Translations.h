@@ -3,9 +3,9 @@
 #include <QLocale>
 #include <QTranslator>
 
-/// The program's texts, and Qt's own, in the viewer's language, and the direction in which that is written. Where there
-/// is no translation the texts are English. To be made after the application and before anything that shows a text;
-/// main thread only.
+/// The program's texts, and Qt's own, in the viewer's language, and the direction in which that is written. Where
+/// there is no translation the texts are English. To be made after the application and before anything that shows a
+/// text; main thread only.
 class Translations
 {
 public:

@@ -226,7 +226,8 @@ public:
     void setSize(QSize size) { set(&SettingsValues::size, size); }
     bool maximised() const { return _values.maximised; }
     void setMaximised(bool on) { set(&SettingsValues::maximised, on); }
-    /// Whether the viewer has been told, once and for all, that drawing is slow here, and that a closed window goes on.
+    /// Whether the viewer has been told, once and for all, that drawing is slow here, and that a closed window goes
+    /// on.
     bool toldOfSlowDriver() const { return _values.toldOfSlowDriver; }
     void setToldOfSlowDriver(bool told) { set(&SettingsValues::toldOfSlowDriver, told); }
     bool toldOfTray() const { return _values.toldOfTray; }
@@ -426,8 +427,8 @@ void AppSettings::setValue(T SettingsValues::*field, std::type_identity_t<T> con
     if constexpr (std::is_same_v<T, int>) {
         Setting const* const setting = findSetting(field);
         if (setting && setting->bounds)
-            return set(field, static_cast<int>(std::clamp<double>(value, setting->bounds->minimum,
-                                                                  setting->bounds->maximum)));
+            return set(field, static_cast<int>(
+                                  std::clamp<double>(value, setting->bounds->minimum, setting->bounds->maximum)));
     }
     set(field, value);
 }

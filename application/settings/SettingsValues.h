@@ -45,7 +45,7 @@ struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it 
     bool deinterlace = true;
     Presentation presentation = Presentation::Automatic;
     QString screenshotDirectory; ///< Empty for the default one.
-    int proxyType = 2; ///< A QNetworkProxy::ProxyType.
+    int proxyType = 2;           ///< A QNetworkProxy::ProxyType.
     QString proxyHostName;
     int proxyPort = 0;
     QString proxyUser;

@@ -3,13 +3,13 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "ChannelManager.h"
+#include "ChannelTitle.h"
 #include "Icons.h"
 #include "SignIn.h"
 
 namespace
 {
-constexpr int longestTrayTitle = 60; // Characters in the menu.
-constexpr int trayTellTime = 8000;   // ms
+constexpr int trayTellTime = 8000; // ms
 } // namespace
 
 TrayIcon::TrayIcon(AppData& appData) : _appData(appData), _icon(QIcon(":/Resources/Ombravision.png"))
@@ -65,7 +65,7 @@ void TrayIcon::fillMenu()
         Channel const* const channel = _appData.channelManager()->getChannelByRootId(id);
         if (!channel)
             continue;
-        QString title = channel->desc.title().left(longestTrayTitle);
+        QString title = ChannelTitle::shown(channel->desc.title(), ChannelTitle::longestInMenu);
         QAction* const action = _menu.addAction(title.replace('&', "&&"));
         action->setIcon(Icons::icon(Icon::Television));
         action->setCheckable(true);
@@ -86,7 +86,9 @@ void TrayIcon::updateToolTip()
 {
     Channel const* const channel = _appData.channelManager()->activeChannel();
     QString const name = QStringLiteral("Ombravision");
-    _icon.setToolTip(channel ? QString(name + '\n' + channel->desc.title().left(longestTrayTitle)) : name);
+    _icon.setToolTip(
+        channel ? QString(name + '\n' + ChannelTitle::shown(channel->desc.title(), ChannelTitle::longestInMenu))
+                : name);
 }
 
 void TrayIcon::onActivated(QSystemTrayIcon::ActivationReason reason)

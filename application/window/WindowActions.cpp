@@ -5,6 +5,7 @@
 #include "ChannelEvents.h"
 #include "ChannelManager.h"
 #include "ChannelPanels.h"
+#include "ChannelTitle.h"
 #include "FileChannels.h"
 #include "GLWidget.h"
 #include "HibernationManager.h"
@@ -271,8 +272,10 @@ void Window::onSurfaceInitialized()
 
 void Window::updateTitle()
 {
+    constexpr qsizetype longestTitle = 256;
     Channel const* const channel = _appData.channelManager()->activeChannel();
-    QString title = channel ? QString(channel->desc.title() + " - Ombravision") : QStringLiteral("Ombravision");
+    QString title = channel ? QString(ChannelTitle::shown(channel->desc.title(), longestTitle) + " - Ombravision")
+                            : QStringLiteral("Ombravision");
     if (_appData.settings.muted())
         title = tr("%1 (muted)").arg(title);
     else if (_appData.settings.volume() < 1.0)

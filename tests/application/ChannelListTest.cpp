@@ -1,9 +1,11 @@
 #include "AppData.h"
 #include "Channel.h"
+#include "ChannelAction.h"
 #include "ChannelListWidget.h"
 #include "ChannelManager.h"
 #include "ChannelPanels.h"
 #include "ChannelSearchWidget.h"
+#include "ChannelTitle.h"
 #include "ChannelView.h"
 #include "DeleteChannelDialog.h"
 #include "EventLoop.h"
@@ -254,6 +256,32 @@ TEST_F(ChannelListTest, ClicksAndKeysAskForWhatTheRowCanDo)
     EXPECT_EQ(_appData.settings.favouriteChannels(), QStringList("b"));
     QTest::keyClicks(list->view(), "eter");
     EXPECT_EQ(child<QLineEdit>("filter")->text().left(1), "e");
+}
+
+TEST_F(ChannelListTest, AMovementKeyIsTheListsAlsoWhereItEnds)
+{
+    list->onChannelsUpdated(listedChannels());
+    ChannelView* const view = list->view();
+    int const last = list->shownModel().rowCount() - 1;
+    view->setCurrentIndex(list->shownModel().index(last, ChannelListWidgetModel::NameColumn));
+    for (Qt::Key const key : {Qt::Key_PageDown, Qt::Key_Down, Qt::Key_End}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(view, &press);
+        EXPECT_TRUE(press.isAccepted()) << key;
+    }
+    EXPECT_EQ(view->currentIndex().row(), last);
+}
+
+TEST_F(ChannelListTest, NoTitleIsWiderThanAMenuNorUnseen)
+{
+    for (char16_t const* const blank : {u"", u" \u00A0", u"\u200B\u2060"})
+        EXPECT_EQ(ChannelTitle::shown(QString::fromUtf16(blank), 9), "Unnamed channel");
+    EXPECT_EQ(ChannelTitle::shown("abcde", 5), "abcde");
+    EXPECT_EQ(ChannelTitle::shown("abcdef", 5), QString::fromUtf8("abcde…"));
+    EXPECT_EQ(ChannelTitle::shown(QString::fromUtf8("abcd😀"), 5), QString::fromUtf8("abcd…"));
+    Channel channel(_appData);
+    channel.desc = listed("w", QString("&").repeated(10000));
+    EXPECT_EQ(ChannelAction(&channel).text(), QString("&&").repeated(60) + QChar(0x2026));
 }
 
 TEST_F(ChannelListTest, TheMenuHasWhatFitsTheRow)

@@ -166,4 +166,12 @@ TEST_F(ChannelSearchTest, EachFailureIsToldApart)
     server.answer("HTTP/1.1 503 Away\r\nContent-Length: 0\r\n\r\n");
     EXPECT_TRUE(processEventsUntil([&] { return status().startsWith("The search failed: "); }));
     EXPECT_EQ(widget.findChild<QLabel*>("notice")->text(), status());
+    QString const before = status();
+    QSignalSpy const failed(&myChannels, &MyChannels::failed);
+    ChannelDescription channel;
+    channel.setChannelType(ChannelDescription::UserChannel);
+    myChannels.remove(channel);
+    server.answer("HTTP/1.1 500 Away\r\nContent-Length: 0\r\n\r\n");
+    EXPECT_TRUE(processEventsUntil([&] { return failed.size() == 1; }));
+    EXPECT_EQ(status(), before) << "it was asked for elsewhere, and is told there";
 }

@@ -6,6 +6,7 @@
 #include <QDir>
 
 #include <stdexcept>
+#include <sys/stat.h>
 
 namespace
 {
@@ -71,6 +72,20 @@ TEST_F(FileProviderTest, ReadsAtOnceAndAgainWhenTheFileHasChanged)
     writeChannels("", 3000);
     advance(interval);
     EXPECT_EQ(provider().numChannels(), 2);
+}
+
+TEST_F(FileProviderTest, APipeIsNoFileAndNotWaitedFor)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(file("Channels.xml")).constData(), S_IRUSR | S_IWUSR), 0);
+    ASSERT_EQ(mkfifo(QFile::encodeName(file("logos/b.png")).constData(), S_IRUSR | S_IWUSR), 0);
+    EXPECT_THROW(provider().start(), std::logic_error);
+    QFile::remove(file("Channels.xml"));
+    writeChannels("<channel id='b'/><channel id='a'/>", 1000);
+    SignalRecorder const logos(&provider(), &ChannelDescriptionProvider::channelLogoUpdated);
+    provider().refresh();
+    ASSERT_TRUE(logos.wait(2));
+    EXPECT_TRUE(provider().descriptionAt(0).logo().isNull());
+    EXPECT_EQ(provider().descriptionAt(1).logo().width(), 3);
 }
 
 TEST_F(FileProviderTest, AFileThatCannotBeReadCostsNothing)

@@ -196,7 +196,10 @@ TEST_F(RestfulProviderTest, AFaultLeavesTheListAndIsTold)
     advance(1000);
     answer("200 OK", {}, document({channel("b")}));
     ASSERT_TRUE(processEventsUntil([&] { return service->asked.size() == 3; }));
+    SignalRecorder const kept(provider.get(), &RestfulChannelDescriptionProvider::refreshFailed);
     emit service->allowedChannelsError("no service");
+    ASSERT_EQ(kept.count(), 1);
+    EXPECT_EQ(kept.first().first(), "no service");
     EXPECT_EQ(ids(), QStringList{"a"});
     EXPECT_EQ(failures->count() * 10 + updates->count(), 11);
 }

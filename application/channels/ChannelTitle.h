@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/// The titles of channels come from outside and may be anything.
+namespace ChannelTitle
+{
+
+constexpr qsizetype longestInMenu = 60; ///< A menu is as wide as its widest entry.
+
+/// The title for a list or a menu: of at most that many UTF-16 units, with an ellipsis where there were more; words
+/// for one of which nothing would be seen. Any thread.
+QString shown(QString const& title, qsizetype longest);
+
+} // namespace ChannelTitle
