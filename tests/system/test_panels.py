@@ -110,7 +110,7 @@ class Panels(unittest.TestCase):
             self.type("viewers")
             self.key("Return")
             self.open_by(lambda: self.click(FIRST_ROW + 30, button=3))
-            self.key("Up", "Return")  # Save to My Channels.
+            self.key("Down", "Down", "Down", "Return")  # Save to My Channels.
             program.wait_for_log("^Added channel .* Viewers news$")
 
 
