@@ -51,7 +51,8 @@ QString ChannelDescription::toLine(QString const& text)
                (character >= firstIsolate && character <= lastIsolate);
     });
     for (QChar& character : line)
-        if (character.category() == QChar::Other_Control)
+        if (character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
+            character == QChar::ParagraphSeparator)
             character = ' ';
     return line;
 }

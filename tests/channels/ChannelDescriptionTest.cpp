@@ -44,6 +44,6 @@ TEST(ChannelDescription, AStreamGoesByItsAddressTracksAndDescriptor)
 TEST(ChannelDescription, ATitleIsALineThatTurnsNothingRound)
 {
     ChannelDescription channel;
-    channel.setTitle(QString::fromUtf8("News\t\u202Eon\u202C\nair \u2067\u05D0\u2069 \u00E9"));
+    channel.setTitle(QString::fromUtf8("News\t\u202Eon\u202C\u2028air \u2067\u05D0\u2069 \u00E9"));
     EXPECT_EQ(channel.title(), QString::fromUtf8("News on air \u05D0 \u00E9"));
 }
