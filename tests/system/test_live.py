@@ -44,11 +44,9 @@ class Live(unittest.TestCase):
             wait_for(lambda: number_on_screen(program) is not None, 10, "the first picture")
             services.kill()
             program.wait_for_log(r"Reconnecting\.\.\.", 10)
-            wait_for(lambda: self.stands_still(program), 30, "the end of what was buffered")
-            self.assertIsNotNone(number_on_screen(program), "the last picture stays")
+            last = wait_for(lambda: self.last_picture(program), 40, "the end of what was buffered, in a picture that stays")
             services.start()
             began = time.monotonic()
-            last = number_on_screen(program)
             wait_for(lambda: number_on_screen(program) not in (last, None), 20, "pictures that move again")
             print(f"moves {time.monotonic() - began:.1f} s after the return", flush=True)
             check_picture(self, program, self.clip, 3)  # Without words over it.
@@ -56,10 +54,11 @@ class Live(unittest.TestCase):
             for farewell in "(stop)", "(log)":
                 self.assertIn(farewell, services.log())
 
-    def stands_still(self, program):
+    def last_picture(self, program):
+        """Its number, if it stays for half a second and no bar is over it."""
         first = number_on_screen(program)
         time.sleep(0.5)
-        return first is not None and first == number_on_screen(program)  # The title stands over it for a moment.
+        return first if first == number_on_screen(program) else None
 
 
 if __name__ == "__main__":

@@ -134,4 +134,5 @@ private:
     QMetaObject::Connection _tipWords; ///< To what the button under the pointer is called.
     QString _carouselChannel;          ///< By its root id.
     bool _hasShownChannel = false;
+    QString _toldError; ///< The bar was called up for it.
 };

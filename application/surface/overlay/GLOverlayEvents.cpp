@@ -41,6 +41,7 @@ void GLOverlay::connectHub()
     connect(channels, &ChannelManager::streamOpened, this, [this](Channel* channel) {
         if (!channel->hasError())
             onChannelStateChanged(channel, {}); // What was told on the way there is over.
+        _toldError.clear();
     });
     connect(channels, &ChannelManager::channelLogoUpdated, this, &GLOverlay::onChannelLogoUpdated);
     connect(channels, &ChannelManager::mouseEnteredChannel, this, &GLOverlay::onMouseEnteredChannel);
@@ -154,7 +155,8 @@ void GLOverlay::onChannelError(Channel* channel, QString const& text)
     if (channel && channel != _appData.channelManager()->activeChannel())
         return;
     _top.setState(text.section('\n', 0, 0), true);
-    if (!text.isEmpty())
+    // Who tries again and again fails in the same words: the bar is not called up for them each time.
+    if (std::exchange(_toldError, text) != text && !text.isEmpty())
         ensureVisible(false);
 }
 
@@ -168,6 +170,7 @@ void GLOverlay::onChannelStateChanged(Channel* channel, QString const& text)
 void GLOverlay::onChannelChanged(Channel*, Channel* to)
 {
     _top.setState({}, false);
+    _toldError.clear();
     onChannelsUpdated();
     // Whoever has just started the program sees in the window's title what plays.
     if (to && std::exchange(_hasShownChannel, true))
