@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -98,6 +99,7 @@ bool GLWidget::hasPointerMoved(QPointF place)
 
 void GLWidget::leaveEvent(QEvent*)
 {
+    _pointer = QCursor::pos(); // It may come back to where it was, and has moved then all the same.
     _overlay.onMouseLeftWidget();
     _carousel.mouseHover({-1.0, -1.0});
     _appData.channelManager()->videoMouseMove(QPointF(-1.0, -1.0), Qt::NoModifier);
