@@ -19,7 +19,6 @@ from screen import Screen  # noqa: E402
 from support import clips, process, wait_for  # noqa: E402
 from support.display import VirtualDisplay  # noqa: E402
 from support.localservices import LocalServices  # noqa: E402
-from support.picture import number_of, number_points  # noqa: E402
 from support.program import Program  # noqa: E402
 
 SIZE = 1024, 576
@@ -145,19 +144,23 @@ def measure_overlay(display, pairs, seconds):
     print(f"overlay visible / hidden: {statistics.median(ratios):.2f} (at most {OVERLAY_RATIO})")
 
 
-def first_picture(display, program, rectangle, seconds=3):
-    y, points = number_points(rectangle)
-    with display.watch(y, points, interval=0.002) as watch:
-        began = time.monotonic()
-        program.status = None
-        program.start()
-        time.sleep(seconds)
-        program.quit()
-    seen = [when for when, digits in watch.changes if number_of(digits) is not None]
-    if not seen:
-        raise RuntimeError(f"no picture within {seconds} s")
+def first_picture(display, program, rectangle, patience=5):
+    """Seconds from the start of the process until something is to be seen where there was one colour."""
+    screen = Screen(display.name)
+    x, y, width, height = rectangle
+    row = x, y + height // 36, width, 1  # Through the squares of the film's numbers, dark and light.
+    began = time.monotonic()
+    program.status = None
+    program.start()
+    while len(set(memoryview(screen.look(row)).cast("I"))) < 2:
+        if time.monotonic() - began > patience:
+            raise RuntimeError(f"no picture within {patience} s")
+        time.sleep(0.002)
+    shown = time.monotonic() - began
+    time.sleep(1)
+    program.quit()
     time.sleep(0.3)  # The window has to be gone.
-    return seen[0] - began
+    return shown
 
 
 def measure_starts(display, starts):
