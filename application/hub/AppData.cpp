@@ -71,6 +71,7 @@ void AppData::initialize(QWidget* mainWidget)
     _rsaProvider = new RsaProvider(settings.dataDirectory() + "/PrivateKey.pem");
     settings.initEncryption(_rsaProvider);
     settings.loadGlobalSettings();
+    settings.loadGuestSettings();
     setProxy();
     _cursors = std::make_unique<ClickCursors>();
     _webAccess.createManager();

@@ -33,6 +33,14 @@ QString absoluteName(QString const& name)
     return QFileInfo::exists(name) || !OwnChannels::isAddress(name) ? QFileInfo(name).absoluteFilePath() : name;
 }
 
+/// That of the texts, in which numbers and dates are written, too.
+QLocale chosenLocale()
+{
+    QLocale const locale = Translations::localeOf(AppSettings::storedLanguage());
+    QLocale::setDefault(locale);
+    return locale;
+}
+
 bool isAlive = false;
 
 /// A library that loses the display ends the process from wherever it stands. What other libraries do at the end of a
@@ -49,7 +57,7 @@ void endAtOnce()
 } // namespace
 
 Application::Application(QString const& appId, int& argc, char** argv)
-    : SingleApplication(SingleInstance::idOfProfile(appId), argc, argv)
+    : SingleApplication(SingleInstance::idOfProfile(appId), argc, argv), _translations(chosenLocale())
 {
     Q_INIT_RESOURCE(ombravision);
     setQuitOnLastWindowClosed(false);

@@ -56,7 +56,7 @@ private:
 
     static Logger* log;
 
-    Translations const _translations{QLocale()}; ///< Before anything has texts.
+    Translations const _translations; ///< Before anything has texts.
     TerminationSignals _terminationSignals;
     AppData _appData;
     std::unique_ptr<Window> _window;
