@@ -1,6 +1,7 @@
 #include "Application.h"
 
 #include "ArgumentList.h"
+#include "DesktopAnnouncements.h"
 #include "DetachedThreads.h"
 #include "EventLoopWatchdog.h"
 #include "GLWidget.h"
@@ -177,6 +178,7 @@ bool Application::initialize()
     // Dialogs run event loops of their own, which have to end within that of the application.
     if (_names.isEmpty())
         QTimer::singleShot(0, &_appData, &AppData::begin);
+    QTimer::singleShot(0, this, [this] { _announcements = std::make_unique<DesktopAnnouncements>(_appData); });
     return true;
 }
 
@@ -189,6 +191,7 @@ bool Application::fail(char const* logText, QString const& text)
 
 void Application::uninitialize()
 {
+    _announcements.reset();
     _window.reset();
     _appData.uninitialize();
 }
