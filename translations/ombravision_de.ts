@@ -263,6 +263,17 @@ So sieht eine Meldung aus.</translation>
     </message>
 </context>
 <context>
+    <name>AudioOutputChoice</name>
+    <message>
+        <source>The sound device could not be opened: there is no sound for now.</source>
+        <translation>Das Tongerät konnte nicht geöffnet werden: Vorerst gibt es keinen Ton.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Sound goes where the system sends it.</source>
+        <translation>%1 konnte nicht geöffnet werden. Der Ton geht dahin, wohin das System ihn schickt.</translation>
+    </message>
+</context>
+<context>
     <name>BufferLatteVisualiser</name>
     <message>
         <source>%1%</source>
@@ -318,10 +329,14 @@ Neuer Versuch...</translation>
     </message>
 </context>
 <context>
-    <name>ChannelListWidget</name>
+    <name>ChannelListFilters</name>
     <message>
-        <source>Channels</source>
-        <translation>Sender</translation>
+        <source>Show favourites only</source>
+        <translation>Nur Favoriten anzeigen</translation>
+    </message>
+    <message>
+        <source>Refresh the list</source>
+        <translation>Liste aktualisieren</translation>
     </message>
     <message>
         <source>Filter by title or language</source>
@@ -347,13 +362,12 @@ Neuer Versuch...</translation>
         <source>Viewer Added</source>
         <translation>Von Zuschauern</translation>
     </message>
+</context>
+<context>
+    <name>ChannelListWidget</name>
     <message>
-        <source>Show favourites only</source>
-        <translation>Nur Favoriten anzeigen</translation>
-    </message>
-    <message>
-        <source>Refresh the list</source>
-        <translation>Liste aktualisieren</translation>
+        <source>Channels</source>
+        <translation>Sender</translation>
     </message>
     <message>
         <source>No channel fits your filters.</source>
@@ -999,32 +1013,12 @@ Bitte warten</translation>
         <translation>Der Quelltext, wie er vor Ihren Änderungen war</translation>
     </message>
     <message>
-        <source>Effects, in the order in which they are applied</source>
-        <translation>Effekte in der Reihenfolge ihrer Anwendung</translation>
-    </message>
-    <message>
-        <source>New</source>
-        <translation>Neu</translation>
-    </message>
-    <message>
-        <source>Duplicate</source>
-        <translation>Duplizieren</translation>
-    </message>
-    <message>
         <source>Rename</source>
         <translation>Umbenennen</translation>
     </message>
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
-    </message>
-    <message>
-        <source>Earlier</source>
-        <translation>Früher</translation>
-    </message>
-    <message>
-        <source>Later</source>
-        <translation>Später</translation>
     </message>
     <message>
         <source>Source of the effect</source>
@@ -1095,6 +1089,37 @@ Bitte warten</translation>
     <message>
         <source>This effect can&apos;t be changed.</source>
         <translation>Dieser Effekt kann nicht geändert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>EffectsList</name>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Earlier</source>
+        <translation>Früher</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Effects, in the order in which they are applied</source>
+        <translation>Effekte in der Reihenfolge ihrer Anwendung</translation>
     </message>
 </context>
 <context>
@@ -1446,10 +1471,6 @@ Bitte warten</translation>
         <translation>&amp;Beim Anmelden am Desktop starten</translation>
     </message>
     <message>
-        <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
-        <translation>Hat der Desktop eine eigene Liste dessen, was mit ihm startet, tragen Sie dort „ombravision -startup“ ein.</translation>
-    </message>
-    <message>
         <source>Window</source>
         <translation>Fenster</translation>
     </message>
@@ -1484,6 +1505,18 @@ Bitte warten</translation>
     <message>
         <source>Save them &amp;in:</source>
         <translation>S&amp;peichern in:</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>Sp&amp;rache:</translation>
+    </message>
+    <message>
+        <source>The language changes at the next start of Ombravision.</source>
+        <translation>Die Sprache wechselt beim nächsten Start von Ombravision.</translation>
     </message>
 </context>
 <context>
@@ -2300,8 +2333,8 @@ Bis bald!
         <translation>Diese Seite wie nach einer Neuinstallation</translation>
     </message>
     <message>
-        <source>Some of this is kept with your account: sign in for it to be there at the next start.</source>
-        <translation>Einiges davon wird mit Ihrem Konto gespeichert: Melden Sie sich an, damit es beim nächsten Start da ist.</translation>
+        <source>You are not signed in. Each account keeps some of this for itself.</source>
+        <translation>Sie sind nicht angemeldet. Jedes Konto behält einiges davon für sich.</translation>
     </message>
 </context>
 <context>
@@ -2333,6 +2366,17 @@ Bis bald!
 Retrying...</source>
         <translation>Fehler beim Lesen der Sender
 Neuer Versuch...</translation>
+    </message>
+</context>
+<context>
+    <name>RunAtStartup</name>
+    <message>
+        <source>Ombravision could not be made to start with the desktop: %1 could not be written (%2).</source>
+        <translation>Ombravision startet nicht mit dem Desktop: %1 konnte nicht geschrieben werden (%2).</translation>
+    </message>
+    <message>
+        <source>Ombravision will still start with the desktop: %1 could not be removed (%2).</source>
+        <translation>Ombravision startet weiterhin mit dem Desktop: %1 konnte nicht entfernt werden (%2).</translation>
     </message>
 </context>
 <context>

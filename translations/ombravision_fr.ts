@@ -263,6 +263,17 @@ Voici à quoi ressemble une alerte.</translation>
     </message>
 </context>
 <context>
+    <name>AudioOutputChoice</name>
+    <message>
+        <source>The sound device could not be opened: there is no sound for now.</source>
+        <translation>Le périphérique audio n&apos;a pas pu être ouvert : pas de son pour l&apos;instant.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Sound goes where the system sends it.</source>
+        <translation>%1 n&apos;a pas pu être ouvert. Le son va là où le système l&apos;envoie.</translation>
+    </message>
+</context>
+<context>
     <name>BufferLatteVisualiser</name>
     <message>
         <source>%1%</source>
@@ -318,10 +329,14 @@ Nouvel essai...</translation>
     </message>
 </context>
 <context>
-    <name>ChannelListWidget</name>
+    <name>ChannelListFilters</name>
     <message>
-        <source>Channels</source>
-        <translation>Chaînes</translation>
+        <source>Show favourites only</source>
+        <translation>Favoris uniquement</translation>
+    </message>
+    <message>
+        <source>Refresh the list</source>
+        <translation>Actualiser la liste</translation>
     </message>
     <message>
         <source>Filter by title or language</source>
@@ -347,13 +362,12 @@ Nouvel essai...</translation>
         <source>Viewer Added</source>
         <translation>Ajouts de spectateurs</translation>
     </message>
+</context>
+<context>
+    <name>ChannelListWidget</name>
     <message>
-        <source>Show favourites only</source>
-        <translation>Favoris uniquement</translation>
-    </message>
-    <message>
-        <source>Refresh the list</source>
-        <translation>Actualiser la liste</translation>
+        <source>Channels</source>
+        <translation>Chaînes</translation>
     </message>
     <message>
         <source>No channel fits your filters.</source>
@@ -999,32 +1013,12 @@ Veuillez patienter</translation>
         <translation>La source telle qu&apos;elle était avant vos modifications</translation>
     </message>
     <message>
-        <source>Effects, in the order in which they are applied</source>
-        <translation>Effets, dans leur ordre d&apos;application</translation>
-    </message>
-    <message>
-        <source>New</source>
-        <translation>Nouveau</translation>
-    </message>
-    <message>
-        <source>Duplicate</source>
-        <translation>Dupliquer</translation>
-    </message>
-    <message>
         <source>Rename</source>
         <translation>Renommer</translation>
     </message>
     <message>
         <source>Delete</source>
         <translation>Supprimer</translation>
-    </message>
-    <message>
-        <source>Earlier</source>
-        <translation>Plus tôt</translation>
-    </message>
-    <message>
-        <source>Later</source>
-        <translation>Plus tard</translation>
     </message>
     <message>
         <source>Source of the effect</source>
@@ -1095,6 +1089,37 @@ Veuillez patienter</translation>
     <message>
         <source>This effect can&apos;t be changed.</source>
         <translation>Cet effet ne peut pas être modifié.</translation>
+    </message>
+</context>
+<context>
+    <name>EffectsList</name>
+    <message>
+        <source>New</source>
+        <translation>Nouveau</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Dupliquer</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renommer</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Earlier</source>
+        <translation>Plus tôt</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message>
+        <source>Effects, in the order in which they are applied</source>
+        <translation>Effets, dans leur ordre d&apos;application</translation>
     </message>
 </context>
 <context>
@@ -1446,10 +1471,6 @@ Veuillez patienter</translation>
         <translation>Lancer à l&apos;&amp;ouverture de session</translation>
     </message>
     <message>
-        <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
-        <translation>Si le bureau tient sa propre liste de ce qu&apos;il lance avec lui, ajoutez-y «&#xa0;ombravision -startup&#xa0;».</translation>
-    </message>
-    <message>
         <source>Window</source>
         <translation>Fenêtre</translation>
     </message>
@@ -1484,6 +1505,18 @@ Veuillez patienter</translation>
     <message>
         <source>Save them &amp;in:</source>
         <translation>En&amp;registrer dans&#xa0;:</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Système</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>Lan&amp;gue :</translation>
+    </message>
+    <message>
+        <source>The language changes at the next start of Ombravision.</source>
+        <translation>La langue change au prochain démarrage d&apos;Ombravision.</translation>
     </message>
 </context>
 <context>
@@ -2300,8 +2333,8 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>Cette page comme dans une nouvelle installation</translation>
     </message>
     <message>
-        <source>Some of this is kept with your account: sign in for it to be there at the next start.</source>
-        <translation>Une partie de ces réglages est conservée avec votre compte&#xa0;: connectez-vous pour les retrouver au prochain démarrage.</translation>
+        <source>You are not signed in. Each account keeps some of this for itself.</source>
+        <translation>Vous n&apos;êtes pas connecté. Chaque compte garde une partie de ces réglages pour lui.</translation>
     </message>
 </context>
 <context>
@@ -2333,6 +2366,17 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
 Retrying...</source>
         <translation>Erreur d&apos;analyse des chaînes
 Nouvel essai...</translation>
+    </message>
+</context>
+<context>
+    <name>RunAtStartup</name>
+    <message>
+        <source>Ombravision could not be made to start with the desktop: %1 could not be written (%2).</source>
+        <translation>Ombravision ne démarrera pas avec le bureau : impossible d&apos;écrire %1 (%2).</translation>
+    </message>
+    <message>
+        <source>Ombravision will still start with the desktop: %1 could not be removed (%2).</source>
+        <translation>Ombravision démarrera encore avec le bureau : impossible de supprimer %1 (%2).</translation>
     </message>
 </context>
 <context>

@@ -263,6 +263,17 @@ Ecco come appare un avviso.</translation>
     </message>
 </context>
 <context>
+    <name>AudioOutputChoice</name>
+    <message>
+        <source>The sound device could not be opened: there is no sound for now.</source>
+        <translation>Impossible aprire il dispositivo audio: per ora non c&apos;è audio.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Sound goes where the system sends it.</source>
+        <translation>Impossible aprire %1. L&apos;audio va dove lo manda il sistema.</translation>
+    </message>
+</context>
+<context>
     <name>BufferLatteVisualiser</name>
     <message>
         <source>%1%</source>
@@ -318,10 +329,14 @@ Nuovo tentativo...</translation>
     </message>
 </context>
 <context>
-    <name>ChannelListWidget</name>
+    <name>ChannelListFilters</name>
     <message>
-        <source>Channels</source>
-        <translation>Canali</translation>
+        <source>Show favourites only</source>
+        <translation>Mostra solo i preferiti</translation>
+    </message>
+    <message>
+        <source>Refresh the list</source>
+        <translation>Aggiorna l&apos;elenco</translation>
     </message>
     <message>
         <source>Filter by title or language</source>
@@ -347,13 +362,12 @@ Nuovo tentativo...</translation>
         <source>Viewer Added</source>
         <translation>Degli spettatori</translation>
     </message>
+</context>
+<context>
+    <name>ChannelListWidget</name>
     <message>
-        <source>Show favourites only</source>
-        <translation>Mostra solo i preferiti</translation>
-    </message>
-    <message>
-        <source>Refresh the list</source>
-        <translation>Aggiorna l&apos;elenco</translation>
+        <source>Channels</source>
+        <translation>Canali</translation>
     </message>
     <message>
         <source>No channel fits your filters.</source>
@@ -999,32 +1013,12 @@ Attendi</translation>
         <translation>Il sorgente com&apos;era prima delle tue modifiche</translation>
     </message>
     <message>
-        <source>Effects, in the order in which they are applied</source>
-        <translation>Effetti, nell&apos;ordine di applicazione</translation>
-    </message>
-    <message>
-        <source>New</source>
-        <translation>Nuovo</translation>
-    </message>
-    <message>
-        <source>Duplicate</source>
-        <translation>Duplica</translation>
-    </message>
-    <message>
         <source>Rename</source>
         <translation>Rinomina</translation>
     </message>
     <message>
         <source>Delete</source>
         <translation>Elimina</translation>
-    </message>
-    <message>
-        <source>Earlier</source>
-        <translation>Prima</translation>
-    </message>
-    <message>
-        <source>Later</source>
-        <translation>Dopo</translation>
     </message>
     <message>
         <source>Source of the effect</source>
@@ -1095,6 +1089,37 @@ Attendi</translation>
     <message>
         <source>This effect can&apos;t be changed.</source>
         <translation>Questo effetto non si può modificare.</translation>
+    </message>
+</context>
+<context>
+    <name>EffectsList</name>
+    <message>
+        <source>New</source>
+        <translation>Nuovo</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplica</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Rinomina</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Elimina</translation>
+    </message>
+    <message>
+        <source>Earlier</source>
+        <translation>Prima</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Dopo</translation>
+    </message>
+    <message>
+        <source>Effects, in the order in which they are applied</source>
+        <translation>Effetti, nell&apos;ordine di applicazione</translation>
     </message>
 </context>
 <context>
@@ -1446,10 +1471,6 @@ Attendi</translation>
         <translation>A&amp;vvia all&apos;accesso al desktop</translation>
     </message>
     <message>
-        <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
-        <translation>Se il desktop ha un proprio elenco dei programmi da avviare, aggiungi lì «ombravision -startup».</translation>
-    </message>
-    <message>
         <source>Window</source>
         <translation>Finestra</translation>
     </message>
@@ -1484,6 +1505,18 @@ Attendi</translation>
     <message>
         <source>Save them &amp;in:</source>
         <translation>Salva &amp;in:</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Sistema</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>Li&amp;ngua:</translation>
+    </message>
+    <message>
+        <source>The language changes at the next start of Ombravision.</source>
+        <translation>La lingua cambia al prossimo avvio di Ombravision.</translation>
     </message>
 </context>
 <context>
@@ -2300,8 +2333,8 @@ A presto!
         <translation>Questa pagina come in una nuova installazione</translation>
     </message>
     <message>
-        <source>Some of this is kept with your account: sign in for it to be there at the next start.</source>
-        <translation>Alcune di queste impostazioni sono salvate con il tuo account: accedi per ritrovarle al prossimo avvio.</translation>
+        <source>You are not signed in. Each account keeps some of this for itself.</source>
+        <translation>Non hai effettuato l&apos;accesso. Ogni account conserva alcune di queste impostazioni per sé.</translation>
     </message>
 </context>
 <context>
@@ -2333,6 +2366,17 @@ A presto!
 Retrying...</source>
         <translation>Errore nell&apos;analisi dei canali
 Nuovo tentativo...</translation>
+    </message>
+</context>
+<context>
+    <name>RunAtStartup</name>
+    <message>
+        <source>Ombravision could not be made to start with the desktop: %1 could not be written (%2).</source>
+        <translation>Ombravision non si avvierà con il desktop: impossibile scrivere %1 (%2).</translation>
+    </message>
+    <message>
+        <source>Ombravision will still start with the desktop: %1 could not be removed (%2).</source>
+        <translation>Ombravision si avvierà ancora con il desktop: impossibile rimuovere %1 (%2).</translation>
     </message>
 </context>
 <context>

@@ -48,14 +48,13 @@ QSizeF GLTextArea::sizeForWidth(double width) const
 {
     if (_text.isEmpty())
         return {};
-    constexpr double inset = 2.0 * (margin + outlineWidth);
-    QFontMetricsF const metrics(_font);
-    QStringList const lines = wrapText(_text, _font, width - inset);
+    // Measured as it is painted: letters of another size are not as wide as many times.
+    double const inset = 2.0 * (margin + outlineWidth) * _scale;
+    QFont const font = scaledFont();
     double widest = 0.0;
-    for (QString const& line : lines)
-        widest = std::max(widest, metrics.horizontalAdvance(line));
-    return QSizeF(std::min(width, std::ceil(widest + inset)),
-                  std::ceil(metrics.lineSpacing() * static_cast<double>(lines.size()) + inset));
+    QStringList const lines = wrap(_text, font, width * _scale - inset, widest);
+    double const height = QFontMetricsF(font).lineSpacing() * static_cast<double>(lines.size());
+    return QSizeF(std::min(width, std::ceil((widest + inset) / _scale) + 1.0), std::ceil((height + inset) / _scale));
 }
 
 void GLTextArea::render(double opacity)
@@ -76,6 +75,12 @@ void GLTextArea::recalcLayout(double scale)
 
 QStringList GLTextArea::wrapText(QString const& text, QFont const& font, double width)
 {
+    double widest = 0.0;
+    return wrap(text, font, width, widest);
+}
+
+QStringList GLTextArea::wrap(QString const& text, QFont const& font, double width, double& widest)
+{
     QStringList lines;
     for (QString const& paragraph : text.split('\n')) {
         QTextLayout layout(paragraph, font);
@@ -86,6 +91,7 @@ QStringList GLTextArea::wrapText(QString const& text, QFont const& font, double 
         for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
             line.setLineWidth(std::max(1.0, width));
             lines.append(paragraph.mid(line.textStart(), line.textLength()).trimmed());
+            widest = std::max(widest, line.naturalTextWidth());
         }
         layout.endLayout();
     }
@@ -113,7 +119,9 @@ void GLTextArea::updateTexture()
     double const height = _paintedSize.height() * _scale;
 
     QStringList lines = wrapText(_text, font, width - inset);
-    qsizetype const room = std::max<qsizetype>(1, static_cast<qsizetype>((height - inset) / metrics.lineSpacing()));
+    constexpr double rounding = 0.01; // Of a line.
+    qsizetype const room =
+        std::max<qsizetype>(1, static_cast<qsizetype>((height - inset) / metrics.lineSpacing() + rounding));
     if (lines.size() > room) {
         lines.resize(room);
         lines.last() =

@@ -37,6 +37,8 @@ public:
     static QStringList wrapText(QString const& text, QFont const& font, double width);
 
 private:
+    /// The same, and how wide the widest of the lines is, if that is more.
+    static QStringList wrap(QString const& text, QFont const& font, double width, double& widest);
     QFont scaledFont() const;
     void updateTexture();
 

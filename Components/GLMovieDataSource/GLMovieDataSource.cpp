@@ -182,12 +182,7 @@ void GLMovieDataSource::raiseError(QString const& text)
 void GLMovieDataSource::reportLoss()
 {
     auto const raise = [this] {
-        bool inError = false;
-        {
-            std::lock_guard const lock(_mutex);
-            inError = _inError;
-        }
-        if (!_streams.isEmpty() && !inError)
+        if (!_streams.isEmpty())
             onErrorTimer();
     };
     QMetaObject::invokeMethod(this, raise, Qt::QueuedConnection);
@@ -223,10 +218,17 @@ void GLMovieDataSource::onResetErrorTimer()
     }
     if (wasInError)
         emit error(this, QString());
+    onFrameRead();
 }
 
+/// What has been told of the silence already tells more.
 void GLMovieDataSource::onErrorTimer()
 {
+    {
+        std::lock_guard const lock(_mutex);
+        if (_inError)
+            return;
+    }
     raiseError(NetworkErrors::stringForError(NetworkErrors::StreamUnavailable));
 }
 

@@ -153,6 +153,9 @@ protected:
     /// Raises "Stream unavailable", unless an error stands, for a stream that ended before its end. Any thread.
     void reportLoss();
 
+    /// A frame has been read between start() and stop(). On the owner's thread, some time later.
+    virtual void onFrameRead() {}
+
     /// Milliseconds of a clock that never goes back.
     virtual qint64 currentMilliseconds() const;
 

@@ -28,12 +28,15 @@ constexpr int analyzeDuration = 2;                 // seconds of the stream that
 LatteDataSource::LatteDataSource(Latte* latte, StreamDescription const& streamDescription, QString const& name,
                                  QObject* parent)
     : GLMovieDataSource(name.isEmpty() ? streamDescription.uri().toString() : name, parent), _latte(latte),
-      _streamDescription(streamDescription), _retryTimer(this), _resetTimer(this)
+      _streamDescription(streamDescription), _retryTimer(this), _resetTimer(this), _flowTimer(this)
 {
     _retryTimer.setObjectName("retryTimer");
     _resetTimer.setObjectName("resetTimer");
-    for (QTimer* timer : {&_retryTimer, &_resetTimer})
+    _flowTimer.setObjectName("flowTimer");
+    for (QTimer* timer : {&_retryTimer, &_resetTimer, &_flowTimer})
         timer->setSingleShot(true);
+    _flowTimer.setInterval(flowTime);
+    connect(&_flowTimer, &QTimer::timeout, this, &LatteDataSource::onFlowEnded);
     connect(&_retryTimer, &QTimer::timeout, this, &LatteDataSource::tryOpen);
     connect(&_resetTimer, &QTimer::timeout, this, &LatteDataSource::onReset);
 }
@@ -90,6 +93,7 @@ void LatteDataSource::stop()
     if (!_thread)
         return;
     GLMovieDataSource::stop();
+    forgetHeldBack();
     if (!_thread->finish())
         LOG_ERROR("The client of %s did not come back from its thread", qPrintable(uri()));
     _thread.reset();
@@ -285,6 +289,8 @@ void LatteDataSource::onLatteError(LatteClient* client, NetworkErrors::NetworkEr
         return;
     if (code == NetworkErrors::UnexpectedSuccess)
         emit plainFileFound();
+    else if (_flowTimer.isActive())
+        _heldBackError = NetworkErrors::stringForError(code);
     else
         raiseError(NetworkErrors::stringForError(code));
 }
@@ -294,11 +300,39 @@ void LatteDataSource::onProgressChanged(LatteClient* client, QString const& text
     if (client != _client)
         return;
     LOG_INFO("Progress changed: %s", qPrintable(text));
-    emit stateChanged(this, text);
+    if (_flowTimer.isActive())
+        _heldBackState = text;
+    else
+        emit stateChanged(this, text);
 }
 
 void LatteDataSource::onLattePlaying(LatteClient* client)
 {
-    if (client == _client)
-        emit playing(this);
+    if (client != _client)
+        return;
+    _heldBackState.clear();
+    _heldBackError.clear();
+    emit playing(this);
+}
+
+void LatteDataSource::onFrameRead()
+{
+    _flowTimer.start();
+}
+
+void LatteDataSource::onFlowEnded()
+{
+    QString const state = std::exchange(_heldBackState, {});
+    QString const error = std::exchange(_heldBackError, {});
+    if (!state.isEmpty())
+        emit stateChanged(this, state);
+    if (!error.isEmpty() && _client) // Whoever was told may have closed this.
+        raiseError(error);
+}
+
+void LatteDataSource::forgetHeldBack()
+{
+    _flowTimer.stop();
+    _heldBackState.clear();
+    _heldBackError.clear();
 }

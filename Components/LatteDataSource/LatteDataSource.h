@@ -26,6 +26,7 @@ public:
     static constexpr int maximumBufferedBytes = 32 << 20; ///< More waits in the client until the source is open.
     static constexpr int openDelay = 5000;       ///< ms from a failed attempt to the next; usually also from open().
     static constexpr int resetDelay = 3000;      ///< ms from a new stream header to closed().
+    static constexpr int flowTime = 1000;        ///< ms without a frame after which nothing is left to be shown.
     static constexpr int repetitionTime = 30000; ///< ms of a comeback(): as long as a client's buffer, twice.
 
     /// The Latte must outlive this object. An empty name stands for the address of the stream.
@@ -48,6 +49,9 @@ public:
     /// For a while after the client has come back to its server.
     std::optional<qint64> comeback() const override;
 
+    // What the client says of a lost connection is held back as long as there are frames in its buffer: nothing is to
+    // be seen of the loss then, and it may be over in time.
+
     /// What delivers the bytes; null unless open. Lives on a thread of its own.
     LatteClient const* client() const { return _client; }
 
@@ -66,6 +70,7 @@ public slots:
 
 protected:
     void onOpeningEnded(bool success) override;
+    void onFrameRead() override;
 
 private:
     class LatteDataSourceThread;
@@ -75,6 +80,8 @@ private:
     void tryOpen();
     int contextFromHeader(QByteArray const& header);
     void leaveInput();
+    void onFlowEnded();
+    void forgetHeldBack();
     static FormatContextPointer openFormat(QString const& address, QByteArray const& header,
                                            std::shared_ptr<LatteInput> const& input, Demuxer const& demuxer);
 
@@ -87,6 +94,9 @@ private:
     std::unique_ptr<LatteDataSourceThread> _thread;
     QTimer _retryTimer; ///< Comes back to bytes that came too early for an attempt.
     QTimer _resetTimer;
+    QTimer _flowTimer;             ///< Runs while frames come, from one to the next.
+    QString _heldBackState;        ///< To be told when it has run out; empty for none.
+    QString _heldBackError;        ///< Likewise.
     int _attemptDelay = openDelay; ///< ms from _openTime to the next attempt.
     qint64 _openTime = 0;          ///< When open() was called or the last attempt failed, by currentMilliseconds().
 

@@ -84,26 +84,36 @@ std::unique_ptr<AudioOutput> AudioDevice::openOutput(std::shared_ptr<AudioDriver
     return AudioOutput::open(driver, name == defaultDeviceName ? QString() : name);
 }
 
+AudioDevice::Opened AudioDevice::openOutputOrDefault(std::shared_ptr<AudioDriver> const& driver, QString const& name)
+{
+    bool const isDefault = name == defaultDeviceName;
+    if (!isDefault) {
+        LinuxAudioConfig(nullptr).setDevice(name);
+        if (std::unique_ptr<AudioOutput> output = openOutput(driver, name))
+            return {std::move(output), false};
+        LOG_WARNING("Could not open audio device %s", qPrintable(name));
+    }
+    std::unique_ptr<AudioOutput> output = openOutput(driver, defaultDeviceName);
+    if (!output)
+        LOG_ERROR("Could not open defaut audio device");
+    return {std::move(output), !isDefault};
+}
+
 bool AudioDevice::openDevice(QString const& name)
 {
     closeDevice();
     _wantedDevice = name;
-    std::unique_ptr<AudioOutput> output;
-    if (name != defaultDeviceName) {
-        LinuxAudioConfig(nullptr).setDevice(name);
-        output = openOutput(_driver, name);
-        if (!output)
-            LOG_WARNING("Could not open audio device %s", qPrintable(name));
-    }
-    bool const isFallback = !output && name != defaultDeviceName;
-    if (!output)
-        output = openOutput(_driver, defaultDeviceName);
-    if (!output) {
-        LOG_ERROR("Could not open defaut audio device");
+    Opened opened = openOutputOrDefault(_driver, name);
+    if (!opened.output)
         return false;
-    }
-    replaceOutput(std::move(output), isFallback);
+    replaceOutput(std::move(opened.output), opened.isFallback);
     return isOpen();
+}
+
+std::unique_ptr<AudioOutput> AudioDevice::awaitDevice(QString const& name)
+{
+    _wantedDevice = name;
+    return replaceOutput(nullptr, false);
 }
 
 std::unique_ptr<AudioOutput> AudioDevice::replaceOutput(std::unique_ptr<AudioOutput> output, bool isFallback)

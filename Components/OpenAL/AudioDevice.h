@@ -51,6 +51,10 @@ public:
     /// Returns whether there is sound now. May wait for a sound server.
     bool openDevice(QString const& name);
 
+    /// Takes away the device that is open, since the named one is to take its place, and returns it. Until
+    /// replaceOutput() brings that, sound is awaited. Does not wait for the sound system.
+    std::unique_ptr<AudioOutput> awaitDevice(QString const& name);
+
     /// Closes the device, if one is open. All sources and buffers are gone then.
     void closeDevice();
 
@@ -62,16 +66,23 @@ public:
     /// Whether the open device is the library's own choice in place of wantedDevice().
     bool isFallback() const { return _isFallback; }
 
-    /// The name that openDevice() was called with for the device that is open; empty when none is.
+    /// The name that openDevice() or awaitDevice() was called with for the device that is open; empty when none is.
     QString deviceName() const { return isOpen() ? _wantedDevice : QString(); }
 
-    /// The name that openDevice() was called with last; empty after closeDevice().
+    /// The name that one of them was called with last; empty after closeDevice().
     QString wantedDevice() const { return _wantedDevice; }
 
     std::shared_ptr<AudioDriver> driver() const { return _driver; }
 
     /// Opens a device by its name, "default" for the library's own choice. Null when it cannot. On any thread.
     static std::unique_ptr<AudioOutput> openOutput(std::shared_ptr<AudioDriver> const& driver, QString const& name);
+
+    struct Opened {
+        std::unique_ptr<AudioOutput> output; ///< Null for none.
+        bool isFallback;                     ///< It is the library's own choice in place of the named one.
+    };
+    /// What openDevice() opens, and writes to the configuration. On any thread.
+    static Opened openOutputOrDefault(std::shared_ptr<AudioDriver> const& driver, QString const& name);
 
     /// Puts an open device, or null for none, in place of what there is. Does not wait for the sound system. Returns
     /// what is not in use then, which is the new one if its context cannot become current.

@@ -23,10 +23,11 @@ struct AudioDeviceWatch::Work {
     std::shared_ptr<AudioDriver> driver;
     QString wanted; ///< Empty when there is only something to close.
     bool wantedOnly = false;
+    bool isChosen = false;       ///< By the viewer, who is told what became of it.
     unsigned int generation = 0; ///< AudioDevice's when the work began.
 
     // The thread's, until it has told of its end.
-    std::unique_ptr<AudioOutput> gone;
+    std::vector<std::unique_ptr<AudioOutput>> gone;
     std::unique_ptr<AudioOutput> output;
     bool isFallback = false; ///< The output is not the wanted device.
 
@@ -38,9 +39,15 @@ struct AudioDeviceWatch::Work {
 
 void AudioDeviceWatch::Work::run()
 {
-    gone.reset();
+    gone.clear();
     if (wanted.isEmpty())
         return;
+    if (isChosen) {
+        AudioDevice::Opened opened = AudioDevice::openOutputOrDefault(driver, wanted);
+        output = std::move(opened.output);
+        isFallback = opened.isFallback;
+        return;
+    }
     bool const isGeneric = LinuxAudioConfig::isGeneric(wanted);
     if (!isGeneric && driver->deviceNames().contains(wanted))
         output = AudioDevice::openOutput(driver, wanted);
@@ -102,7 +109,7 @@ void AudioDeviceWatch::onLost()
 {
     LOG_WARNING("The sound device has gone");
     // From now on there is none: sources on a device that has gone swallow all they are given at once.
-    _gone = _device.replaceOutput(nullptr, false);
+    _gone.push_back(_device.replaceOutput(nullptr, false));
     if (_retryDelay == 0)
         open(false);
     else
@@ -112,7 +119,7 @@ void AudioDeviceWatch::onLost()
 void AudioDeviceWatch::open(bool wantedOnly)
 {
     if (!wantedOnly)
-        _retryDelay = std::clamp(2 * _retryDelay, shortestRetry, longestRetry);
+        lengthenRetryDelay();
     auto const work = std::make_shared<Work>();
     work->driver = _device.driver();
     work->wanted = _device.wantedDevice();
@@ -120,10 +127,37 @@ void AudioDeviceWatch::open(bool wantedOnly)
     begin(work);
 }
 
+void AudioDeviceWatch::lengthenRetryDelay()
+{
+    _retryDelay = std::clamp(2 * _retryDelay, shortestRetry, longestRetry);
+}
+
+void AudioDeviceWatch::choose(QString const& name)
+{
+    if (std::unique_ptr<AudioOutput> before = _device.awaitDevice(name))
+        _gone.push_back(std::move(before));
+    _isChoiceNew = true;
+    if (!_work)
+        openChosen();
+}
+
+void AudioDeviceWatch::openChosen()
+{
+    _timer->stop();
+    _isChoiceNew = false;
+    _retryDelay = 0;
+    lengthenRetryDelay();
+    auto const work = std::make_shared<Work>();
+    work->driver = _device.driver();
+    work->wanted = _device.wantedDevice();
+    work->isChosen = true;
+    begin(work);
+}
+
 void AudioDeviceWatch::begin(std::shared_ptr<Work> const& work)
 {
     work->generation = AudioDevice::generation();
-    work->gone = std::move(_gone);
+    work->gone = std::exchange(_gone, {});
     work->receiver = this;
     auto const run = [work] {
         work->run();
@@ -153,23 +187,40 @@ void AudioDeviceWatch::onWorked()
     bool const isTimely = work->generation == AudioDevice::generation() && work->wanted == _device.wantedDevice();
     if (output && isTimely)
         adopt(std::move(output), work->isFallback);
-    else
-        _gone = std::move(output);
-    if (_gone)
+    else if (output)
+        _gone.push_back(std::move(output));
+    if (_isChoiceNew)
+        return openChosen();
+    if (work->isChosen && isTimely)
+        tellChosen(*work);
+    if (_isChoiceNew || _work)
+        return; // Who was told has chosen again.
+    if (!_gone.empty())
         begin(std::make_shared<Work>());
     else
         wait(_device.isOpen() ? pollInterval : _retryDelay);
 }
 
+void AudioDeviceWatch::tellChosen(Work const& work)
+{
+    if (!_device.isOpen())
+        emit chosen(Outcome::NothingOpened);
+    else
+        emit chosen(work.isFallback ? Outcome::DefaultOpened : Outcome::Opened);
+}
+
 void AudioDeviceWatch::adopt(std::unique_ptr<AudioOutput> output, bool isFallback)
 {
     AudioOutput const* const adopted = output.get();
-    _gone = _device.replaceOutput(std::move(output), isFallback);
-    if (_gone.get() == adopted)
-        return; // It cannot be used.
+    std::unique_ptr<AudioOutput> unused = _device.replaceOutput(std::move(output), isFallback);
+    bool const isUnusable = unused.get() == adopted;
+    if (unused)
+        _gone.push_back(std::move(unused));
+    if (isUnusable)
+        return;
     _polls = 0;
     if (isFallback)
         LOG_INFO("Sound goes on without %s", qPrintable(_device.wantedDevice()));
     else
-        LOG_INFO("Sound is back");
+        LOG_INFO("Sound goes to %s", qPrintable(_device.wantedDevice()));
 }

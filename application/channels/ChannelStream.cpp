@@ -2,6 +2,7 @@
 
 #include "AppData.h"
 #include "Channel.h"
+#include "ChannelTitle.h"
 #include "FileDataSource.h"
 #include "FileName.h"
 #include "GLMovie.h"
@@ -85,7 +86,7 @@ void ChannelStream::open(bool forceFile)
     _renderer->setMuted(_muted);
     _renderer->setVolume(_volume);
     _renderer->setOpacity(_opacity);
-    _renderer->setVideoName(_channel->desc.title());
+    _renderer->setVideoName(ChannelTitle::shown(_channel->desc.title()));
 
     connect(_renderer.get(), &GLMovieRenderer::opened, this, &ChannelStream::onOpened);
     connect(_renderer.get(), &GLMovieRenderer::completed, this, &ChannelStream::onCompleted);

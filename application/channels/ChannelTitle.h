@@ -6,10 +6,11 @@
 namespace ChannelTitle
 {
 
-constexpr qsizetype longestInMenu = 60; ///< A menu is as wide as its widest entry.
+constexpr qsizetype longestInLine = 256; ///< More does not fit into any window.
+constexpr qsizetype longestInMenu = 60;  ///< A menu is as wide as its widest entry.
 
-/// The title for a list or a menu: of at most that many UTF-16 units, with an ellipsis where there were more; words
+/// The title wherever it is shown: of at most that many UTF-16 units, with an ellipsis where there were more; words
 /// for one of which nothing would be seen. Any thread.
-QString shown(QString const& title, qsizetype longest);
+QString shown(QString const& title, qsizetype longest = longestInLine);
 
 } // namespace ChannelTitle

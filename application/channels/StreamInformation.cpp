@@ -4,6 +4,7 @@
 
 #include "Channel.h"
 #include "ChannelStream.h"
+#include "ChannelTitle.h"
 #include "GLMovie.h"
 #include "GLMovieDataSource.h"
 #include "LatteClient.h"
@@ -37,7 +38,7 @@ QString StreamInformation::asText() const
 StreamInformation ChannelStream::information() const
 {
     StreamInformation result;
-    result.channel = _channel->desc.title();
+    result.channel = ChannelTitle::shown(_channel->desc.title());
     result.address = Uri::withoutUserInfo(_description.uri().toString());
     GLMovie const* const movie = _renderer ? _renderer->movie() : nullptr;
     if (!movie)

@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "ChannelManager.h"
+#include "ChannelTitle.h"
 #include "ElidedLabel.h"
 #include "LatteVisualiser.h"
 
@@ -78,9 +79,10 @@ void BufferWindow::rebuild()
             LatteVisualiser* const visualiser = appData().latteVisualiserRegistry.createLatteVisualiser(client);
             if (!visualiser)
                 continue;
-            addTitle(channel->desc.title());
+            QString const title = ChannelTitle::shown(channel->desc.title());
+            addTitle(title);
             visualiser->setParent(this);
-            visualiser->setAccessibleName(tr("Buffer of %1").arg(channel->desc.title()));
+            visualiser->setAccessibleName(tr("Buffer of %1").arg(title));
             visualiser->setMinimumSize(rowWidth, graphHeight);
             _layout->addWidget(visualiser, 1);
             visualiser->show();

@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "ChannelManager.h"
+#include "ChannelTitle.h"
 #include "ElidedLabel.h"
 #include "Icons.h"
 #include "Look.h"
@@ -145,7 +146,7 @@ void VideoInformationDialog::fillStreams(QList<StreamInformation> const& streams
         _stream->addItem(stream.channel, keyOf(stream));
     int index = _stream->findData(chosen);
     if (index < 0 && active)
-        index = _stream->findText(active->desc.title());
+        index = _stream->findText(ChannelTitle::shown(active->desc.title()));
     _stream->setCurrentIndex(qMax(index, streams.isEmpty() ? -1 : 0));
     _stream->setEnabled(_stream->count() > 1);
 }

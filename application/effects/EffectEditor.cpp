@@ -2,6 +2,7 @@
 
 #include "GlslHighlighter.h"
 #include "Look.h"
+#include "PlainToolTip.h"
 
 #include <QFontDatabase>
 #include <QHelpEvent>
@@ -149,7 +150,7 @@ bool EffectEditor::event(QEvent* event)
     QPoint const point = viewport()->mapFrom(this, help->pos());
     CompilerMessage const* const message = messageAt(cursorForPosition(point).blockNumber() + 1);
     if (message)
-        QToolTip::showText(help->globalPos(), message->text.toHtmlEscaped(), this);
+        QToolTip::showText(help->globalPos(), plainToolTip(message->text), this);
     else
         QToolTip::hideText();
     return true;

@@ -5,21 +5,18 @@
 #include "EffectNames.h"
 #include "EffectsChain.h"
 #include "EffectsLibrary.h"
-#include "Icons.h"
+#include "EffectsList.h"
 #include "Look.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
-#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QSplitter>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -37,7 +34,6 @@ constexpr char const* firstSource = "// Each pixel of the picture comes through 
                                     "}\n";
 constexpr int editorLetters = 60;
 constexpr int editorLines = 16;
-constexpr int listLetters = 18;
 
 } // namespace
 
@@ -55,16 +51,12 @@ EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsC
     auto* const splitter = new QSplitter(this);
     splitter->setChildrenCollapsible(false);
     splitter->setAccessibleName(tr("Effects and their source"));
-    for (auto const create : {&EffectsDialog::createList, &EffectsDialog::createEditor}) {
-        auto* const side = new QWidget(splitter);
-        auto* const layout = new QVBoxLayout(side);
-        layout->setContentsMargins(0, 0, 0, 0);
-        layout->setSpacing(Look::grid);
-        (this->*create)(layout);
-    }
+    _list = new EffectsList(library, splitter);
+    connectList();
+    createEditor(new QWidget(splitter));
     splitter->setStretchFactor(1, 1);
     splitter->setSizes(
-        {listLetters * fontMetrics().averageCharWidth(), editorLetters * fontMetrics().averageCharWidth()});
+        {EffectsList::letters * fontMetrics().averageCharWidth(), editorLetters * fontMetrics().averageCharWidth()});
     contents()->addWidget(splitter, 1);
     _revert = addButton(tr("Re&vert"), QDialogButtonBox::ResetRole);
     _revert->setToolTip(tr("The source as it was before you changed it"));
@@ -75,59 +67,29 @@ EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsC
     _typing.setSingleShot(true);
     _typing.setInterval(typingPause);
     connect(&_typing, &QTimer::timeout, this, &EffectsDialog::keepTyped);
-    connect(&_library, &EffectsLibrary::changed, this, &EffectsDialog::fillList);
     connect(&_library, &EffectsLibrary::failed, this, &EffectsDialog::showProblem);
     connect(&chain, &EffectsChain::examined, this, &EffectsDialog::onExamined);
-    fillList();
-    _list->setCurrentRow(0);
-    QSize const comfortable((editorLetters + 2 * listLetters) * fontMetrics().averageCharWidth(),
+    onChosen();
+    QSize const comfortable((editorLetters + 2 * EffectsList::letters) * fontMetrics().averageCharWidth(),
                             2 * editorLines * fontMetrics().lineSpacing());
     resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
 }
 
-void EffectsDialog::createList(QVBoxLayout* layout)
+void EffectsDialog::connectList()
 {
-    _list = new QListWidget(this);
-    _list->setObjectName("effects");
-    _list->setAccessibleName(tr("Effects, in the order in which they are applied"));
-    _list->setDragDropMode(QAbstractItemView::InternalMove);
-    _list->setMinimumWidth(listLetters * fontMetrics().averageCharWidth());
-    layout->addWidget(_list, 1);
-    auto* const tools = new QHBoxLayout;
-    tools->setSpacing(Look::halfGrid);
-    layout->addLayout(tools);
-    addTool(tools, static_cast<int>(Icon::Add), tr("New"), &EffectsDialog::onNew);
-    addTool(tools, static_cast<int>(Icon::Copy), tr("Duplicate"), &EffectsDialog::onDuplicate);
-    addTool(tools, static_cast<int>(Icon::Edit), tr("Rename"), &EffectsDialog::onRename);
-    addTool(tools, static_cast<int>(Icon::Delete), tr("Delete"), &EffectsDialog::onRemove);
-    addTool(tools, static_cast<int>(Icon::Up), tr("Earlier"), &EffectsDialog::onUp);
-    addTool(tools, static_cast<int>(Icon::Down), tr("Later"), &EffectsDialog::onDown);
-    tools->addStretch();
-    connect(_list, &QListWidget::currentItemChanged, this, &EffectsDialog::onChosen);
-    connect(_list, &QListWidget::itemChanged, this, &EffectsDialog::onItemChanged);
-    // Queued: the view is not done with the move then.
-    connect(_list->model(), &QAbstractItemModel::rowsMoved, this, &EffectsDialog::onReordered, Qt::QueuedConnection);
-    connect(_list->model(), &QAbstractItemModel::rowsRemoved, this, &EffectsDialog::onReordered,
-            Qt::QueuedConnection);
+    connect(_list, &EffectsList::changed, this, &EffectsDialog::onChosen);
+    connect(_list, &EffectsList::switchedOn, this, [this] { appData().settings.setEnableVideoPostProcessing(true); });
+    connect(_list, &EffectsList::newWanted, this, &EffectsDialog::onNew);
+    connect(_list, &EffectsList::duplicateWanted, this, &EffectsDialog::onDuplicate);
+    connect(_list, &EffectsList::renameWanted, this, &EffectsDialog::onRename);
+    connect(_list, &EffectsList::removeWanted, this, &EffectsDialog::onRemove);
 }
 
-QToolButton* EffectsDialog::addTool(QLayout* layout, int icon, QString const& text, void (EffectsDialog::*slot)())
+void EffectsDialog::createEditor(QWidget* side)
 {
-    auto* const tool = new QToolButton(this);
-    tool->setIcon(Icons::icon(static_cast<Icon>(icon)));
-    tool->setIconSize({Look::icon, Look::icon});
-    tool->setAutoRaise(true);
-    tool->setFocusPolicy(Qt::TabFocus);
-    tool->setAccessibleName(text);
-    tool->setToolTip(text);
-    layout->addWidget(tool);
-    connect(tool, &QToolButton::clicked, this, slot);
-    _tools.append(tool);
-    return tool;
-}
-
-void EffectsDialog::createEditor(QVBoxLayout* layout)
-{
+    auto* const layout = new QVBoxLayout(side);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Look::grid);
     _about = new QLabel(this);
     _about->setTextFormat(Qt::PlainText);
     _about->setWordWrap(true);
@@ -160,58 +122,16 @@ void EffectsDialog::createEditor(QVBoxLayout* layout)
     connect(_editor, &QPlainTextEdit::textChanged, this, &EffectsDialog::onTyped);
 }
 
-QString EffectsDialog::chosen() const
-{
-    QListWidgetItem const* const item = _list->currentItem();
-    return item ? item->data(Qt::UserRole).toString() : QString();
-}
-
-void EffectsDialog::choose(QString const& name)
-{
-    for (int row = 0; row < _list->count(); ++row)
-        if (_list->item(row)->data(Qt::UserRole).toString() == name)
-            _list->setCurrentRow(row);
-}
-
-void EffectsDialog::fillList()
-{
-    QString const before = chosen();
-    {
-        QScopedValueRollback const filling(_isFilling, true);
-        QList<Effect> const& effects = _library.effects();
-        while (_list->count() > effects.size())
-            delete _list->takeItem(_list->count() - 1);
-        for (int row = 0; row < effects.size(); ++row) {
-            if (row == _list->count())
-                _list->addItem(new QListWidgetItem);
-            showItem(_list->item(row), effects.at(row));
-        }
-        choose(before);
-    }
-    onChosen();
-}
-
-void EffectsDialog::showItem(QListWidgetItem* item, Effect const& effect)
-{
-    item->setData(Qt::UserRole, effect.name);
-    item->setText(effect.name);
-    item->setToolTip(effect.fault);
-    item->setIcon(effect.fault.isEmpty() ? effect.isTemplate ? Icons::icon(Icon::Lock) : Icons::icon(Icon::Edit)
-                                         : Icons::icon(Icon::Warning));
-    item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled);
-    item->setCheckState(effect.isOn ? Qt::Checked : Qt::Unchecked);
-}
-
 /// The editor is left alone while nobody else has changed what is in it: the viewer may be typing.
 void EffectsDialog::onChosen()
 {
     if (_isFilling)
         return;
-    bool const isOther = chosen() != _edited;
+    bool const isOther = _list->chosen() != _edited;
     if (isOther)
         keepTyped();
     QScopedValueRollback const filling(_isFilling, true);
-    _edited = chosen();
+    _edited = _list->chosen();
     Effect const* const effect = _library.find(_edited);
     bool const isTyping = _typing.isActive();
     if (effect && !isTyping) {
@@ -228,41 +148,16 @@ void EffectsDialog::onChosen()
                                          : tr("What you type is kept, and shown while the effect is on."));
     EffectsChain::Finding const found = _chain.finding(_edited);
     onExamined(_edited, effect && !effect->fault.isEmpty() ? effect->fault : found.words, found.log);
-    refreshButtons();
+    refreshRevert();
     if (isVisible())
         _chain.setWatched(_edited);
 }
 
-void EffectsDialog::refreshButtons()
+void EffectsDialog::refreshRevert()
 {
     Effect const* const effect = _library.find(_edited);
     bool const isOwn = effect && !effect->isTemplate;
-    int const row = _list->currentRow();
-    bool const enabled[] = {true, effect != nullptr, isOwn, isOwn, row > 0, row >= 0 && row + 1 < _list->count()};
-    for (int i = 0; i < _tools.size(); ++i)
-        _tools.at(i)->setEnabled(enabled[i]);
     _revert->setEnabled(isOwn && _originals.contains(_edited) && _originals.value(_edited) != effect->source);
-}
-
-void EffectsDialog::onItemChanged(QListWidgetItem* item)
-{
-    if (_isFilling)
-        return;
-    bool const isOn = item->checkState() == Qt::Checked;
-    _library.setOn(item->data(Qt::UserRole).toString(), isOn);
-    if (isOn)
-        appData().settings.setEnableVideoPostProcessing(true);
-}
-
-void EffectsDialog::onReordered()
-{
-    if (_isFilling)
-        return;
-    QStringList names;
-    for (int row = 0; row < _list->count(); ++row)
-        names.append(_list->item(row)->data(Qt::UserRole).toString());
-    if (names.size() == _library.effects().size())
-        _library.setOrder(names);
 }
 
 void EffectsDialog::onTyped()
@@ -287,7 +182,7 @@ void EffectsDialog::keepTyped()
     if (!words.isEmpty())
         _shownSource = before;
     showProblem(words);
-    refreshButtons();
+    refreshRevert();
 }
 
 void EffectsDialog::showEvent(QShowEvent* event)
@@ -339,17 +234,11 @@ void EffectsDialog::showProblem(QString const& words)
     _problem->setVisible(!words.isEmpty());
 }
 
-void EffectsDialog::step(int by)
-{
-    _library.move(_list->currentRow(), _list->currentRow() + by);
-    refreshButtons();
-}
-
 void EffectsDialog::onNew()
 {
     QString const name = _library.freeName(tr("New effect"));
     tell(_library.add(name, firstSource));
-    choose(name);
+    _list->choose(name);
     _editor->setFocus();
 }
 
@@ -361,7 +250,7 @@ void EffectsDialog::onDuplicate()
         return;
     QString const name = _library.freeName(effect->name);
     tell(_library.add(name, effect->source, effect->name));
-    choose(name);
+    _list->choose(name);
     _editor->setFocus();
 }
 
@@ -378,7 +267,7 @@ void EffectsDialog::onRename()
         if (words.isEmpty() && _originals.contains(name))
             _originals.insert(EffectNames::tidied(text), _originals.take(name));
         if (words.isEmpty())
-            choose(EffectNames::tidied(text));
+            _list->choose(EffectNames::tidied(text));
         tell(words);
     });
     question->open();
@@ -410,5 +299,5 @@ void EffectsDialog::onRevert()
     _editor->setPlainText(original);
     _typing.stop();
     tell(words);
-    refreshButtons();
+    refreshRevert();
 }

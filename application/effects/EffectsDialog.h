@@ -8,17 +8,13 @@
 class EffectEditor;
 class EffectsChain;
 class EffectsLibrary;
+class EffectsList;
 class QCheckBox;
 class QLabel;
-class QListWidget;
-class QListWidgetItem;
 class QPushButton;
-class QToolButton;
-struct Effect;
 
-/// The editor of the effects: their list, in the order in which they are applied, and the source of the one that is
-/// chosen. What is typed is kept, and shown on what plays while the effect is on, as soon as it compiles. Main thread
-/// only.
+/// The editor of the effects: their list, and the source of the one that is chosen. What is typed is kept, and shown
+/// on what plays while the effect is on, as soon as it compiles. Main thread only.
 class EffectsDialog : public OmbravisionDialog
 {
     Q_OBJECT
@@ -34,28 +30,18 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void createList(QVBoxLayout* layout);
-    QToolButton* addTool(QLayout* layout, int icon, QString const& text, void (EffectsDialog::*slot)());
-    void createEditor(QVBoxLayout* layout);
-    void fillList();
-    void showItem(QListWidgetItem* item, Effect const& effect);
-    QString chosen() const;
-    void choose(QString const& name);
+    void connectList();
+    void createEditor(QWidget* side);
     void onChosen();
-    void onItemChanged(QListWidgetItem* item);
-    void onReordered();
     void onTyped();
     void keepTyped();
     void onExamined(QString const& name, QString const& words, QString const& log);
-    void step(int by);
-    void onUp() { step(-1); }
-    void onDown() { step(1); }
     void onNew();
     void onDuplicate();
     void onRename();
     void onRemove();
     void onRevert();
-    void refreshButtons();
+    void refreshRevert();
     void tell(QString const& words);
     void showMessage(QString const& html, QString const& words);
     void showProblem(QString const& words);
@@ -63,8 +49,7 @@ private:
     EffectsLibrary& _library;
     EffectsChain& _chain;
     QCheckBox* _enabled = nullptr;
-    QListWidget* _list = nullptr;
-    QList<QToolButton*> _tools;
+    EffectsList* _list = nullptr;
     QLabel* _about = nullptr;
     EffectEditor* _editor = nullptr;
     QLabel* _message = nullptr;

@@ -2,6 +2,7 @@
 
 #include "AppSettings.h"
 #include "EffectsLibrary.h"
+#include "PlainToolTip.h"
 
 #include <QAction>
 #include <QMenu>
@@ -29,7 +30,7 @@ void EffectsMenu::fill()
         action->setCheckable(true);
         action->setChecked(effect.isOn);
         action->setEnabled(_library.isLoaded());
-        action->setToolTip(effect.fault);
+        action->setToolTip(plainToolTip(effect.fault));
         connect(action, &QAction::triggered, this, [this, name = effect.name](bool isOn) { onChosen(name, isOn); });
     }
 }

@@ -1,7 +1,6 @@
 #include "AppData.h"
 
 #include "AudioDevice.h"
-#include "AudioDeviceWatch.h"
 #include "AudioOutputChoice.h"
 #include "BiscottiClientId.h"
 #include "CentralisedBiscotti.h"
@@ -72,6 +71,7 @@ void AppData::initialize(QWidget* mainWidget)
     _rsaProvider = new RsaProvider(settings.dataDirectory() + "/PrivateKey.pem");
     settings.initEncryption(_rsaProvider);
     settings.loadGlobalSettings();
+    settings.loadGuestSettings();
     setProxy();
     _cursors = std::make_unique<ClickCursors>();
     _webAccess.createManager();
@@ -92,10 +92,8 @@ void AppData::initialize(QWidget* mainWidget)
     _audioDevice = new AudioDevice;
     _channelManager = new ChannelManager(*this);
     _loginManager = new LoginManager(*this);
-    AudioOutputChoice audioOutput(settings, *_audioDevice);
-    audioOutput.choose();
-    audioOutput.open();
-    _audioDeviceWatch = new AudioDeviceWatch(*_audioDevice, &timerFactory);
+    _audioOutput = new AudioOutputChoice(settings, *_audioDevice, &timerFactory);
+    _audioOutput->begin();
     createBiscotti();
     _signIn = new SignIn(*this, &timerFactory);
     _channelEvents = new ChannelEvents(*this, &timerFactory);
@@ -118,8 +116,7 @@ void AppData::uninitialize()
     // Channels play on the device and are shown through the settings' actions: they close before either goes.
     _channelManager->closeAllChannels();
     settings.destroyActions();
-    _audioDeviceTimer.stop();
-    destroy(_audioDeviceWatch);
+    destroy(_audioOutput);
     _audioDevice->closeDevice();
     _webCache->ignore(settings.entitlementsUrl());
     // Whoever posts goes before the messaging client, which still sends what they have posted.
@@ -253,12 +250,8 @@ void AppData::connectSettings()
     connect(&settings, &AppSettings::muteChanged, _channelManager, &ChannelManager::onMuteChanged);
     connect(&settings, &AppSettings::volumeChanged, _channelManager, &ChannelManager::onVolumeChanged);
     connect(&settings, &AppSettings::showFullScreenChanged, _channelManager, &ChannelManager::onFullScreenChanged);
-    // Who goes through the devices by keyboard wants the last one only.
-    constexpr int deviceDelay = 500; // ms
-    _audioDeviceTimer.setSingleShot(true);
-    _audioDeviceTimer.setInterval(deviceDelay);
-    connect(&settings, &AppSettings::audioDeviceChanged, &_audioDeviceTimer, qOverload<>(&QTimer::start));
-    connect(&_audioDeviceTimer, &QTimer::timeout, this, &AppData::onAudioDeviceChanged);
+    connect(_audioOutput, &AudioOutputChoice::changed, this, &AppData::onAudioDeviceChanged);
+    connect(_audioOutput, &AudioOutputChoice::failed, this, &AppData::audioDeviceFailed);
     connect(&settings, &AppSettings::useHardwareColourConversionChanged, this,
             &AppData::onUseHardwareColourConversionChanged);
     connect(&settings, &AppSettings::enableAntialiasingChanged, this, &AppData::onEnableAntialiasingChanged);
@@ -271,8 +264,9 @@ void AppData::connectSettings()
 
 void AppData::onAudioDeviceChanged()
 {
+    // What opens again waits for the device with its sound, and not with its picture.
     if (_audioDevice && _audioDevice->wantedDevice() != settings.audioDevice())
-        _channelEvents->closeAround([this] { AudioOutputChoice(settings, *_audioDevice).open(); });
+        _channelEvents->closeAround([this] { _audioOutput->follow(); });
 }
 
 void AppData::onUseHardwareColourConversionChanged()

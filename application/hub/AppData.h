@@ -21,13 +21,12 @@
 #include <QList>
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 #include <memory>
 #include <vector>
 
 class AudioDevice;
-class AudioDeviceWatch;
+class AudioOutputChoice;
 class CentralisedBiscotti;
 class Channel;
 class ChannelEvents;
@@ -155,6 +154,8 @@ signals:
     void systemSuspended();
     void systemResumed();
     void videoPostProcessingChanged();
+    /// There is no sound, or not from where the viewer has chosen: in words.
+    void audioDeviceFailed(QString const& text);
     /// The video surface is to be made anew; nothing plays until that is done.
     void surfaceOutdated();
 
@@ -190,8 +191,7 @@ private:
     RestfulKeychain* _restfulKeychain = nullptr;
     PersistentKeychain* _persistentKeychain = nullptr;
     AudioDevice* _audioDevice = nullptr;
-    AudioDeviceWatch* _audioDeviceWatch = nullptr;
-    QTimer _audioDeviceTimer; ///< Until the chosen device is opened.
+    AudioOutputChoice* _audioOutput = nullptr;
     ChannelManager* _channelManager = nullptr;
     LoginManager* _loginManager = nullptr;
     RsaProvider* _rsaProvider = nullptr;

@@ -8,6 +8,27 @@
 
 Logger* AudioOutputChoice::log = LoggerManager::logger();
 
+AudioOutputChoice::AudioOutputChoice(AppSettings& settings, AudioDevice& device, TimerFactory* timers,
+                                     QObject* parent)
+    : QObject(parent), _settings(settings), _device(device), _timers(timers)
+{
+    // Who goes through the devices by keyboard wants the last one only.
+    constexpr int delay = 500; // ms
+    _timer.setSingleShot(true);
+    _timer.setInterval(delay);
+    connect(&_timer, &QTimer::timeout, this, &AudioOutputChoice::changed);
+}
+
+void AudioOutputChoice::begin()
+{
+    choose();
+    if (!_device.openDevice(_settings.audioDevice()))
+        LOG_ERROR("Could not open sound device.");
+    _watch.emplace(_device, _timers);
+    connect(&*_watch, &AudioDeviceWatch::chosen, this, &AudioOutputChoice::onChosen);
+    connect(&_settings, &AppSettings::audioDeviceChanged, &_timer, qOverload<>(&QTimer::start));
+}
+
 void AudioOutputChoice::choose()
 {
     if (_settings.audioDevice().isEmpty()) {
@@ -23,8 +44,19 @@ void AudioOutputChoice::choose()
         _settings.setAudioDevice(config.defaultDevice());
 }
 
-void AudioOutputChoice::open()
+void AudioOutputChoice::follow()
 {
-    if (!_device.openDevice(_settings.audioDevice()))
+    if (_watch && _device.wantedDevice() != _settings.audioDevice())
+        _watch->choose(_settings.audioDevice());
+}
+
+void AudioOutputChoice::onChosen(AudioDeviceWatch::Outcome outcome)
+{
+    if (outcome == AudioDeviceWatch::Outcome::NothingOpened) {
         LOG_ERROR("Could not open sound device.");
+        emit failed(tr("The sound device could not be opened: there is no sound for now."));
+    } else if (outcome == AudioDeviceWatch::Outcome::DefaultOpened &&
+               !LinuxAudioConfig::isGeneric(_device.wantedDevice())) {
+        emit failed(tr("%1 could not be opened. Sound goes where the system sends it.").arg(_device.wantedDevice()));
+    }
 }

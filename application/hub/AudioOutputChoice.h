@@ -1,24 +1,49 @@
 #pragma once
 
+#include "AudioDeviceWatch.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <optional>
+
 class AppSettings;
 class AudioDevice;
 class Logger;
+class TimerFactory;
 
-/// Which sound device is opened: the one of the settings, or one that exists in its place. Main thread only.
-class AudioOutputChoice
+/// Which sound device is opened: the one of the settings, or one that exists in its place; and that it stays so, see
+/// AudioDeviceWatch. Main thread only, which waits for the sound system in begin() and nowhere else.
+class AudioOutputChoice : public QObject
 {
-public:
-    /// Both are borrowed.
-    AudioOutputChoice(AppSettings& settings, AudioDevice& device) : _settings(settings), _device(device) {}
+    Q_OBJECT
 
-    /// Makes the setting one that exists.
-    void choose();
-    /// Opens what the setting says; without one that opens there is no sound.
-    void open();
+public:
+    /// All are borrowed and outlive this.
+    AudioOutputChoice(AppSettings& settings, AudioDevice& device, TimerFactory* timers, QObject* parent = nullptr);
+
+    /// Makes the setting one that exists, and opens that; without one that opens there is no sound. From then on
+    /// follows the setting.
+    void begin();
+
+    /// Opens what the setting says, if that is another device than before: later, on another thread.
+    void follow();
+
+signals:
+    /// The setting has been another one for a moment: follow() is to be called.
+    void changed();
+    /// There is no sound, or not from where the viewer has chosen: in words.
+    void failed(QString const& text);
 
 private:
+    void choose();
+    void onChosen(AudioDeviceWatch::Outcome outcome);
+
     static Logger* log;
 
     AppSettings& _settings;
     AudioDevice& _device;
+    TimerFactory* const _timers;
+    QTimer _timer; ///< Until the chosen device is opened.
+    std::optional<AudioDeviceWatch> _watch;
 };

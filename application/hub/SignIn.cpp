@@ -84,6 +84,7 @@ void SignIn::signOut(bool notify)
     save();
     LOG_INFO("Signed out");
     _email.clear();
+    _appData.settings.loadGuestSettings();
     LoginManager& login = *_appData.loginManager();
     login.forgetUser();
     if (auto* const jar = qobject_cast<CookieJar*>(_appData.networkAccessManager()->cookieJar()))
@@ -96,9 +97,9 @@ void SignIn::signOut(bool notify)
 
 void SignIn::save()
 {
-    if (!isSignedIn())
-        return;
     AppSettings& settings = _appData.settings;
+    if (!isSignedIn())
+        return settings.saveGuestSettings();
     QString const active = _appData.channelManager()->lastChannelId();
     QStringList open = _appData.channelManager()->lastChannelIds();
     open.removeIf([](QString const& id) { return OwnChannels::hasSecret(id); });
@@ -140,6 +141,7 @@ void SignIn::enter(QString const& email)
 {
     AppSettings& settings = _appData.settings;
     settings.saveGlobalSettings();
+    settings.saveGuestSettings();
     settings.loadUserSettings(email);
     _email = email;
     ChannelManager& channels = *_appData.channelManager();

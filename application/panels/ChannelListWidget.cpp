@@ -1,6 +1,7 @@
 #include "ChannelListWidget.h"
 
 #include "AppData.h"
+#include "ChannelListFilters.h"
 #include "ChannelListWidgetItemDelegate.h"
 #include "ChannelRowPainter.h"
 #include "ChannelView.h"
@@ -8,32 +9,27 @@
 #include "Look.h"
 #include "PanelNotice.h"
 
-#include <QComboBox>
 #include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QStackedWidget>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <iterator>
-#include <utility>
 
 ChannelListWidget::ChannelListWidget(AppData& appData, QWidget* parent)
     : QWidget(parent), _appData(appData), _model(new ChannelListWidgetModel(this)),
-      _shown(new ChannelListWidgetProxyModel(this))
+      _shown(new ChannelListWidgetProxyModel(this)), _filters(new ChannelListFilters(_shown, this))
 {
     setObjectName("channelList");
     setAccessibleName(tr("Channels"));
     _model->setPrepare([this](ChannelListWidgetModelRow& row) { prepare(row); });
     _shown->setChannelModel(_model);
-    createFilters();
     createView();
     connectView();
     arrange();
+    connect(&_states, &ChannelRowStates::changed, this, &ChannelListWidget::showState);
     readSettings();
     connect(&_appData.settings, &AppSettings::channelAlertsChanged, this, &ChannelListWidget::readSettings);
     connect(&_appData.settings, &AppSettings::favouriteChannelsChanged, this, &ChannelListWidget::readSettings);
@@ -45,51 +41,6 @@ ChannelListWidget::~ChannelListWidget()
 {
     for (QObject* const part : findChildren<QObject*>())
         part->disconnect(this);
-}
-
-void ChannelListWidget::createFilters()
-{
-    constexpr int longestFilter = 200;
-    _filter = new QLineEdit(this);
-    _filter->setObjectName("filter");
-    _filter->setPlaceholderText(tr("Filter by title or language"));
-    _filter->setAccessibleName(_filter->placeholderText());
-    _filter->setMaxLength(longestFilter);
-    _filter->setClearButtonEnabled(true);
-    _filter->addAction(Icons::icon(Icon::Search), QLineEdit::LeadingPosition);
-    _filter->installEventFilter(this);
-    connect(_filter, &QLineEdit::textChanged, this, [this](QString const& text) {
-        _shown->setFilterText(text);
-        showWhatThereIs();
-    });
-    _kinds = new QComboBox(this);
-    _kinds->setObjectName("kinds");
-    _kinds->setAccessibleName(tr("Kind of channels"));
-    _kinds->addItems({tr("Any"), tr("Premium Partner"), tr("Free Partner"), tr("Viewer Added")});
-    _kinds->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(_kinds, &QComboBox::currentIndexChanged, this, [this](int index) {
-        _shown->setKind(static_cast<ChannelListWidgetProxyModel::Kind>(index));
-        showWhatThereIs();
-    });
-    auto const button = [this](char const* name, Icon icon, QString const& text) {
-        auto* const made = new QToolButton(this);
-        made->setObjectName(name);
-        made->setIcon(Icons::icon(icon));
-        made->setIconSize({Look::icon, Look::icon});
-        made->setAutoRaise(true);
-        made->setFocusPolicy(Qt::TabFocus);
-        made->setToolTip(text);
-        made->setAccessibleName(text);
-        return made;
-    };
-    _favouritesOnly = button("favouritesOnly", Icon::Favourite, tr("Show favourites only"));
-    _favouritesOnly->setCheckable(true);
-    connect(_favouritesOnly, &QToolButton::toggled, this, [this](bool on) {
-        _shown->setFavouritesOnly(on);
-        showWhatThereIs();
-    });
-    _refresh = button("refresh", Icon::Refresh, tr("Refresh the list"));
-    connect(_refresh, &QToolButton::clicked, this, &ChannelListWidget::refreshButtonClicked);
 }
 
 void ChannelListWidget::createView()
@@ -133,10 +84,11 @@ void ChannelListWidget::connectView()
             toggleFavourite(row->rootId);
     });
     connect(_view, &ChannelView::menuRequested, this, &ChannelListWidget::showMenu);
-    connect(_view, &ChannelView::typed, this, [this](QString const& text) {
-        _filter->setFocus();
-        _filter->setText(_filter->text() + text);
-    });
+    connect(_view, &ChannelView::typed, _filters, &ChannelListFilters::type);
+    connect(_filters, &ChannelListFilters::changed, this, &ChannelListWidget::showWhatThereIs);
+    connect(_filters, &ChannelListFilters::refreshClicked, this, &ChannelListWidget::refreshButtonClicked);
+    connect(_filters, &ChannelListFilters::listWanted, this, [this] { _view->setFocus(Qt::TabFocusReason); });
+    connect(_filters, &ChannelListFilters::channelWanted, this, &ChannelListWidget::onChannelWanted);
     connect(_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](QModelIndex const&, QModelIndex const& before) {
                 if (before.isValid())
@@ -146,36 +98,23 @@ void ChannelListWidget::connectView()
 
 void ChannelListWidget::arrange()
 {
-    auto* const filters = new QHBoxLayout;
-    filters->setSpacing(Look::halfGrid);
-    filters->addWidget(_kinds, 1);
-    filters->addWidget(_favouritesOnly);
-    filters->addWidget(_refresh);
-    auto* const top = new QVBoxLayout;
-    top->setContentsMargins(Look::grid, Look::grid, Look::grid, Look::grid);
-    top->setSpacing(Look::grid);
-    top->addWidget(_filter);
-    top->addLayout(filters);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addLayout(top);
+    layout->addWidget(_filters);
     layout->addWidget(_pages, 1);
     layout->addWidget(_message);
-    QWidget* const inOrder[] = {_filter, _kinds, _favouritesOnly, _refresh, _view};
-    for (size_t i = 1; i < std::size(inOrder); ++i)
-        setTabOrder(inOrder[i - 1], inOrder[i]);
-    setFocusProxy(_filter);
+    QWidgetList const inOrder = _filters->inOrder() + QWidgetList{_view};
+    for (qsizetype i = 1; i < inOrder.size(); ++i)
+        setTabOrder(inOrder.at(i - 1), inOrder.at(i));
+    setFocusProxy(_filters);
     setColumnSizes();
 }
 
 /// The column of the state is as wide as the longest of them, in whatever language; the name has the rest.
 void ChannelListWidget::setColumnSizes()
 {
-    int width = 0;
-    for (ChannelRowState const state : {ChannelRowState::Playing, ChannelRowState::Previewing, ChannelRowState::Open,
-                                        ChannelRowState::Acquiring, ChannelRowState::Failed})
-        width = std::max(width, ChannelRowPainter::stateWidth(_view->font(), ChannelRowStates::text(state)));
+    int width = ChannelRowPainter::widestState(_view->font());
     width = std::max(width, _view->header()->sectionSizeHint(ChannelListWidgetModel::StatusColumn));
     _view->arrangeColumns(width, Look::smallIcon + 3 * Look::grid);
 }
@@ -219,10 +158,7 @@ void ChannelListWidget::setContent(Content content, QString const& text)
 void ChannelListWidget::showWhatThereIs()
 {
     bool const hasRows = _model->rowCount() > 0;
-    for (QWidget* const widget :
-         {static_cast<QWidget*>(_filter), static_cast<QWidget*>(_kinds), static_cast<QWidget*>(_favouritesOnly)})
-        widget->setEnabled(hasRows);
-    _refresh->setEnabled(_content != Content::SignedOut);
+    _filters->enable(hasRows, _content != Content::SignedOut);
     if (_shown->rowCount() > 0) {
         _pages->setCurrentWidget(_view);
         return;
@@ -243,9 +179,7 @@ void ChannelListWidget::showWhatThereIs()
 void ChannelListWidget::onNoticeButton()
 {
     if (_model->rowCount() > 0) {
-        _filter->clear();
-        _kinds->setCurrentIndex(0);
-        _favouritesOnly->setChecked(false);
+        _filters->clear();
     } else if (_content == Content::SignedOut) {
         emit signInClicked();
     } else {
@@ -300,41 +234,8 @@ void ChannelListWidget::showState(QString const& rootId)
     _model->setState(_model->findRow(rootId), _states.of(rootId));
 }
 
-void ChannelListWidget::onChannelOpened(ChannelDescription const& description)
-{
-    _states.open(description.rootId());
-    showState(description.rootId());
-}
-
-void ChannelListWidget::onChannelClosed(ChannelDescription const& description)
-{
-    _states.close(description.rootId());
-    showState(description.rootId());
-}
-
 void ChannelListWidget::onChannelChanged(ChannelDescription const& description)
 {
-    QString const before = _states.active();
+    _areStreamsChanged = _areStreamsChanged && _states.active() == description.rootId();
     _states.setActive(description.rootId());
-    _areStreamsChanged = _areStreamsChanged && before == description.rootId();
-    showState(before);
-    showState(description.rootId());
-}
-
-void ChannelListWidget::setChannelState(QString const& rootId, ChannelRowState state)
-{
-    if (state == ChannelRowState::Acquiring)
-        _states.setAcquiring(rootId);
-    else if (state == ChannelRowState::Failed)
-        _states.setFailed(rootId);
-    else
-        _states.setPlaying(rootId);
-    showState(rootId);
-}
-
-void ChannelListWidget::setPreview(QString const& rootId)
-{
-    _states.setPreview(rootId);
-    showState(_states.active());
-    showState(rootId);
 }

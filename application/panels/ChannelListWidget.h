@@ -10,15 +10,13 @@
 #include <QWidget>
 
 class AppData;
+class ChannelListFilters;
 class ChannelView;
 class DeleteChannelDialog;
 class PanelNotice;
-class QComboBox;
 class QLabel;
-class QLineEdit;
 class QMenu;
 class QStackedWidget;
-class QToolButton;
 
 /// The viewer's channels, with how they play, filters above them and a menu for each. It only asks, by signals: what
 /// becomes of that it is told. What stands in the settings, alerts and favourites, it changes itself.
@@ -44,10 +42,8 @@ public:
     /// Rewrites a row of the model from a description.
     void updateChannel(int row, ChannelDescription const& description);
     void updateChannel(ChannelDescription const& description);
-    /// How a channel that is open does: Acquiring, Failed or Playing.
-    void setChannelState(QString const& rootId, ChannelRowState state);
-    /// The channel that is shown for a look only; empty for none.
-    void setPreview(QString const& rootId);
+    /// How channels play: to be told of it.
+    ChannelRowStates& states() { return _states; }
 
     ChannelListWidgetModel const& model() const { return *_model; }
     ChannelListWidgetProxyModel const& shownModel() const { return *_shown; }
@@ -85,17 +81,15 @@ public slots:
     // What has happened.
     /// The null description where no channel is active.
     void onChannelChanged(ChannelDescription const& description);
-    void onChannelOpened(ChannelDescription const& description);
-    void onChannelClosed(ChannelDescription const& description);
+    void onChannelOpened(ChannelDescription const& description) { _states.open(description.rootId()); }
+    void onChannelClosed(ChannelDescription const& description) { _states.close(description.rootId()); }
     void onChannelsUpdated(QList<ChannelDescription> const& descriptions);
     void onChannelLogoUpdated(ChannelDescription const& description);
 
 protected:
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void createFilters();
     void createView();
     void connectView();
     void arrange();
@@ -104,6 +98,7 @@ private:
     void prepare(ChannelListWidgetModelRow& row);
     void showWhatThereIs();
     void onNoticeButton();
+    void onChannelWanted(bool isBeside);
     void onCellClicked(QModelIndex const& index, QPoint const& point, bool isModifierHeld);
     void toggleAlerts(QString const& rootId);
     void toggleFavourite(QString const& rootId);
@@ -125,10 +120,7 @@ private:
     AppData& _appData;
     ChannelListWidgetModel* const _model;
     ChannelListWidgetProxyModel* const _shown;
-    QLineEdit* _filter = nullptr;
-    QComboBox* _kinds = nullptr;
-    QToolButton* _favouritesOnly = nullptr;
-    QToolButton* _refresh = nullptr;
+    ChannelListFilters* const _filters;
     QStackedWidget* _pages = nullptr;
     ChannelView* _view = nullptr;
     PanelNotice* _notice = nullptr;

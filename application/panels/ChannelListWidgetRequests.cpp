@@ -7,7 +7,6 @@
 #include "DeleteChannelDialog.h"
 #include "OwnChannels.h"
 
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 
@@ -41,34 +40,15 @@ void ChannelListWidget::act(QModelIndex const& index, void (ChannelListWidget::*
     _target.clear();
 }
 
-/// The keys of the filter that mean the list below it.
-bool ChannelListWidget::eventFilter(QObject* watched, QEvent* event)
+/// The filter's keys mean what is found by it.
+void ChannelListWidget::onChannelWanted(bool isBeside)
 {
-    if (watched != _filter || event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    auto const* const key = static_cast<QKeyEvent*>(event);
     QModelIndex const current = _view->currentIndex();
     QModelIndex const index = current.isValid() ? current : _shown->index(0, ChannelListWidgetModel::NameColumn);
-    switch (key->key()) {
-    case Qt::Key_Down:
-        _view->setFocus(Qt::TabFocusReason);
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (!index.isValid() || key->isAutoRepeat())
-            return true;
-        _view->setCurrentIndex(index);
-        act(index, key->modifiers().testFlag(Qt::ControlModifier) ? &ChannelListWidget::onOpenChannel
-                                                                  : &ChannelListWidget::onWatchChannel);
-        return true;
-    case Qt::Key_Escape:
-        if (_filter->text().isEmpty())
-            return false;
-        _filter->clear();
-        return true;
-    default:
-        return false;
-    }
+    if (!index.isValid())
+        return;
+    _view->setCurrentIndex(index);
+    act(index, isBeside ? &ChannelListWidget::onOpenChannel : &ChannelListWidget::onWatchChannel);
 }
 
 void ChannelListWidget::onCellClicked(QModelIndex const& index, QPoint const& point, bool isModifierHeld)

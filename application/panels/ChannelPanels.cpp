@@ -184,8 +184,8 @@ void ChannelPanels::showState(Channel const* channel)
         state = ChannelRowState::Failed;
     else if (!channel->isPlaying() || channel->isBuffering())
         state = ChannelRowState::Acquiring;
-    _list->setChannelState(channel->desc.rootId(), state);
-    _search->setChannelState(channel->desc.rootId(), state);
+    _list->states().setState(channel->desc.rootId(), state);
+    _search->states().setState(channel->desc.rootId(), state);
 }
 
 bool ChannelPanels::isLookedAtOnly(Channel const& channel)
@@ -198,8 +198,8 @@ void ChannelPanels::showPreview()
     Channel const* const active = _appData.channelManager()->activeChannel();
     bool const isPreview = active && (isLookedAtOnly(*active) || active->desc.rootId() == _preview);
     QString const id = isPreview ? active->desc.rootId() : QString();
-    _list->setPreview(id);
-    _search->setPreview(id);
+    _list->states().setPreview(id);
+    _search->states().setPreview(id);
 }
 
 void ChannelPanels::leavePreview()

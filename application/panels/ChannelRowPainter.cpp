@@ -71,6 +71,15 @@ int ChannelRowPainter::stateWidth(QFont const& font, QString const& text)
     return gap + dotSize + Look::halfGrid + QFontMetrics(smallFont(font)).horizontalAdvance(text) + gap;
 }
 
+int ChannelRowPainter::widestState(QFont const& font)
+{
+    int width = 0;
+    for (ChannelRowState const state : {ChannelRowState::Playing, ChannelRowState::Previewing, ChannelRowState::Open,
+                                        ChannelRowState::Acquiring, ChannelRowState::Failed})
+        width = std::max(width, stateWidth(font, ChannelRowStates::text(state)));
+    return width;
+}
+
 QRect ChannelRowPainter::iconAtEnd(QStyleOptionViewItem const& option)
 {
     QRect const cell = option.rect;

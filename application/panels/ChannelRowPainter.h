@@ -37,6 +37,8 @@ public:
     static int leastWidth(QStyleOptionViewItem const& option);
     /// How wide a state of that text is painted.
     static int stateWidth(QFont const& font, QString const& text);
+    /// The widest of all of them, in whatever language.
+    static int widestState(QFont const& font);
     /// Where an icon at the end of a cell is.
     static QRect iconAtEnd(QStyleOptionViewItem const& option);
 

@@ -1,5 +1,7 @@
 #include "ChannelRowState.h"
 
+#include <utility>
+
 QString ChannelRowStates::text(ChannelRowState state)
 {
     switch (state) {
@@ -53,15 +55,42 @@ ChannelRowState ChannelRowStates::of(QString const& id) const
     return id == _preview ? ChannelRowState::Previewing : ChannelRowState::Playing;
 }
 
+void ChannelRowStates::open(QString const& id)
+{
+    _open.insert(id, Health::Acquiring);
+    emit changed(id);
+}
+
 void ChannelRowStates::close(QString const& id)
 {
     _open.remove(id);
     if (_preview == id)
         _preview.clear();
+    emit changed(id);
 }
 
-void ChannelRowStates::setHealth(QString const& id, Health health)
+void ChannelRowStates::setActive(QString const& id)
 {
-    if (auto const found = _open.find(id); found != _open.end())
-        *found = health;
+    QString const before = std::exchange(_active, id);
+    emit changed(before);
+    emit changed(id);
+}
+
+void ChannelRowStates::setPreview(QString const& id)
+{
+    _preview = id;
+    emit changed(_active);
+    emit changed(id);
+}
+
+void ChannelRowStates::setState(QString const& id, ChannelRowState state)
+{
+    auto const found = _open.find(id);
+    if (found == _open.end())
+        return;
+    if (state == ChannelRowState::Acquiring)
+        *found = Health::Acquiring;
+    else
+        *found = state == ChannelRowState::Failed ? Health::Failed : Health::Playing;
+    emit changed(id);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QColor>
-#include <QCoreApplication>
 #include <QHash>
+#include <QObject>
 #include <QPalette>
 #include <QString>
 
@@ -18,11 +18,13 @@ enum class ChannelRowState {
 
 /// What a state is called and coloured, and what it is of each channel that is open: told of the events, asked by
 /// root id. Main thread only.
-class ChannelRowStates
+class ChannelRowStates : public QObject
 {
-    Q_DECLARE_TR_FUNCTIONS(ChannelRowStates)
+    Q_OBJECT
 
 public:
+    using QObject::QObject;
+
     /// Empty for Closed.
     static QString text(ChannelRowState state);
     /// Of a mark beside the text, on the base of the palette.
@@ -33,18 +35,21 @@ public:
     int openCount() const { return static_cast<int>(_open.size()); }
     QString active() const { return _active; }
 
-    void open(QString const& id) { _open.insert(id, Health::Acquiring); }
+    void open(QString const& id);
     void close(QString const& id);
-    void setActive(QString const& id) { _active = id; }
-    /// Empty for none.
-    void setPreview(QString const& id) { _preview = id; }
-    void setPlaying(QString const& id) { setHealth(id, Health::Playing); }
-    void setAcquiring(QString const& id) { setHealth(id, Health::Acquiring); }
-    void setFailed(QString const& id) { setHealth(id, Health::Failed); }
+    /// The channel that has the sound; empty for none.
+    void setActive(QString const& id);
+    /// The channel that is shown for a look only; empty for none.
+    void setPreview(QString const& id);
+    /// How a channel that is open does: Acquiring, Failed or Playing.
+    void setState(QString const& id, ChannelRowState state);
+
+signals:
+    /// The row of that channel may have another state.
+    void changed(QString const& id);
 
 private:
     enum class Health { Acquiring, Playing, Failed };
-    void setHealth(QString const& id, Health health);
 
     QHash<QString, Health> _open;
     QString _active;

@@ -36,6 +36,7 @@ ChannelSearchWidget::ChannelSearchWidget(WebCache* cache, QString const& webSear
     arrange();
     setUrlStyle();
     connect(_logos, &ChannelLogoLoader::loaded, this, &ChannelSearchWidget::onLogoLoaded);
+    connect(&_states, &ChannelRowStates::changed, this, &ChannelSearchWidget::showState);
     signOut();
 }
 
@@ -149,10 +150,7 @@ void ChannelSearchWidget::arrange()
 
 void ChannelSearchWidget::setColumnSizes()
 {
-    int width = 0;
-    for (ChannelRowState const state : {ChannelRowState::Playing, ChannelRowState::Previewing, ChannelRowState::Open,
-                                        ChannelRowState::Acquiring, ChannelRowState::Failed})
-        width = std::max(width, ChannelRowPainter::stateWidth(_view->font(), ChannelRowStates::text(state)));
+    int const width = ChannelRowPainter::widestState(_view->font());
     QHeaderView const* const header = _view->header();
     _view->arrangeColumns(std::max(width, header->sectionSizeHint(ChannelSearchWidgetModel::StatusColumn)),
                           header->sectionSizeHint(ChannelSearchWidgetModel::RatingColumn));
@@ -236,44 +234,6 @@ void ChannelSearchWidget::showStates()
         if (isChannelAdded(rootId))
             _logos->leave(_model->row(row).logoUri);
     }
-}
-
-void ChannelSearchWidget::onChannelOpened(ChannelDescription const& description)
-{
-    _states.open(description.rootId());
-    showState(description.rootId());
-}
-
-void ChannelSearchWidget::onChannelClosed(ChannelDescription const& description)
-{
-    _states.close(description.rootId());
-    showState(description.rootId());
-}
-
-void ChannelSearchWidget::onChannelChanged(ChannelDescription const& description)
-{
-    QString const before = _states.active();
-    _states.setActive(description.rootId());
-    showState(before);
-    showState(description.rootId());
-}
-
-void ChannelSearchWidget::setChannelState(QString const& rootId, ChannelRowState state)
-{
-    if (state == ChannelRowState::Acquiring)
-        _states.setAcquiring(rootId);
-    else if (state == ChannelRowState::Failed)
-        _states.setFailed(rootId);
-    else
-        _states.setPlaying(rootId);
-    showState(rootId);
-}
-
-void ChannelSearchWidget::setPreview(QString const& rootId)
-{
-    _states.setPreview(rootId);
-    showState(_states.active());
-    showState(rootId);
 }
 
 void ChannelSearchWidget::onChannelsUpdated(QList<ChannelDescription> const& descriptions)

@@ -45,9 +45,8 @@ public:
     /// Has such a channel made, by the fields of its form.
     void create(SoapUserChannels::Form const& form);
 
-    /// How a channel that is open does: Acquiring, Failed or Playing.
-    void setChannelState(QString const& rootId, ChannelRowState state);
-    void setPreview(QString const& rootId);
+    /// How channels play: to be told of it.
+    ChannelRowStates& states() { return _states; }
 
     /// The channel of a row of the model, to look at it.
     ChannelDescription buildChannelFromRow(int row) const;
@@ -79,9 +78,9 @@ public slots:
     void onSoapRequestFailed(QString const& method, QString const& message);
 
     /// The null description where no channel is active.
-    void onChannelChanged(ChannelDescription const& description);
-    void onChannelOpened(ChannelDescription const& description);
-    void onChannelClosed(ChannelDescription const& description);
+    void onChannelChanged(ChannelDescription const& description) { _states.setActive(description.rootId()); }
+    void onChannelOpened(ChannelDescription const& description) { _states.open(description.rootId()); }
+    void onChannelClosed(ChannelDescription const& description) { _states.close(description.rootId()); }
     void onChannelsUpdated(QList<ChannelDescription> const& descriptions);
 
 protected:

@@ -1,6 +1,7 @@
 #include "Application.h"
 
 #include "ArgumentList.h"
+#include "DesktopAnnouncements.h"
 #include "DetachedThreads.h"
 #include "EventLoopWatchdog.h"
 #include "GLWidget.h"
@@ -33,6 +34,14 @@ QString absoluteName(QString const& name)
     return QFileInfo::exists(name) || !OwnChannels::isAddress(name) ? QFileInfo(name).absoluteFilePath() : name;
 }
 
+/// That of the texts, in which numbers and dates are written, too.
+QLocale chosenLocale()
+{
+    QLocale const locale = Translations::localeOf(AppSettings::storedLanguage());
+    QLocale::setDefault(locale);
+    return locale;
+}
+
 bool isAlive = false;
 
 /// A library that loses the display ends the process from wherever it stands. What other libraries do at the end of a
@@ -49,7 +58,7 @@ void endAtOnce()
 } // namespace
 
 Application::Application(QString const& appId, int& argc, char** argv)
-    : SingleApplication(SingleInstance::idOfProfile(appId), argc, argv)
+    : SingleApplication(SingleInstance::idOfProfile(appId), argc, argv), _translations(chosenLocale())
 {
     Q_INIT_RESOURCE(ombravision);
     setQuitOnLastWindowClosed(false);
@@ -169,6 +178,7 @@ bool Application::initialize()
     // Dialogs run event loops of their own, which have to end within that of the application.
     if (_names.isEmpty())
         QTimer::singleShot(0, &_appData, &AppData::begin);
+    QTimer::singleShot(0, this, [this] { _announcements = std::make_unique<DesktopAnnouncements>(_appData); });
     return true;
 }
 
@@ -181,6 +191,7 @@ bool Application::fail(char const* logText, QString const& text)
 
 void Application::uninitialize()
 {
+    _announcements.reset();
     _window.reset();
     _appData.uninitialize();
 }

@@ -11,6 +11,7 @@
 #include <memory>
 
 class ArgumentList;
+class DesktopAnnouncements;
 class EventLoopWatchdog;
 class Logger;
 class Window;
@@ -56,9 +57,10 @@ private:
 
     static Logger* log;
 
-    Translations const _translations{QLocale()}; ///< Before anything has texts.
+    Translations const _translations; ///< Before anything has texts.
     TerminationSignals _terminationSignals;
     AppData _appData;
+    std::unique_ptr<DesktopAnnouncements> _announcements;
     std::unique_ptr<Window> _window;
     std::unique_ptr<EventLoopWatchdog> _eventLoopWatchdog; ///< Null unless its class is named to -debug.
     QStringList _names; ///< Files by absolute path, and addresses, from the command line.

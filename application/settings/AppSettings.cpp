@@ -3,12 +3,10 @@
 #include "Deployment.h"
 #include "Logger.h"
 #include "LoggerManager.h"
-#include "RunAtStartup.h"
 #include "SettingsFile.h"
 #include "SettingsStore.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
 #include <QUuid>
@@ -17,9 +15,21 @@
 
 Logger* AppSettings::log = LoggerManager::logger();
 
-AppSettings::AppSettings(QObject* parent) : QObject(parent), _dataDirectory(QDir::homePath() + "/.Ombravision")
+namespace
+{
+
+/// No account's: the names of those have no such sign in the file, see userGroup().
+constexpr char const* guestGroup = "user/%guest";
+
+} // namespace
+
+AppSettings::AppSettings(QObject* parent)
+    : QObject(parent), _autostart(applicationName()), _dataDirectory(QDir::homePath() + "/.Ombravision")
 {
     connect(&_file, &SettingsWriter::failed, this, &AppSettings::settingsFileFailed);
+    connect(&_autostart, &AutostartKeeper::failed, this, &AppSettings::settingsFileFailed);
+    connect(&_autostart, &AutostartKeeper::found, this,
+            [this](bool runs) { set(&SettingsValues::runAtStartup, runs); });
 }
 
 AppSettings::~AppSettings() = default;
@@ -41,6 +51,12 @@ void AppSettings::loadGlobalSettings()
     SettingsWriter::Group const settings(_file, "application");
     load(*settings, SettingScope::Global);
     keepMmsClientGuid(*settings);
+    _autostart.look();
+}
+
+QString AppSettings::storedLanguage()
+{
+    return settingsFile().value("application/language").toString().trimmed();
 }
 
 void AppSettings::saveGlobalSettings()
@@ -68,6 +84,18 @@ void AppSettings::saveUserSettings(QString const& email)
     save(*settings, SettingScope::User);
 }
 
+void AppSettings::loadGuestSettings()
+{
+    SettingsWriter::Group const settings(_file, guestGroup);
+    load(*settings, SettingScope::Guest);
+}
+
+void AppSettings::saveGuestSettings()
+{
+    SettingsWriter::Group const settings(_file, guestGroup);
+    save(*settings, SettingScope::Guest);
+}
+
 QString AppSettings::userGroup(QString const& email)
 {
     // Slashes part groups, and both kinds may stand in an address: each account has a group of its own.
@@ -86,7 +114,7 @@ void AppSettings::load(QSettings& settings, SettingScope scope)
     QList<void (AppSettings::*)()> changed;
     for (Setting const& setting : settingsTable()) {
         auto const isSame = [this, &before](auto field) { return before.*field == _values.*field; };
-        if (setting.scope != scope || std::visit(isSame, setting.field))
+        if (!isOf(setting, scope) || std::visit(isSame, setting.field))
             continue;
         mark(setting);
         if (setting.changed && !changed.contains(setting.changed))
@@ -148,7 +176,7 @@ void AppSettings::createActions()
 void AppSettings::setRunAtStartup(bool on)
 {
     if (_values.runAtStartup != on)
-        RunAtStartup::setRunAtStartup(applicationName(), QCoreApplication::applicationFilePath(), {"-startup"}, on);
+        _autostart.set(on);
     set(&SettingsValues::runAtStartup, on);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AutostartKeeper.h"
 #include "MenuActions.h"
 #include "SecretStore.h"
 #include "ServiceAddresses.h"
@@ -108,6 +109,11 @@ public:
     /// Those of the account with that e-mail address. Without one nothing is loaded or saved.
     void loadUserSettings(QString const& email);
     void saveUserSettings(QString const& email);
+    /// What an account would keep and makes sense without one, for as long as nobody is signed in.
+    void loadGuestSettings();
+    void saveGuestSettings();
+    /// The language as the file has it, for what is shown in it before the settings are loaded.
+    static QString storedLanguage();
     /// The group of the settings file that an account's settings are in.
     static QString userGroup(QString const& email);
 
@@ -162,8 +168,12 @@ public:
     bool allowPlainCredentials() const { return _values.allowPlainCredentials; }
 
     // The program.
+    /// Whether the desktop starts this program: as its entry says, which is looked at when the global settings have
+    /// been loaded, a moment later. What keeps it from being changed is told by settingsFileFailed().
     bool runAtStartup() const { return _values.runAtStartup; }
     void setRunAtStartup(bool on);
+    /// Looks again, since the desktop's own settings may have changed it.
+    void refreshRunAtStartup() { _autostart.look(); }
     bool testMode() const { return _values.testMode; }
     void setTestMode(bool on) { set(&SettingsValues::testMode, on); }
     int testModeFailureTimeout() const { return _values.testModeFailureTimeout; } ///< Seconds.
@@ -378,7 +388,8 @@ signals:
     void sponsorshipEnabledChanged();
     void drawModeChanged();
 
-    /// The settings file is damaged, or can't be read or written: in words, for the viewer. The program goes on.
+    /// The settings file, or what else keeps a setting, is damaged or can't be read or written: in words, for the
+    /// viewer. The program goes on.
     void settingsFileFailed(QString const& message);
 
 private:
@@ -402,6 +413,7 @@ private:
     static Logger* log;
 
     SettingsWriter _file;
+    AutostartKeeper _autostart;
     QString const _dataDirectory;
     bool _debugMode = false;
     bool _demoMode = false;

@@ -42,7 +42,7 @@ void SettingsStore::load(SettingScope scope, SettingsValues& values)
 {
     SettingsValues const initial;
     for (Setting const& setting : settingsTable()) {
-        if (setting.scope != scope || setting.storage == SettingStorage::OnlyWritten)
+        if (!isOf(setting, scope) || setting.storage == SettingStorage::OnlyWritten)
             continue;
         auto const loadField = [&](auto field) {
             if (setting.whenAbsent == WhenAbsent::Initial)
@@ -131,7 +131,7 @@ void SettingsStore::complain(QString const& name)
 void SettingsStore::save(SettingScope scope, SettingsValues const& values)
 {
     for (Setting const& setting : settingsTable())
-        if (setting.scope == scope && setting.storage != SettingStorage::OnlyRead)
+        if (isOf(setting, scope) && setting.storage != SettingStorage::OnlyRead)
             std::visit([&](auto field) { save(setting, values.*field); }, setting.field);
 }
 

@@ -3,11 +3,13 @@
 #include "AppSettings.h"
 #include "BoundedNumber.h"
 #include "ServiceAddresses.h"
+#include "Translations.h"
 
 #include <QNetworkProxy>
 
 #include <algorithm>
 #include <stdexcept>
+#include <string_view>
 
 namespace
 {
@@ -54,6 +56,11 @@ struct Line : Setting {
         accepts = check;
         return *this;
     }
+    constexpr Line& ofAccount()
+    {
+        isOfAccount = true;
+        return *this;
+    }
     constexpr Line& shownOff()
     {
         actionShowsOff = true;
@@ -64,6 +71,11 @@ struct Line : Setting {
 bool isSomething(QString const& text)
 {
     return !text.isEmpty();
+}
+
+bool isLanguage(QString const& text)
+{
+    return text.isEmpty() || Translations::isLanguage(text);
 }
 
 bool isServiceAddress(QString const& text)
@@ -81,6 +93,7 @@ constexpr auto Enciphered = SettingStorage::Enciphered;
 constexpr auto Current = WhenAbsent::Current;
 
 constexpr Setting table[] = {
+    Line(Global, "", "language", &V::language).must(isLanguage),
     Line(Global, "audio", "audioDevice", &V::audioDevice, &A::audioDeviceChanged),
     Line(Global, "video", "useHardwareColourConversion", &V::useHardwareColourConversion,
          &A::useHardwareColourConversionChanged),
@@ -124,11 +137,20 @@ constexpr Setting table[] = {
     Line(Global, "window", "position", &V::position).otherwise(Current),
     Line(Global, "window", "size", &V::size).otherwise(Current),
     Line(Global, "window", "maximised", &V::maximised),
+    Line(Global, "window", "showTabs", &V::showTabs, &A::showTabsChanged, MenuAction::Tabs),
+    Line(Global, "window", "showMenuBar", &V::showMenuBar, &A::showMenuBarChanged, MenuAction::MenuBar),
+    Line(Global, "window", "alwaysOnTop", &V::alwaysOnTop, &A::alwaysOnTopChanged, MenuAction::AlwaysOnTop),
+    Line(Global, "window", "volume", &V::volume, &A::volumeChanged).within(0.0, 1.0),
+    Line(Global, "window", "videoDrawMode", &V::drawMode, &A::drawModeChanged, MenuAction::HalfSize).within(0, 5),
+    Line(Global, "window", "showVideoTips", &V::showVideoTips, &A::showVideoTipsChanged),
+    Line(Global, "window", "showChannelBarOnMouseOver", &V::showChannelBarOnMouseOver,
+         &A::showChannelBarOnMouseOverChanged),
+    Line(Global, "window", "videoFileDirectory", &V::videoFileDirectory),
     Line(Global, "window", "toldOfSlowDriver", &V::toldOfSlowDriver),
     Line(Global, "window", "toldOfTray", &V::toldOfTray),
 
     Line(User, "", "chatNick", &V::chatNick, &A::chatNickChanged),
-    Line(User, "", "signInAutomatically", &V::autoLogin, &A::autoLoginChanged),
+    Line(User, "", "signInAutomatically", &V::autoLogin, &A::autoLoginChanged).ofAccount(),
     Line(User, "alerts", "showSystemAlerts", &V::showSystemAlerts, &A::showSystemAlertsChanged),
     Line(User, "alerts", "showBreakingNewsAlerts", &V::showBreakingNewsAlerts, &A::showBreakingNewsAlertsChanged),
     Line(User, "alerts", "showNewChannelAlerts", &V::showNewChannelAlerts, &A::showNewChannelAlertsChanged)
@@ -146,16 +168,21 @@ constexpr Setting table[] = {
     Line(User, "chat", "chatFontSize", &V::chatFontSize, &A::chatFontSizeChanged).within(1, 200),
     Line(User, "chat", "splitterState", &V::chatSplitterState, &A::chatSplitterStateChanged),
     Line(User, "chat", "chatColours", &V::chatColours, &A::chatColoursChanged),
-    Line(User, "twitter", "token", &V::twitterToken, &A::twitterCredentialsChanged).stored(Enciphered),
-    Line(User, "twitter", "tokenSecret", &V::twitterTokenSecret, &A::twitterCredentialsChanged).stored(Enciphered),
+    Line(User, "twitter", "token", &V::twitterToken, &A::twitterCredentialsChanged).stored(Enciphered).ofAccount(),
+    Line(User, "twitter", "tokenSecret", &V::twitterTokenSecret, &A::twitterCredentialsChanged)
+        .stored(Enciphered)
+        .ofAccount(),
     Line(User, "twitter", "autoAddOmbravisionTopic", &V::twitterAutoAddOmbravisionTopic,
          &A::twitterAutoAddOmbravisionTopicChanged),
+    // What an account has no word about stays as it is in the window.
     Line(User, "videoWindow", "volume", &V::volume, &A::volumeChanged).within(0.0, 1.0).otherwise(Current),
     Line(User, "videoWindow", "muted", &V::muted, &A::muteChanged, MenuAction::Mute),
-    Line(User, "videoWindow", "alwaysOnTop", &V::alwaysOnTop, &A::alwaysOnTopChanged, MenuAction::AlwaysOnTop),
-    Line(User, "videoWindow", "showTabs", &V::showTabs, &A::showTabsChanged, MenuAction::Tabs),
+    Line(User, "videoWindow", "alwaysOnTop", &V::alwaysOnTop, &A::alwaysOnTopChanged, MenuAction::AlwaysOnTop)
+        .otherwise(Current),
+    Line(User, "videoWindow", "showTabs", &V::showTabs, &A::showTabsChanged, MenuAction::Tabs).otherwise(Current),
     Line(User, "videoWindow", "splitterState", &V::splitterState, &A::splitterStateChanged).otherwise(Current),
-    Line(User, "videoWindow", "showMenuBar", &V::showMenuBar, &A::showMenuBarChanged, MenuAction::MenuBar),
+    Line(User, "videoWindow", "showMenuBar", &V::showMenuBar, &A::showMenuBarChanged, MenuAction::MenuBar)
+        .otherwise(Current),
     Line(User, "videoWindow", "showWindowFrame", &V::showWindowFrame, &A::showWindowFrameChanged,
          MenuAction::SkinMode)
         .shownOff()
@@ -165,17 +192,20 @@ constexpr Setting table[] = {
     Line(User, "videoWindow", "videoFileDirectroy", &V::videoFileDirectory)
         .otherwise(Current), // Spelt so in the file.
     // What is written of the window's group is not read again; a viewer finds the last channels again all the same.
-    Line(User, "channels", "active", &V::activeChannel),
-    Line(User, "channels", "open", &V::openChannels),
+    Line(User, "channels", "active", &V::activeChannel).ofAccount(),
+    Line(User, "channels", "open", &V::openChannels).ofAccount(),
     Line(User, "channels", "favourites", &V::favouriteChannels, &A::favouriteChannelsChanged),
     Line(User, "videoWindow", "activeChannel", &V::activeChannel).otherwise(Current),
     Line(User, "videoWindow", "openChannels", &V::openChannels).otherwise(Current),
     // Not read back from there either: it is this installation's.
     Line(User, "videoWindow", "seenTutorial29", &V::seenTutorial29).otherwise(Current),
-    Line(User, "videoWindow", "showVideoTips", &V::showVideoTips, &A::showVideoTipsChanged),
+    Line(User, "videoWindow", "showVideoTips", &V::showVideoTips, &A::showVideoTipsChanged).otherwise(Current),
     Line(User, "videoWindow", "showChannelBarOnMouseOver", &V::showChannelBarOnMouseOver,
-         &A::showChannelBarOnMouseOverChanged),
-    Line(User, "videoWindow", "videoDrawMode", &V::drawMode, &A::drawModeChanged, MenuAction::HalfSize).within(0, 5),
+         &A::showChannelBarOnMouseOverChanged)
+        .otherwise(Current),
+    Line(User, "videoWindow", "videoDrawMode", &V::drawMode, &A::drawModeChanged, MenuAction::HalfSize)
+        .within(0, 5)
+        .otherwise(Current),
 
     Line(&V::showFullScreen, &A::showFullScreenChanged, MenuAction::FullScreen),
     Line(&V::tabPositions, &A::tabPositionsChanged),
@@ -199,6 +229,14 @@ constexpr Setting table[] = {
 std::span<Setting const> settingsTable()
 {
     return table;
+}
+
+bool isOf(Setting const& setting, SettingScope scope)
+{
+    if (scope != SettingScope::Guest)
+        return setting.scope == scope;
+    return setting.scope == SettingScope::User && !setting.isOfAccount &&
+           std::string_view(setting.group) != "videoWindow";
 }
 
 Setting const* findSetting(SettingField const& field)

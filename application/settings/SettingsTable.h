@@ -10,7 +10,12 @@
 class AppSettings;
 
 /// Where a setting is kept: for all users of this installation, for one account, or for this run.
-enum class SettingScope { Global, User, Run };
+enum class SettingScope {
+    Global,
+    User,
+    Guest, ///< For whoever has not signed in: those of an account that make sense without one, see isOf().
+    Run,
+};
 
 /// What of a setting passes between field and file.
 enum class SettingStorage {
@@ -53,6 +58,7 @@ struct Setting {
     SettingScope scope = SettingScope::Run;
     WhenAbsent whenAbsent = WhenAbsent::Initial;
     SettingStorage storage = SettingStorage::ReadAndWritten;
+    bool isOfAccount = false;    ///< It means nothing to a guest.
     bool actionShowsOff = false; ///< The mark is set while the setting is off.
     std::optional<SettingBounds> bounds = {};
     bool (*accepts)(QString const& text) = nullptr; ///< What a text must be, white space around it removed.
@@ -60,6 +66,10 @@ struct Setting {
 
 /// Every setting that is stored, signalled or shown by an action, once for each scope, in the order of the file.
 std::span<Setting const> settingsTable();
+
+/// Whether a line belongs to what is kept there. Without an account that is what an account has, but for what only it
+/// can have and for the window's, which is the installation's then.
+bool isOf(Setting const& setting, SettingScope scope);
 
 /// The first line of a field, null if it has none.
 Setting const* findSetting(SettingField const& field);

@@ -61,6 +61,7 @@ struct SettingsValues { // NOLINT(clang-analyzer-optin.performance.Padding): it 
     int startPage = 0;    ///< A StartPage.
     QStringList streamHistory;
     bool runAtStartup = true;
+    QString language;                ///< By its code; empty for that of the system.
     int testModeFailureTimeout = 30; ///< Seconds.
     bool testModePlayFailureSound = false;
 

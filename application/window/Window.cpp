@@ -134,6 +134,7 @@ void Window::createMenus()
     contents()->addWidget(_splitter, 1);
     _dialogs = std::make_unique<WindowDialogs>(_appData, *_glWidget, *this);
     connect(_dialogs.get(), &WindowDialogs::failed, _notice, &Notice::tell);
+    connect(&_appData, &AppData::audioDeviceFailed, _notice, &Notice::tell);
     _dialogs->fillEffectsMenu(_menus->effects());
     for (WindowDialog const which : {WindowDialog::VideoInformation, WindowDialog::StreamBuffer})
         _menus->view()->addAction(_dialogs->action(which));

@@ -272,9 +272,8 @@ void Window::onSurfaceInitialized()
 
 void Window::updateTitle()
 {
-    constexpr qsizetype longestTitle = 256;
     Channel const* const channel = _appData.channelManager()->activeChannel();
-    QString title = channel ? QString(ChannelTitle::shown(channel->desc.title(), longestTitle) + " - Ombravision")
+    QString title = channel ? QString(ChannelTitle::shown(channel->desc.title()) + " - Ombravision")
                             : QStringLiteral("Ombravision");
     if (_appData.settings.muted())
         title = tr("%1 (muted)").arg(title);

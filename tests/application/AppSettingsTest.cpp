@@ -1,6 +1,8 @@
 #include "AppSettings.h"
 
+#include "EventLoop.h"
 #include "LogCapture.h"
+#include "RunAtStartup.h"
 #include "SecretKeeper.h"
 #include "SettingsFile.h"
 #include "SettingsText.h"
@@ -271,6 +273,78 @@ TEST_F(AppSettingsTest, LoadingTellsEachChangeOnceAndLeavesTheRest)
     EXPECT_EQ(_settings.size(), QSize(640, 480));
     EXPECT_FALSE(_settings.showBuzzAlerts());
     EXPECT_EQ(capture.count("which makes no sense there"), 2);
+}
+
+TEST_F(AppSettingsTest, AGuestFindsTheirChoicesAgainAndNothingOfAnAccount)
+{
+    _settings.loadGuestSettings();
+    _settings.setShowTabs(false);
+    _settings.setVolume(0.25);
+    _settings.setDrawMode(3);
+    _settings.setVideoFileDirectory("/films");
+    _settings.setChatFontSize(20);
+    _settings.saveGlobalSettings();
+    _settings.saveGuestSettings();
+    _settings.loadUserSettings("me@home");
+    EXPECT_FALSE(_settings.showTabs()) << "the account has no word about the window";
+    EXPECT_EQ(_settings.chatFontSize(), 11);
+    _settings.setAlertHistory({"mine"});
+    _settings.setActiveChannel("mine");
+    _settings.setChatFontSize(30);
+    _settings.saveUserSettings("me@home");
+    _settings.loadGuestSettings();
+    EXPECT_EQ(_settings.alertHistory(), QStringList());
+    EXPECT_EQ(_settings.chatFontSize(), 20);
+
+    AppSettings second;
+    second.loadGlobalSettings();
+    second.loadGuestSettings();
+    EXPECT_FALSE(second.showTabs());
+    EXPECT_EQ(second.volume(), 0.25);
+    EXPECT_EQ(second.drawMode(), 3);
+    EXPECT_EQ(second.videoFileDirectory(), "/films");
+    EXPECT_EQ(second.chatFontSize(), 20);
+    EXPECT_EQ(second.activeChannel(), "");
+    for (QString const& key : settingsFile().allKeys())
+        EXPECT_FALSE(key.startsWith("user/%guest/channels/active") || key.startsWith("user/%guest/twitter/token"))
+            << qPrintable(key);
+}
+
+TEST_F(AppSettingsTest, TheDesktopStartsTheProgramAsItsEntrySays)
+{
+    QString const path = RunAtStartup::entryPath("Ombravision");
+    auto const hasLine = [](QString const& file, QString const& line) {
+        QFile entry(file);
+        return entry.open(QFile::ReadOnly) && QString::fromUtf8(entry.readAll()).split('\n').contains(line);
+    };
+    auto const isOnNow = [](bool on) {
+        auto settings = std::make_unique<AppSettings>();
+        QSignalSpy changed(settings.get(), &AppSettings::runAtStartupChanged);
+        settings->loadGlobalSettings();
+        return processEventsUntil([&] { return settings->runAtStartup() == on; });
+    };
+    EXPECT_TRUE(isOnNow(false)) << "there is none";
+    {
+        AppSettings settings;
+        for (bool const on : {false, true, false, true}) // Quick changes of mind.
+            settings.setRunAtStartup(on);
+    }
+    EXPECT_TRUE(hasLine(path, "Exec=\"" + QCoreApplication::applicationFilePath() + "\" -startup"));
+    EXPECT_TRUE(isOnNow(true));
+    EXPECT_TRUE(RunAtStartup::setRunAtStartup("odd", "/a b/\"$%", {"-x"}, true));
+    EXPECT_TRUE(hasLine(RunAtStartup::entryPath("odd"), R"(Exec="/a b/\\"\\$%%" -x)"));
+
+    QFile(path).resize(0);
+    EXPECT_TRUE(isOnNow(false)) << "an empty entry starts nothing";
+    QFile::remove(path);
+    ASSERT_TRUE(QDir().mkpath(path + "/in the way"));
+    AppSettings settings;
+    QSignalSpy failed(&settings, &AppSettings::settingsFileFailed);
+    settings.setRunAtStartup(false);
+    settings.setRunAtStartup(true);
+    EXPECT_TRUE(processEventsUntil([&] { return !settings.runAtStartup(); })) << "as it is, not as it was wished";
+    EXPECT_EQ(failed.count(), 1);
+    QDir(path).removeRecursively();
 }
 
 TEST_F(AppSettingsTest, SecretsAreStoredEncipheredOnly)

@@ -4,6 +4,7 @@
 #include "ChannelListWidget.h"
 #include "ChannelManager.h"
 #include "ChannelPanels.h"
+#include "ChannelRowPainter.h"
 #include "ChannelSearchWidget.h"
 #include "ChannelTitle.h"
 #include "ChannelView.h"
@@ -20,6 +21,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -172,14 +174,14 @@ TEST_F(ChannelListTest, SortsByEachColumnAndSaysEachState)
     EXPECT_EQ(stateOf("a"), "Acquiring");
     list->onChannelChanged(listed("b", "b"));
     for (char const* const id : {"a", "b"})
-        list->setChannelState(id, ChannelRowState::Playing);
-    list->setChannelState("d", ChannelRowState::Failed);
+        list->states().setState(id, ChannelRowState::Playing);
+    list->states().setState("d", ChannelRowState::Failed);
     EXPECT_EQ(stateOf("a") + stateOf("b") + stateOf("c") + stateOf("d"), "OpenPlayingFailed");
     list->view()->sortByColumn(ChannelListWidgetModel::StatusColumn, Qt::AscendingOrder);
     EXPECT_EQ(shown(), "b a d c");
     list->view()->sortByColumn(ChannelListWidgetModel::AlertsColumn, Qt::AscendingOrder);
     EXPECT_EQ(shown(), "a c d b") << "those with alerts in front";
-    list->setPreview("b");
+    list->states().setPreview("b");
     EXPECT_EQ(stateOf("b"), "Previewing");
     list->onChannelClosed(listed("b", "b"));
     EXPECT_EQ(stateOf("b"), "");
@@ -297,7 +299,7 @@ TEST_F(ChannelListTest, TheMenuHasWhatFitsTheRow)
     for (char const* const id : {"a", "b"})
         list->onChannelOpened(listed(id, id));
     list->onChannelChanged(channels[0]);
-    list->setChannelState("a", ChannelRowState::Playing);
+    list->states().setState("a", ChannelRowState::Playing);
     EXPECT_EQ(menuOf("a"),
               (QStringList{"Remove from Multiview", "Favourite", "Breaking News Alerts", "Delete from My Channels"}));
     choose({});
@@ -447,4 +449,32 @@ TEST_F(ChannelListTest, StreamsOfOthersComeAndGoWithWhatPlays)
     emit panels.list()->addStream(other);
     channels.closeChannel(channel);
     EXPECT_TRUE(processEventsUntil([&] { return channel->desc.streamDescriptions().size() == 1; }));
+}
+
+TEST(ChannelRowPainter, MarksUponMarksStayInTheirRowAndWithTheirLetter)
+{
+    QString const letter = "e" + QString(60, QChar(0x0301)); // A letter with a tower of accents.
+    QImage image(80, 90, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        QStyleOptionViewItem option;
+        option.rect = QRect(0, 30, 80, 30);
+        option.palette = QPalette(Qt::black, Qt::white);
+        option.state = QStyle::State_Enabled | QStyle::State_Active;
+        ChannelRowPainter(painter, option).paintText(letter.repeated(40));
+    }
+    QImage const white = [] {
+        QImage blank(80, 30, QImage::Format_RGB32);
+        blank.fill(Qt::white);
+        return blank;
+    }();
+    EXPECT_EQ(image.copy(0, 0, 80, 30), white);
+    EXPECT_NE(image.copy(0, 30, 80, 30), white);
+    EXPECT_EQ(image.copy(0, 60, 80, 30), white);
+    QFontMetrics const metrics{QFont()};
+    QString const shown =
+        metrics.elidedText(letter.repeated(40), Qt::ElideRight, metrics.horizontalAdvance("eeeeeeee"));
+    EXPECT_GT(shown.size(), letter.size());
+    EXPECT_EQ((shown.size() - 1) % letter.size(), 0) << "whole letters and the ellipsis";
 }

@@ -177,10 +177,10 @@ TEST_F(PreferencesTest, NeitherTheWheelNorHalfANumberChangesAnything)
 TEST_F(PreferencesTest, SaysWhatIsKeptWithAnAccountOnly)
 {
     auto const* const note = _dialog->findChild<QLabel*>("note");
-    _dialog->showPage(PreferencesDialog::General);
-    EXPECT_TRUE(note->isVisible());
-    _dialog->showPage(PreferencesDialog::Network);
-    EXPECT_FALSE(note->isVisible());
+    for (auto const page : {PreferencesDialog::General, PreferencesDialog::Network}) {
+        _dialog->showPage(page);
+        EXPECT_FALSE(note->isVisible()) << "it is the installation's";
+    }
     _dialog->showPage(PreferencesDialog::Alerts);
     EXPECT_TRUE(note->isVisible());
     _appData.signIn()->onAutoLoginCompleted(true, "ann@example.com");

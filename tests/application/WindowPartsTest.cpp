@@ -230,6 +230,12 @@ TEST(Translations, FollowTheLocaleAndItsDirection)
         EXPECT_EQ(QCoreApplication::translate("Window", "Your account shows %n channel(s) at once.", nullptr, 1),
                   "Ihr Konto zeigt einen Sender auf einmal.");
     }
+    for (Translations::Language const& language : Translations::languages()) {
+        Translations const chosen(Translations::localeOf(language.code));
+        QString const word = QCoreApplication::translate("ChannelRowStates", "Playing");
+        EXPECT_EQ(word == "Playing", language.code == QStringLiteral("en")) << language.name;
+    }
+    EXPECT_EQ(Translations::localeOf("xx"), QLocale());
     Translations const arabic(QLocale("ar_EG"));
     EXPECT_EQ(QApplication::layoutDirection(), Qt::RightToLeft);
     EXPECT_EQ(QCoreApplication::translate("Window", "Your account shows %n channel(s) at once.", nullptr, 1),

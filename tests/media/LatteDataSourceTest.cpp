@@ -341,6 +341,45 @@ TEST_F(LatteDataSourceTest, ClientLivesOnItsThreadAndComesBack)
     EXPECT_TRUE(_factory.client);
 }
 
+TEST_F(LatteDataSourceTest, ALossIsToldWhenNothingIsLeftToBeShown)
+{
+    openOn(Asf(Clips::wmv()));
+    QSignalSpy const state(_source.get(), &GLMovieDataSource::stateChanged);
+    auto const read = [this] {
+        AVPacket packet = {};
+        ASSERT_GE(_source->readFrame(&packet), 0);
+        _source->freeFrame(&packet);
+        settle();
+    };
+    auto const lose = [this] {
+        emit client().progressChanged(&client(), "Reconnecting...");
+        client().report(NetworkErrors::CouldNotConnect);
+        settle();
+    };
+    QTimer& flow = *_source->timer("flowTimer");
+    read();
+    lose();
+    read();
+    EXPECT_EQ(state.size() + _error->size(), 0) << "there are frames";
+    emit client().playing(&client());
+    settle();
+    flow.setInterval(0);
+    ASSERT_TRUE(waitUntil([&] { return !flow.isActive(); }));
+    EXPECT_EQ(state.size() + _error->size(), 0) << "it was over in time";
+
+    read(); // As fast as this the timer may have run out.
+    flow.setInterval(LatteDataSource::flowTime);
+    flow.start();
+    lose();
+    flow.setInterval(0);
+    ASSERT_TRUE(waitUntil([&] { return _error->size() == 1; }));
+    EXPECT_EQ(state.size(), 1);
+    _source->onErrorTimer();
+    EXPECT_EQ(_error->size(), 1) << "it has been told why";
+    lose();
+    EXPECT_EQ(_error->size(), 2) << "nothing comes any more";
+}
+
 TEST_F(LatteDataSourceTest, ClosesAtAnyMoment)
 {
     Asf const asf(Clips::wmv());

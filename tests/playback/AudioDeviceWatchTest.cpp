@@ -191,6 +191,40 @@ TEST_F(AudioDeviceWatchTest, WithoutAnyDeviceItTriesAgainAndWaitsLongerEachTime)
     EXPECT_TRUE(_device.isOpen());
 }
 
+TEST_F(AudioDeviceWatchTest, OfQuickChoicesTheLastIsOpenedAndToldOfWithoutWaiting)
+{
+    using Outcome = AudioDeviceWatch::Outcome;
+    _driver->offer({"Headset", "Speakers"}, true);
+    ASSERT_TRUE(_device.openDevice("default"));
+    _driver->asked();
+    QList<Outcome> told;
+    QObject::connect(&_watch, &AudioDeviceWatch::chosen, [&told](Outcome outcome) { told.append(outcome); });
+    auto const isTold = [&told] { return !told.isEmpty(); };
+
+    _driver->block(true);
+    for (char const* const name : {"Headset", "Nothing", "Speakers"})
+        _watch.choose(name);
+    EXPECT_FALSE(_device.isOpen());
+    EXPECT_TRUE(AudioDevice::isAwaited());
+    EXPECT_EQ(_device.wantedDevice(), "Speakers");
+    _driver->block(false);
+    ASSERT_TRUE(processEventsUntil(isTold));
+    EXPECT_EQ(_driver->asked(), QStringList({"Headset", "Speakers"}));
+    EXPECT_EQ(_device.deviceName(), "Speakers");
+    EXPECT_TRUE(canPlay());
+
+    _watch.choose("Nothing");
+    ASSERT_TRUE(processEventsUntil([&told] { return told.size() == 2; }));
+    EXPECT_TRUE(_device.isFallback());
+    _driver->offer({}, false);
+    _watch.choose("Headset");
+    ASSERT_TRUE(processEventsUntil([&told] { return told.size() == 3; }));
+    EXPECT_EQ(told, QList<Outcome>({Outcome::Opened, Outcome::DefaultOpened, Outcome::NothingOpened}));
+    _driver->offer({"Headset"}, true);
+    poll();
+    EXPECT_EQ(_device.deviceName(), "Headset") << "it is looked for as one that has gone";
+}
+
 TEST_F(AudioDeviceWatchTest, WhatIsChosenWhileItLooksStands)
 {
     ASSERT_TRUE(_device.openDevice("default"));

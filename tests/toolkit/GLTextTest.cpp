@@ -60,4 +60,14 @@ TEST(GLTextArea, GrowsWithItsText)
     area.setText("Acquiring Channel...\nPlease wait");
     EXPECT_GT(area.sizeForWidth(400.0).height(), one.height() * 1.4);
     EXPECT_LE(area.sizeForWidth(60.0).width(), 60.0);
+
+    // In the size that it has asked for it needs no more lines, at whatever scale.
+    for (double const scale : {1.0, 1.25, 1.5, 2.0})
+        for (char const* const text : {"Could not connect to server\nClick here to reconnect", "Reconnecting...",
+                                       "AVAVAVAV fifi ffi To. Te, LT", "iiii lllll .....", "Wagen, Typ \"A\""}) {
+            area.recalcLayout(scale);
+            area.setText(text);
+            QSizeF const size = area.sizeForWidth(512.0);
+            EXPECT_EQ(area.sizeForWidth(size.width()).height(), size.height()) << text << ' ' << scale;
+        }
 }

@@ -1,6 +1,7 @@
 #include "GeneralPage.h"
 
 #include "AppData.h"
+#include "Translations.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
@@ -8,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShowEvent>
 
 namespace
 {
@@ -24,8 +26,7 @@ GeneralPage::GeneralPage(AppData& appData) : PreferencesPage(appData)
                     {tr("the first channel"), static_cast<int>(StartPage::DefaultChannel)},
                     {tr("nothing"), static_cast<int>(StartPage::Nothing)}});
     addSwitch(tr("&Start when I sign in to the desktop"), &V::runAtStartup);
-    addNote(
-        tr("Where the desktop keeps a list of its own of what starts with it, add \"ombravision -startup\" there."));
+    addLanguage();
     addSection(tr("Window"));
     addSwitch(tr("&Always on top of other windows"), &V::alwaysOnTop);
     addSwitch(tr("Show the &menu bar"), &V::showMenuBar);
@@ -33,6 +34,23 @@ GeneralPage::GeneralPage(AppData& appData) : PreferencesPage(appData)
     addSwitch(tr("Show &tips over the picture"), &V::showVideoTips);
     addSection(tr("Screenshots"));
     addScreenshotDirectory();
+}
+
+void GeneralPage::addLanguage()
+{
+    QList<QPair<QString, QString>> choices = {{tr("System"), QString()}};
+    for (Translations::Language const& language : Translations::languages())
+        choices.append({QString::fromUtf8(language.name), language.code});
+    addChoice<QString>(tr("&Language:"), &SettingsValues::language, choices);
+    addNote(tr("The language changes at the next start of Ombravision."));
+}
+
+/// The desktop has settings of its own for what starts with it.
+void GeneralPage::showEvent(QShowEvent* event)
+{
+    PreferencesPage::showEvent(event);
+    if (!event->spontaneous())
+        appData().settings.refreshRunAtStartup();
 }
 
 void GeneralPage::addScreenshotDirectory()

@@ -2,7 +2,7 @@
 
 #include "PreferencesPage.h"
 
-/// What the program does at its start, the window, and where pictures of it go.
+/// What the program does at its start, its language, the window, and where pictures of it go.
 class GeneralPage : public PreferencesPage
 {
     Q_OBJECT
@@ -10,6 +10,10 @@ class GeneralPage : public PreferencesPage
 public:
     explicit GeneralPage(AppData& appData);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
+    void addLanguage();
     void addScreenshotDirectory();
 };

@@ -40,7 +40,7 @@ PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     _note->setObjectName("note");
     _note->setTextFormat(Qt::PlainText);
     _note->setWordWrap(true);
-    _note->setText(tr("Some of this is kept with your account: sign in for it to be there at the next start."));
+    _note->setText(tr("You are not signed in. Each account keeps some of this for itself."));
     contents()->addWidget(_note);
     connect(&appData, &AppData::signedInChanged, this, &PreferencesDialog::showNote);
     addPage(tr("General"), Icon::Settings, [&appData] { return new GeneralPage(appData); });
@@ -133,7 +133,7 @@ void PreferencesDialog::accept()
         return;
     appData().settings.saveGlobalSettings();
     if (!appData().signIn()->isSignedIn())
-        return;
+        return appData().settings.saveGuestSettings();
     QString const email = appData().signIn()->email();
     appData().settings.saveUserSettings(email);
     if (!appData().settings.autoLogin())

@@ -1,6 +1,7 @@
 #include "GLCarouselSlide.h"
 
 #include "Channel.h"
+#include "ChannelTitle.h"
 #include "GLMovieQuad.h"
 #include "GLMovieWindowMap.h"
 #include "Look.h"
@@ -125,7 +126,8 @@ void GLCarouselSlide::updateLogo(QImage const& logo, Budget& budget)
 
 void GLCarouselSlide::renderTitle(Channel const& channel, double opacity, double pixelsPerUnit, Budget& budget)
 {
-    updateTitle(channel.desc.title(), static_cast<int>(titleHeight * pixelsPerUnit), budget);
+    updateTitle(ChannelTitle::shown(channel.desc.title(), longestTitle),
+                static_cast<int>(titleHeight * pixelsPerUnit), budget);
     if (!_titleTexture.created())
         return;
     double const shown = titleHeight * _titleTexture.originalWidth() / _titleTexture.originalHeight();
@@ -134,7 +136,7 @@ void GLCarouselSlide::renderTitle(Channel const& channel, double opacity, double
 
 void GLCarouselSlide::updateTitle(QString const& title, int pixels, Budget& budget)
 {
-    QString const text = title.left(longestTitle).simplified();
+    QString const text = title.simplified();
     if (pixels < 1 || (text == _title && _titleTexture.originalHeight() == pixels && _titleTexture.created()))
         return;
     if (!budget.take())

@@ -3,6 +3,7 @@
 #include "AppData.h"
 #include "Channel.h"
 #include "ChannelManager.h"
+#include "ChannelTitle.h"
 #include "GLControlLayout.h"
 #include "GLOverlay.h"
 #include "Look.h"
@@ -196,12 +197,12 @@ void GLOverlay::updateTitle()
     Channel const* const slide =
         _appData.settings.carouselMode() ? channels.getChannelByRootId(_carouselChannel) : nullptr;
     if (slide) {
-        _top.setTitle(slide->desc.title());
+        _top.setTitle(ChannelTitle::shown(slide->desc.title()));
         return;
     }
     Channel const* const active = channels.activeChannel();
     auto const others = static_cast<int>(channels.openChannels().size()) - 1;
-    QString title = active ? active->desc.title() : QString();
+    QString title = active ? ChannelTitle::shown(active->desc.title()) : QString();
     if (active && others > 0)
         title = tr("%1 and %n more", nullptr, others).arg(title);
     _top.setTitle(title);
@@ -211,7 +212,7 @@ void GLOverlay::setCarouselChannel(QString const& rootId)
 {
     _carouselChannel = rootId;
     Channel const* const channel = _appData.channelManager()->getChannelByRootId(rootId);
-    _top.setTitle(channel ? channel->desc.title() : QString());
+    _top.setTitle(channel ? ChannelTitle::shown(channel->desc.title()) : QString());
     _top.announceTitle();
 }
 
@@ -261,7 +262,8 @@ void GLOverlay::onMouseEnteredChannel(QString const& rootId)
     QString const hint = channel == channels.activeChannel() ? tr("%1 (Ctrl and click: close)")
                                                              : tr("%1 (click: sound; Ctrl and click: close)");
     QPointF const middle(place.center().x() / _layout->scale(), place.top() / _layout->scale());
-    showTip(hint.arg(channel->desc.title()), {middle.x(), std::max(middle.y(), _top.geometry().bottom())}, false);
+    showTip(hint.arg(ChannelTitle::shown(channel->desc.title())),
+            {middle.x(), std::max(middle.y(), _top.geometry().bottom())}, false);
 }
 
 void GLOverlay::onMouseLeftChannel(QString const&)
