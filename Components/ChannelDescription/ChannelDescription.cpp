@@ -57,7 +57,7 @@ QString ChannelDescription::toLine(QString const& text)
     return line;
 }
 
-void ChannelDescription::setLogo(QImage const& logo)
+void ChannelDescription::setLogo(ChannelLogo const& logo)
 {
     _data->logo = logo;
     _data->logoLoaded = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ChannelLogo.h"
 #include "StreamDescription.h"
 
 #include <QImage>
@@ -73,9 +74,12 @@ public:
     QString alertsTopic() const { return _data->alertsTopic; }
     void setAlertsTopic(QString const& alertsTopic) { _data->alertsTopic = alertsTopic; }
 
-    QImage logo() const { return _data->logo; }
-    /// Marks the logo as loaded, whatever the image.
-    void setLogo(QImage const& logo);
+    /// Unpacked anew each time; null for none.
+    QImage logo() const { return _data->logo.image(); }
+    ChannelLogo const& packedLogo() const { return _data->logo; }
+    /// These mark the logo as loaded, whatever it is.
+    void setLogo(QImage const& logo) { setLogo(ChannelLogo(logo)); }
+    void setLogo(ChannelLogo const& logo);
     bool logoLoaded() const { return _data->logoLoaded; }
     void setLogoLoaded(bool logoLoaded) { _data->logoLoaded = logoLoaded; }
 
@@ -154,7 +158,7 @@ private:
         bool hasChat = true;
         QString chatRoomName;
         QString alertsTopic;
-        QImage logo;
+        ChannelLogo logo;
         bool logoLoaded = false;
         bool available = true;
         QString unavailableReason;

@@ -72,7 +72,7 @@ void ChannelDescriptionList::onLogoUpdated(ChannelDescription const& description
     for (qsizetype row = 0; row < _descriptions.size(); ++row) {
         if (_descriptions.at(row).id() != description.id())
             continue;
-        _descriptions[row].setLogo(description.logo());
+        _descriptions[row].setLogo(description.packedLogo());
         QModelIndex const changed = index(static_cast<int>(row));
         emit dataChanged(changed, changed, {Qt::DecorationRole});
     }

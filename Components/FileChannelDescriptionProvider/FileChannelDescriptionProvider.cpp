@@ -95,7 +95,7 @@ void FileChannelDescriptionProvider::load()
     for (ChannelDescription& channel : channels) {
         // The logos that are known stay until they have been loaded again.
         if (ChannelDescription const old = known.value(channel.id()); old.logoLoaded())
-            channel.setLogo(old.logo());
+            channel.setLogo(old.packedLogo());
         ids.append(channel.id());
     }
     queueLogos(ids);
@@ -155,8 +155,11 @@ void FileChannelDescriptionProvider::publish(QList<ChannelDescription> const& ch
         return;
     _published = reading;
     _channels = channels;
-    for (ChannelDescription const& channel : channels)
-        LOG_DEBUG("Inserted channel description %s", qPrintable(channel.toString()));
+    _placesOfId.clear();
+    for (qsizetype place = 0; place < channels.size(); ++place) {
+        _placesOfId.insert(channels.at(place).id(), place);
+        LOG_DEBUG("Inserted channel description %s", qPrintable(channels.at(place).toString()));
+    }
     updated();
 }
 
@@ -165,12 +168,12 @@ void FileChannelDescriptionProvider::queueLogos(QStringList const& ids)
     _queue->handleNow(new LoadLogosMemo(*this, ids));
 }
 
-QImage FileChannelDescriptionProvider::logoOf(QString const& id) const
+ChannelLogo FileChannelDescriptionProvider::logoOf(QString const& id) const
 {
     QFile file(_logoDirectory + "/" + id + ".png");
     if (!isFileName(id) || !openForReading(file))
         return {};
-    return BoundedImage::decode(file.read(BoundedImage::maximumBytes + 1));
+    return ChannelLogo(BoundedImage::decode(file.read(BoundedImage::maximumBytes + 1)));
 }
 
 void FileChannelDescriptionProvider::loadLogos(QStringList const& ids)
@@ -186,8 +189,9 @@ void FileChannelDescriptionProvider::setLogos(Logos const& logos)
 {
     QList<ChannelDescription> changed; // Told when all is done, since whoever hears of it may change the list.
     for (auto const& [id, logo] : logos) {
-        for (ChannelDescription& channel : _channels) {
-            if (channel.id() != id || (channel.logoLoaded() && channel.logo() == logo))
+        for (qsizetype const place : _placesOfId.values(id)) {
+            ChannelDescription& channel = _channels[place];
+            if (channel.logoLoaded() && channel.packedLogo() == logo)
                 continue;
             channel.setLogo(logo);
             changed.append(channel);

@@ -3,8 +3,8 @@
 #include "ChannelDescriptionProvider.h"
 
 #include <QDateTime>
-#include <QImage>
 #include <QList>
+#include <QMultiHash>
 #include <QPair>
 #include <QString>
 #include <QStringList>
@@ -44,14 +44,14 @@ public:
     void queueLogos(QStringList const& ids);
 
 private:
-    using Logos = QList<QPair<QString, QImage>>; ///< By the channel's id.
+    using Logos = QList<QPair<QString, ChannelLogo>>; ///< By the channel's id.
 
     void load();
     QList<ChannelDescription> parse() const;
     void parseChangedFile();
     void publish(QList<ChannelDescription> const& channels, int reading);
     void setLogos(Logos const& logos);
-    QImage logoOf(QString const& id) const;
+    ChannelLogo logoOf(QString const& id) const;
     QDateTime lastModified() const;
     void scheduleCheck();
 
@@ -62,7 +62,8 @@ private:
     QDateTime _lastModified; ///< When the file was last read; of the queue's thread after the constructor.
     QString const _logoDirectory;
     int const _intervalMs;
-    QList<ChannelDescription> _channels; ///< Of this object's thread.
+    QList<ChannelDescription> _channels; ///< Of this object's thread, as the next.
+    QMultiHash<QString, qsizetype> _placesOfId;
     std::atomic<bool> _isRunning{false};
     std::atomic<int> _readings{0}; ///< Numbers them, so that a late one does not replace a later one.
     int _published = 0;            ///< The number of the one in the list; of this object's thread.

@@ -11,6 +11,8 @@ ChannelDirectory::ChannelDirectory(QList<ChannelDocumentReader::Entry> const& en
                                    QImage const& noLogo)
 {
     _channels.reserve(entries.size());
+    ChannelLogo const unloaded(defaultLogo);
+    ChannelLogo const none(noLogo);
     for (ChannelDocumentReader::Entry const& entry : entries) {
         ChannelDescription channel = entry.description;
         if (_placeOfId.contains(channel.id())) {
@@ -24,7 +26,7 @@ ChannelDirectory::ChannelDirectory(QList<ChannelDocumentReader::Entry> const& en
             _placesOfLogo.insert(entry.logo, place);
             _logos.insert(entry.logo);
         }
-        channel.setLogo(entry.logo.isNull() ? noLogo : defaultLogo);
+        channel.setLogo(entry.logo.isNull() ? none : unloaded);
         _channels.append(channel);
         LOG_DEBUG("Inserted channel description %s", qPrintable(channel.toString()));
     }
@@ -44,7 +46,7 @@ ChannelDirectory ChannelDirectory::only(QSet<QString> const& ids) const
     return part;
 }
 
-QList<ChannelDescription> ChannelDirectory::setLogo(Uri const& logo, QImage const& image)
+QList<ChannelDescription> ChannelDirectory::setLogo(Uri const& logo, ChannelLogo const& image)
 {
     if (!hasLogo(logo))
         return {};
@@ -55,7 +57,7 @@ QList<ChannelDescription> ChannelDirectory::setLogo(Uri const& logo, QImage cons
     std::sort(rows.begin(), rows.end());
     QList<ChannelDescription> changed;
     for (qsizetype const row : std::as_const(rows)) {
-        if (row < 0 || _channels.at(row).logo() == image)
+        if (row < 0 || _channels.at(row).packedLogo() == image)
             continue;
         _channels[row].setLogo(image);
         changed.append(_channels.at(row));

@@ -32,10 +32,10 @@ public:
     bool hasLogo(Uri const& logo) const { return _logos.contains(logo); }
     bool isLogoSet(Uri const& logo) const { return _images.contains(logo); }
 
-    /// Sets the image at an address. Returns the channels that have another logo now.
-    QList<ChannelDescription> setLogo(Uri const& logo, QImage const& image);
+    /// Sets the logo at an address. Returns the channels that have another logo now.
+    QList<ChannelDescription> setLogo(Uri const& logo, ChannelLogo const& image);
 
-    /// Sets the images that another directory has and this one has not.
+    /// Sets the logos that another directory has and this one has not.
     void adoptLogos(ChannelDirectory const& other);
 
 private:
@@ -48,6 +48,6 @@ private:
     QMultiHash<Uri, qsizetype> _placesOfLogo; ///< Likewise.
     QSet<Uri> _logos;
 
-    QList<qsizetype> _rowOfPlace; ///< Where in the list a channel of the document is; -1 for nowhere.
-    QHash<Uri, QImage> _images;   ///< Those that were set.
+    QList<qsizetype> _rowOfPlace;    ///< Where in the list a channel of the document is; -1 for nowhere.
+    QHash<Uri, ChannelLogo> _images; ///< Those that were set.
 };

@@ -166,7 +166,7 @@ void RestfulChannelDescriptionProvider::refresh()
     });
 }
 
-void RestfulChannelDescriptionProvider::takeLogo(Uri const& logo, QImage const& image)
+void RestfulChannelDescriptionProvider::takeLogo(Uri const& logo, ChannelLogo const& image)
 {
     LOG_DEBUG("Logo for %s updated.", qPrintable(logo.toString()));
     QMutexLocker locker(&_mutex);

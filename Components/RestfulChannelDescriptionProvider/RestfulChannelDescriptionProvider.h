@@ -115,7 +115,7 @@ private:
 
     // On this object's thread.
     void onDirectoryTaken();
-    void takeLogo(Uri const& logo, QImage const& image);
+    void takeLogo(Uri const& logo, ChannelLogo const& image);
     void parseAllowedChannels();
     void reportFailure(QString const& text);
 

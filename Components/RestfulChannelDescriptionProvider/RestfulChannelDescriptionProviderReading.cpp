@@ -121,7 +121,7 @@ void RestfulChannelDescriptionProvider::loadCachedLogos(ChannelDirectory& direct
         if (known.isLogoSet(logo) || !_webCache->isAvailable(logo))
             continue;
         ++loaded;
-        if (QImage const image = BoundedImage::decode(_webCache->content(logo)); !image.isNull())
+        if (ChannelLogo const image(BoundedImage::decode(_webCache->content(logo))); !image.isNull())
             directory.setLogo(logo, image);
     }
 }
@@ -134,7 +134,7 @@ void RestfulChannelDescriptionProvider::loadLogo(Uri const& logo)
     if (!isOurs)
         return; // Others use the cache, too.
     LOG_DEBUG("Logo fetched %s", qPrintable(logo.toString()));
-    QImage const image = BoundedImage::decode(_webCache->content(logo));
+    ChannelLogo const image(BoundedImage::decode(_webCache->content(logo)));
     if (image.isNull())
         LOG_WARNING("The logo %s is no picture that can be shown.", qPrintable(logo.toString()));
     else

@@ -116,7 +116,7 @@ void Channel::fadeOut(int ms, bool fadeVideo, bool fadeAudio)
 
 void Channel::setDesc(ChannelDescription const& description, bool rebuild)
 {
-    _isLogoChanged = _isLogoChanged || desc.logo().cacheKey() != description.logo().cacheKey();
+    _isLogoChanged = _isLogoChanged || desc.packedLogo().key() != description.packedLogo().key();
     desc = description;
     if (!rebuild) {
         renewDescriptions();

@@ -20,7 +20,16 @@ void ChannelAction::update()
     QSignalBlocker const blocker(this);
     QString title = ChannelTitle::shown(_channel->desc.title(), ChannelTitle::longestInMenu);
     setText(title.replace('&', "&&")); // As it stands: no letter of it is a shortcut.
-    setIcon(QIcon(QPixmap::fromImage(_channel->desc.logo())));
+}
+
+void ChannelAction::showLogo(QSize const& pixels)
+{
+    QSignalBlocker const blocker(this);
+    QImage const logo = _channel->desc.logo();
+    setIcon(logo.isNull() ? QIcon()
+                          : QIcon(QPixmap::fromImage(
+                                logo.scaled(logo.size().scaled(pixels, Qt::KeepAspectRatio).expandedTo({1, 1}),
+                                            Qt::IgnoreAspectRatio, Qt::SmoothTransformation))));
 }
 
 void ChannelAction::onTriggered()

@@ -14,8 +14,10 @@ public:
     explicit ChannelAction(Channel* channel, QObject* parent = nullptr);
 
     Channel* channel() const { return _channel; }
-    /// Takes title and logo from the channel's description. A menu that is open shows them the next time.
+    /// Takes the title from the channel's description. A menu that is open shows it the next time.
     void update();
+    /// Takes the logo, for a menu that is about to open: thousands of entries never are in one. Not larger than that.
+    void showLogo(QSize const& pixels);
 
 signals:
     void channelClicked(Channel* channel);

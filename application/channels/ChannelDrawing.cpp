@@ -73,7 +73,7 @@ bool Channel::hasPicture() const
 bool Channel::showsLogo() const
 {
     constexpr int withoutLogo = ChannelDescription::FileChannel | ChannelDescription::UserStreamChannel;
-    return _layout && (desc.channelType() & withoutLogo) == 0 && !desc.logo().isNull() && !hasPicture();
+    return _layout && (desc.channelType() & withoutLogo) == 0 && !desc.packedLogo().isNull() && !hasPicture();
 }
 
 void Channel::createLogoTexture()
@@ -96,7 +96,7 @@ void Channel::drawBackground(QRect const& area)
         return;
     }
     createLogoTexture();
-    QSizeF size = desc.logo().size();
+    QSizeF size = desc.packedLogo().size();
     QSizeF const limit(area.width() * logoWidth, area.height() * logoHeight);
     if (size.width() > limit.width() || size.height() > limit.height())
         size.scale(limit, Qt::KeepAspectRatio);

@@ -98,7 +98,7 @@ void ChannelManager::onChannelLogoUpdated(ChannelDescription const& description)
     if (!channel)
         return;
     ChannelDescription changed = channel->desc;
-    changed.setLogo(description.logo());
+    changed.setLogo(description.packedLogo());
     channel->setDesc(changed, false);
     emit pictureUpdated();
     _actions.update(channel);

@@ -126,7 +126,7 @@ void ChannelUpdate::compare(ChannelDescription const& provided)
 void ChannelUpdate::noteLogo(ChannelDescription const& description)
 {
     if (_isRunning)
-        _logos.insert(description.rootId(), description.logo());
+        _logos.insert(description.rootId(), description.packedLogo());
 }
 
 ChannelDescription ChannelUpdate::withNewestLogo(ChannelDescription description) const

@@ -66,7 +66,7 @@ private:
     QStringList _gone;
     QList<ChannelDescription> _modified;
     QList<ChannelDescription> _added;
-    QHash<QString, QImage> _logos; ///< By root id: those that have come meanwhile.
+    QHash<QString, ChannelLogo> _logos; ///< By root id: those that have come meanwhile.
     bool _isRunning = false;
     bool _hasChanged = false; ///< By an update that was not completed, too.
     bool _isSorted = true;    ///< No title has changed, in an update that was not completed either.

@@ -225,7 +225,7 @@ void ChannelListWidget::onChannelLogoUpdated(ChannelDescription const& descripti
     if (row < 0)
         return;
     ChannelDescription changed = _model->row(row).description;
-    changed.setLogo(description.logo());
+    changed.setLogo(description.packedLogo());
     updateChannel(row, changed);
 }
 

@@ -13,7 +13,7 @@ namespace
 ChannelRowPainter::Channel shown(ChannelListWidgetModelRow const& row, bool hasState)
 {
     bool const isRadio = row.description.channelMediaTypes() == ChannelDescription::AudioMedia;
-    return {row.description.logo(),
+    return {row.description.packedLogo(),
             isRadio ? Icon::Radio : Icon::Television,
             row.title,
             row.subtitle(),

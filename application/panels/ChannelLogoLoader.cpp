@@ -56,7 +56,7 @@ void ChannelLogoLoader::onUpdated(Uri const& uri, bool hasChanged)
 void ChannelLogoLoader::load(Uri const& logo)
 {
     _decoder.start([this, cache = _cache, logo] {
-        QImage const image = BoundedImage::decode(cache->content(logo));
+        ChannelLogo const image(BoundedImage::decode(cache->content(logo)));
         if (image.isNull())
             return;
         QMetaObject::invokeMethod(

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "ChannelLogo.h"
 #include "Uri.h"
 
 #include <QDateTime>
-#include <QImage>
 #include <QObject>
 #include <QSet>
 #include <QThreadPool>
@@ -29,7 +29,7 @@ public:
     void forgetAll();
 
 signals:
-    void loaded(Uri logo, QImage image);
+    void loaded(Uri logo, ChannelLogo image);
 
 private:
     void onAvailable(Uri const& uri);

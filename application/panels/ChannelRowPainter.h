@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ChannelLogo.h"
 #include "ChannelRowState.h"
 #include "Icons.h"
 
@@ -19,7 +20,7 @@ class ChannelRowPainter
 public:
     /// What the cell of a channel shows.
     struct Channel {
-        QImage logo;
+        ChannelLogo logo;
         Icon standIn = Icon::Television; ///< Where there is no logo.
         QString title;
         QString subtitle;

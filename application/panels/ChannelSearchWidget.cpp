@@ -258,7 +258,7 @@ void ChannelSearchWidget::wantLogos()
     }
 }
 
-void ChannelSearchWidget::onLogoLoaded(Uri const& logo, QImage const& image)
+void ChannelSearchWidget::onLogoLoaded(Uri const& logo, ChannelLogo const& image)
 {
     for (int row = _model->findChannelRowByLogoUri(logo); row >= 0;
          row = _model->findChannelRowByLogoUri(logo, row + 1))

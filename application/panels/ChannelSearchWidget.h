@@ -108,7 +108,7 @@ private:
     void showState(QString const& rootId);
     void showStates();
     void wantLogos();
-    void onLogoLoaded(Uri const& logo, QImage const& image);
+    void onLogoLoaded(Uri const& logo, ChannelLogo const& image);
 
     QString const _webSearchAddress;
     ChannelSearchWidgetModel* const _model;

@@ -21,7 +21,7 @@ void ChannelSearchWidgetItemDelegate::paint(QPainter* painter, QStyleOptionViewI
         cell.paintText(index.data().toString());
     } else {
         bool const isRadio = row->description.channelMediaTypes() == ChannelDescription::AudioMedia;
-        cell.paintChannel({row->description.logo(), isRadio ? Icon::Radio : Icon::Television, row->title,
+        cell.paintChannel({row->description.packedLogo(), isRadio ? Icon::Radio : Icon::Television, row->title,
                            row->description.isAvailable() ? row->summary : row->description.unavailableReason(),
                            row->isAdded ? tr("Saved") : QString(), !row->description.isAvailable(),
                            _isStateWithChannel ? row->state : ChannelRowState::Closed},

@@ -54,7 +54,7 @@ ChannelSearchWidgetModelRow* ChannelSearchWidgetModel::at(int row)
     return row >= 0 && row < rowCount() ? &_rows[static_cast<size_t>(row)] : nullptr;
 }
 
-void ChannelSearchWidgetModel::setLogo(int row, QImage const& logo)
+void ChannelSearchWidgetModel::setLogo(int row, ChannelLogo const& logo)
 {
     if (ChannelSearchWidgetModelRow* const changed = at(row)) {
         changed->description.setLogo(logo);

@@ -24,7 +24,7 @@ public:
     /// Of the next page; what is there already is left out, and what has no id.
     void appendChannels(QList<SoapUserChannel> const& channels);
 
-    void setLogo(int row, QImage const& logo);
+    void setLogo(int row, ChannelLogo const& logo);
     void setState(int row, ChannelRowState state);
     void setAdded(int row, bool isAdded);
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-QPixmap LogoPixmaps::pixmap(QImage const& logo, QSize const& box, double pixelRatio)
+QPixmap LogoPixmaps::pixmap(ChannelLogo const& logo, QSize const& box, double pixelRatio)
 {
     if (logo.isNull() || box.isEmpty())
         return {};
@@ -13,14 +13,14 @@ QPixmap LogoPixmaps::pixmap(QImage const& logo, QSize const& box, double pixelRa
         _box = pixels;
         _pixelRatio = pixelRatio;
     }
-    if (QPixmap const* const kept = _pixmaps.object(logo.cacheKey()))
+    if (QPixmap const* const kept = _pixmaps.object(logo.key()))
         return *kept;
     // A logo may be a line: neither side goes.
     QSize const size = logo.size().scaled(pixels, Qt::KeepAspectRatio).expandedTo({1, 1});
     auto pixmap = std::make_unique<QPixmap>(
-        QPixmap::fromImage(logo.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
+        QPixmap::fromImage(logo.image().scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
     pixmap->setDevicePixelRatio(pixelRatio);
     QPixmap made = *pixmap;
-    _pixmaps.insert(logo.cacheKey(), pixmap.release(), std::max(1, size.width() * size.height() * 4));
+    _pixmaps.insert(logo.key(), pixmap.release(), std::max(1, size.width() * size.height() * 4));
     return made;
 }

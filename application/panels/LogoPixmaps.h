@@ -1,7 +1,8 @@
 #pragma once
 
+#include "ChannelLogo.h"
+
 #include <QCache>
-#include <QImage>
 #include <QPixmap>
 #include <QSize>
 
@@ -10,13 +11,13 @@
 class LogoPixmaps
 {
 public:
-    /// As large as fits into the box, which is in device-independent pixels. Null for a null image.
-    QPixmap pixmap(QImage const& logo, QSize const& box, double pixelRatio);
+    /// As large as fits into the box, which is in device-independent pixels. Null for no logo.
+    QPixmap pixmap(ChannelLogo const& logo, QSize const& box, double pixelRatio);
 
 private:
     static constexpr int mostBytes = 8 << 20;
 
-    QCache<qint64, QPixmap> _pixmaps{mostBytes}; ///< By the image's cache key.
+    QCache<qint64, QPixmap> _pixmaps{mostBytes}; ///< By the logo's key.
     QSize _box;                                  ///< In pixels, as the next: those that the pixmaps are for.
     double _pixelRatio = 0.0;
 };

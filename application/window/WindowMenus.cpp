@@ -5,6 +5,7 @@
 #include "ChannelAction.h"
 #include "ChannelManager.h"
 #include "Icons.h"
+#include "Look.h"
 #include "Mnemonics.h"
 #include "WindowZoom.h"
 
@@ -118,8 +119,12 @@ void WindowMenus::fillChannels(QMenu* menu)
     menu->clear();
     ChannelManager& channels = *_appData.channelManager();
     int const count = qMin(channels.channelCount(), mostChannels);
-    for (int i = 0; i < count; ++i)
-        menu->addAction(channels.channelActions().action(channels.getChannelByIndex(i)));
+    QSize const logo = QSize(Look::smallIcon, Look::smallIcon) * menu->devicePixelRatio();
+    for (int i = 0; i < count; ++i) {
+        ChannelAction* const action = channels.channelActions().action(channels.getChannelByIndex(i));
+        action->showLogo(logo);
+        menu->addAction(action);
+    }
     QAction* words = nullptr;
     if (channels.channelCount() > count)
         words = menu->addAction(tr("%n more in the list of channels", nullptr, channels.channelCount() - count));

@@ -17,14 +17,17 @@ TEST(EventLoopWatchdog, TellsEachTimeOverTheLimitAndTheLongest)
     bool isAnswered = false;
     QThread const* const here = QThread::currentThread();
     {
-        EventLoopWatchdog watchdog([&] {
+        EventLoopWatchdog::Clocks clocks;
+        clocks.time = [&] {
             qint64 const read = now;
             if (QThread::currentThread() != here)
                 knocks.release();
             else
                 isAnswered = knocks.tryAcquire();
             return read;
-        });
+        };
+        clocks.work = [&] { return now / 2; };
+        EventLoopWatchdog watchdog(clocks);
         // The first time does not count: the loop had not begun.
         for (qint64 const ms : {500, 16, 17, 3}) {
             knocks.acquire();
@@ -38,5 +41,6 @@ TEST(EventLoopWatchdog, TellsEachTimeOverTheLimitAndTheLongest)
             EXPECT_EQ(capture.count("was away for") - before, ms == 17 ? 1 : 0) << ms;
         }
     }
-    EXPECT_TRUE(capture.contains("The event loop was away for 17.0 ms at the longest"));
+    EXPECT_TRUE(capture.contains("The event loop was away for 17.0 ms (8.5 ms of work)"));
+    EXPECT_TRUE(capture.contains("The event loop was away for 17.0 ms at the longest (the most work was 8.5 ms)"));
 }

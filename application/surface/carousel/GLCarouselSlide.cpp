@@ -99,7 +99,7 @@ void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflec
     if (channel.hasPicture()) {
         channel.drawVideoPerspectiveMode(card, true);
     } else {
-        updateLogo(channel.desc.logo(), budget);
+        updateLogo(channel.desc.packedLogo(), budget);
         if (_logo.created()) {
             QSizeF const size = QSizeF(_logo.originalWidth(), _logo.originalHeight())
                                     .scaled(card.size() * logoPart, Qt::KeepAspectRatio);
@@ -110,11 +110,12 @@ void GLCarouselSlide::renderCard(Channel& channel, double opacity, bool isReflec
         drawGradient(card, Qt::black, 1.0 - opacity, Qt::black, 1.0 - opacity);
 }
 
-void GLCarouselSlide::updateLogo(QImage const& logo, Budget& budget)
+void GLCarouselSlide::updateLogo(ChannelLogo const& packed, Budget& budget)
 {
-    if ((logo.cacheKey() == _logoKey && !_logo.isLost()) || !budget.take())
+    if ((packed.key() == _logoKey && !_logo.isLost()) || !budget.take())
         return;
-    _logoKey = logo.cacheKey();
+    _logoKey = packed.key();
+    QImage const logo = packed.image();
     QImage const small = logo.width() > largestLogo || logo.height() > largestLogo
                              ? logo.scaled(largestLogo, largestLogo, Qt::KeepAspectRatio, Qt::SmoothTransformation)
                              : logo;

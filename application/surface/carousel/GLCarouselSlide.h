@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ChannelLogo.h"
 #include "GLTexture.h"
 
 #include <QObject>
@@ -46,7 +47,7 @@ private:
     void renderCard(Channel& channel, double opacity, bool isReflection, Budget& budget);
     void renderTitle(Channel const& channel, double opacity, double pixelsPerUnit, Budget& budget);
     void updateTitle(QString const& title, int pixels, Budget& budget);
-    void updateLogo(QImage const& logo, Budget& budget);
+    void updateLogo(ChannelLogo const& packed, Budget& budget);
 
     QString const _rootId;
     GLTexture _logo;
