@@ -9,7 +9,10 @@
 #include "WindowZoom.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QMenuBar>
+#include <QShortcut>
 
 namespace
 {
@@ -51,6 +54,7 @@ WindowMenus::WindowMenus(AppData& appData, WindowZoom const& zoom, QWidget& wind
                                   MenuAction::Feedback, MenuAction::SendSupportInformation, separator,
                                   MenuAction::InviteFriend, MenuAction::BuyPro, separator, MenuAction::About});
     createContextMenu();
+    createKeys();
 
     Mnemonics::makeUnique(_bar->actions());
     for (QMenu* const menu : _window.findChildren<QMenu*>())
@@ -128,6 +132,39 @@ void WindowMenus::fillChannels(QMenu* menu)
     if (words)
         words->setEnabled(false);
     add(menu, {separator, MenuAction::ChannelCarousel, MenuAction::AddRemoveChannels});
+}
+
+void WindowMenus::createKeys()
+{
+    auto* const menus = new QAction(tr("To the menus"), &_window);
+    menus->setShortcut(QKeySequence(Qt::Key_F10));
+    menus->setAutoRepeat(false);
+    connect(menus, &QAction::triggered, this, &WindowMenus::goToMenus);
+    _window.addAction(menus);
+    // Keyboards without the key for it have this one.
+    auto* const contextMenu = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), &_window);
+    contextMenu->setAutoRepeat(false);
+    connect(contextMenu, &QShortcut::activated, this, [] {
+        if (QWidget* const widget = QApplication::focusWidget()) {
+            QPoint const middle = widget->rect().center();
+            QApplication::postEvent(
+                widget, new QContextMenuEvent(QContextMenuEvent::Keyboard, middle, widget->mapToGlobal(middle)));
+        }
+    });
+}
+
+/// Those of the bar; where that is hidden, the picture's menu has them all.
+void WindowMenus::goToMenus()
+{
+    QMenu* menu = _contextMenu;
+    if (_bar->isVisible()) {
+        QAction* const first = _bar->actions().constFirst();
+        _bar->setActiveAction(first);
+        menu = first->menu();
+    } else {
+        showContextMenu(_window.mapToGlobal(_window.rect().center()));
+    }
+    menu->setActiveAction(menu->actions().constFirst());
 }
 
 void WindowMenus::createContextMenu()
