@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QShortcut>
 
@@ -156,15 +157,16 @@ void WindowMenus::createKeys()
 /// Those of the bar; where that is hidden, the picture's menu has them all.
 void WindowMenus::goToMenus()
 {
-    QMenu* menu = _contextMenu;
-    if (_bar->isVisible()) {
-        QAction* const first = _bar->actions().constFirst();
-        _bar->setActiveAction(first);
-        menu = first->menu();
-    } else {
+    if (!_bar->isVisible()) {
         showContextMenu(_window.mapToGlobal(_window.rect().center()));
+        _contextMenu->setActiveAction(_contextMenu->actions().constFirst());
+        return;
     }
-    menu->setActiveAction(menu->actions().constFirst());
+    // As the Alt key alone does it: Qt has no other way there that leads back to where the focus was.
+    QKeyEvent press(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::AltModifier);
+    QApplication::sendEvent(&_window, &press);
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Alt, Qt::NoModifier);
+    QApplication::sendEvent(&_window, &release);
 }
 
 void WindowMenus::createContextMenu()
