@@ -163,10 +163,10 @@ void WindowMenus::goToMenus()
         return;
     }
     // As the Alt key alone does it: Qt has no other way there that leads back to where the focus was.
-    QKeyEvent press(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::AltModifier);
-    QApplication::sendEvent(&_window, &press);
-    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Alt, Qt::NoModifier);
-    QApplication::sendEvent(&_window, &release);
+    for (QEvent::Type const type : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, Qt::Key_Alt, type == QEvent::KeyRelease ? Qt::NoModifier : Qt::AltModifier);
+        QApplication::sendEvent(&_window, &event);
+    }
 }
 
 void WindowMenus::createContextMenu()
