@@ -1742,6 +1742,22 @@ Bis bald!
         <source>In the carousel: turn it, choose what is in front</source>
         <translation>Im Karussell: drehen, den vorderen Sender wählen</translation>
     </message>
+    <message>
+        <source>Space, P</source>
+        <translation>Leertaste, P</translation>
+    </message>
+    <message>
+        <source>Over the picture: pause and go on</source>
+        <translation>Über dem Bild: anhalten und fortsetzen</translation>
+    </message>
+    <message>
+        <source>Menu, Shift+F10</source>
+        <translation>Menü, Umschalt+F10</translation>
+    </message>
+    <message>
+        <source>The menu of what is chosen</source>
+        <translation>Das Menü dessen, was gewählt ist</translation>
+    </message>
 </context>
 <context>
     <name>LoginDialog</name>
@@ -3178,6 +3194,10 @@ Neuer Versuch...</translation>
     <message>
         <source>No channels</source>
         <translation>Keine Sender</translation>
+    </message>
+    <message>
+        <source>To the menus</source>
+        <translation>Zu den Menüs</translation>
     </message>
 </context>
 <context>

@@ -1742,6 +1742,22 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <source>In the carousel: turn it, choose what is in front</source>
         <translation>Dans le carrousel&#xa0;: le faire tourner, choisir la chaîne de devant</translation>
     </message>
+    <message>
+        <source>Space, P</source>
+        <translation>Espace, P</translation>
+    </message>
+    <message>
+        <source>Over the picture: pause and go on</source>
+        <translation>Sur l&apos;image&#xa0;: mettre en pause et reprendre</translation>
+    </message>
+    <message>
+        <source>Menu, Shift+F10</source>
+        <translation>Menu, Maj+F10</translation>
+    </message>
+    <message>
+        <source>The menu of what is chosen</source>
+        <translation>Le menu de ce qui est choisi</translation>
+    </message>
 </context>
 <context>
     <name>LoginDialog</name>
@@ -3178,6 +3194,10 @@ Nouvel essai...</translation>
     <message>
         <source>No channels</source>
         <translation>Aucune chaîne</translation>
+    </message>
+    <message>
+        <source>To the menus</source>
+        <translation>Vers les menus</translation>
     </message>
 </context>
 <context>

@@ -1742,6 +1742,22 @@ A presto!
         <source>In the carousel: turn it, choose what is in front</source>
         <translation>Nel carosello: girarlo, scegliere il canale in primo piano</translation>
     </message>
+    <message>
+        <source>Space, P</source>
+        <translation>Spazio, P</translation>
+    </message>
+    <message>
+        <source>Over the picture: pause and go on</source>
+        <translation>Sull&apos;immagine: mettere in pausa e riprendere</translation>
+    </message>
+    <message>
+        <source>Menu, Shift+F10</source>
+        <translation>Menu, Maiusc+F10</translation>
+    </message>
+    <message>
+        <source>The menu of what is chosen</source>
+        <translation>Il menu di ciò che è scelto</translation>
+    </message>
 </context>
 <context>
     <name>LoginDialog</name>
@@ -3178,6 +3194,10 @@ Nuovo tentativo...</translation>
     <message>
         <source>No channels</source>
         <translation>Nessun canale</translation>
+    </message>
+    <message>
+        <source>To the menus</source>
+        <translation>Ai menu</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 #include "EffectsChain.h"
 #include "EffectsLibrary.h"
 #include "EffectsList.h"
+#include "LinkLabel.h"
 #include "Look.h"
 
 #include <QCheckBox>
@@ -100,10 +101,8 @@ void EffectsDialog::createEditor(QWidget* side)
     _editor->setMinimumSize(editorLetters / 2 * _editor->fontMetrics().averageCharWidth(),
                             editorLines / 2 * _editor->fontMetrics().lineSpacing());
     layout->addWidget(_editor, 1);
-    _message = new QLabel(this);
+    _message = new LinkLabel(this); // All in it is escaped.
     _message->setObjectName("message");
-    _message->setTextFormat(Qt::RichText); // All of it is escaped.
-    _message->setWordWrap(true);
     _message->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse |
                                       Qt::LinksAccessibleByKeyboard);
     connect(_message, &QLabel::linkActivated, this, [this](QString const& line) {

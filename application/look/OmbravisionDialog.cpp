@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 OmbravisionDialog::OmbravisionDialog(AppData& appData, QString const& title, QWidget* parent)
     : QDialog(parent), _data(appData), _frame(new SkinFrame(*this, appData.settings, TitleBar::Buttons::Close)),
       _heading(new QLabel(this)), _contents(nullptr), _buttons(new QDialogButtonBox(this))
@@ -72,6 +74,28 @@ void OmbravisionDialog::setBorderColourOutside(QString const& colour)
 {
     _frame->colourOutside = QColor(colour);
     update();
+}
+
+bool OmbravisionDialog::focusNextPrevChild(bool next)
+{
+    putButtonsLast(); // Each time: what the dialog is about may have come after them.
+    return QDialog::focusNextPrevChild(next);
+}
+
+/// In the order of the tab key, as they are to the eye.
+void OmbravisionDialog::putButtonsLast()
+{
+    QList<QWidget*> buttons;
+    QWidget* last = nullptr;
+    for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+        if (_buttons->isAncestorOf(widget))
+            buttons.append(widget);
+        else if (widget->focusPolicy() != Qt::NoFocus)
+            last = widget;
+    }
+    for (QWidget* const button : buttons)
+        if (QWidget* const before = std::exchange(last, button))
+            setTabOrder(before, button);
 }
 
 void OmbravisionDialog::paintEvent(QPaintEvent* event)

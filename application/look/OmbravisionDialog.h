@@ -45,8 +45,11 @@ public:
 protected:
     AppData& appData() const { return _data; }
     void paintEvent(QPaintEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
+    void putButtonsLast();
+
     AppData& _data;
     SkinFrame* _frame;
     QLabel* _heading;

@@ -50,6 +50,7 @@ void ChannelListFilters::createKinds()
     _kinds = new QComboBox(this);
     _kinds->setObjectName("kinds");
     _kinds->setAccessibleName(tr("Kind of channels"));
+    _kinds->setAccessibleDescription(_kinds->accessibleName()); // A box without a label is called after its choice.
     _kinds->addItems({tr("Any"), tr("Premium Partner"), tr("Free Partner"), tr("Viewer Added")});
     _kinds->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(_kinds, &QComboBox::currentIndexChanged, this, [this](int index) {

@@ -7,6 +7,7 @@
 #include "ChannelSearchWidgetModel.h"
 #include "ChannelSearchWidgetProxyModel.h"
 #include "ChannelView.h"
+#include "LinkLabel.h"
 #include "Look.h"
 #include "MyChannels.h"
 #include "PanelNotice.h"
@@ -70,13 +71,9 @@ void ChannelSearchWidget::createControls()
     _status->setTextFormat(Qt::PlainText);
     _status->setWordWrap(true);
     _status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    _link = new QLabel(this);
+    _link = new LinkLabel(this);
     _link->setObjectName("webSearch");
-    _link->setTextFormat(Qt::RichText);
-    _link->setWordWrap(true);
     _link->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    _link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    _link->setFocusPolicy(Qt::StrongFocus);
     _link->setToolTip(plainToolTip(_webSearchAddress));
     connect(_link, &QLabel::linkActivated, this, &ChannelSearchWidget::webSearchClicked);
 }

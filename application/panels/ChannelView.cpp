@@ -226,6 +226,12 @@ void ChannelView::focusInEvent(QFocusEvent* event)
         setCurrentIndex(model()->index(0, nameColumn));
 }
 
+/// To the cell that tells the whole row to assistive technology, whichever was clicked before.
+QModelIndex ChannelView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    return QTreeView::moveCursor(action, modifiers).siblingAtColumn(nameColumn);
+}
+
 QItemSelectionModel::SelectionFlags ChannelView::selectionCommand(QModelIndex const& index, QEvent const* event) const
 {
     // Ctrl means another click, never a row without a selection.

@@ -1,8 +1,8 @@
 #include "DeleteChannelDialog.h"
 
+#include "LinkLabel.h"
 #include "Look.h"
 
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -18,12 +18,9 @@ DeleteChannelDialog::DeleteChannelDialog(AppData& appData, QString const& title,
     setObjectName("deleteChannelDialog");
     setHeading(tr("Delete Channel"));
     QString const name = title.size() > maximumTitle ? QString(title.left(maximumTitle) + QChar(0x2026)) : title;
-    auto* const text = new QLabel(this);
+    auto* const text = new LinkLabel(this);
     text->setObjectName("text");
-    text->setTextFormat(Qt::RichText);
-    text->setWordWrap(true);
     text->setMinimumWidth(textWidth * fontMetrics().averageCharWidth());
-    text->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     text->setText(
         tr("Are you sure you wish to delete the channel <b>%1</b> from My Channels?<br><br>")
             .arg(name.toHtmlEscaped()) +

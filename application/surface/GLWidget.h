@@ -104,6 +104,7 @@ public slots:
 protected:
     bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -140,6 +141,7 @@ private:
     QRect surfaceRect() const;
     bool isCarouselShown() const { return _carousel.isEntered(); }
     bool wantsKey(QKeyEvent const* event) const;
+    bool isControlFocused() const;
     void placeControls();
     void onHoverChanged(GLControl* control);
     void endDrag(QPointF point);

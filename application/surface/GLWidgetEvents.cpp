@@ -2,12 +2,14 @@
 
 #include "AppData.h"
 #include "ChannelManager.h"
+#include "GLControlAccessible.h"
 #include "GLWidget.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QCursor>
 #include <QDragEnterEvent>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
 
@@ -46,16 +48,38 @@ bool GLWidget::event(QEvent* event)
     return QWidget::event(event);
 }
 
+bool GLWidget::isControlFocused() const
+{
+    return _layout.focus() && _layout.focus()->isFocusable() && _layout.focus()->isFocused();
+}
+
+/// The picture itself comes first, then its controls; backwards they come last to first, then the picture.
 bool GLWidget::focusNextPrevChild(bool next)
 {
     _overlay.ensureVisible(true); // What cannot be seen has no place in the order.
-    return _layout.focusNext(next) || QWidget::focusNextPrevChild(next);
+    bool const isWithin = next ? _layout.focusNext(true) : isControlFocused();
+    if (isWithin && !next)
+        _layout.focusNext(false);
+    return isWithin || QWidget::focusNextPrevChild(next);
 }
 
-void GLWidget::onFocusChanged(QWidget* from, QWidget* to)
+void GLWidget::focusInEvent(QFocusEvent* event)
 {
-    if (from == this && to != this && to)
-        _layout.setFocus(nullptr); // The ring is where the keys go.
+    QWidget::focusInEvent(event);
+    if (event->reason() == Qt::BacktabFocusReason) {
+        _overlay.ensureVisible(true);
+        _layout.focusNext(false);
+    }
+    if (isControlFocused()) // After the widget, for which this event is, has been told of.
+        QMetaObject::invokeMethod(
+            this, [this] { GLControlAccessible::focusMoved(_layout); }, Qt::QueuedConnection);
+}
+
+void GLWidget::onFocusChanged(QWidget*, QWidget* to)
+{
+    // The ring is where the keys go. Whoever comes back from a menu or a dialog goes on where they were.
+    if (to && to != this && to->window() == window() && !qobject_cast<QMenuBar*>(to))
+        _layout.setFocus(nullptr);
 }
 
 void GLWidget::mousePressEvent(QMouseEvent* event)

@@ -27,6 +27,7 @@
 #include "WindowPlace.h"
 #include "WindowZoom.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -39,6 +40,13 @@ Logger* Window::log = LoggerManager::logger();
 
 namespace
 {
+/// A widget alone is to assistive technology no window but something that fills a place.
+QAccessibleInterface* makeWindowInterface(QString const& className, QObject* object)
+{
+    auto* const window = className == "Window" ? qobject_cast<QWidget*>(object) : nullptr;
+    return window ? new QAccessibleWidget(window, QAccessible::Window) : nullptr;
+}
+
 constexpr QSize firstSize(854, 480); // Of the video surface.
 constexpr int firstTabsWidth = 340;
 constexpr int roomForFrame = 32; // Pixels of height, before the window manager has told its own.
@@ -51,6 +59,7 @@ Window::Window(AppData& appData)
       _hibernationManager(std::make_unique<HibernationManager>()),
       _screenSaverManager(std::make_unique<ScreenSaverManager>())
 {
+    QAccessible::installFactory(makeWindowInterface); // First: what is asked for once is kept.
     setObjectName("window");
     // Settings are read before there is anywhere to say what is wrong with them.
     connect(

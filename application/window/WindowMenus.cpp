@@ -10,7 +10,11 @@
 #include "WindowZoom.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
+#include <QShortcut>
 
 namespace
 {
@@ -52,6 +56,7 @@ WindowMenus::WindowMenus(AppData& appData, WindowZoom const& zoom, QWidget& wind
                                   MenuAction::Feedback, MenuAction::SendSupportInformation, separator,
                                   MenuAction::InviteFriend, MenuAction::BuyPro, separator, MenuAction::About});
     createContextMenu();
+    createKeys();
 
     Mnemonics::makeUnique(_bar->actions());
     for (QMenu* const menu : _window.findChildren<QMenu*>())
@@ -133,6 +138,40 @@ void WindowMenus::fillChannels(QMenu* menu)
     if (words)
         words->setEnabled(false);
     add(menu, {separator, MenuAction::ChannelCarousel, MenuAction::AddRemoveChannels});
+}
+
+void WindowMenus::createKeys()
+{
+    auto* const menus = new QAction(tr("To the menus"), &_window);
+    menus->setShortcut(QKeySequence(Qt::Key_F10));
+    menus->setAutoRepeat(false);
+    connect(menus, &QAction::triggered, this, &WindowMenus::goToMenus);
+    _window.addAction(menus);
+    // Keyboards without the key for it have this one.
+    auto* const contextMenu = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), &_window);
+    contextMenu->setAutoRepeat(false);
+    connect(contextMenu, &QShortcut::activated, this, [] {
+        if (QWidget* const widget = QApplication::focusWidget()) {
+            QPoint const middle = widget->rect().center();
+            QApplication::postEvent(
+                widget, new QContextMenuEvent(QContextMenuEvent::Keyboard, middle, widget->mapToGlobal(middle)));
+        }
+    });
+}
+
+/// Those of the bar; where that is hidden, the picture's menu has them all.
+void WindowMenus::goToMenus()
+{
+    if (!_bar->isVisible()) {
+        showContextMenu(_window.mapToGlobal(_window.rect().center()));
+        _contextMenu->setActiveAction(_contextMenu->actions().constFirst());
+        return;
+    }
+    // As the Alt key alone does it: Qt has no other way there that leads back to where the focus was.
+    for (QEvent::Type const type : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, Qt::Key_Alt, type == QEvent::KeyRelease ? Qt::NoModifier : Qt::AltModifier);
+        QApplication::sendEvent(&_window, &event);
+    }
 }
 
 void WindowMenus::createContextMenu()

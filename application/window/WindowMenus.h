@@ -49,6 +49,8 @@ private:
     void createView(WindowZoom const& zoom);
     void fillChannels(QMenu* menu);
     void createContextMenu();
+    void createKeys();
+    void goToMenus();
 
     AppData& _appData;
     QWidget& _window;

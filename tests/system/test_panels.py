@@ -77,13 +77,7 @@ class Panels(unittest.TestCase):
         wait_for(lambda: self.windows() > closed, 10, "a menu or a dialog")
 
     def test_everything_once(self):
-        user = GUEST.replace("@", "%40")
-        settings = {r"application/service\url": f"http://127.0.0.1:{self.service.ports['web']}",
-                    r"application/biscotti\host": "127.0.0.1",
-                    r"application/biscotti\port": self.service.ports["biscotti"],
-                    r"application/lastUser": GUEST, rf"user/{user}\password": PASSWORD,
-                    rf"user/{user}\signInAutomatically": "true", rf"user/{user}\videoWindow\seenTutorial29": "true"}
-        with Program(self.display, settings=settings, driver="null") as self.program:
+        with Program(self.display, settings=self.service.settings(GUEST, PASSWORD), driver="null") as self.program:
             program = self.program
             program.wait_for_log("^Channel changed from .* to Alpha$")
             program.video_rectangle()

@@ -76,10 +76,16 @@ class Element:
             for child in self.children:
                 yield from child.walk(depth - 1)
 
+    def matches(self, role, name=".*"):
+        return self.role == role and re.fullmatch(name, self.name) is not None
+
     def find(self, role, name=".*", state=None):
         """The first element below with that role, whose name matches the pattern and which has the state; or None."""
-        return next((element for element in self.walk() if element.role == role and re.fullmatch(name, element.name)
+        return next((element for element in self.walk() if element.matches(role, name)
                      and (state is None or state in element.states)), None)
+
+    def __eq__(self, other):
+        return isinstance(other, Element) and self._accessible == other._accessible  # pylint: disable=protected-access
 
     def wait_for(self, role, name=".*", state=None, seconds=10):
         return wait_for(lambda: self.find(role, name, state), seconds, f'{role} "{name}"')

@@ -67,6 +67,14 @@ class LocalServices:
         """Of a stream: mmsh for MMS over HTTP, mmst for MMS over TCP, http for a document."""
         return f"{scheme}://127.0.0.1:{self.ports['mms-tcp' if scheme == 'mmst' else 'mms-http']}{name}"
 
+    def settings(self, user, password):
+        """Those of a program that signs in here by itself."""
+        name = user.replace("@", "%40")
+        return {r"application/service\url": f"http://127.0.0.1:{self.ports['web']}",
+                r"application/biscotti\host": "127.0.0.1", r"application/biscotti\port": self.ports["biscotti"],
+                r"application/lastUser": user, rf"user/{name}\password": password,
+                rf"user/{name}\signInAutomatically": "true", rf"user/{name}\videoWindow\seenTutorial29": "true"}
+
     def control(self, *lines):
         """The lines of the answers to these commands."""
         with socket.create_connection(("127.0.0.1", self.ports["control"]), 10) as connection:
