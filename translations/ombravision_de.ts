@@ -54,8 +54,8 @@
         <translation>Konto</translation>
     </message>
     <message>
-        <source>Sign &amp;in ...</source>
-        <translation>&amp;Anmelden ...</translation>
+        <source>Sign &amp;in...</source>
+        <translation>&amp;Anmelden...</translation>
     </message>
     <message>
         <source>Sign in &amp;automatically at the start</source>
@@ -109,16 +109,16 @@
         <translation>Was die Zeilen sind</translation>
     </message>
     <message>
-        <source>Choose &amp;files ...</source>
-        <translation>&amp;Dateien wählen ...</translation>
+        <source>Choose &amp;files...</source>
+        <translation>&amp;Dateien wählen...</translation>
     </message>
     <message>
         <source>A&amp;dd</source>
         <translation>&amp;Hinzufügen</translation>
     </message>
     <message>
-        <source>Looking for this file ...</source>
-        <translation>Diese Datei wird gesucht ...</translation>
+        <source>Looking for this file...</source>
+        <translation>Diese Datei wird gesucht...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
@@ -948,6 +948,22 @@ Bitte warten</translation>
         <source>This name is too long.</source>
         <translation>Dieser Name ist zu lang.</translation>
     </message>
+    <message>
+        <source>Sharpen</source>
+        <translation>Schärfen</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Schwarzweiß</translation>
+    </message>
+    <message>
+        <source>Film Grain</source>
+        <translation>Filmkorn</translation>
+    </message>
+    <message>
+        <source>Scan Lines</source>
+        <translation>Bildzeilen</translation>
+    </message>
 </context>
 <context>
     <name>EffectTrial</name>
@@ -1354,6 +1370,10 @@ Bitte warten</translation>
         <source>%1 (click: sound; Ctrl and click: close)</source>
         <translation>%1 (Klick: Ton; Strg und Klick: schließen)</translation>
     </message>
+    <message>
+        <source>Choose a channel, or drop a file or an address here</source>
+        <translation>Sender wählen oder eine Datei oder Adresse hierher ziehen</translation>
+    </message>
 </context>
 <context>
     <name>GLProgressIndicator</name>
@@ -1411,8 +1431,8 @@ Bitte warten</translation>
         <translation>Es gibt noch keine Sender</translation>
     </message>
     <message>
-        <source>Loading ... %1 %</source>
-        <translation>Wird geladen ... %1 %</translation>
+        <source>Loading... %1 %</source>
+        <translation>Wird geladen... %1 %</translation>
     </message>
     <message>
         <source>The page could not be loaded</source>
@@ -1478,8 +1498,8 @@ Bitte warten</translation>
         <translation>Ordner für Bildschirmfotos</translation>
     </message>
     <message>
-        <source>C&amp;hoose ...</source>
-        <translation>&amp;Wählen ...</translation>
+        <source>C&amp;hoose...</source>
+        <translation>&amp;Wählen...</translation>
     </message>
     <message>
         <source>Save them &amp;in:</source>
@@ -1725,8 +1745,8 @@ Bis bald!
         <translation>Angemeldet &amp;bleiben</translation>
     </message>
     <message>
-        <source>I have no account yet: &amp;create one ...</source>
-        <translation>Ich habe noch kein Konto: eines an&amp;legen ...</translation>
+        <source>I have no account yet: &amp;create one...</source>
+        <translation>Ich habe noch kein Konto: eines an&amp;legen...</translation>
     </message>
 </context>
 <context>
@@ -1744,12 +1764,12 @@ Bis bald!
         <translation>Ihr Passwort konnte nicht gespeichert werden. Beim nächsten Start werden Sie danach gefragt.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Anmeldung läuft ...</translation>
+        <source>Signing in...</source>
+        <translation>Anmeldung läuft...</translation>
     </message>
     <message>
-        <source>Creating the account ...</source>
-        <translation>Konto wird angelegt ...</translation>
+        <source>Creating the account...</source>
+        <translation>Konto wird angelegt...</translation>
     </message>
 </context>
 <context>
@@ -2128,8 +2148,8 @@ Bis bald!
         <translation>&amp;Test beenden</translation>
     </message>
     <message>
-        <source>Asking the service ...</source>
-        <translation>Der Dienst wird gefragt ...</translation>
+        <source>Asking the service...</source>
+        <translation>Der Dienst wird gefragt...</translation>
     </message>
     <message>
         <source>Cache of channels and logos</source>
@@ -2148,8 +2168,8 @@ Bis bald!
         <translation>Cache &amp;leeren</translation>
     </message>
     <message>
-        <source>Removing ...</source>
-        <translation>Wird entfernt ...</translation>
+        <source>Removing...</source>
+        <translation>Wird entfernt...</translation>
     </message>
     <message>
         <source>The cache is empty.</source>
@@ -2510,8 +2530,8 @@ Neuer Versuch...</translation>
         <translation>%1 (derzeit nicht da)</translation>
     </message>
     <message>
-        <source>Playing ...</source>
-        <translation>Wird abgespielt ...</translation>
+        <source>Playing...</source>
+        <translation>Wird abgespielt...</translation>
     </message>
     <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
@@ -2556,12 +2576,12 @@ Neuer Versuch...</translation>
         <translation>&amp;Kopieren</translation>
     </message>
     <message>
-        <source>Save &amp;as ...</source>
-        <translation>&amp;Speichern unter ...</translation>
+        <source>Save &amp;as...</source>
+        <translation>&amp;Speichern unter...</translation>
     </message>
     <message>
-        <source>Gathering ...</source>
-        <translation>Wird zusammengestellt ...</translation>
+        <source>Gathering...</source>
+        <translation>Wird zusammengestellt...</translation>
     </message>
     <message>
         <source>Copied.</source>
@@ -2594,8 +2614,8 @@ Neuer Versuch...</translation>
         <translation>Testkonsole</translation>
     </message>
     <message>
-        <source>&amp;Save as ...</source>
-        <translation>&amp;Speichern unter ...</translation>
+        <source>&amp;Save as...</source>
+        <translation>&amp;Speichern unter...</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
@@ -3020,8 +3040,8 @@ Neuer Versuch...</translation>
         <translation>Sie sind als %1 angemeldet.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Anmeldung läuft ...</translation>
+        <source>Signing in...</source>
+        <translation>Anmeldung läuft...</translation>
     </message>
     <message numerus="yes">
         <source>Your account shows %n channel(s) at once.</source>
@@ -3134,6 +3154,22 @@ Neuer Versuch...</translation>
     <message>
         <source>No channels</source>
         <translation>Keine Sender</translation>
+    </message>
+    <message>
+        <source>Previous Channel</source>
+        <translation>Voriger Sender</translation>
+    </message>
+    <message>
+        <source>Next Channel</source>
+        <translation>Nächster Sender</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
     </message>
 </context>
 <context>

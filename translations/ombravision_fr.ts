@@ -54,8 +54,8 @@
         <translation>Compte</translation>
     </message>
     <message>
-        <source>Sign &amp;in ...</source>
-        <translation>Se &amp;connecter ...</translation>
+        <source>Sign &amp;in...</source>
+        <translation>Se &amp;connecter...</translation>
     </message>
     <message>
         <source>Sign in &amp;automatically at the start</source>
@@ -109,16 +109,16 @@
         <translation>Nature des lignes</translation>
     </message>
     <message>
-        <source>Choose &amp;files ...</source>
-        <translation>Choisir des &amp;fichiers ...</translation>
+        <source>Choose &amp;files...</source>
+        <translation>Choisir des &amp;fichiers...</translation>
     </message>
     <message>
         <source>A&amp;dd</source>
         <translation>A&amp;jouter</translation>
     </message>
     <message>
-        <source>Looking for this file ...</source>
-        <translation>Recherche de ce fichier ...</translation>
+        <source>Looking for this file...</source>
+        <translation>Recherche de ce fichier...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
@@ -948,6 +948,22 @@ Veuillez patienter</translation>
         <source>This name is too long.</source>
         <translation>Ce nom est trop long.</translation>
     </message>
+    <message>
+        <source>Sharpen</source>
+        <translation>Netteté</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Noir et blanc</translation>
+    </message>
+    <message>
+        <source>Film Grain</source>
+        <translation>Grain de film</translation>
+    </message>
+    <message>
+        <source>Scan Lines</source>
+        <translation>Lignes de balayage</translation>
+    </message>
 </context>
 <context>
     <name>EffectTrial</name>
@@ -1354,6 +1370,10 @@ Veuillez patienter</translation>
         <source>%1 (click: sound; Ctrl and click: close)</source>
         <translation>%1 (clic&#xa0;: son&#xa0;; Ctrl et clic&#xa0;: fermer)</translation>
     </message>
+    <message>
+        <source>Choose a channel, or drop a file or an address here</source>
+        <translation>Choisissez une chaîne, ou déposez ici un fichier ou une adresse</translation>
+    </message>
 </context>
 <context>
     <name>GLProgressIndicator</name>
@@ -1411,8 +1431,8 @@ Veuillez patienter</translation>
         <translation>Il n&apos;y a pas encore de chaînes</translation>
     </message>
     <message>
-        <source>Loading ... %1 %</source>
-        <translation>Chargement ... %1&#xa0;%</translation>
+        <source>Loading... %1 %</source>
+        <translation>Chargement... %1&#xa0;%</translation>
     </message>
     <message>
         <source>The page could not be loaded</source>
@@ -1478,8 +1498,8 @@ Veuillez patienter</translation>
         <translation>Dossier des captures d&apos;écran</translation>
     </message>
     <message>
-        <source>C&amp;hoose ...</source>
-        <translation>C&amp;hoisir ...</translation>
+        <source>C&amp;hoose...</source>
+        <translation>C&amp;hoisir...</translation>
     </message>
     <message>
         <source>Save them &amp;in:</source>
@@ -1725,8 +1745,8 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>&amp;Rester connecté</translation>
     </message>
     <message>
-        <source>I have no account yet: &amp;create one ...</source>
-        <translation>Pas encore de compte&#xa0;? En créer &amp;un ...</translation>
+        <source>I have no account yet: &amp;create one...</source>
+        <translation>Pas encore de compte&#xa0;? En créer &amp;un...</translation>
     </message>
 </context>
 <context>
@@ -1744,12 +1764,12 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>Votre mot de passe n&apos;a pas pu être enregistré. Il vous sera demandé au prochain démarrage.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Connexion en cours ...</translation>
+        <source>Signing in...</source>
+        <translation>Connexion en cours...</translation>
     </message>
     <message>
-        <source>Creating the account ...</source>
-        <translation>Création du compte ...</translation>
+        <source>Creating the account...</source>
+        <translation>Création du compte...</translation>
     </message>
 </context>
 <context>
@@ -2128,8 +2148,8 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>Arrêter le te&amp;st</translation>
     </message>
     <message>
-        <source>Asking the service ...</source>
-        <translation>Interrogation du service ...</translation>
+        <source>Asking the service...</source>
+        <translation>Interrogation du service...</translation>
     </message>
     <message>
         <source>Cache of channels and logos</source>
@@ -2148,8 +2168,8 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>&amp;Vider le cache</translation>
     </message>
     <message>
-        <source>Removing ...</source>
-        <translation>Suppression ...</translation>
+        <source>Removing...</source>
+        <translation>Suppression...</translation>
     </message>
     <message>
         <source>The cache is empty.</source>
@@ -2510,8 +2530,8 @@ Nouvel essai...</translation>
         <translation>%1 (absent actuellement)</translation>
     </message>
     <message>
-        <source>Playing ...</source>
-        <translation>Lecture ...</translation>
+        <source>Playing...</source>
+        <translation>Lecture...</translation>
     </message>
     <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
@@ -2556,12 +2576,12 @@ Nouvel essai...</translation>
         <translation>&amp;Copier</translation>
     </message>
     <message>
-        <source>Save &amp;as ...</source>
-        <translation>&amp;Enregistrer sous ...</translation>
+        <source>Save &amp;as...</source>
+        <translation>&amp;Enregistrer sous...</translation>
     </message>
     <message>
-        <source>Gathering ...</source>
-        <translation>Collecte ...</translation>
+        <source>Gathering...</source>
+        <translation>Collecte...</translation>
     </message>
     <message>
         <source>Copied.</source>
@@ -2594,8 +2614,8 @@ Nouvel essai...</translation>
         <translation>Console de test</translation>
     </message>
     <message>
-        <source>&amp;Save as ...</source>
-        <translation>&amp;Enregistrer sous ...</translation>
+        <source>&amp;Save as...</source>
+        <translation>&amp;Enregistrer sous...</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
@@ -3020,8 +3040,8 @@ Nouvel essai...</translation>
         <translation>Vous êtes connecté en tant que %1.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Connexion en cours ...</translation>
+        <source>Signing in...</source>
+        <translation>Connexion en cours...</translation>
     </message>
     <message numerus="yes">
         <source>Your account shows %n channel(s) at once.</source>
@@ -3134,6 +3154,22 @@ Nouvel essai...</translation>
     <message>
         <source>No channels</source>
         <translation>Aucune chaîne</translation>
+    </message>
+    <message>
+        <source>Previous Channel</source>
+        <translation>Chaîne précédente</translation>
+    </message>
+    <message>
+        <source>Next Channel</source>
+        <translation>Chaîne suivante</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lecture</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
     </message>
 </context>
 <context>

@@ -54,8 +54,8 @@
         <translation>Account</translation>
     </message>
     <message>
-        <source>Sign &amp;in ...</source>
-        <translation>A&amp;ccedi ...</translation>
+        <source>Sign &amp;in...</source>
+        <translation>A&amp;ccedi...</translation>
     </message>
     <message>
         <source>Sign in &amp;automatically at the start</source>
@@ -109,16 +109,16 @@
         <translation>Contenuto delle righe</translation>
     </message>
     <message>
-        <source>Choose &amp;files ...</source>
-        <translation>&amp;Scegli i file ...</translation>
+        <source>Choose &amp;files...</source>
+        <translation>&amp;Scegli i file...</translation>
     </message>
     <message>
         <source>A&amp;dd</source>
         <translation>A&amp;ggiungi</translation>
     </message>
     <message>
-        <source>Looking for this file ...</source>
-        <translation>Ricerca del file ...</translation>
+        <source>Looking for this file...</source>
+        <translation>Ricerca del file...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
@@ -948,6 +948,22 @@ Attendi</translation>
         <source>This name is too long.</source>
         <translation>Questo nome è troppo lungo.</translation>
     </message>
+    <message>
+        <source>Sharpen</source>
+        <translation>Nitidezza</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Bianco e nero</translation>
+    </message>
+    <message>
+        <source>Film Grain</source>
+        <translation>Grana della pellicola</translation>
+    </message>
+    <message>
+        <source>Scan Lines</source>
+        <translation>Linee di scansione</translation>
+    </message>
 </context>
 <context>
     <name>EffectTrial</name>
@@ -1354,6 +1370,10 @@ Attendi</translation>
         <source>%1 (click: sound; Ctrl and click: close)</source>
         <translation>%1 (clic: audio; Ctrl e clic: chiudi)</translation>
     </message>
+    <message>
+        <source>Choose a channel, or drop a file or an address here</source>
+        <translation>Scegli un canale o trascina qui un file o un indirizzo</translation>
+    </message>
 </context>
 <context>
     <name>GLProgressIndicator</name>
@@ -1411,8 +1431,8 @@ Attendi</translation>
         <translation>Non ci sono ancora canali</translation>
     </message>
     <message>
-        <source>Loading ... %1 %</source>
-        <translation>Caricamento ... %1 %</translation>
+        <source>Loading... %1 %</source>
+        <translation>Caricamento... %1 %</translation>
     </message>
     <message>
         <source>The page could not be loaded</source>
@@ -1478,8 +1498,8 @@ Attendi</translation>
         <translation>Cartella delle schermate</translation>
     </message>
     <message>
-        <source>C&amp;hoose ...</source>
-        <translation>Sce&amp;gli ...</translation>
+        <source>C&amp;hoose...</source>
+        <translation>Sce&amp;gli...</translation>
     </message>
     <message>
         <source>Save them &amp;in:</source>
@@ -1725,8 +1745,8 @@ A presto!
         <translation>&amp;Ricorda l&apos;accesso</translation>
     </message>
     <message>
-        <source>I have no account yet: &amp;create one ...</source>
-        <translation>Non hai un account? Crea&amp;ne uno ...</translation>
+        <source>I have no account yet: &amp;create one...</source>
+        <translation>Non hai un account? Crea&amp;ne uno...</translation>
     </message>
 </context>
 <context>
@@ -1744,12 +1764,12 @@ A presto!
         <translation>Impossibile salvare la password. Ti verrà chiesta al prossimo avvio.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Accesso in corso ...</translation>
+        <source>Signing in...</source>
+        <translation>Accesso in corso...</translation>
     </message>
     <message>
-        <source>Creating the account ...</source>
-        <translation>Creazione dell&apos;account ...</translation>
+        <source>Creating the account...</source>
+        <translation>Creazione dell&apos;account...</translation>
     </message>
 </context>
 <context>
@@ -2128,8 +2148,8 @@ A presto!
         <translation>Termina la pro&amp;va</translation>
     </message>
     <message>
-        <source>Asking the service ...</source>
-        <translation>Richiesta al servizio ...</translation>
+        <source>Asking the service...</source>
+        <translation>Richiesta al servizio...</translation>
     </message>
     <message>
         <source>Cache of channels and logos</source>
@@ -2148,8 +2168,8 @@ A presto!
         <translation>&amp;Svuota la cache</translation>
     </message>
     <message>
-        <source>Removing ...</source>
-        <translation>Rimozione ...</translation>
+        <source>Removing...</source>
+        <translation>Rimozione...</translation>
     </message>
     <message>
         <source>The cache is empty.</source>
@@ -2510,8 +2530,8 @@ Nuovo tentativo...</translation>
         <translation>%1 (ora assente)</translation>
     </message>
     <message>
-        <source>Playing ...</source>
-        <translation>Riproduzione ...</translation>
+        <source>Playing...</source>
+        <translation>Riproduzione...</translation>
     </message>
     <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
@@ -2556,12 +2576,12 @@ Nuovo tentativo...</translation>
         <translation>Co&amp;pia</translation>
     </message>
     <message>
-        <source>Save &amp;as ...</source>
-        <translation>&amp;Salva come ...</translation>
+        <source>Save &amp;as...</source>
+        <translation>&amp;Salva come...</translation>
     </message>
     <message>
-        <source>Gathering ...</source>
-        <translation>Raccolta dei dati ...</translation>
+        <source>Gathering...</source>
+        <translation>Raccolta dei dati...</translation>
     </message>
     <message>
         <source>Copied.</source>
@@ -2594,8 +2614,8 @@ Nuovo tentativo...</translation>
         <translation>Console di prova</translation>
     </message>
     <message>
-        <source>&amp;Save as ...</source>
-        <translation>&amp;Salva come ...</translation>
+        <source>&amp;Save as...</source>
+        <translation>&amp;Salva come...</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
@@ -3020,8 +3040,8 @@ Nuovo tentativo...</translation>
         <translation>Hai effettuato l&apos;accesso come %1.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Accesso in corso ...</translation>
+        <source>Signing in...</source>
+        <translation>Accesso in corso...</translation>
     </message>
     <message numerus="yes">
         <source>Your account shows %n channel(s) at once.</source>
@@ -3134,6 +3154,22 @@ Nuovo tentativo...</translation>
     <message>
         <source>No channels</source>
         <translation>Nessun canale</translation>
+    </message>
+    <message>
+        <source>Previous Channel</source>
+        <translation>Canale precedente</translation>
+    </message>
+    <message>
+        <source>Next Channel</source>
+        <translation>Canale successivo</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Riproduci</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
     </message>
 </context>
 <context>

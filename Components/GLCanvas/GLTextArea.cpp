@@ -54,7 +54,8 @@ QSizeF GLTextArea::sizeForWidth(double width) const
     double widest = 0.0;
     for (QString const& line : lines)
         widest = std::max(widest, metrics.horizontalAdvance(line));
-    return QSizeF(std::min(width, std::ceil(widest + inset)),
+    constexpr double rounding = 1.0; // Of the letters' places: without it the widest line would break.
+    return QSizeF(std::min(width, std::ceil(widest + inset + rounding)),
                   std::ceil(metrics.lineSpacing() * static_cast<double>(lines.size()) + inset));
 }
 

@@ -35,7 +35,7 @@ constexpr char const* firstSource = "// Each pixel of the picture comes through 
                                     "    vec4 colour = texture2D(tex0, gl_TexCoord[0].xy);\n"
                                     "    gl_FragColor = colour;\n"
                                     "}\n";
-constexpr int editorLetters = 60;
+constexpr int editorLetters = 76;
 constexpr int editorLines = 16;
 constexpr int listLetters = 18;
 
@@ -80,7 +80,7 @@ EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsC
     connect(&chain, &EffectsChain::examined, this, &EffectsDialog::onExamined);
     fillList();
     _list->setCurrentRow(0);
-    QSize const comfortable((editorLetters + 2 * listLetters) * fontMetrics().averageCharWidth(),
+    QSize const comfortable((editorLetters + 3 * listLetters) * fontMetrics().averageCharWidth(),
                             2 * editorLines * fontMetrics().lineSpacing());
     resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
 }
@@ -194,7 +194,7 @@ void EffectsDialog::fillList()
 void EffectsDialog::showItem(QListWidgetItem* item, Effect const& effect)
 {
     item->setData(Qt::UserRole, effect.name);
-    item->setText(effect.name);
+    item->setText(EffectNames::shown(effect));
     item->setToolTip(effect.fault);
     item->setIcon(effect.fault.isEmpty() ? effect.isTemplate ? Icons::icon(Icon::Lock) : Icons::icon(Icon::Edit)
                                          : Icons::icon(Icon::Warning));
