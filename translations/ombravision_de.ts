@@ -54,10 +54,6 @@
         <translation>Konto</translation>
     </message>
     <message>
-        <source>Sign &amp;in ...</source>
-        <translation>&amp;Anmelden ...</translation>
-    </message>
-    <message>
         <source>Sign in &amp;automatically at the start</source>
         <translation>Beim Start a&amp;utomatisch anmelden</translation>
     </message>
@@ -93,6 +89,10 @@
         <source>You will be asked for your password once more.</source>
         <translation>Sie werden noch einmal nach Ihrem Passwort gefragt.</translation>
     </message>
+    <message>
+        <source>Sign &amp;in...</source>
+        <translation>&amp;Anmelden...</translation>
+    </message>
 </context>
 <context>
     <name>AddStreamsDialog</name>
@@ -109,16 +109,8 @@
         <translation>Was die Zeilen sind</translation>
     </message>
     <message>
-        <source>Choose &amp;files ...</source>
-        <translation>&amp;Dateien wählen ...</translation>
-    </message>
-    <message>
         <source>A&amp;dd</source>
         <translation>&amp;Hinzufügen</translation>
-    </message>
-    <message>
-        <source>Looking for this file ...</source>
-        <translation>Diese Datei wird gesucht ...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
@@ -138,6 +130,14 @@
             <numerusform>Nur die erste Zeile wird gelesen; die anderen bleiben hier.</numerusform>
             <numerusform>Nur die ersten %n Zeilen werden gelesen; die anderen bleiben hier.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Choose &amp;files...</source>
+        <translation>&amp;Dateien wählen...</translation>
+    </message>
+    <message>
+        <source>Looking for this file...</source>
+        <translation>Diese Datei wird gesucht...</translation>
     </message>
 </context>
 <context>
@@ -962,6 +962,22 @@ Bitte warten</translation>
         <source>This name is too long.</source>
         <translation>Dieser Name ist zu lang.</translation>
     </message>
+    <message>
+        <source>Sharpen</source>
+        <translation>Schärfen</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Schwarzweiß</translation>
+    </message>
+    <message>
+        <source>Film Grain</source>
+        <translation>Filmkorn</translation>
+    </message>
+    <message>
+        <source>Scan Lines</source>
+        <translation>Bildzeilen</translation>
+    </message>
 </context>
 <context>
     <name>EffectTrial</name>
@@ -1379,6 +1395,10 @@ Bitte warten</translation>
         <source>%1 (click: sound; Ctrl and click: close)</source>
         <translation>%1 (Klick: Ton; Strg und Klick: schließen)</translation>
     </message>
+    <message>
+        <source>Choose a channel, or drop a file or an address here</source>
+        <translation>Sender wählen oder eine Datei oder Adresse hierher ziehen</translation>
+    </message>
 </context>
 <context>
     <name>GLProgressIndicator</name>
@@ -1436,12 +1456,12 @@ Bitte warten</translation>
         <translation>Es gibt noch keine Sender</translation>
     </message>
     <message>
-        <source>Loading ... %1 %</source>
-        <translation>Wird geladen ... %1 %</translation>
-    </message>
-    <message>
         <source>The page could not be loaded</source>
         <translation>Die Seite konnte nicht geladen werden</translation>
+    </message>
+    <message>
+        <source>Loading... %1 %</source>
+        <translation>Wird geladen... %1 %</translation>
     </message>
 </context>
 <context>
@@ -1499,10 +1519,6 @@ Bitte warten</translation>
         <translation>Ordner für Bildschirmfotos</translation>
     </message>
     <message>
-        <source>C&amp;hoose ...</source>
-        <translation>&amp;Wählen ...</translation>
-    </message>
-    <message>
         <source>Save them &amp;in:</source>
         <translation>S&amp;peichern in:</translation>
     </message>
@@ -1517,6 +1533,10 @@ Bitte warten</translation>
     <message>
         <source>The language changes at the next start of Ombravision.</source>
         <translation>Die Sprache wechselt beim nächsten Start von Ombravision.</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>&amp;Wählen...</translation>
     </message>
 </context>
 <context>
@@ -1774,8 +1794,8 @@ Bis bald!
         <translation>Angemeldet &amp;bleiben</translation>
     </message>
     <message>
-        <source>I have no account yet: &amp;create one ...</source>
-        <translation>Ich habe noch kein Konto: eines an&amp;legen ...</translation>
+        <source>I have no account yet: &amp;create one...</source>
+        <translation>Ich habe noch kein Konto: eines an&amp;legen...</translation>
     </message>
 </context>
 <context>
@@ -1793,12 +1813,12 @@ Bis bald!
         <translation>Ihr Passwort konnte nicht gespeichert werden. Beim nächsten Start werden Sie danach gefragt.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Anmeldung läuft ...</translation>
+        <source>Signing in...</source>
+        <translation>Anmeldung läuft...</translation>
     </message>
     <message>
-        <source>Creating the account ...</source>
-        <translation>Konto wird angelegt ...</translation>
+        <source>Creating the account...</source>
+        <translation>Konto wird angelegt...</translation>
     </message>
 </context>
 <context>
@@ -2177,10 +2197,6 @@ Bis bald!
         <translation>&amp;Test beenden</translation>
     </message>
     <message>
-        <source>Asking the service ...</source>
-        <translation>Der Dienst wird gefragt ...</translation>
-    </message>
-    <message>
         <source>Cache of channels and logos</source>
         <translation>Cache für Sender und Logos</translation>
     </message>
@@ -2197,16 +2213,20 @@ Bis bald!
         <translation>Cache &amp;leeren</translation>
     </message>
     <message>
-        <source>Removing ...</source>
-        <translation>Wird entfernt ...</translation>
-    </message>
-    <message>
         <source>The cache is empty.</source>
         <translation>Der Cache ist leer.</translation>
     </message>
     <message>
         <source>Some files could not be removed; %1 are left.</source>
         <translation>Einige Dateien konnten nicht entfernt werden; %1 verbleiben.</translation>
+    </message>
+    <message>
+        <source>Asking the service...</source>
+        <translation>Der Dienst wird gefragt...</translation>
+    </message>
+    <message>
+        <source>Removing...</source>
+        <translation>Wird entfernt...</translation>
     </message>
 </context>
 <context>
@@ -2570,10 +2590,6 @@ Neuer Versuch...</translation>
         <translation>%1 (derzeit nicht da)</translation>
     </message>
     <message>
-        <source>Playing ...</source>
-        <translation>Wird abgespielt ...</translation>
-    </message>
-    <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
         <translation>Der Ton wurde abgespielt. Wenn Sie nichts gehört haben, prüfen Sie die Lautstärke am Gerät selbst.</translation>
     </message>
@@ -2588,6 +2604,10 @@ Neuer Versuch...</translation>
     <message>
         <source>The device was opened but played nothing.</source>
         <translation>Das Gerät wurde geöffnet, hat aber nichts abgespielt.</translation>
+    </message>
+    <message>
+        <source>Playing...</source>
+        <translation>Wird abgespielt...</translation>
     </message>
 </context>
 <context>
@@ -2616,14 +2636,6 @@ Neuer Versuch...</translation>
         <translation>&amp;Kopieren</translation>
     </message>
     <message>
-        <source>Save &amp;as ...</source>
-        <translation>&amp;Speichern unter ...</translation>
-    </message>
-    <message>
-        <source>Gathering ...</source>
-        <translation>Wird zusammengestellt ...</translation>
-    </message>
-    <message>
         <source>Copied.</source>
         <translation>Kopiert.</translation>
     </message>
@@ -2639,6 +2651,14 @@ Neuer Versuch...</translation>
         <source>%1 could not be written: %2</source>
         <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
+    <message>
+        <source>Save &amp;as...</source>
+        <translation>&amp;Speichern unter...</translation>
+    </message>
+    <message>
+        <source>Gathering...</source>
+        <translation>Wird zusammengestellt...</translation>
+    </message>
 </context>
 <context>
     <name>TabWidget</name>
@@ -2652,10 +2672,6 @@ Neuer Versuch...</translation>
     <message>
         <source>Test Console</source>
         <translation>Testkonsole</translation>
-    </message>
-    <message>
-        <source>&amp;Save as ...</source>
-        <translation>&amp;Speichern unter ...</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
@@ -2710,6 +2726,10 @@ Neuer Versuch...</translation>
     <message>
         <source>%1 could not be written: %2</source>
         <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Save as...</source>
+        <translation>&amp;Speichern unter...</translation>
     </message>
 </context>
 <context>
@@ -3079,10 +3099,6 @@ Neuer Versuch...</translation>
         <source>You are signed in as %1.</source>
         <translation>Sie sind als %1 angemeldet.</translation>
     </message>
-    <message>
-        <source>Signing in ...</source>
-        <translation>Anmeldung läuft ...</translation>
-    </message>
     <message numerus="yes">
         <source>Your account shows %n channel(s) at once.</source>
         <translation>
@@ -3109,6 +3125,10 @@ Neuer Versuch...</translation>
     <message>
         <source>The page could not be opened: %1</source>
         <translation>Die Seite konnte nicht geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>Signing in...</source>
+        <translation>Anmeldung läuft...</translation>
     </message>
 </context>
 <context>
@@ -3198,6 +3218,22 @@ Neuer Versuch...</translation>
     <message>
         <source>To the menus</source>
         <translation>Zu den Menüs</translation>
+    </message>
+    <message>
+        <source>Previous Channel</source>
+        <translation>Voriger Sender</translation>
+    </message>
+    <message>
+        <source>Next Channel</source>
+        <translation>Nächster Sender</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
     </message>
 </context>
 <context>

@@ -54,10 +54,6 @@
         <translation>Compte</translation>
     </message>
     <message>
-        <source>Sign &amp;in ...</source>
-        <translation>Se &amp;connecter ...</translation>
-    </message>
-    <message>
         <source>Sign in &amp;automatically at the start</source>
         <translation>Se connecter &amp;automatiquement au démarrage</translation>
     </message>
@@ -93,6 +89,10 @@
         <source>You will be asked for your password once more.</source>
         <translation>Votre mot de passe vous sera demandé encore une fois.</translation>
     </message>
+    <message>
+        <source>Sign &amp;in...</source>
+        <translation>Se &amp;connecter...</translation>
+    </message>
 </context>
 <context>
     <name>AddStreamsDialog</name>
@@ -109,16 +109,8 @@
         <translation>Nature des lignes</translation>
     </message>
     <message>
-        <source>Choose &amp;files ...</source>
-        <translation>Choisir des &amp;fichiers ...</translation>
-    </message>
-    <message>
         <source>A&amp;dd</source>
         <translation>A&amp;jouter</translation>
-    </message>
-    <message>
-        <source>Looking for this file ...</source>
-        <translation>Recherche de ce fichier ...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
@@ -138,6 +130,14 @@
             <numerusform>Seule la première ligne est lue&#xa0;; les autres restent ici.</numerusform>
             <numerusform>Seules les %n premières lignes sont lues&#xa0;; les autres restent ici.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Choose &amp;files...</source>
+        <translation>Choisir des &amp;fichiers...</translation>
+    </message>
+    <message>
+        <source>Looking for this file...</source>
+        <translation>Recherche de ce fichier...</translation>
     </message>
 </context>
 <context>
@@ -266,7 +266,7 @@ Voici à quoi ressemble une alerte.</translation>
     <name>AudioOutputChoice</name>
     <message>
         <source>The sound device could not be opened: there is no sound for now.</source>
-        <translation>Le périphérique audio n&apos;a pas pu être ouvert : pas de son pour l&apos;instant.</translation>
+        <translation>Le périphérique audio n&apos;a pas pu être ouvert&#xa0;: pas de son pour l&apos;instant.</translation>
     </message>
     <message>
         <source>%1 could not be opened. Sound goes where the system sends it.</source>
@@ -962,6 +962,22 @@ Veuillez patienter</translation>
         <source>This name is too long.</source>
         <translation>Ce nom est trop long.</translation>
     </message>
+    <message>
+        <source>Sharpen</source>
+        <translation>Netteté</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Noir et blanc</translation>
+    </message>
+    <message>
+        <source>Film Grain</source>
+        <translation>Grain de film</translation>
+    </message>
+    <message>
+        <source>Scan Lines</source>
+        <translation>Lignes de balayage</translation>
+    </message>
 </context>
 <context>
     <name>EffectTrial</name>
@@ -1379,6 +1395,10 @@ Veuillez patienter</translation>
         <source>%1 (click: sound; Ctrl and click: close)</source>
         <translation>%1 (clic&#xa0;: son&#xa0;; Ctrl et clic&#xa0;: fermer)</translation>
     </message>
+    <message>
+        <source>Choose a channel, or drop a file or an address here</source>
+        <translation>Choisissez une chaîne, ou déposez ici un fichier ou une adresse</translation>
+    </message>
 </context>
 <context>
     <name>GLProgressIndicator</name>
@@ -1436,12 +1456,12 @@ Veuillez patienter</translation>
         <translation>Il n&apos;y a pas encore de chaînes</translation>
     </message>
     <message>
-        <source>Loading ... %1 %</source>
-        <translation>Chargement ... %1&#xa0;%</translation>
-    </message>
-    <message>
         <source>The page could not be loaded</source>
         <translation>La page n&apos;a pas pu être chargée</translation>
+    </message>
+    <message>
+        <source>Loading... %1 %</source>
+        <translation>Chargement... %1&#xa0;%</translation>
     </message>
 </context>
 <context>
@@ -1499,10 +1519,6 @@ Veuillez patienter</translation>
         <translation>Dossier des captures d&apos;écran</translation>
     </message>
     <message>
-        <source>C&amp;hoose ...</source>
-        <translation>C&amp;hoisir ...</translation>
-    </message>
-    <message>
         <source>Save them &amp;in:</source>
         <translation>En&amp;registrer dans&#xa0;:</translation>
     </message>
@@ -1512,11 +1528,15 @@ Veuillez patienter</translation>
     </message>
     <message>
         <source>&amp;Language:</source>
-        <translation>Lan&amp;gue :</translation>
+        <translation>Lan&amp;gue&#xa0;:</translation>
     </message>
     <message>
         <source>The language changes at the next start of Ombravision.</source>
         <translation>La langue change au prochain démarrage d&apos;Ombravision.</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>C&amp;hoisir...</translation>
     </message>
 </context>
 <context>
@@ -1774,8 +1794,8 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>&amp;Rester connecté</translation>
     </message>
     <message>
-        <source>I have no account yet: &amp;create one ...</source>
-        <translation>Pas encore de compte&#xa0;? En créer &amp;un ...</translation>
+        <source>I have no account yet: &amp;create one...</source>
+        <translation>Pas encore de compte&#xa0;? En créer &amp;un...</translation>
     </message>
 </context>
 <context>
@@ -1793,12 +1813,12 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>Votre mot de passe n&apos;a pas pu être enregistré. Il vous sera demandé au prochain démarrage.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Connexion en cours ...</translation>
+        <source>Signing in...</source>
+        <translation>Connexion en cours...</translation>
     </message>
     <message>
-        <source>Creating the account ...</source>
-        <translation>Création du compte ...</translation>
+        <source>Creating the account...</source>
+        <translation>Création du compte...</translation>
     </message>
 </context>
 <context>
@@ -2177,10 +2197,6 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>Arrêter le te&amp;st</translation>
     </message>
     <message>
-        <source>Asking the service ...</source>
-        <translation>Interrogation du service ...</translation>
-    </message>
-    <message>
         <source>Cache of channels and logos</source>
         <translation>Cache des chaînes et des logos</translation>
     </message>
@@ -2197,16 +2213,20 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
         <translation>&amp;Vider le cache</translation>
     </message>
     <message>
-        <source>Removing ...</source>
-        <translation>Suppression ...</translation>
-    </message>
-    <message>
         <source>The cache is empty.</source>
         <translation>Le cache est vide.</translation>
     </message>
     <message>
         <source>Some files could not be removed; %1 are left.</source>
         <translation>Certains fichiers n&apos;ont pas pu être supprimés&#xa0;; il reste %1.</translation>
+    </message>
+    <message>
+        <source>Asking the service...</source>
+        <translation>Interrogation du service...</translation>
+    </message>
+    <message>
+        <source>Removing...</source>
+        <translation>Suppression...</translation>
     </message>
 </context>
 <context>
@@ -2388,11 +2408,11 @@ Nouvel essai...</translation>
     <name>RunAtStartup</name>
     <message>
         <source>Ombravision could not be made to start with the desktop: %1 could not be written (%2).</source>
-        <translation>Ombravision ne démarrera pas avec le bureau : impossible d&apos;écrire %1 (%2).</translation>
+        <translation>Ombravision ne démarrera pas avec le bureau&#xa0;: impossible d&apos;écrire %1 (%2).</translation>
     </message>
     <message>
         <source>Ombravision will still start with the desktop: %1 could not be removed (%2).</source>
-        <translation>Ombravision démarrera encore avec le bureau : impossible de supprimer %1 (%2).</translation>
+        <translation>Ombravision démarrera encore avec le bureau&#xa0;: impossible de supprimer %1 (%2).</translation>
     </message>
 </context>
 <context>
@@ -2570,10 +2590,6 @@ Nouvel essai...</translation>
         <translation>%1 (absent actuellement)</translation>
     </message>
     <message>
-        <source>Playing ...</source>
-        <translation>Lecture ...</translation>
-    </message>
-    <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
         <translation>Le son a été joué. Si vous n&apos;avez rien entendu, vérifiez le volume du périphérique lui-même.</translation>
     </message>
@@ -2588,6 +2604,10 @@ Nouvel essai...</translation>
     <message>
         <source>The device was opened but played nothing.</source>
         <translation>Le périphérique a été ouvert mais n&apos;a rien joué.</translation>
+    </message>
+    <message>
+        <source>Playing...</source>
+        <translation>Lecture...</translation>
     </message>
 </context>
 <context>
@@ -2616,14 +2636,6 @@ Nouvel essai...</translation>
         <translation>&amp;Copier</translation>
     </message>
     <message>
-        <source>Save &amp;as ...</source>
-        <translation>&amp;Enregistrer sous ...</translation>
-    </message>
-    <message>
-        <source>Gathering ...</source>
-        <translation>Collecte ...</translation>
-    </message>
-    <message>
         <source>Copied.</source>
         <translation>Copié.</translation>
     </message>
@@ -2639,6 +2651,14 @@ Nouvel essai...</translation>
         <source>%1 could not be written: %2</source>
         <translation>Impossible d&apos;écrire %1&#xa0;: %2</translation>
     </message>
+    <message>
+        <source>Save &amp;as...</source>
+        <translation>&amp;Enregistrer sous...</translation>
+    </message>
+    <message>
+        <source>Gathering...</source>
+        <translation>Collecte...</translation>
+    </message>
 </context>
 <context>
     <name>TabWidget</name>
@@ -2652,10 +2672,6 @@ Nouvel essai...</translation>
     <message>
         <source>Test Console</source>
         <translation>Console de test</translation>
-    </message>
-    <message>
-        <source>&amp;Save as ...</source>
-        <translation>&amp;Enregistrer sous ...</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
@@ -2710,6 +2726,10 @@ Nouvel essai...</translation>
     <message>
         <source>%1 could not be written: %2</source>
         <translation>Impossible d&apos;écrire %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Save as...</source>
+        <translation>&amp;Enregistrer sous...</translation>
     </message>
 </context>
 <context>
@@ -3079,10 +3099,6 @@ Nouvel essai...</translation>
         <source>You are signed in as %1.</source>
         <translation>Vous êtes connecté en tant que %1.</translation>
     </message>
-    <message>
-        <source>Signing in ...</source>
-        <translation>Connexion en cours ...</translation>
-    </message>
     <message numerus="yes">
         <source>Your account shows %n channel(s) at once.</source>
         <translation>
@@ -3109,6 +3125,10 @@ Nouvel essai...</translation>
     <message>
         <source>The page could not be opened: %1</source>
         <translation>Impossible d&apos;ouvrir la page&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Signing in...</source>
+        <translation>Connexion en cours...</translation>
     </message>
 </context>
 <context>
@@ -3198,6 +3218,22 @@ Nouvel essai...</translation>
     <message>
         <source>To the menus</source>
         <translation>Vers les menus</translation>
+    </message>
+    <message>
+        <source>Previous Channel</source>
+        <translation>Chaîne précédente</translation>
+    </message>
+    <message>
+        <source>Next Channel</source>
+        <translation>Chaîne suivante</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lecture</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
     </message>
 </context>
 <context>

@@ -54,10 +54,6 @@
         <translation>Account</translation>
     </message>
     <message>
-        <source>Sign &amp;in ...</source>
-        <translation>A&amp;ccedi ...</translation>
-    </message>
-    <message>
         <source>Sign in &amp;automatically at the start</source>
         <translation>Accedi automaticamente all&apos;a&amp;vvio</translation>
     </message>
@@ -93,6 +89,10 @@
         <source>You will be asked for your password once more.</source>
         <translation>La password ti verrà chiesta ancora una volta.</translation>
     </message>
+    <message>
+        <source>Sign &amp;in...</source>
+        <translation>A&amp;ccedi...</translation>
+    </message>
 </context>
 <context>
     <name>AddStreamsDialog</name>
@@ -109,16 +109,8 @@
         <translation>Contenuto delle righe</translation>
     </message>
     <message>
-        <source>Choose &amp;files ...</source>
-        <translation>&amp;Scegli i file ...</translation>
-    </message>
-    <message>
         <source>A&amp;dd</source>
         <translation>A&amp;ggiungi</translation>
-    </message>
-    <message>
-        <source>Looking for this file ...</source>
-        <translation>Ricerca del file ...</translation>
     </message>
     <message>
         <source>There is no such file.</source>
@@ -138,6 +130,14 @@
             <numerusform>Viene letta solo la prima riga; le altre restano qui.</numerusform>
             <numerusform>Vengono lette solo le prime %n righe; le altre restano qui.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Choose &amp;files...</source>
+        <translation>&amp;Scegli i file...</translation>
+    </message>
+    <message>
+        <source>Looking for this file...</source>
+        <translation>Ricerca del file...</translation>
     </message>
 </context>
 <context>
@@ -962,6 +962,22 @@ Attendi</translation>
         <source>This name is too long.</source>
         <translation>Questo nome è troppo lungo.</translation>
     </message>
+    <message>
+        <source>Sharpen</source>
+        <translation>Nitidezza</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Bianco e nero</translation>
+    </message>
+    <message>
+        <source>Film Grain</source>
+        <translation>Grana della pellicola</translation>
+    </message>
+    <message>
+        <source>Scan Lines</source>
+        <translation>Linee di scansione</translation>
+    </message>
 </context>
 <context>
     <name>EffectTrial</name>
@@ -1379,6 +1395,10 @@ Attendi</translation>
         <source>%1 (click: sound; Ctrl and click: close)</source>
         <translation>%1 (clic: audio; Ctrl e clic: chiudi)</translation>
     </message>
+    <message>
+        <source>Choose a channel, or drop a file or an address here</source>
+        <translation>Scegli un canale o trascina qui un file o un indirizzo</translation>
+    </message>
 </context>
 <context>
     <name>GLProgressIndicator</name>
@@ -1436,12 +1456,12 @@ Attendi</translation>
         <translation>Non ci sono ancora canali</translation>
     </message>
     <message>
-        <source>Loading ... %1 %</source>
-        <translation>Caricamento ... %1 %</translation>
-    </message>
-    <message>
         <source>The page could not be loaded</source>
         <translation>Impossibile caricare la pagina</translation>
+    </message>
+    <message>
+        <source>Loading... %1 %</source>
+        <translation>Caricamento... %1 %</translation>
     </message>
 </context>
 <context>
@@ -1499,10 +1519,6 @@ Attendi</translation>
         <translation>Cartella delle schermate</translation>
     </message>
     <message>
-        <source>C&amp;hoose ...</source>
-        <translation>Sce&amp;gli ...</translation>
-    </message>
-    <message>
         <source>Save them &amp;in:</source>
         <translation>Salva &amp;in:</translation>
     </message>
@@ -1517,6 +1533,10 @@ Attendi</translation>
     <message>
         <source>The language changes at the next start of Ombravision.</source>
         <translation>La lingua cambia al prossimo avvio di Ombravision.</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>Sce&amp;gli...</translation>
     </message>
 </context>
 <context>
@@ -1774,8 +1794,8 @@ A presto!
         <translation>&amp;Ricorda l&apos;accesso</translation>
     </message>
     <message>
-        <source>I have no account yet: &amp;create one ...</source>
-        <translation>Non hai un account? Crea&amp;ne uno ...</translation>
+        <source>I have no account yet: &amp;create one...</source>
+        <translation>Non hai un account? Crea&amp;ne uno...</translation>
     </message>
 </context>
 <context>
@@ -1793,12 +1813,12 @@ A presto!
         <translation>Impossibile salvare la password. Ti verrà chiesta al prossimo avvio.</translation>
     </message>
     <message>
-        <source>Signing in ...</source>
-        <translation>Accesso in corso ...</translation>
+        <source>Signing in...</source>
+        <translation>Accesso in corso...</translation>
     </message>
     <message>
-        <source>Creating the account ...</source>
-        <translation>Creazione dell&apos;account ...</translation>
+        <source>Creating the account...</source>
+        <translation>Creazione dell&apos;account...</translation>
     </message>
 </context>
 <context>
@@ -2177,10 +2197,6 @@ A presto!
         <translation>Termina la pro&amp;va</translation>
     </message>
     <message>
-        <source>Asking the service ...</source>
-        <translation>Richiesta al servizio ...</translation>
-    </message>
-    <message>
         <source>Cache of channels and logos</source>
         <translation>Cache di canali e loghi</translation>
     </message>
@@ -2197,16 +2213,20 @@ A presto!
         <translation>&amp;Svuota la cache</translation>
     </message>
     <message>
-        <source>Removing ...</source>
-        <translation>Rimozione ...</translation>
-    </message>
-    <message>
         <source>The cache is empty.</source>
         <translation>La cache è vuota.</translation>
     </message>
     <message>
         <source>Some files could not be removed; %1 are left.</source>
         <translation>Impossibile rimuovere alcuni file; restano %1.</translation>
+    </message>
+    <message>
+        <source>Asking the service...</source>
+        <translation>Richiesta al servizio...</translation>
+    </message>
+    <message>
+        <source>Removing...</source>
+        <translation>Rimozione...</translation>
     </message>
 </context>
 <context>
@@ -2570,10 +2590,6 @@ Nuovo tentativo...</translation>
         <translation>%1 (ora assente)</translation>
     </message>
     <message>
-        <source>Playing ...</source>
-        <translation>Riproduzione ...</translation>
-    </message>
-    <message>
         <source>The tone was played. If you heard nothing, look at the volume of the device itself.</source>
         <translation>Il tono è stato riprodotto. Se non hai sentito nulla, controlla il volume del dispositivo stesso.</translation>
     </message>
@@ -2588,6 +2604,10 @@ Nuovo tentativo...</translation>
     <message>
         <source>The device was opened but played nothing.</source>
         <translation>Il dispositivo è stato aperto ma non ha riprodotto nulla.</translation>
+    </message>
+    <message>
+        <source>Playing...</source>
+        <translation>Riproduzione...</translation>
     </message>
 </context>
 <context>
@@ -2616,14 +2636,6 @@ Nuovo tentativo...</translation>
         <translation>Co&amp;pia</translation>
     </message>
     <message>
-        <source>Save &amp;as ...</source>
-        <translation>&amp;Salva come ...</translation>
-    </message>
-    <message>
-        <source>Gathering ...</source>
-        <translation>Raccolta dei dati ...</translation>
-    </message>
-    <message>
         <source>Copied.</source>
         <translation>Copiato.</translation>
     </message>
@@ -2639,6 +2651,14 @@ Nuovo tentativo...</translation>
         <source>%1 could not be written: %2</source>
         <translation>Impossibile scrivere %1: %2</translation>
     </message>
+    <message>
+        <source>Save &amp;as...</source>
+        <translation>&amp;Salva come...</translation>
+    </message>
+    <message>
+        <source>Gathering...</source>
+        <translation>Raccolta dei dati...</translation>
+    </message>
 </context>
 <context>
     <name>TabWidget</name>
@@ -2652,10 +2672,6 @@ Nuovo tentativo...</translation>
     <message>
         <source>Test Console</source>
         <translation>Console di prova</translation>
-    </message>
-    <message>
-        <source>&amp;Save as ...</source>
-        <translation>&amp;Salva come ...</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
@@ -2710,6 +2726,10 @@ Nuovo tentativo...</translation>
     <message>
         <source>%1 could not be written: %2</source>
         <translation>Impossibile scrivere %1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Save as...</source>
+        <translation>&amp;Salva come...</translation>
     </message>
 </context>
 <context>
@@ -3079,10 +3099,6 @@ Nuovo tentativo...</translation>
         <source>You are signed in as %1.</source>
         <translation>Hai effettuato l&apos;accesso come %1.</translation>
     </message>
-    <message>
-        <source>Signing in ...</source>
-        <translation>Accesso in corso ...</translation>
-    </message>
     <message numerus="yes">
         <source>Your account shows %n channel(s) at once.</source>
         <translation>
@@ -3109,6 +3125,10 @@ Nuovo tentativo...</translation>
     <message>
         <source>The page could not be opened: %1</source>
         <translation>Impossibile aprire la pagina: %1</translation>
+    </message>
+    <message>
+        <source>Signing in...</source>
+        <translation>Accesso in corso...</translation>
     </message>
 </context>
 <context>
@@ -3198,6 +3218,22 @@ Nuovo tentativo...</translation>
     <message>
         <source>To the menus</source>
         <translation>Ai menu</translation>
+    </message>
+    <message>
+        <source>Previous Channel</source>
+        <translation>Canale precedente</translation>
+    </message>
+    <message>
+        <source>Next Channel</source>
+        <translation>Canale successivo</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Riproduci</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
     </message>
 </context>
 <context>

@@ -68,5 +68,10 @@ void GLLabelControl::draw(QPainter& painter, QSizeF const& size)
     painter.setFont(font());
     painter.setPen(_colour.isValid() ? _colour : style().text);
     QString const shown = QFontMetricsF(font()).elidedText(_text, Qt::ElideRight, area.width());
-    painter.drawText(area, static_cast<int>(_alignment | Qt::AlignVCenter) | Qt::TextSingleLine, shown);
+    // Words have their own direction, whatever the side is on which they stand.
+    Qt::Alignment side = _alignment;
+    if (isMirrored() && !(side & Qt::AlignHCenter))
+        side = side & Qt::AlignRight ? Qt::AlignLeft : Qt::AlignRight;
+    painter.setLayoutDirection(shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(area, static_cast<int>(side | Qt::AlignAbsolute | Qt::AlignVCenter) | Qt::TextSingleLine, shown);
 }

@@ -12,7 +12,7 @@ LoginDialog::LoginDialog(AppData& appData, QWidget* parent)
     setObjectName("loginDialog");
     _keepSignedIn->setObjectName("keepSignedIn");
     addCheckBox(_keepSignedIn);
-    auto* const signup = new QPushButton(tr("I have no account yet: &create one ..."), this);
+    auto* const signup = new QPushButton(tr("I have no account yet: &create one..."), this);
     signup->setObjectName("signup");
     signup->setProperty("locks", true);
     signup->setAutoDefault(false);

@@ -43,7 +43,7 @@ bool LoginManager::loginWithGui(QWidget* parent, QString const& failure)
 void LoginManager::submitLogin()
 {
     cancelLogin(); // An automatic one may be under way.
-    _loginDialog->showProgress(tr("Signing in ..."));
+    _loginDialog->showProgress(tr("Signing in..."));
     login(_loginDialog->email(), _loginDialog->password(), false);
     _attempt.keepSignedIn = _loginDialog->keepSignedIn();
 }
@@ -70,7 +70,7 @@ bool LoginManager::signupWithGui(QWidget* parent)
 void LoginManager::submitSignup()
 {
     cancelSignup();
-    _signupDialog->showProgress(tr("Creating the account ..."));
+    _signupDialog->showProgress(tr("Creating the account..."));
     signup(_signupDialog->email(), _signupDialog->password(), _signupDialog->isEmailAllowed());
 }
 

@@ -46,7 +46,7 @@ AddStreamsDialog::AddStreamsDialog(AppData& appData, QWidget* parent)
     _results->setWordWrap(true);
     _results->setMinimumHeight(textLines / 2 * (fontMetrics().lineSpacing() + Look::halfGrid));
     contents()->addWidget(_results, 1);
-    QPushButton* const files = addButton(tr("Choose &files ..."), QDialogButtonBox::ActionRole);
+    QPushButton* const files = addButton(tr("Choose &files..."), QDialogButtonBox::ActionRole);
     files->setAutoDefault(false);
     connect(files, &QPushButton::clicked, this, &AddStreamsDialog::chooseFiles);
     addButton(QDialogButtonBox::Cancel);
@@ -112,7 +112,7 @@ void AddStreamsDialog::showResults()
     for (QString const& line : lines()) {
         AddressCheck const check = AddressCheck::of(line);
         bool const isFile = check.kind == AddressCheck::Kind::File;
-        QString const words = isFile && !_isThere.contains(line) ? tr("Looking for this file ...")
+        QString const words = isFile && !_isThere.contains(line) ? tr("Looking for this file...")
                               : isFile && !_isThere.value(line)  ? tr("There is no such file.")
                                                                  : check.words;
         constexpr int longestShown = 80;
@@ -126,6 +126,7 @@ void AddStreamsDialog::showResults()
             tr("Only the first %n line(s) are read; the others stay here.", nullptr, mostLines), _results);
         item->setIcon(Icons::icon(Icon::Info));
     }
+    _results->setVisible(_results->count() > 0); // An empty box says nothing.
     _add->setEnabled(isAnyUsable);
 }
 

@@ -1,7 +1,6 @@
 #include "InviteDialog.h"
 
 #include "AppData.h"
-#include "Icons.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
@@ -40,7 +39,6 @@ InviteDialog::InviteDialog(AppData& appData, QWidget* parent)
     _message->hide();
     contents()->addWidget(_message);
     QPushButton* const copyButton = addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
-    copyButton->setIcon(Icons::icon(Icon::Copy));
     copyButton->setAutoDefault(false);
     connect(copyButton, &QPushButton::clicked, this, &InviteDialog::copy);
     addButton(QDialogButtonBox::Close)->setAutoDefault(false);

@@ -2,7 +2,6 @@
 
 #include "Background.h"
 #include "GLWidget.h"
-#include "Icons.h"
 #include "SupportReport.h"
 
 #include <QClipboard>
@@ -52,9 +51,8 @@ SupportDialog::SupportDialog(AppData& appData, GLWidget& surface, QWidget* paren
     _words->setAccessibleName(tr("Result"));
     contents()->addWidget(_words);
     QPushButton* const copyButton = addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
-    copyButton->setIcon(Icons::icon(Icon::Copy));
     connect(copyButton, &QPushButton::clicked, this, &SupportDialog::copy);
-    QPushButton* const saveButton = addButton(tr("Save &as ..."), QDialogButtonBox::ActionRole);
+    QPushButton* const saveButton = addButton(tr("Save &as..."), QDialogButtonBox::ActionRole);
     connect(saveButton, &QPushButton::clicked, this, &SupportDialog::chooseFile);
     addButton(QDialogButtonBox::Close)->setDefault(true);
 }
@@ -78,7 +76,7 @@ void SupportDialog::gather()
     _surface.makeCurrent();
     QString const known = SupportReport::ofProgram(appData(), *parentWidget());
     _report->setPlainText(known);
-    _words->setText(tr("Gathering ..."));
+    _words->setText(tr("Gathering..."));
     Background::run(
         this, [] { return SupportReport::ofSystem(); },
         [this, known](QString const& rest) {

@@ -31,7 +31,7 @@ TestConsole::TestConsole(AppData& appData, QWidget* parent)
     setSizeGripEnabled(true);
     createControls();
     createTable();
-    QPushButton* const saveButton = addButton(tr("&Save as ..."), QDialogButtonBox::ActionRole);
+    QPushButton* const saveButton = addButton(tr("&Save as..."), QDialogButtonBox::ActionRole);
     connect(saveButton, &QPushButton::clicked, this, &TestConsole::chooseFile);
     QPushButton* const clear = addButton(tr("C&lear"), QDialogButtonBox::ActionRole);
     connect(clear, &QPushButton::clicked, this, [this] {

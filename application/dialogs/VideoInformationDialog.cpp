@@ -5,7 +5,6 @@
 #include "ChannelManager.h"
 #include "ChannelTitle.h"
 #include "ElidedLabel.h"
-#include "Icons.h"
 #include "Look.h"
 #include "SupportReport.h"
 
@@ -52,7 +51,6 @@ VideoInformationDialog::VideoInformationDialog(AppData& appData, QWidget* parent
     _time = addLine(tr("Time:"));
     contents()->addLayout(_form);
     QPushButton* const copyButton = addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
-    copyButton->setIcon(Icons::icon(Icon::Copy));
     copyButton->setAutoDefault(false);
     connect(copyButton, &QPushButton::clicked, this, &VideoInformationDialog::copy);
     addButton(QDialogButtonBox::Close)->setDefault(true);
@@ -148,7 +146,7 @@ void VideoInformationDialog::fillStreams(QList<StreamInformation> const& streams
     if (index < 0 && active)
         index = _stream->findText(ChannelTitle::shown(active->desc.title()));
     _stream->setCurrentIndex(qMax(index, streams.isEmpty() ? -1 : 0));
-    _stream->setEnabled(_stream->count() > 1);
+    _stream->setEnabled(_stream->count() > 0);
 }
 
 QString VideoInformationDialog::pictureText(StreamInformation const& stream) const

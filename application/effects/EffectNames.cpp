@@ -1,5 +1,7 @@
 #include "EffectNames.h"
 
+#include "Effect.h"
+
 #include <QCoreApplication>
 #include <QUrl>
 
@@ -32,6 +34,18 @@ QString EffectNames::problem(QString const& name)
     if (name.toUtf8().size() > maximumBytes)
         return QCoreApplication::translate("EffectNames", "This name is too long.");
     return {};
+}
+
+QString EffectNames::shown(Effect const& effect)
+{
+    [[maybe_unused]] constexpr char const* known[] = {
+        QT_TRANSLATE_NOOP("EffectNames", "Sharpen"),
+        QT_TRANSLATE_NOOP("EffectNames", "Black and White"),
+        QT_TRANSLATE_NOOP("EffectNames", "Film Grain"),
+        QT_TRANSLATE_NOOP("EffectNames", "Scan Lines"),
+    };
+    return effect.isTemplate ? QCoreApplication::translate("EffectNames", effect.name.toUtf8().constData())
+                             : effect.name;
 }
 
 QString EffectNames::fileName(QString const& name)

@@ -4,6 +4,8 @@
 
 #include <optional>
 
+struct Effect;
+
 /// What effects may be called, and the names of their files. Any thread.
 ///
 /// A name may have any letters; its file's has ASCII letters, digits, "-", "_" and percent-encoded bytes only, so
@@ -20,6 +22,9 @@ QString tidied(QString const& name);
 QString problem(QString const& name);
 
 QString fileName(QString const& name);
+
+/// As a viewer reads it: those that come with the program in the viewer's language.
+QString shown(Effect const& effect);
 
 /// The name that has this file; nothing for a file that none has.
 std::optional<QString> fromFileName(QString const& fileName);

@@ -33,7 +33,7 @@ constexpr char const* firstSource = "// Each pixel of the picture comes through 
                                     "    vec4 colour = texture2D(tex0, gl_TexCoord[0].xy);\n"
                                     "    gl_FragColor = colour;\n"
                                     "}\n";
-constexpr int editorLetters = 60;
+constexpr int editorLetters = 76;
 constexpr int editorLines = 16;
 
 } // namespace
@@ -71,7 +71,7 @@ EffectsDialog::EffectsDialog(AppData& appData, EffectsLibrary& library, EffectsC
     connect(&_library, &EffectsLibrary::failed, this, &EffectsDialog::showProblem);
     connect(&chain, &EffectsChain::examined, this, &EffectsDialog::onExamined);
     onChosen();
-    QSize const comfortable((editorLetters + 2 * EffectsList::letters) * fontMetrics().averageCharWidth(),
+    QSize const comfortable((editorLetters + 3 * EffectsList::letters) * fontMetrics().averageCharWidth(),
                             2 * editorLines * fontMetrics().lineSpacing());
     resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
 }

@@ -1,5 +1,6 @@
 #include "EffectsList.h"
 
+#include "EffectNames.h"
 #include "EffectsLibrary.h"
 #include "Icons.h"
 #include "Look.h"
@@ -94,7 +95,7 @@ void EffectsList::fill()
 void EffectsList::showItem(QListWidgetItem* item, Effect const& effect)
 {
     item->setData(Qt::UserRole, effect.name);
-    item->setText(effect.name);
+    item->setText(EffectNames::shown(effect));
     item->setToolTip(plainToolTip(effect.fault));
     item->setIcon(effect.fault.isEmpty() ? effect.isTemplate ? Icons::icon(Icon::Lock) : Icons::icon(Icon::Edit)
                                          : Icons::icon(Icon::Warning));

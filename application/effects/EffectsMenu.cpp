@@ -1,6 +1,7 @@
 #include "EffectsMenu.h"
 
 #include "AppSettings.h"
+#include "EffectNames.h"
 #include "EffectsLibrary.h"
 #include "PlainToolTip.h"
 
@@ -25,7 +26,7 @@ void EffectsMenu::fill()
         if (action->objectName() == QLatin1String("effect"))
             _menu->removeAction(action);
     for (Effect const& effect : _library.effects()) {
-        QAction* const action = _menu->addAction(QString(effect.name).replace('&', "&&"));
+        QAction* const action = _menu->addAction(EffectNames::shown(effect).replace('&', "&&"));
         action->setObjectName("effect");
         action->setCheckable(true);
         action->setChecked(effect.isOn);

@@ -13,8 +13,8 @@ struct Look {
     static constexpr int strokeWidth = 2;   ///< Of focus rings and of the lines of icons at 24 pixels.
 
     static constexpr int smallIcon = 16; ///< In lines of text, menus and tables.
-    static constexpr int icon = 20;      ///< On buttons.
-    static constexpr int largeIcon = 32; ///< Over the picture.
+    static constexpr int icon = 20;      ///< On buttons, over the picture, too.
+    static constexpr int largeIcon = 32; ///< Beside a text that stands alone.
     static constexpr int target = 36;    ///< The least side of what is clicked over the picture.
 
     static constexpr int quickMilliseconds = 150; ///< Hover, press.

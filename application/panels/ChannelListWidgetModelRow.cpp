@@ -38,7 +38,9 @@ bool ChannelListWidgetModelRow::setDescription(ChannelDescription const& of)
     summary = ChannelDescription::toLine(of.summary().left(maximumShown)).simplified();
     QString names;
     QString keys;
-    for (LanguageId const& language : languagesOf(of)) {
+    constexpr int withoutLanguage = ChannelDescription::FileChannel | ChannelDescription::UserStreamChannel;
+    bool const isKnown = (of.channelType() & withoutLanguage) == 0; // Nobody has said what the viewer's own speak.
+    for (LanguageId const& language : isKnown ? languagesOf(of) : Languages()) {
         names += (names.isEmpty() ? QString() : QStringLiteral(", ")) + LanguageNames::name(language);
         keys += '\n' + LanguageNames::filterKey(language);
     }

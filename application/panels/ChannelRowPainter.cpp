@@ -1,5 +1,6 @@
 #include "ChannelRowPainter.h"
 
+#include "Contrast.h"
 #include "LogoPixmaps.h"
 #include "Look.h"
 
@@ -21,12 +22,6 @@ constexpr int gap = Look::grid;
 int lineHeight(QFont const& font)
 {
     return QFontMetrics(font).height();
-}
-
-QColor mixed(QColor const& text, QColor const& ground, double share)
-{
-    auto const part = [share](int a, int b) { return static_cast<int>(std::lround(a * share + b * (1.0 - share))); };
-    return {part(text.red(), ground.red()), part(text.green(), ground.green()), part(text.blue(), ground.blue())};
 }
 
 } // namespace
@@ -60,7 +55,7 @@ int ChannelRowPainter::rowHeight(QStyleOptionViewItem const& option)
 
 int ChannelRowPainter::leastWidth(QStyleOptionViewItem const& option)
 {
-    constexpr int letters = 16;
+    constexpr int letters = 28; // A title and a summary that say something.
     constexpr int iconWidth = Look::smallIcon + gap;
     return rowHeight(option) + 2 * gap + letters * QFontMetrics(titleFont(option.font)).averageCharWidth() +
            iconWidth;
@@ -103,7 +98,7 @@ QColor ChannelRowPainter::textColour(bool isDim) const
         return _option.palette.color(group, QPalette::HighlightedText);
     QColor const text = _option.palette.color(group, QPalette::Text);
     constexpr double dimShare = 0.7; // Black on white is 8:1 still.
-    return isDim ? mixed(text, _option.palette.color(group, QPalette::Base), dimShare) : text;
+    return isDim ? Contrast::mixed(text, _option.palette.color(group, QPalette::Base), dimShare) : text;
 }
 
 void ChannelRowPainter::paintLine(QRect const& area, QFont const& font, QColor const& colour, QString const& text)

@@ -1,5 +1,7 @@
 #include "ChannelSearchCombo.h"
 
+#include "Icons.h"
+
 #include <QLineEdit>
 
 ChannelSearchCombo::ChannelSearchCombo(QWidget* parent) : QComboBox(parent)
@@ -12,6 +14,7 @@ ChannelSearchCombo::ChannelSearchCombo(QWidget* parent) : QComboBox(parent)
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     lineEdit()->setPlaceholderText(tr("Enter your channel search"));
     lineEdit()->setMaxLength(maximumQuery);
+    lineEdit()->addAction(Icons::icon(Icon::Search), QLineEdit::LeadingPosition);
     setAccessibleName(tr("Enter your channel search"));
     setCompleter(nullptr); // What is typed is what is searched for.
     connect(lineEdit(), &QLineEdit::returnPressed, this, &ChannelSearchCombo::searchRequested);

@@ -53,7 +53,7 @@ void ChannelSearchWidget::createControls()
     _combo = new ChannelSearchCombo(this);
     _combo->setObjectName("query");
     connect(_combo, &ChannelSearchCombo::searchRequested, this, &ChannelSearchWidget::onSearch);
-    _searchButton = new QPushButton(Icons::icon(Icon::Search), tr("Search"), this);
+    _searchButton = new QPushButton(tr("Search"), this);
     _searchButton->setObjectName("search");
     connect(_searchButton, &QPushButton::clicked, this, &ChannelSearchWidget::onSearch);
     _topButton = new QPushButton(tr("Most Added"), this);
@@ -63,7 +63,7 @@ void ChannelSearchWidget::createControls()
     _moreButton->setObjectName("more");
     _moreButton->hide();
     connect(_moreButton, &QPushButton::clicked, this, &ChannelSearchWidget::onMore);
-    _createButton = new QPushButton(Icons::icon(Icon::Add), tr("New Channel..."), this);
+    _createButton = new QPushButton(tr("New Channel..."), this);
     _createButton->setObjectName("create");
     connect(_createButton, &QPushButton::clicked, this, &ChannelSearchWidget::createRequested);
     _status = new QLabel(this);

@@ -77,7 +77,9 @@ void ChannelView::fitColumns()
 {
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    bool const isRoomy = viewport()->width() - _stateWidth - _secondWidth >= ChannelRowPainter::leastWidth(option);
+    // As if the scroll bar were there: a filter that leaves few rows rearranges nothing.
+    int const width = this->width() - verticalScrollBar()->sizeHint().width();
+    bool const isRoomy = width - _stateWidth - _secondWidth >= ChannelRowPainter::leastWidth(option);
     if (isRoomy == hasStateColumn())
         return;
     setColumnHidden(0, !isRoomy);

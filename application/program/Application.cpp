@@ -9,6 +9,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "OwnChannels.h"
+#include "ReadableStyle.h"
 #include "SystemTray.h"
 #include "Window.h"
 
@@ -62,6 +63,7 @@ Application::Application(QString const& appId, int& argc, char** argv)
 {
     Q_INIT_RESOURCE(ombravision);
     setQuitOnLastWindowClosed(false);
+    setStyle(new ReadableStyle);
     // The surface is a native window in one that is drawn as a whole; what lies beside it need not be another.
     setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     // quit() would ask the window first, and that refuses to be closed.

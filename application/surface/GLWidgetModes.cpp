@@ -91,7 +91,7 @@ void GLWidget::onWebOverlayLoadStarted()
 
 void GLWidget::onWebOverlayLoadProgress(int percent)
 {
-    _overlay.showMessage(tr("Loading ... %1 %").arg(percent));
+    _overlay.showMessage(tr("Loading... %1 %").arg(percent));
 }
 
 void GLWidget::onWebOverlayLoadFinished(bool ok)

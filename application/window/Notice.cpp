@@ -1,6 +1,7 @@
 #include "Notice.h"
 
 #include "Look.h"
+#include "SkinFrame.h"
 
 #include <QEvent>
 #include <QStyle>
@@ -77,6 +78,7 @@ void Notice::moveIntoPlace()
     int const below = room.height() > 3 * overControls ? overControls : distance;
     QRect const area(room.left() + distance, room.bottom() - below - height, width, height);
     setGeometry(QStyle::visualRect(layoutDirection(), room, area));
+    setMask(SkinFrame::roundedMask(area.size(), Look::radius));
 }
 
 bool Notice::eventFilter(QObject* watched, QEvent* event)

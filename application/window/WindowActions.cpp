@@ -218,7 +218,7 @@ void Window::onSigningInChanged()
 {
     SignIn const& signIn = *_appData.signIn();
     bool const isTold = signIn.isSigningIn() && !signIn.isAsking();
-    _notice->keep(Notice::Subject::SigningIn, isTold ? tr("Signing in ...") : QString());
+    _notice->keep(Notice::Subject::SigningIn, isTold ? tr("Signing in...") : QString());
 }
 
 void Window::openPage(Uri const& address)

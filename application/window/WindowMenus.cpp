@@ -177,6 +177,26 @@ void WindowMenus::goToMenus()
 void WindowMenus::createContextMenu()
 {
     AppSettings const& settings = _appData.settings;
+    ChannelManager* const manager = _appData.channelManager();
+    QAction* const pause = _contextMenu->addAction(QString());
+    QAction* const previous = _contextMenu->addAction(Icons::icon(Icon::Previous), tr("Previous Channel"));
+    QAction* const next = _contextMenu->addAction(Icons::icon(Icon::Next), tr("Next Channel"));
+    QAction* const line = _contextMenu->addSeparator();
+    connect(pause, &QAction::triggered, manager, [manager] { manager->setPaused(!manager->isPaused()); });
+    connect(previous, &QAction::triggered, manager, [manager] { manager->openNeighbour(-1); });
+    connect(next, &QAction::triggered, manager, [manager] { manager->openNeighbour(1); });
+    connect(_contextMenu, &QMenu::aboutToShow, this, [manager, pause, previous, next, line] {
+        Channel const* const channel = manager->activeChannel();
+        bool const isPausable = channel && channel->isSeekable();
+        bool const hasNeighbours = manager->channelCount() > 1;
+        bool const isPaused = isPausable && channel->isPaused();
+        pause->setText(isPaused ? tr("Play") : tr("Pause"));
+        pause->setIcon(Icons::icon(isPaused ? Icon::Play : Icon::Pause));
+        pause->setVisible(isPausable);
+        previous->setVisible(hasNeighbours);
+        next->setVisible(hasNeighbours);
+        line->setVisible(isPausable || hasNeighbours);
+    });
     for (MenuAction const action : {MenuAction::FullScreen, MenuAction::Mute, MenuAction::Record})
         _contextMenu->addAction(settings.action(action));
     _contextMenu->addAction(_screenshot);

@@ -166,6 +166,24 @@ TEST_F(ChannelListTest, FiltersByFoldedTitleLanguageKindAndFavourites)
     EXPECT_EQ(shown(), "c d b a");
 }
 
+TEST_F(ChannelListTest, AFilterThatLeavesFewRowsMovesNoColumn)
+{
+    QList<ChannelDescription> many = listedChannels();
+    for (int i = 0; i < 50; ++i)
+        many.append(listed(QString::number(i), QString::number(i)));
+    list->onChannelsUpdated(many);
+    for (int width = 300; width < 600; width += 3) {
+        list->resize(width, 500);
+        filter({});
+        QApplication::processEvents();
+        bool const before = list->view()->hasStateColumn();
+        filter("cinema");
+        QApplication::processEvents();
+        EXPECT_EQ(list->view()->hasStateColumn(), before) << width;
+    }
+    EXPECT_TRUE(list->view()->hasStateColumn());
+}
+
 TEST_F(ChannelListTest, SortsByEachColumnAndSaysEachState)
 {
     list->onChannelsUpdated(listedChannels());

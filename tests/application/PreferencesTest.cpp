@@ -148,6 +148,18 @@ TEST_F(PreferencesTest, DefaultsAreOfThisPageAndWidgetsFollowTheSettings)
     EXPECT_EQ(settings.drawMode(), 3) << "as it was, in spite of the defaults";
 }
 
+TEST_F(PreferencesTest, TheWindowStaysAsItIsFromPageToPage)
+{
+    QApplication::processEvents();
+    QSize const size = _dialog->size();
+    for (int page = 0; page < PreferencesDialog::pageCount; ++page) {
+        _dialog->showPage(static_cast<PreferencesDialog::Page>(page));
+        QApplication::processEvents();
+        EXPECT_EQ(_dialog->width(), size.width()) << page;
+        EXPECT_EQ(_dialog->height(), size.height()) << page;
+    }
+}
+
 TEST_F(PreferencesTest, NeitherTheWheelNorHalfANumberChangesAnything)
 {
     PreferencesPage* const page = _dialog->page(PreferencesDialog::Network);

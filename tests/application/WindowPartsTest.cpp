@@ -1,13 +1,16 @@
 // What the window is put together from: keys, place, files, tabs, letters of menus, icons, the frame of the skin.
 
 #include "AppData.h"
+#include "Contrast.h"
 #include "DesktopMotion.h"
 #include "FileChannels.h"
 #include "Icons.h"
 #include "Mnemonics.h"
 #include "PlainToolTip.h"
+#include "ReadableStyle.h"
 #include "SettingsFile.h"
 #include "SkinFrame.h"
+#include "SkinPalette.h"
 #include "TabWidget.h"
 #include "Translations.h"
 #include "WindowKeys.h"
@@ -15,6 +18,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QFile>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -211,6 +215,36 @@ TEST(SkinFrame, HasRoundCornersAndEdgesForResizing)
     EXPECT_TRUE(window.windowFlags() & Qt::FramelessWindowHint);
     window.setWindowState(Qt::WindowMaximized);
     EXPECT_EQ(frame.edgesAt({0, 0}), Qt::Edges()) << "no edge to be seen";
+}
+
+TEST(ReadableStyle, WordsAndOutlinesAreSeenInPalettesThatSayLittle)
+{
+    QPalette const palettes[] = {QPalette(Qt::black, Qt::black), QPalette(QColor(42, 46, 50)),
+                                 QPalette(Qt::lightGray), skinPalette()};
+    for (QPalette palette : palettes) {
+        ReadableStyle style;
+        style.polish(palette);
+        QColor const ground = palette.color(QPalette::Base);
+        QColor const hint = palette.color(QPalette::PlaceholderText);
+        EXPECT_GE(Contrast::between(Contrast::mixed(hint, ground, hint.alphaF()), ground), Contrast::ofText);
+        EXPECT_GE(Contrast::between(palette.color(QPalette::Link), palette.color(QPalette::Window)),
+                  Contrast::ofText);
+        EXPECT_GE(Contrast::between(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight)),
+                  Contrast::ofText);
+        EXPECT_GE(Contrast::between(palette.color(QPalette::Disabled, QPalette::ButtonText),
+                                    palette.color(QPalette::Disabled, QPalette::Button)),
+                  2.4);
+        QCheckBox box;
+        box.setStyle(&style);
+        box.setPalette(palette);
+        box.resize(box.sizeHint());
+        QImage const image = box.grab().toImage();
+        double most = 1.0;
+        for (int x = 0; x < image.width(); ++x)
+            most = std::max(
+                most, Contrast::between(image.pixelColor(x, image.height() / 2), palette.color(QPalette::Window)));
+        EXPECT_GE(most, 1.5) << "the box is not seen on " << qPrintable(palette.color(QPalette::Window).name());
+    }
 }
 
 TEST(DesktopMotion, UnderstandsTheWordsOfEachDesktop)

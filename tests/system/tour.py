@@ -24,13 +24,20 @@ GUEST, PASSWORD = "viewer@ombravision.invalid", "letters & signs"
 LEAVES = ("Exit", "Close Window", "Sign Out", "Minimize", "Full Screen", "Skin Mode", "Menu Bar", "Tabs",
           "Test Channels")  # What ends a tour, or leads it elsewhere.
 
-# Environment and settings of each set, and the size of the display.
+# What a desktop says in ~/.config/kdeglobals: ground and text of windows, fields, buttons and tool tips, then what is chosen.
+KDE = {"QT_QPA_PLATFORMTHEME": "kde", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
+DARK = {"Window": ("42,46,50", "252,252,252"), "View": ("27,30,32", "252,252,252"), "Button": ("49,54,59", "252,252,252"),
+        "Tooltip": ("49,54,59", "252,252,252"), "Selection": ("30,87,116", "252,252,252")}
+CONTRAST = {"Window": ("0,0,0", "255,255,255"), "View": ("0,0,0", "255,255,255"), "Button": ("0,0,0", "255,255,255"),
+            "Tooltip": ("0,0,0", "255,255,255"), "Selection": ("255,255,0", "0,0,0")}
+
+# Environment, settings and colours of the desktop of each set, and the size of the display.
 FRAME = {r"application/videoWindow\showWindowFrame": "true"}
 SETS = {
     "skin": {},
     "light": {"settings": FRAME},
-    "dark": {"settings": FRAME, "environment": {"QT_QPA_PLATFORMTHEME": "gtk3", "GTK_THEME": "Adwaita:dark"}},
-    "contrast": {"settings": FRAME, "environment": {"QT_QPA_PLATFORMTHEME": "gtk3", "GTK_THEME": "HighContrastInverse"}},
+    "dark": {"settings": FRAME, "environment": KDE, "colours": DARK},
+    "contrast": {"settings": FRAME, "environment": KDE, "colours": CONTRAST},
     "german-150": {"environment": {"LC_ALL": "de_DE.UTF-8", "LANGUAGE": "de", "QT_SCALE_FACTOR": "1.5"}, "size": (2400, 1500),
                    "settings": FRAME},
     "french-200": {"environment": {"LC_ALL": "fr_FR.UTF-8", "LANGUAGE": "fr", "QT_SCALE_FACTOR": "2"}, "size": (3840, 2160)},
@@ -61,6 +68,7 @@ class Tour:
             self.service.control(f"account add {GUEST} {PASSWORD}")
             self.program = Program(self.display, *self._set.get("arguments", ()), driver="null", settings={
                 **self._settings(), **self._set.get("settings", {})}, environment=self._set.get("environment"))
+            self._write_colours()
             stack.enter_context(self.program)
             self.tree = accessible.application(self.program, 20)
             self.walk()
@@ -71,6 +79,11 @@ class Tour:
                 r"application/biscotti\host": "127.0.0.1", r"application/biscotti\port": self.service.ports["biscotti"],
                 r"application/lastUser": GUEST, rf"user/{user}\password": f'"{PASSWORD}"',
                 rf"user/{user}\signInAutomatically": "true", rf"user/{user}\videoWindow\seenTutorial29": "true"}
+
+    def _write_colours(self):
+        groups = [f"[Colors:{name}]\nBackgroundNormal={ground}\nBackgroundAlternate={ground}\nForegroundNormal={text}\n"
+                  for name, (ground, text) in self._set.get("colours", {}).items()]
+        (self.program.home / ".config/kdeglobals").write_text("".join(groups))
 
     # What a viewer does.
 
@@ -205,7 +218,7 @@ class Tour:
         self.shoot("channel context menu")
         self.key("Escape")
         self.display.ask("xdotool", "keydown", "ctrl")
-        self.display.ask("xdotool", "click", "1")
+        self.click(self.channel(3))
         self.display.ask("xdotool", "keyup", "ctrl")
         self.over_picture()
         self.shoot("two channels", 7)

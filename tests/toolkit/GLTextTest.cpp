@@ -56,6 +56,7 @@ TEST(GLTextArea, GrowsWithItsText)
     EXPECT_TRUE(area.sizeForWidth(200.0).isEmpty());
     area.setText("Acquiring Channel...");
     QSizeF const one = area.sizeForWidth(400.0);
+    EXPECT_EQ(area.sizeForWidth(one.width()), one) << "as wide as it wants, it needs no second line";
     EXPECT_LT(one.width(), 400.0);
     area.setText("Acquiring Channel...\nPlease wait");
     EXPECT_GT(area.sizeForWidth(400.0).height(), one.height() * 1.4);

@@ -20,7 +20,7 @@ AccountPage::AccountPage(AppData& appData) : PreferencesPage(appData)
     using V = SettingsValues;
     addSection(tr("Account"));
     _account = addNote({});
-    _sign = new QPushButton(tr("Sign &in ..."), this);
+    _sign = new QPushButton(tr("Sign &in..."), this);
     _sign->setAutoDefault(false);
     _sign->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     addLine(_sign);
@@ -53,7 +53,7 @@ void AccountPage::showAccount()
     bool const isSignedIn = signIn.isSignedIn();
     _account->setText(isSignedIn ? tr("Signed in as %1.").arg(appData().signIn()->email())
                                  : tr("Nobody is signed in."));
-    _sign->setText(isSignedIn ? tr("Sign &out") : tr("Sign &in ..."));
+    _sign->setText(isSignedIn ? tr("Sign &out") : tr("Sign &in..."));
     _asked->setVisible(isSignedIn && appData().settings.autoLogin() &&
                        !appData().loginManager()->hasStoredPassword(signIn.email()));
 }

@@ -63,7 +63,7 @@ void GeneralPage::addScreenshotDirectory()
     line->setPlaceholderText(appData().settings.dataDirectory() + "/Screenshots");
     line->setAccessibleName(tr("Directory of screenshots"));
     binding().bind(&SettingsValues::screenshotDirectory, line);
-    auto* const choose = new QPushButton(tr("C&hoose ..."), place);
+    auto* const choose = new QPushButton(tr("C&hoose..."), place);
     choose->setAutoDefault(false);
     row->addWidget(line, 1);
     row->addWidget(choose);

@@ -72,7 +72,7 @@ void NetworkPage::toggleTest()
     }
     binding().commit();
     _testButton->setText(tr("End the &test"));
-    _testResult->setText(tr("Asking the service ..."));
+    _testResult->setText(tr("Asking the service..."));
     _test.start(appData().settings.soapHost(), appData().proxy());
 }
 
@@ -93,7 +93,7 @@ void NetworkPage::addCache()
     _clearResult = addResult();
     connect(_clear, &QPushButton::clicked, this, [this] {
         _clear->setEnabled(false);
-        _clearResult->setText(tr("Removing ..."));
+        _clearResult->setText(tr("Removing..."));
         appData().webCache()->clear();
     });
     connect(appData().webCache(), &WebCache::cleared, this, &NetworkPage::onCleared, Qt::QueuedConnection);

@@ -16,12 +16,21 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QShowEvent>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include <utility>
+
+namespace
+{
+
+constexpr int comfortableLetters = 104;
+constexpr int comfortableLines = 34;
+
+} // namespace
 
 PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     : OmbravisionDialog(appData, tr("Preferences"), parent), _list(new QListWidget(this)),
@@ -61,6 +70,10 @@ PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     addButton(QDialogButtonBox::Ok)->setDefault(true);
     connect(_list, &QListWidget::currentRowChanged, this, &PreferencesDialog::onPageChosen);
     showPage(General);
+    // Room for the largest page, so that the window stays as it is from page to page.
+    QSize const comfortable(comfortableLetters * fontMetrics().averageCharWidth(),
+                            comfortableLines * fontMetrics().lineSpacing());
+    resize(sizeHint().expandedTo(comfortable.boundedTo(screen()->availableSize() * 0.9)));
 }
 
 void PreferencesDialog::addPage(QString const& title, Icon icon, std::function<PreferencesPage*()> make)
@@ -95,7 +108,12 @@ void PreferencesDialog::onPageChosen(int index)
 {
     if (index < 0)
         return;
-    _stack->setCurrentWidget(page(static_cast<Page>(index)));
+    QWidget* const shown = page(static_cast<Page>(index));
+    for (int i = 0; i < _stack->count(); ++i) { // Only the one that is seen asks for room, and for a scroll bar.
+        QSizePolicy::Policy const policy = _stack->widget(i) == shown ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+        _stack->widget(i)->setSizePolicy(policy, policy);
+    }
+    _stack->setCurrentWidget(shown);
     showNote();
     // A page that is made now may want more room, which is known a moment later.
     QTimer::singleShot(0, this, [this] { resize(size().expandedTo(sizeHint())); });

@@ -67,7 +67,7 @@ void SoundPage::showDevices(QStringList const& devices)
 void SoundPage::playTone()
 {
     _play->setEnabled(false);
-    _result->setText(tr("Playing ..."));
+    _result->setText(tr("Playing..."));
     _tone.play(appData().settings.audioDevice());
 }
 

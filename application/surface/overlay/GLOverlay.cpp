@@ -18,6 +18,7 @@
 namespace
 {
 constexpr int padSide = 88;          ///< Pixels.
+constexpr int hintInterval = 2000;   ///< ms: from one channel to the next nothing is said.
 constexpr double messagePlace = 0.2; ///< Of the height, from above.
 constexpr double widestBar = 1200.0; ///< Pixels: on a large screen the controls stay together.
 constexpr double markWidth = 2.0;    ///< Likewise.
@@ -28,18 +29,20 @@ GLOverlay::GLOverlay(AppData& appData, GLControlLayout* layout, QObject* parent)
       _mark("Active Channel", OverlayStyle::style().accent, markWidth), _top(appData, OverlayStyle::style()),
       _bottom(appData, OverlayStyle::style()), _carousel(OverlayStyle::style()),
       _pad("Viewpoint Pad", OverlayStyle::style()), _message("Message", OverlayStyle::style()),
-      _tip("Tip", OverlayStyle::style())
+      _hint("Hint", OverlayStyle::style()), _tip("Tip", OverlayStyle::style())
 {
     setLabel(tr("Picture"));
     _pad.setLabel(tr("Viewpoint"));
-    for (GLLabelControl* const label : {&_message, &_tip}) {
-        label->setGrounded(true);
+    for (GLLabelControl* const label : {&_message, &_hint, &_tip}) {
+        label->setGrounded(label != &_hint);
         label->setPassedThrough(true);
         label->setAlignment(Qt::AlignHCenter);
     }
     _message.setFont(OverlayStyle::titleFont());
+    _hint.setColour(Look::overlayDimText);
+    _hint.setText(tr("Choose a channel, or drop a file or an address here"));
     for (GLControl* const control :
-         std::initializer_list<GLControl*>{&_mark, &_top, &_bottom, &_carousel, &_pad, &_message, &_tip}) {
+         std::initializer_list<GLControl*>{&_mark, &_top, &_bottom, &_carousel, &_pad, &_message, &_hint, &_tip}) {
         control->setVisible(false);
         addControl(control);
     }
@@ -48,6 +51,9 @@ GLOverlay::GLOverlay(AppData& appData, GLControlLayout* layout, QObject* parent)
     _messageTimer.setSingleShot(true);
     _messageTimer.setInterval(messageInterval);
     connect(&_messageTimer, &QTimer::timeout, this, [this] { fadeOut(_message); });
+    _hintTimer.setSingleShot(true);
+    _hintTimer.setInterval(hintInterval);
+    connect(&_hintTimer, &QTimer::timeout, this, &GLOverlay::updateHint);
     connectControls();
     connectHub();
     _layout->addControl(this);
@@ -257,6 +263,23 @@ void GLOverlay::layOut()
     _message.setGeometry({std::floor((size.width() - message.width()) / 2.0),
                           std::max(_top.geometry().bottom() + margin, std::floor(size.height() * messagePlace)),
                           message.width(), message.height()});
+    QSizeF const hint = _hint.preferredSize().boundedTo(QSizeF(width, size.height()));
+    _hint.setGeometry({std::floor((size.width() - hint.width()) / 2.0),
+                       std::floor((size.height() - hint.height()) / 2.0), hint.width(), hint.height()});
+}
+
+/// It goes at once, and comes when nothing has played for a while.
+void GLOverlay::updateHint()
+{
+    bool const isIdle = _appData.channelManager()->openChannels().isEmpty() && !_appData.settings.carouselMode();
+    if (!isIdle) {
+        _hintTimer.stop();
+        _hint.setVisible(false);
+    } else if (sender() == &_hintTimer) {
+        fadeIn(_hint);
+    } else if (!_hint.isVisible()) {
+        _hintTimer.start();
+    }
 }
 
 QPointF GLOverlay::originOf(GLControl const* control) const

@@ -106,6 +106,8 @@ private:
     bool isPointerOver() const;
     bool isHeld() const;
     void updateTitle();
+    void updateHint();
+    void showPosition();
     void updateVolume();
     void onHoverChanged(GLControl* control);
     void showButtonTip(GLButtonControl const& button);
@@ -123,9 +125,11 @@ private:
     GLCarouselBar _carousel;
     GLPadControl _pad; ///< From where the perspective is seen.
     GLLabelControl _message;
+    GLLabelControl _hint; ///< What to do while nothing plays.
     GLLabelControl _tip;
     QTimer _fadeTimer;
     QTimer _messageTimer;
+    QTimer _hintTimer;
     bool _hasRested = false; ///< The mouse, for a whole interval, but for what is over the bars.
     bool _isHeldByAlert = false;
     bool _isPointerOverTop = false;

@@ -29,6 +29,9 @@ void GLOverlay::connectHub()
     connect(settings, &AppSettings::showFullScreenChanged, this, &GLOverlay::onShowFullScreenChanged);
     connect(settings, &AppSettings::volumeChanged, this, &GLOverlay::updateVolume);
     connect(settings, &AppSettings::muteChanged, this, &GLOverlay::updateVolume);
+    for (MenuAction const action : {MenuAction::SeekForwards, MenuAction::SeekBackwards})
+        if (QAction const* const found = settings->action(action)) // Queued: when the window has done it.
+            connect(found, &QAction::triggered, this, &GLOverlay::showPosition, Qt::QueuedConnection);
     connect(&_appData, &AppData::signedInChanged, this, &GLOverlay::onSignedInChanged);
     connect(&_appData, &AppData::signInStarted, this, &GLOverlay::onSignedInChanged);
     if (_appData.signIn())
@@ -121,6 +124,13 @@ void GLOverlay::updateVolume()
     showMessage(settings.muted() ? tr("Muted") : tr("Volume %1 %").arg(qRound(settings.volume() * 100.0)));
 }
 
+/// Who seeks by keys sees where that leads.
+void GLOverlay::showPosition()
+{
+    ensureVisible(true);
+    _bottom.updateChannel();
+}
+
 void GLOverlay::onSignedInChanged()
 {
     _top.updateButtons();
@@ -193,6 +203,7 @@ void GLOverlay::onChannelLogoUpdated(ChannelDescription const& description)
 
 void GLOverlay::updateTitle()
 {
+    updateHint();
     ChannelManager const& channels = *_appData.channelManager();
     Channel const* const slide =
         _appData.settings.carouselMode() ? channels.getChannelByRootId(_carouselChannel) : nullptr;
