@@ -56,7 +56,7 @@ bool X11Presenter::connectToServer()
     if (_connection)
         return true;
     auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    if (!x11 || !x11->connection()) // A platform without a display has the interface, too.
         return false;
     xcb_query_extension_reply_t const* const extension = xcb_get_extension_data(x11->connection(), &xcb_shm_id);
     if (!extension || !extension->present)
