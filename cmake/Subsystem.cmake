@@ -13,6 +13,9 @@ function(precompile target family)
     target_precompile_headers(${target} PRIVATE ${ARGN})
     set_property(GLOBAL PROPERTY precompiled_${family} ${target})
   endif()
+  # Clang writes into what it precompiles when each header was changed, which is another time in each clone: what uses it
+  # would never be found in the compiler's cache of another one.
+  target_compile_options(${target} PRIVATE "$<$<COMPILE_LANG_AND_ID:CXX,Clang>:SHELL:-Xclang -fno-pch-timestamp>")
 endfunction()
 
 set(common_headers

@@ -2,6 +2,7 @@
 #include "Channel.h"
 #include "ChannelGrid.h"
 #include "ChannelManager.h"
+#include "ChannelTitle.h"
 #include "GLCarousel.h"
 #include "GLControlLayout.h"
 #include "GLOverlay.h"
@@ -142,7 +143,14 @@ TEST_F(OverlayTest, WordsFollowWhatTheyAreAbout)
     _appData.settings.setCarouselMode(true);
     _overlay->setCarouselChannel("id2");
     emit _appData.channelsUpdated();
-    EXPECT_EQ(find(_overlay->topCanvas(), "Title")->label(), channels.at(2)->desc.title());
+    GLControl const* const title = find(_overlay->topCanvas(), "Title");
+    EXPECT_EQ(title->label(), channels.at(2)->desc.title());
+    channels.at(2)->desc.setTitle(QString(10000, 'w'));
+    emit _appData.channelsUpdated();
+    EXPECT_EQ(title->label(), ChannelTitle::shown(channels.at(2)->desc.title())) << "as the list has it";
+    channels.at(2)->desc.setTitle(QString(QChar(0x200b)));
+    _overlay->setCarouselChannel("id2");
+    EXPECT_EQ(title->label(), "Unnamed channel");
     _appData.settings.setCarouselMode(false);
     _appData.settings.setShowChannelBarOnMouseOver(false);
     _appData.settings.setPerspectiveMode(true);

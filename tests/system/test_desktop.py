@@ -114,6 +114,27 @@ class Desktop(unittest.TestCase):
             self.assertEqual(program.start_second(films[0]), 0)
             check(0, 1.5)
 
+    def test_what_plays_rests_while_the_system_sleeps(self):
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"],
+                               stdout=subprocess.PIPE, text=True)
+        self.addCleanup(bus.stdout.close)
+        self.addCleanup(bus.wait)
+        self.addCleanup(bus.terminate)
+        address = bus.stdout.readline().strip()
+
+        def announce(what, begins):
+            subprocess.run(["dbus-send", f"--bus={address}", "--type=signal", "/org/freedesktop/login1",
+                            f"org.freedesktop.login1.Manager.{what}", f"boolean:{begins}"], check=True)
+
+        with Program(self.display, clips.mp4(), environment={"DBUS_SYSTEM_BUS_ADDRESS": address}) as program:
+            self.check_moves(program)
+            announce("PrepareForSleep", "true")
+            program.wait_for_log("^A stream of channel .* was closed")
+            announce("PrepareForSleep", "false")
+            self.check_moves(program)
+            announce("PrepareForShutdown", "true")
+            self.assertEqual(program.wait(), 0)
+
     def test_a_display_that_dies_ends_the_program(self):
         with VirtualDisplay() as display:
             program = Program(display, clips.mp4())
