@@ -25,7 +25,8 @@ ChannelLogo::ChannelLogo(QImage const& image)
     if (image.isNull())
         return;
     QImage const pixels = withDepth(image);
-    QByteArray const bytes = qCompress(pixels.constBits(), pixels.sizeInBytes(), compression);
+    QByteArray bytes = qCompress(pixels.constBits(), pixels.sizeInBytes(), compression);
+    bytes.squeeze(); // It has the room that the pixels would need.
     _packed = std::make_shared<Packed const>(Packed{bytes, pixels.size(), pixels.format(), image.cacheKey()});
 }
 

@@ -48,7 +48,7 @@ ChannelDirectory ChannelDirectory::only(QSet<QString> const& ids) const
 
 QList<ChannelDescription> ChannelDirectory::setLogo(Uri const& logo, ChannelLogo const& image)
 {
-    if (!hasLogo(logo))
+    if (!hasLogo(logo) || (isLogoSet(logo) && _images.value(logo) == image))
         return {};
     _images.insert(logo, image);
     QList<qsizetype> rows;

@@ -83,6 +83,8 @@ public slots:
     void onChannelChanged(ChannelDescription const& description);
     void onChannelOpened(ChannelDescription const& description) { _states.open(description.rootId()); }
     void onChannelClosed(ChannelDescription const& description) { _states.close(description.rootId()); }
+    /// It is to come with the next list.
+    void expectChannel(ChannelDescription const& description) { _model->expect(description); }
     void onChannelsUpdated(QList<ChannelDescription> const& descriptions);
     void onChannelLogoUpdated(ChannelDescription const& description);
 

@@ -10,6 +10,7 @@ void ChannelListWidgetModel::setChannels(QList<ChannelDescription> const& channe
         takeInPlace(channels);
     else
         takeAnew(channels);
+    _expected.clear();
 }
 
 bool ChannelListWidgetModel::hasOrderOf(QList<ChannelDescription> const& channels) const
@@ -61,12 +62,22 @@ void ChannelListWidgetModel::takeAnew(QList<ChannelDescription> const& channels)
             else
                 _rows.back().description = channel;
         } else {
-            _rows.emplace_back(channel);
+            auto expected = _expected.extract(channel.rootId());
+            if (!expected.empty() && expected.mapped().description == channel)
+                _rows.push_back(std::move(expected.mapped()));
+            else
+                _rows.emplace_back(channel);
             if (_prepare)
                 _prepare(_rows.back());
         }
     }
     endResetModel();
+}
+
+void ChannelListWidgetModel::expect(ChannelDescription const& channel)
+{
+    if (!_places.contains(channel.rootId()))
+        _expected.try_emplace(channel.rootId(), channel);
 }
 
 bool ChannelListWidgetModel::take(ChannelListWidgetModelRow& row, ChannelDescription const& description)

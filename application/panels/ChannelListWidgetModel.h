@@ -7,6 +7,7 @@
 #include <QList>
 
 #include <functional>
+#include <unordered_map>
 #include <vector>
 
 /// The channels of the list, in the order of the directory. A directory that changes is one reset, or, where its
@@ -33,6 +34,8 @@ public:
     void prepareAgain();
 
     void setChannels(QList<ChannelDescription> const& channels);
+    /// Makes the row of a channel that is to come with the next setChannels(): of thousands, each when it is told of.
+    void expect(ChannelDescription const& channel);
     /// Rewrites a row from a description of the same channel.
     void updateChannel(int row, ChannelDescription const& description);
     void setState(int row, ChannelRowState state);
@@ -59,6 +62,7 @@ private:
     static QString toolTip(ChannelListWidgetModelRow const& row);
 
     std::vector<ChannelListWidgetModelRow> _rows;
-    QHash<QString, int> _places; ///< Of root ids.
+    QHash<QString, int> _places;                                      ///< Of root ids.
+    std::unordered_map<QString, ChannelListWidgetModelRow> _expected; ///< By root id.
     Prepare _prepare;
 };

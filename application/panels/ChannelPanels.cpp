@@ -133,8 +133,9 @@ void ChannelPanels::showContent()
 }
 
 /// Thousands come one after the other, before the list is told of all.
-void ChannelPanels::onChannelAdded()
+void ChannelPanels::onChannelAdded(ChannelDescription const& description)
 {
+    _list->expectChannel(description);
     constexpr int step = 100;
     ChannelManager const& channels = *_appData.channelManager();
     if (!channels.channelsLoaded() && channels.channelCount() % step == 0)

@@ -62,7 +62,7 @@ private:
     void onDeleted(QString const& rootId);
     void onDeletionFailed(QString const& method, QString const& text);
     void onChannelsUpdated();
-    void onChannelAdded();
+    void onChannelAdded(ChannelDescription const& description);
     void onChannelChanged(Channel const* from, Channel const* to);
     void onChannelError(Channel* channel, QString const& text);
     void onSignedInChanged();

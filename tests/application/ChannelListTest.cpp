@@ -237,6 +237,16 @@ TEST_F(ChannelListTest, AnUpdateKeepsSelectionCurrentRowAndScrollPosition)
     EXPECT_EQ(list->view()->currentIndex(), indexOf("2001")) << "what stands in its place";
 }
 
+TEST_F(ChannelListTest, WhatWasExpectedIsShownAsItComes)
+{
+    list->expectChannel(listed("a", "Before"));
+    list->expectChannel(listed("b", "Beside"));
+    list->expectChannel(listed("gone", "Gone"));
+    list->onChannelsUpdated({listed("a", "After"), listed("b", "Beside"), listed("c", "Cinema")});
+    EXPECT_EQ(shown(), "a b c");
+    EXPECT_EQ(indexOf("a").data().toString(), "After");
+}
+
 TEST_F(ChannelListTest, ClicksAndKeysAskForWhatTheRowCanDo)
 {
     QList<ChannelDescription> channels = listedChannels();

@@ -47,3 +47,29 @@ TEST(ChannelDescription, ATitleIsALineThatTurnsNothingRound)
     channel.setTitle(QString::fromUtf8("News\t\u202Eon\u202C\u2028air \u2067\u05D0\u2069 \u00E9"));
     EXPECT_EQ(channel.title(), QString::fromUtf8("News on air \u05D0 \u00E9"));
 }
+
+TEST(ChannelDescription, ALogoComesOutAsItWentInAndIsKnownByItsPixels)
+{
+    QImage drawn(300, 2, QImage::Format_ARGB32);
+    drawn.fill(QColor(1, 2, 3, 4));
+    drawn.setPixelColor(299, 1, QColor(5, 6, 7, 8));
+    ChannelDescription one;
+    one.setLogo(drawn);
+    EXPECT_EQ(one.logo(), drawn);
+    ChannelDescription other;
+    other.setLogo(drawn.copy());
+    EXPECT_EQ(one, other);
+    EXPECT_NE(one.packedLogo().key(), other.packedLogo().key());
+    EXPECT_EQ(one.packedLogo().key(), ChannelDescription(one).packedLogo().key());
+    drawn.setPixelColor(0, 0, Qt::red);
+    other.setLogo(drawn);
+    EXPECT_NE(one, other);
+
+    QImage narrow(3, 3, QImage::Format_Mono); // Its lines have gaps.
+    narrow.setColorTable({qRgba(0, 0, 0, 0), qRgb(255, 0, 0)});
+    narrow.fill(1);
+    one.setLogo(narrow);
+    EXPECT_EQ(one.logo().pixelColor(2, 2), QColor(Qt::red));
+    one.setLogo(QImage());
+    EXPECT_TRUE(one.logo().isNull() && one.packedLogo().isNull() && one.logoLoaded());
+}
