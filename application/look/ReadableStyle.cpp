@@ -9,6 +9,7 @@ namespace
 {
 
 constexpr double ofDisabled = 2.5; ///< It is quiet on purpose, and read all the same.
+constexpr double ofDisabledParts = 1.7;
 
 /// The colour as it is seen: some palettes have them translucent.
 QColor seen(QColor const& colour, QColor const& ground)
@@ -29,19 +30,21 @@ void makePlain(QPalette& palette, QPalette::ColorGroup group, QPalette::ColorRol
     palette.setColor(group, role, Contrast::reaching(least, text, ground, leastShare));
 }
 
-/// A link keeps its hue.
+/// As little of the text's colour in another one as lets that stand out from the ground: it keeps its hue.
+QColor plainer(QColor const& colour, double least, QColor const& text, QColor const& ground)
+{
+    constexpr int steps = 10;
+    QColor nearer = colour;
+    for (int step = 1; step <= steps && Contrast::between(nearer, ground) < least; ++step)
+        nearer = Contrast::mixed(text, colour, static_cast<double>(step) / steps);
+    return nearer;
+}
+
 void makePlainLink(QPalette& palette, QPalette::ColorGroup group, QPalette::ColorRole role)
 {
-    QColor const ground = palette.color(group, QPalette::Window);
-    QColor const link = palette.color(group, role);
-    if (Contrast::between(link, ground) >= Contrast::ofText)
-        return;
-    QColor const text = palette.color(group, QPalette::WindowText);
-    constexpr int steps = 10;
-    QColor nearer = link;
-    for (int step = 1; step <= steps && Contrast::between(nearer, ground) < Contrast::ofText; ++step)
-        nearer = Contrast::mixed(text, link, static_cast<double>(step) / steps);
-    palette.setColor(group, role, nearer);
+    palette.setColor(group, role,
+                     plainer(palette.color(group, role), Contrast::ofText, palette.color(group, QPalette::WindowText),
+                             palette.color(group, QPalette::Window)));
 }
 
 /// What is chosen stands on a ground of its own.
@@ -90,7 +93,7 @@ bool ReadableStyle::wantsOutlines(QPalette const& palette) const
            baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0;
 }
 
-void ReadableStyle::outline(QStyleOption const* option, QRect const& rect, QPainter* painter, bool isRound) const
+void ReadableStyle::outline(QStyleOption const* option, QRect const& rect, QPainter* painter, Outline kind) const
 {
     constexpr double radius = 2.0;
     constexpr double leastShare = 0.2;
@@ -99,11 +102,15 @@ void ReadableStyle::outline(QStyleOption const* option, QRect const& rect, QPain
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(Contrast::reaching(isEnabled ? Contrast::ofParts : ofDisabled / 1.5,
-                                       palette.color(QPalette::Active, QPalette::WindowText),
-                                       palette.color(QPalette::Window), leastShare));
+    QColor const text = palette.color(QPalette::Active, QPalette::WindowText);
+    QColor const ground = palette.color(QPalette::Window);
+    if (kind == Outline::Focus)
+        painter->setPen(plainer(palette.color(QPalette::Highlight), Contrast::ofParts, text, ground));
+    else
+        painter->setPen(
+            Contrast::reaching(isEnabled ? Contrast::ofParts : ofDisabledParts, text, ground, leastShare));
     QRectF const line = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    if (isRound)
+    if (kind == Outline::Round)
         painter->drawEllipse(line);
     else
         painter->drawRoundedRect(line, radius, radius);
@@ -114,10 +121,13 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, QStyleOption const* 
                                   QWidget const* widget) const
 {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    bool const showsFocus = (option->state & State_HasFocus) &&
-                            (element == PE_FrameLineEdit || (option->state & State_KeyboardFocusChange));
-    if (showsFocus || !wantsOutlines(option->palette))
+    if (!wantsOutlines(option->palette))
         return;
+    bool const hasFocus = option->state & State_HasFocus;
+    if (hasFocus && element == PE_FrameLineEdit)
+        return outline(option, option->rect, painter, Outline::Focus);
+    if (hasFocus && (option->state & State_KeyboardFocusChange))
+        return; // The style marks it.
     switch (element) {
     case PE_PanelButtonCommand: {
         auto const* const button = qstyleoption_cast<QStyleOptionButton const*>(option);
@@ -129,7 +139,7 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, QStyleOption const* 
         break;
     }
     case PE_IndicatorRadioButton:
-        outline(option, option->rect, painter, true);
+        outline(option, option->rect, painter, Outline::Round);
         break;
     case PE_FrameLineEdit:
     case PE_IndicatorCheckBox:

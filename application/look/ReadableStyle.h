@@ -23,6 +23,8 @@ public:
                             QWidget const* widget) const override;
 
 private:
+    enum class Outline { Square, Round, Focus };
     bool wantsOutlines(QPalette const& palette) const;
-    void outline(QStyleOption const* option, QRect const& rect, QPainter* painter, bool isRound = false) const;
+    void outline(QStyleOption const* option, QRect const& rect, QPainter* painter,
+                 Outline kind = Outline::Square) const;
 };

@@ -172,7 +172,7 @@ TEST_F(ChannelListTest, AFilterThatLeavesFewRowsMovesNoColumn)
     for (int i = 0; i < 50; ++i)
         many.append(listed(QString::number(i), QString::number(i)));
     list->onChannelsUpdated(many);
-    for (int width = 300; width < 600; width += 3) {
+    for (int width = 300; width < 600; width += 12) {
         list->resize(width, 500);
         filter({});
         QApplication::processEvents();

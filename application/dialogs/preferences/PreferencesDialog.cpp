@@ -28,7 +28,7 @@ namespace
 {
 
 constexpr int comfortableLetters = 104;
-constexpr int comfortableLines = 34;
+constexpr int comfortableLines = 40;
 
 } // namespace
 
