@@ -28,7 +28,7 @@ namespace
 {
 
 constexpr int comfortableLetters = 104;
-constexpr int comfortableLines = 40;
+constexpr int comfortableLines = 45;
 
 } // namespace
 
