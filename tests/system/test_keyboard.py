@@ -149,7 +149,7 @@ class ByKeyboard(unittest.TestCase):
 
     def by_key(self, key, words):
         """Does what a row of the table says, and sees whether it has happened."""
-        press, focus = self.keyboard.press, lambda: self.keyboard.focus.role
+        press = self.keyboard.press
         if words in ("Open Video File", "Open Video Stream", "Preferences", "Help", "Video Information", "Stream Buffer",
                      "Edit Video Post Processing"):
             before = self.keyboard.focus
@@ -169,6 +169,8 @@ class ByKeyboard(unittest.TestCase):
             self.changes(lambda: volume.value, key)
         elif words in ("Seek Forwards", "Seek backwards"):
             position = self.film()
+            press("Tab")  # Where the bars are, the time runs.
+            wait_for(lambda: position.value > 1, 5, "the time")
             before = position.value
             press(key)
             wait_for(lambda: abs(position.value - before) > 5, 5, "another place")
@@ -201,7 +203,7 @@ class ByKeyboard(unittest.TestCase):
         elif words == "Over the picture: go through the controls":
             self.keyboard.go_to("canvas")
             press("Tab")
-            self.assertIn(focus(), CONTROLS)
+            self.keyboard.wait_for("check box|push button")
         elif words == "Over the picture: pause and go on":
             self.film()
             for each in "space", "p":
@@ -210,7 +212,7 @@ class ByKeyboard(unittest.TestCase):
             self.row()
             for each in ("Menu", "shift+F10") if words.startswith("The") else ("alt+v",):
                 press(each, "Down")
-                self.assertIn("menu item", focus(), each)
+                self.keyboard.wait_for("menu item")
                 press("Escape", "Escape")
         elif words == "In the list: play the channel":
             name = self.row()
