@@ -104,7 +104,6 @@ class ByKeyboard(unittest.TestCase):
                                lambda: self.keyboard.press("Return"))
         self.in_dialog("effects", lambda: self.keyboard.press("ctrl+e"))
         self.keyboard.go_to("tree")
-        self.keyboard.press("Down")
         self.in_dialog("delete", lambda: self.keyboard.press("Delete"))
         self.keyboard.go_to("page tab list")
         self.keyboard.press("Right")
@@ -113,6 +112,16 @@ class ByKeyboard(unittest.TestCase):
         self.look_round(self.main)
         self.keyboard.go_to("push button", "New Channel...")
         self.in_dialog("new channel", lambda: self.keyboard.press("space"))
+
+    def test_a_held_key_goes_on(self):
+        volume = self.tree.wait_for("slider", "Volume")
+        self.keyboard.go_to("slider", "Volume")
+        self.keyboard.hold("Left", 1.5)
+        self.assertLess(volume.value, 0.5, "a slider goes on")
+        self.keyboard.go_to("tree")
+        self.keyboard.press("Home")
+        self.keyboard.hold("Down", 1.5)
+        self.assertNotRegex(self.keyboard.focus.name, "Alpha|Beta|Gamma", "a list goes on")
 
     def film(self):
         """One that can be held and sought in."""
