@@ -31,6 +31,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScopedValueRollback>
@@ -116,6 +117,8 @@ void Window::createChildControls()
     _splitter->setStretchFactor(1, 0);
     _splitter->setSizes({firstSize.width(), firstTabsWidth});
     _splitter->restore();
+    for (QLineEdit* const field : _tabs->findChildren<QLineEdit*>())
+        field->installEventFilter(this);
     _notice = new Notice(this, _glWidget);
     _zoom = std::make_unique<WindowZoom>(_appData, *_glWidget, *this);
     _fileChannels = std::make_unique<FileChannels>(_appData, *this);
@@ -192,12 +195,20 @@ bool Window::event(QEvent* event)
 {
     // The keys that act when they are let go are not also shortcuts, which act when they go down.
     if (event->type() == QEvent::ShortcutOverride && _keys->isOurs(*static_cast<QKeyEvent*>(event))) {
+        _keys->press(*static_cast<QKeyEvent*>(event)); // A list or a field may keep the press to itself.
         event->accept();
         return true;
     }
     if (event->type() == QEvent::WindowDeactivate)
         _keys->forget();
     return OmbravisionWidget::event(event);
+}
+
+/// Of the fields of text in the window, which keep the release of every key to themselves.
+bool Window::eventFilter(QObject* watched, QEvent* event)
+{
+    bool const isOurs = event->type() == QEvent::KeyRelease && _keys->release(*static_cast<QKeyEvent*>(event));
+    return isOurs || OmbravisionWidget::eventFilter(watched, event);
 }
 
 void Window::closeEvent(QCloseEvent* event)

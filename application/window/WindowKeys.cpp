@@ -68,7 +68,9 @@ bool WindowKeys::release(QKeyEvent const& event)
         _settings.action(MenuAction::FullScreen)->trigger();
         return true;
     }
-    bool const isHeld = std::exchange(_heldKey, 0) == event.key();
+    bool const isHeld = _heldKey == event.key(); // The control key itself may come up first.
+    if (isHeld)
+        _heldKey = 0;
     if (!isHeld && !hasControlOnly(event))
         return false;
     if (event.key() == Qt::Key_T && _settings.showFullScreen())

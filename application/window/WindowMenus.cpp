@@ -66,7 +66,8 @@ WindowMenus::WindowMenus(AppData& appData, WindowZoom const& zoom, QWidget& wind
     for (QAction* const menu : _bar->actions())
         _window.addActions(menu->menu()->actions());
     _window.addActions(_appData.settings.actions().speeds());
-    _window.addAction(_appData.settings.action(MenuAction::ChannelCarousel));
+    for (MenuAction const action : {MenuAction::ChannelCarousel, MenuAction::EditVideoPostProcessing})
+        _window.addAction(_appData.settings.action(action));
 }
 
 void WindowMenus::add(QMenu* menu, std::initializer_list<Entry> entries)

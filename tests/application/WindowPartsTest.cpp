@@ -61,6 +61,7 @@ TEST_F(WindowKeysTest, ActOnceWhenTheyAreLetGo)
     EXPECT_TRUE(release(Qt::Key_M));
     EXPECT_EQ(mute.count(), 1);
     press(Qt::Key_M);
+    EXPECT_FALSE(release(Qt::Key_Control));
     EXPECT_TRUE(release(Qt::Key_M, Qt::NoModifier)) << "the control key was let go first";
     EXPECT_EQ(mute.count(), 2);
     EXPECT_FALSE(release(Qt::Key_M, Qt::NoModifier)) << "without it";
@@ -86,6 +87,25 @@ TEST_F(WindowKeysTest, FullScreenIsLeftByEscapeAndHasNoTabs)
     press(Qt::Key_Escape, Qt::NoModifier);
     EXPECT_TRUE(release(Qt::Key_Escape, Qt::NoModifier));
     EXPECT_EQ(fullScreen.count(), 1);
+}
+
+TEST_F(WindowKeysTest, DoWhatTheMenusShowBesideTheEntries)
+{
+    int found = 0;
+    for (int key = Qt::Key_Space; key <= Qt::Key_Down; key = key == Qt::Key_Z ? Qt::Key_Left : key + 1) {
+        if (!_keys.isOurs(QKeyEvent(QEvent::KeyPress, key, Qt::ControlModifier)))
+            continue;
+        ++found;
+        QKeySequence const shortcut(Qt::CTRL | static_cast<Qt::Key>(key));
+        for (int i = 0; i < menuActionCount; ++i) {
+            QAction* const action = _settings.action(static_cast<MenuAction>(i));
+            QSignalSpy triggered(action, &QAction::triggered);
+            release(key);
+            EXPECT_EQ(triggered.count(), action->shortcuts().contains(shortcut))
+                << qPrintable(shortcut.toString() + ' ' + action->text());
+        }
+    }
+    EXPECT_GT(found, 0);
 }
 
 TEST(WindowPlace, IsWhereADisplayIs)

@@ -77,7 +77,7 @@ class Element:
                 yield from child.walk(depth - 1)
 
     def matches(self, role, name=".*"):
-        return self.role == role and re.fullmatch(name, self.name) is not None
+        return bool(re.fullmatch(role, self.role) and re.fullmatch(name, self.name))
 
     def find(self, role, name=".*", state=None):
         """The first element below with that role, whose name matches the pattern and which has the state; or None."""

@@ -1,0 +1,70 @@
+"""Keys as a hand presses them, and where the focus goes, as a screen reader hears of it."""
+
+import time
+
+from . import wait_for
+from .accessible import Atspi, Element, GLib
+
+
+class Keyboard:
+    """Of a program that accessible.enable() came before. `focus` is what the last told of is, None before that."""
+
+    def __init__(self, program):
+        self._program = program
+        self._told = 0
+        self.focus = None
+        self._listener = Atspi.EventListener.new(self._on_focus)
+        self._listener.register("object:state-changed:focused")
+
+    def _on_focus(self, event, *_):
+        if event.detail1:
+            self.focus = Element(event.source)
+            self._told += 1
+
+    def listen(self, seconds):
+        """For that long, or until nothing more comes after something has come."""
+        told, end = self._told, time.monotonic() + seconds
+        quiet = None
+        while time.monotonic() < min(end, quiet or end):
+            if not GLib.MainContext.default().iteration(False):
+                time.sleep(0.004)
+            if self._told != told:
+                told, quiet = self._told, time.monotonic() + 0.02
+
+    def press(self, *keys, seconds=0.25):
+        """As xdotool names them; after each the focus has this time to move."""
+        for key in keys:
+            self._program.display.ask("xdotool", "key", key)
+            self.listen(seconds)
+
+    def hold(self, key, seconds):
+        self._program.display.ask("xdotool", "keydown", key, "sleep", str(seconds), "keyup", key)
+        self.listen(0.3)
+
+    def go_to(self, role, name=".*", key="Tab"):
+        """Presses a key until the focus is there."""
+        for _ in range(60):
+            if self.focus and self.focus.matches(role, name):
+                return
+            self.press(key)
+        raise AssertionError(f'{key} does not lead to {role} "{name}"')
+
+    def wait_for(self, role, name=".*", seconds=5):
+        def look():
+            self.listen(0.05)
+            return self.focus and self.focus.matches(role, name)
+        wait_for(look, seconds, f'the focus on {role} "{name}", which is on {self.focus}')
+
+    def round(self, key="Tab"):
+        """All that a key leads to, from where the focus is until it is there again."""
+        found = [self.focus]
+        while True:
+            before = self.focus
+            self.press(key)
+            if before.role == "label" and self.focus == before:
+                self.press(key)  # It was to its link.
+            if self.focus == found[0]:
+                return found
+            if self.focus == before or self.focus in found:
+                raise AssertionError(f"{key} does not lead on from {self.focus} after {found}")
+            found.append(self.focus)
