@@ -33,7 +33,7 @@ void RetiredChannels::take(std::vector<std::unique_ptr<Channel>> channels)
     for (auto const& channel : channels)
         channel->blockSignals(true); // It has nothing to say any more.
     _channels.insert(_channels.begin(), std::move_iterator(channels.begin()), std::move_iterator(channels.end()));
-    run();
+    _timer->start(0); // Whoever signs out has enough to do in this turn.
 }
 
 void RetiredChannels::run()

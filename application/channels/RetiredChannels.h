@@ -22,7 +22,7 @@ public:
     RetiredChannels(ChannelActions& actions, TimerFactory* timers, QObject* parent = nullptr);
     ~RetiredChannels() override;
 
-    /// Takes them over, and deletes the first of them at once.
+    /// Takes them over, and deletes them from the next turn of the event loop on.
     void take(std::vector<std::unique_ptr<Channel>> channels);
 
     int count() const { return static_cast<int>(_channels.size()); }
