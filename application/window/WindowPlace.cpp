@@ -8,6 +8,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <utility>
+
 namespace
 {
 
@@ -95,6 +97,9 @@ bool WindowPlace::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Move || event->type() == QEvent::Resize ||
         event->type() == QEvent::WindowStateChange)
         _rest.start();
+    if (event->type() == QEvent::WindowStateChange && !_window.isFullScreen() &&
+        std::exchange(_displaysChanged, false))
+        _displays.start();
     // Shown again where it is now, not where the window manager would put a new one.
     if (QWindow* const native = _window.windowHandle();
         native && event->type() == QEvent::Hide && !event->spontaneous())
@@ -108,6 +113,7 @@ void WindowPlace::onDisplaysChanged()
         return;
     if (_window.isFullScreen()) {
         // Fills the display on which it is now; what it returns to later is looked at then.
+        _displaysChanged = true;
         QRect const whole = _window.screen()->geometry();
         if (_window.geometry() != whole)
             _window.setGeometry(whole);

@@ -41,6 +41,7 @@ private:
 
     QWidget& _window;
     AppSettings& _settings;
-    QTimer _rest;     ///< Keeps the place once the window rests.
-    QTimer _displays; ///< Looks at the window once the displays have settled.
+    QTimer _rest;                  ///< Keeps the place once the window rests.
+    QTimer _displays;              ///< Looks at the window once the displays have settled.
+    bool _displaysChanged = false; ///< In full screen: the window has yet to be looked at.
 };

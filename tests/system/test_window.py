@@ -120,5 +120,26 @@ class WithoutTray(unittest.TestCase):
                 late.wait()
 
 
+class TwoDisplays(unittest.TestCase):
+    def test_full_screen_is_where_the_window_is_and_outlives_that_display(self):
+        with VirtualDisplay(1600, 900) as display:
+            for name, place, output in (("left", "800/200x900/225+0+0", "screen"), ("right", "800/200x900/225+800+0", "none")):
+                subprocess.run(["xrandr", "--setmonitor", name, place, output], env=display.environment, check=True)
+            subprocess.run(["openbox", "--reconfigure"], env=display.environment, check=True)
+            with Program(display, clips.mp4(), settings=FRAMED) as program:
+                program.wait_for_log("^Video rectangle ")
+
+                def wait_for_place(is_right, what):
+                    wait_for(lambda: is_right(*display.geometry(program.window)), 10, what)
+
+                display.ask("xdotool", "windowmove", "--sync", program.window, "850", "100")
+                display.ask("xdotool", "windowactivate", "--sync", program.window, "key", "ctrl+f")
+                wait_for_place(lambda *g: g == (800, 0, 800, 900), "full screen on the right")
+                display.ask("xrandr", "--delmonitor", "right")
+                wait_for_place(lambda *g: g == (0, 0, 800, 900), "full screen on the display that is left")
+                display.ask("xdotool", "key", "Escape")
+                wait_for_place(lambda x, y, width, height: x >= 0 and x + width <= 800 and height < 900, "a window to be seen")
+
+
 if __name__ == "__main__":
     unittest.main()
