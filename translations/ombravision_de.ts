@@ -1487,10 +1487,6 @@ Bitte warten</translation>
         <translation>nichts</translation>
     </message>
     <message>
-        <source>&amp;Start when I sign in to the desktop</source>
-        <translation>&amp;Beim Anmelden am Desktop starten</translation>
-    </message>
-    <message>
         <source>Window</source>
         <translation>Fenster</translation>
     </message>
@@ -1537,6 +1533,10 @@ Bitte warten</translation>
     <message>
         <source>C&amp;hoose...</source>
         <translation>&amp;Wählen...</translation>
+    </message>
+    <message>
+        <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
+        <translation>Hat der Desktop eine eigene Liste dessen, was mit ihm startet, tragen Sie dort „ombravision -startup“ ein.</translation>
     </message>
 </context>
 <context>
@@ -2402,17 +2402,6 @@ Bis bald!
 Retrying...</source>
         <translation>Fehler beim Lesen der Sender
 Neuer Versuch...</translation>
-    </message>
-</context>
-<context>
-    <name>RunAtStartup</name>
-    <message>
-        <source>Ombravision could not be made to start with the desktop: %1 could not be written (%2).</source>
-        <translation>Ombravision startet nicht mit dem Desktop: %1 konnte nicht geschrieben werden (%2).</translation>
-    </message>
-    <message>
-        <source>Ombravision will still start with the desktop: %1 could not be removed (%2).</source>
-        <translation>Ombravision startet weiterhin mit dem Desktop: %1 konnte nicht entfernt werden (%2).</translation>
     </message>
 </context>
 <context>

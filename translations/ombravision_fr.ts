@@ -1487,10 +1487,6 @@ Veuillez patienter</translation>
         <translation>rien</translation>
     </message>
     <message>
-        <source>&amp;Start when I sign in to the desktop</source>
-        <translation>Lancer à l&apos;&amp;ouverture de session</translation>
-    </message>
-    <message>
         <source>Window</source>
         <translation>Fenêtre</translation>
     </message>
@@ -1537,6 +1533,10 @@ Veuillez patienter</translation>
     <message>
         <source>C&amp;hoose...</source>
         <translation>C&amp;hoisir...</translation>
+    </message>
+    <message>
+        <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
+        <translation>Si le bureau tient sa propre liste de ce qu&apos;il lance avec lui, ajoutez-y «&#xa0;ombravision -startup&#xa0;».</translation>
     </message>
 </context>
 <context>
@@ -2402,17 +2402,6 @@ Je regarde la télévision en direct avec Ombravision et j&apos;ai pensé que ce
 Retrying...</source>
         <translation>Erreur d&apos;analyse des chaînes
 Nouvel essai...</translation>
-    </message>
-</context>
-<context>
-    <name>RunAtStartup</name>
-    <message>
-        <source>Ombravision could not be made to start with the desktop: %1 could not be written (%2).</source>
-        <translation>Ombravision ne démarrera pas avec le bureau&#xa0;: impossible d&apos;écrire %1 (%2).</translation>
-    </message>
-    <message>
-        <source>Ombravision will still start with the desktop: %1 could not be removed (%2).</source>
-        <translation>Ombravision démarrera encore avec le bureau&#xa0;: impossible de supprimer %1 (%2).</translation>
     </message>
 </context>
 <context>

@@ -1487,10 +1487,6 @@ Attendi</translation>
         <translation>niente</translation>
     </message>
     <message>
-        <source>&amp;Start when I sign in to the desktop</source>
-        <translation>A&amp;vvia all&apos;accesso al desktop</translation>
-    </message>
-    <message>
         <source>Window</source>
         <translation>Finestra</translation>
     </message>
@@ -1537,6 +1533,10 @@ Attendi</translation>
     <message>
         <source>C&amp;hoose...</source>
         <translation>Sce&amp;gli...</translation>
+    </message>
+    <message>
+        <source>Where the desktop keeps a list of its own of what starts with it, add &quot;ombravision -startup&quot; there.</source>
+        <translation>Se il desktop ha un proprio elenco dei programmi da avviare, aggiungi lì «ombravision -startup».</translation>
     </message>
 </context>
 <context>
@@ -2402,17 +2402,6 @@ A presto!
 Retrying...</source>
         <translation>Errore nell&apos;analisi dei canali
 Nuovo tentativo...</translation>
-    </message>
-</context>
-<context>
-    <name>RunAtStartup</name>
-    <message>
-        <source>Ombravision could not be made to start with the desktop: %1 could not be written (%2).</source>
-        <translation>Ombravision non si avvierà con il desktop: impossibile scrivere %1 (%2).</translation>
-    </message>
-    <message>
-        <source>Ombravision will still start with the desktop: %1 could not be removed (%2).</source>
-        <translation>Ombravision si avvierà ancora con il desktop: impossibile rimuovere %1 (%2).</translation>
     </message>
 </context>
 <context>

@@ -3,22 +3,14 @@
 #include <QString>
 #include <QStringList>
 
-/// Has the program started when the user signs in to the desktop: by an entry in the user's autostart directory, as
-/// in the Desktop Application Autostart Specification of freedesktop.org. Any thread, which waits for the disk.
+/// Has the program started when the user signs in to the desktop. This platform leaves that to the desktop's own
+/// settings, so there is nothing to read or to write here.
 class RunAtStartup
 {
 public:
-    /// Whether the desktop starts the program of that name. An entry of the user's is asked for first, then one of
-    /// the system's. Path and arguments are those of an entry that is to be made, and not looked at here: an entry
-    /// counts whatever starts the program.
+    /// Whether the program of that name and path is started with these arguments: never.
     static bool runAtStartup(QString const& name, QString const& path, QStringList const& arguments);
 
-    /// Has the desktop start the program at that path with these arguments, or not any more: then the user's entry
-    /// goes, or says so where the system has one. What already is as it is wanted stays. Returns false with the
-    /// problem, in words, when the entry can't be written.
-    static bool setRunAtStartup(QString const& name, QString const& path, QStringList const& arguments, bool run,
-                                QString* problem = nullptr);
-
-    /// Where the user's entry is, or would be.
-    static QString entryPath(QString const& name);
+    /// Asks for the program to be started, or not any more. Returns whether the wish was taken: always.
+    static bool setRunAtStartup(QString const& name, QString const& path, QStringList const& arguments, bool run);
 };

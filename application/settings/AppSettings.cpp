@@ -3,10 +3,12 @@
 #include "Deployment.h"
 #include "Logger.h"
 #include "LoggerManager.h"
+#include "RunAtStartup.h"
 #include "SettingsFile.h"
 #include "SettingsStore.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
 #include <QUuid>
@@ -24,12 +26,9 @@ constexpr char const* guestGroup = "user/%guest";
 } // namespace
 
 AppSettings::AppSettings(QObject* parent)
-    : QObject(parent), _autostart(applicationName()), _dataDirectory(QDir::homePath() + "/.Ombravision")
+    : QObject(parent), _dataDirectory(QDir::homePath() + "/.Ombravision")
 {
     connect(&_file, &SettingsWriter::failed, this, &AppSettings::settingsFileFailed);
-    connect(&_autostart, &AutostartKeeper::failed, this, &AppSettings::settingsFileFailed);
-    connect(&_autostart, &AutostartKeeper::found, this,
-            [this](bool runs) { set(&SettingsValues::runAtStartup, runs); });
 }
 
 AppSettings::~AppSettings() = default;
@@ -51,7 +50,6 @@ void AppSettings::loadGlobalSettings()
     SettingsWriter::Group const settings(_file, "application");
     load(*settings, SettingScope::Global);
     keepMmsClientGuid(*settings);
-    _autostart.look();
 }
 
 QString AppSettings::storedLanguage()
@@ -176,7 +174,7 @@ void AppSettings::createActions()
 void AppSettings::setRunAtStartup(bool on)
 {
     if (_values.runAtStartup != on)
-        _autostart.set(on);
+        RunAtStartup::setRunAtStartup(applicationName(), QCoreApplication::applicationFilePath(), {"-startup"}, on);
     set(&SettingsValues::runAtStartup, on);
 }
 

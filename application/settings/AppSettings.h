@@ -1,6 +1,5 @@
 #pragma once
 
-#include "AutostartKeeper.h"
 #include "MenuActions.h"
 #include "SecretStore.h"
 #include "ServiceAddresses.h"
@@ -168,12 +167,8 @@ public:
     bool allowPlainCredentials() const { return _values.allowPlainCredentials; }
 
     // The program.
-    /// Whether the desktop starts this program: as its entry says, which is looked at when the global settings have
-    /// been loaded, a moment later. What keeps it from being changed is told by settingsFileFailed().
     bool runAtStartup() const { return _values.runAtStartup; }
     void setRunAtStartup(bool on);
-    /// Looks again, since the desktop's own settings may have changed it.
-    void refreshRunAtStartup() { _autostart.look(); }
     bool testMode() const { return _values.testMode; }
     void setTestMode(bool on) { set(&SettingsValues::testMode, on); }
     int testModeFailureTimeout() const { return _values.testModeFailureTimeout; } ///< Seconds.
@@ -388,8 +383,7 @@ signals:
     void sponsorshipEnabledChanged();
     void drawModeChanged();
 
-    /// The settings file, or what else keeps a setting, is damaged or can't be read or written: in words, for the
-    /// viewer. The program goes on.
+    /// The settings file is damaged, or can't be read or written: in words, for the viewer. The program goes on.
     void settingsFileFailed(QString const& message);
 
 private:
@@ -413,7 +407,6 @@ private:
     static Logger* log;
 
     SettingsWriter _file;
-    AutostartKeeper _autostart;
     QString const _dataDirectory;
     bool _debugMode = false;
     bool _demoMode = false;

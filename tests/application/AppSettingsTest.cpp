@@ -2,7 +2,6 @@
 
 #include "EventLoop.h"
 #include "LogCapture.h"
-#include "RunAtStartup.h"
 #include "SecretKeeper.h"
 #include "SettingsFile.h"
 #include "SettingsText.h"
@@ -308,43 +307,6 @@ TEST_F(AppSettingsTest, AGuestFindsTheirChoicesAgainAndNothingOfAnAccount)
     for (QString const& key : settingsFile().allKeys())
         EXPECT_FALSE(key.startsWith("user/%guest/channels/active") || key.startsWith("user/%guest/twitter/token"))
             << qPrintable(key);
-}
-
-TEST_F(AppSettingsTest, TheDesktopStartsTheProgramAsItsEntrySays)
-{
-    QString const path = RunAtStartup::entryPath("Ombravision");
-    auto const hasLine = [](QString const& file, QString const& line) {
-        QFile entry(file);
-        return entry.open(QFile::ReadOnly) && QString::fromUtf8(entry.readAll()).split('\n').contains(line);
-    };
-    auto const isOnNow = [](bool on) {
-        auto settings = std::make_unique<AppSettings>();
-        QSignalSpy changed(settings.get(), &AppSettings::runAtStartupChanged);
-        settings->loadGlobalSettings();
-        return processEventsUntil([&] { return settings->runAtStartup() == on; });
-    };
-    EXPECT_TRUE(isOnNow(false)) << "there is none";
-    {
-        AppSettings settings;
-        for (bool const on : {false, true, false, true}) // Quick changes of mind.
-            settings.setRunAtStartup(on);
-    }
-    EXPECT_TRUE(hasLine(path, "Exec=\"" + QCoreApplication::applicationFilePath() + "\" -startup"));
-    EXPECT_TRUE(isOnNow(true));
-    EXPECT_TRUE(RunAtStartup::setRunAtStartup("odd", "/a b/\"$%", {"-x"}, true));
-    EXPECT_TRUE(hasLine(RunAtStartup::entryPath("odd"), R"(Exec="/a b/\\"\\$%%" -x)"));
-
-    QFile(path).resize(0);
-    EXPECT_TRUE(isOnNow(false)) << "an empty entry starts nothing";
-    QFile::remove(path);
-    ASSERT_TRUE(QDir().mkpath(path + "/in the way"));
-    AppSettings settings;
-    QSignalSpy failed(&settings, &AppSettings::settingsFileFailed);
-    settings.setRunAtStartup(false);
-    settings.setRunAtStartup(true);
-    EXPECT_TRUE(processEventsUntil([&] { return !settings.runAtStartup(); })) << "as it is, not as it was wished";
-    EXPECT_EQ(failed.count(), 1);
-    QDir(path).removeRecursively();
 }
 
 TEST_F(AppSettingsTest, SecretsAreStoredEncipheredOnly)

@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShowEvent>
 
 namespace
 {
@@ -25,7 +24,8 @@ GeneralPage::GeneralPage(AppData& appData) : PreferencesPage(appData)
                    {{tr("what played last"), static_cast<int>(StartPage::LastChannels)},
                     {tr("the first channel"), static_cast<int>(StartPage::DefaultChannel)},
                     {tr("nothing"), static_cast<int>(StartPage::Nothing)}});
-    addSwitch(tr("&Start when I sign in to the desktop"), &V::runAtStartup);
+    addNote(
+        tr("Where the desktop keeps a list of its own of what starts with it, add \"ombravision -startup\" there."));
     addLanguage();
     addSection(tr("Window"));
     addSwitch(tr("&Always on top of other windows"), &V::alwaysOnTop);
@@ -43,14 +43,6 @@ void GeneralPage::addLanguage()
         choices.append({QString::fromUtf8(language.name), language.code});
     addChoice<QString>(tr("&Language:"), &SettingsValues::language, choices);
     addNote(tr("The language changes at the next start of Ombravision."));
-}
-
-/// The desktop has settings of its own for what starts with it.
-void GeneralPage::showEvent(QShowEvent* event)
-{
-    PreferencesPage::showEvent(event);
-    if (!event->spontaneous())
-        appData().settings.refreshRunAtStartup();
 }
 
 void GeneralPage::addScreenshotDirectory()

@@ -10,9 +10,6 @@ class GeneralPage : public PreferencesPage
 public:
     explicit GeneralPage(AppData& appData);
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void addLanguage();
     void addScreenshotDirectory();
