@@ -25,8 +25,7 @@ constexpr char const* guestGroup = "user/%guest";
 
 } // namespace
 
-AppSettings::AppSettings(QObject* parent)
-    : QObject(parent), _dataDirectory(QDir::homePath() + "/.Ombravision")
+AppSettings::AppSettings(QObject* parent) : QObject(parent), _dataDirectory(QDir::homePath() + "/.Ombravision")
 {
     connect(&_file, &SettingsWriter::failed, this, &AppSettings::settingsFileFailed);
 }
