@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <ctime>
+#include <random>
 
 namespace
 {
@@ -122,6 +123,31 @@ void fillAndEmpty(benchmark::State& state)
     takeChannels(state, {channels(), {}});
 }
 
+/// The logo of one row, out of the largest and least regular that there is.
+QImage rowOfFull(ChannelLogo const& logo, QSize const& row)
+{
+    return logo.image().scaled(row, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage rowOfSmall(ChannelLogo const& logo, QSize const& row)
+{
+    return logo.image(row);
+}
+
+void unpackLogo(benchmark::State& state, QImage (*rowOf)(ChannelLogo const&, QSize const&))
+{
+    constexpr int side = 512;
+    QImage noise(side, side, QImage::Format_RGB32);
+    std::minstd_rand random;
+    std::generate_n(reinterpret_cast<quint32*>(noise.bits()), side * side, random);
+    ChannelLogo const logo(noise);
+    for ([[maybe_unused]] auto const& iteration : state)
+        benchmark::DoNotOptimize(rowOf(logo, {40, 40}));
+    state.SetItemsProcessed(state.iterations());
+}
+
+BENCHMARK_CAPTURE(unpackLogo, full, &rowOfFull)->Name("Logo/OfFull")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(unpackLogo, small, &rowOfSmall)->Name("Logo/OfSmall")->Unit(benchmark::kMillisecond);
 BENCHMARK(filterOfQt)->Name("Filter/QSortFilterProxyModel")->Unit(benchmark::kMillisecond);
 BENCHMARK(filterOfOurs)->Name("Filter/ChannelListWidgetProxyModel")->Unit(benchmark::kMillisecond);
 BENCHMARK(updateUnchanged)->Name("Update/Unchanged")->Unit(benchmark::kMillisecond);

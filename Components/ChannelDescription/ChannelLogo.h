@@ -7,8 +7,8 @@
 
 #include <memory>
 
-/// A channel's logo, compressed: a directory has thousands, of which a few are seen at a time. A value whose copies
-/// share what they have. Any thread.
+/// A channel's logo, compressed: a directory has thousands, of which a few are seen at a time. Beside a large one is
+/// a small one, for rows and menus, which show many at once. A value whose copies share what they have. Any thread.
 class ChannelLogo
 {
 public:
@@ -18,22 +18,37 @@ public:
 
     bool isNull() const { return !_packed; }
     /// In pixels.
-    QSize size() const { return _packed ? _packed->size : QSize(); }
+    QSize size() const { return _packed ? _packed->full.size : QSize(); }
 
     /// The same for copies of one logo, different for any other; 0 for none. For what is made of it and kept.
     qint64 key() const { return _packed ? _packed->key : 0; }
 
-    /// The pixels, 32 bits each: unpacked anew each time, in a millisecond or two for the largest.
-    QImage image() const;
+    /// The pixels, 32 bits each: unpacked anew each time, in up to ten milliseconds for the largest. Null for no
+    /// logo, and where memory fails.
+    QImage image() const { return _packed ? _packed->full.unpacked() : QImage(); }
+
+    /// The same, as large as fits into the box, in pixels: in a fraction of the time where that is up to smallSide.
+    QImage image(QSize const& box) const;
+
+    static constexpr int smallSide = 96; ///< Pixels: a row of two lines on a screen of twice the density.
 
     bool operator==(ChannelLogo const& other) const;
     bool operator!=(ChannelLogo const& other) const { return !(*this == other); }
 
 private:
-    struct Packed {
+    struct Pixels {
         QByteArray bytes;
         QSize size;
-        QImage::Format format;
+        QImage::Format format = QImage::Format_Invalid;
+
+        Pixels() = default;
+        explicit Pixels(QImage const& image);
+        QImage unpacked() const;
+    };
+
+    struct Packed {
+        Pixels full;
+        Pixels small; ///< Empty where the full one is not much larger.
         qint64 key;
     };
 

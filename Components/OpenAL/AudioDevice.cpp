@@ -84,7 +84,8 @@ std::unique_ptr<AudioOutput> AudioDevice::openOutput(std::shared_ptr<AudioDriver
     return AudioOutput::open(driver, name == defaultDeviceName ? QString() : name);
 }
 
-AudioDevice::Opened AudioDevice::openOutputOrDefault(std::shared_ptr<AudioDriver> const& driver, QString const& name)
+AudioDevice::Opened AudioDevice::openOutputOrDefault(std::shared_ptr<AudioDriver> const& driver, QString const& name,
+                                                     std::function<bool()> const& isAwaited)
 {
     bool const isDefault = name == defaultDeviceName;
     if (!isDefault) {
@@ -92,6 +93,8 @@ AudioDevice::Opened AudioDevice::openOutputOrDefault(std::shared_ptr<AudioDriver
         if (std::unique_ptr<AudioOutput> output = openOutput(driver, name))
             return {std::move(output), false};
         LOG_WARNING("Could not open audio device %s", qPrintable(name));
+        if (!isAwaited())
+            return {nullptr, true};
     }
     std::unique_ptr<AudioOutput> output = openOutput(driver, defaultDeviceName);
     if (!output)
@@ -103,7 +106,7 @@ bool AudioDevice::openDevice(QString const& name)
 {
     closeDevice();
     _wantedDevice = name;
-    Opened opened = openOutputOrDefault(_driver, name);
+    Opened opened = openOutputOrDefault(_driver, name, [] { return true; });
     if (!opened.output)
         return false;
     replaceOutput(std::move(opened.output), opened.isFallback);

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <shared_mutex>
 
@@ -81,8 +82,10 @@ public:
         std::unique_ptr<AudioOutput> output; ///< Null for none.
         bool isFallback;                     ///< It is the library's own choice in place of the named one.
     };
-    /// What openDevice() opens, and writes to the configuration. On any thread.
-    static Opened openOutputOrDefault(std::shared_ptr<AudioDriver> const& driver, QString const& name);
+    /// What openDevice() opens, and writes to the configuration. On any thread, where it is also asked whether a
+    /// device is awaited still before the library's own choice takes another while.
+    static Opened openOutputOrDefault(std::shared_ptr<AudioDriver> const& driver, QString const& name,
+                                      std::function<bool()> const& isAwaited);
 
     /// Puts an open device, or null for none, in place of what there is. Does not wait for the sound system. Returns
     /// what is not in use then, which is the new one if its context cannot become current.

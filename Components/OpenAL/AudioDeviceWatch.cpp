@@ -3,6 +3,7 @@
 #include "AudioDevice.h"
 #include "AudioDriver.h"
 #include "AudioOutput.h"
+#include "DetachedThreads.h"
 #include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
@@ -10,9 +11,9 @@
 #include "TimerFactory.h"
 
 #include <algorithm>
+#include <chrono>
 #include <mutex>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 Logger* AudioDeviceWatch::log = LoggerManager::logger();
@@ -35,6 +36,8 @@ struct AudioDeviceWatch::Work {
     AudioDeviceWatch* receiver = nullptr; ///< Null once it is gone.
 
     void run();
+    /// Whether anybody waits for a device still. Any thread.
+    bool isAwaited();
 };
 
 void AudioDeviceWatch::Work::run()
@@ -43,7 +46,7 @@ void AudioDeviceWatch::Work::run()
     if (wanted.isEmpty())
         return;
     if (isChosen) {
-        AudioDevice::Opened opened = AudioDevice::openOutputOrDefault(driver, wanted);
+        AudioDevice::Opened opened = AudioDevice::openOutputOrDefault(driver, wanted, [this] { return isAwaited(); });
         output = std::move(opened.output);
         isFallback = opened.isFallback;
         return;
@@ -51,10 +54,16 @@ void AudioDeviceWatch::Work::run()
     bool const isGeneric = LinuxAudioConfig::isGeneric(wanted);
     if (!isGeneric && driver->deviceNames().contains(wanted))
         output = AudioDevice::openOutput(driver, wanted);
-    if (output || wantedOnly)
+    if (output || wantedOnly || !isAwaited())
         return;
     output = AudioDevice::openOutput(driver, QStringLiteral("default"));
     isFallback = !isGeneric;
+}
+
+bool AudioDeviceWatch::Work::isAwaited()
+{
+    std::lock_guard const lock(mutex);
+    return receiver != nullptr;
 }
 
 AudioDeviceWatch::AudioDeviceWatch(AudioDevice& device, TimerFactory* timerFactory, QObject* parent)
@@ -165,8 +174,9 @@ void AudioDeviceWatch::begin(std::shared_ptr<Work> const& work)
         if (work->receiver)
             emit work->receiver->worked(); // Queued: it only posts.
     };
+    static DetachedThreads& threads = DetachedThreads::make(std::chrono::seconds(2));
     try {
-        std::thread(run).detach();
+        threads.start(run);
         _work = work;
     } catch (std::system_error const& failure) {
         LOG_ERROR("Could not look for a sound device: %s", failure.what());

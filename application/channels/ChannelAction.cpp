@@ -24,12 +24,13 @@ void ChannelAction::update()
 
 void ChannelAction::showLogo(QSize const& pixels)
 {
+    ChannelLogo const& logo = _channel->desc.packedLogo();
+    if (logo.key() == _logoKey && pixels == _logoBox)
+        return;
+    _logoKey = logo.key();
+    _logoBox = pixels;
     QSignalBlocker const blocker(this);
-    QImage const logo = _channel->desc.logo();
-    setIcon(logo.isNull() ? QIcon()
-                          : QIcon(QPixmap::fromImage(
-                                logo.scaled(logo.size().scaled(pixels, Qt::KeepAspectRatio).expandedTo({1, 1}),
-                                            Qt::IgnoreAspectRatio, Qt::SmoothTransformation))));
+    setIcon(logo.isNull() ? QIcon() : QIcon(QPixmap::fromImage(logo.image(pixels))));
 }
 
 void ChannelAction::onTriggered()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAction>
+#include <QSize>
 
 class Channel;
 
@@ -16,7 +17,8 @@ public:
     Channel* channel() const { return _channel; }
     /// Takes the title from the channel's description. A menu that is open shows it the next time.
     void update();
-    /// Takes the logo, for a menu that is about to open: thousands of entries never are in one. Not larger than that.
+    /// Takes the logo, for a menu that is about to open: thousands of entries never are in one. Not larger than that;
+    /// nothing to do where it shows that already.
     void showLogo(QSize const& pixels);
 
 signals:
@@ -27,4 +29,6 @@ public slots:
 
 private:
     Channel* const _channel;
+    qint64 _logoKey = 0; ///< Of the logo that it shows.
+    QSize _logoBox;      ///< In pixels, which that fits into.
 };

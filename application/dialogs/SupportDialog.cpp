@@ -16,6 +16,8 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 
+#include <malloc.h>
+
 namespace
 {
 constexpr int reportLetters = 72;
@@ -77,14 +79,17 @@ void SupportDialog::gather()
     QString const known = SupportReport::ofProgram(appData(), *parentWidget());
     _report->setPlainText(known);
     _words->setText(tr("Gathering..."));
-    Background::run(
-        this, [] { return SupportReport::ofSystem(); },
-        [this, known](QString const& rest) {
-            if (!isVisible())
-                return;
-            _report->setPlainText(known + rest);
-            _words->clear();
-        });
+    auto const gather = [] {
+        QString rest = SupportReport::ofSystem();
+        malloc_trim(0); // What it took to gather lies in the heap of this thread, which would keep it for ever.
+        return rest;
+    };
+    Background::run(this, gather, [this, known](QString const& rest) {
+        if (!isVisible())
+            return;
+        _report->setPlainText(known + rest);
+        _words->clear();
+    });
 }
 
 void SupportDialog::copy()

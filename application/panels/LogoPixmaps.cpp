@@ -15,12 +15,12 @@ QPixmap LogoPixmaps::pixmap(ChannelLogo const& logo, QSize const& box, double pi
     }
     if (QPixmap const* const kept = _pixmaps.object(logo.key()))
         return *kept;
-    // A logo may be a line: neither side goes.
-    QSize const size = logo.size().scaled(pixels, Qt::KeepAspectRatio).expandedTo({1, 1});
-    auto pixmap = std::make_unique<QPixmap>(
-        QPixmap::fromImage(logo.image().scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
+    QImage const image = logo.image(pixels);
+    if (image.isNull())
+        return {};
+    auto pixmap = std::make_unique<QPixmap>(QPixmap::fromImage(image));
     pixmap->setDevicePixelRatio(pixelRatio);
     QPixmap made = *pixmap;
-    _pixmaps.insert(logo.key(), pixmap.release(), std::max(1, size.width() * size.height() * 4));
+    _pixmaps.insert(logo.key(), pixmap.release(), std::max(1, image.width() * image.height() * 4));
     return made;
 }

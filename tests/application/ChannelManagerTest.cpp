@@ -469,6 +469,16 @@ TEST_F(ChannelManagerTest, AnUpdateOfThousandsIsTakenInSlicesAndAnotherReplacesI
     ASSERT_TRUE(channel("late"));
     EXPECT_EQ(channel("late")->desc.logo().width(), 2) << "it came between two slices";
     EXPECT_FALSE(channel("0"));
+
+    ChannelAction& entry = *manager().channelActions().action(channel("late"));
+    entry.showLogo({16, 16});
+    qint64 const shown = entry.icon().cacheKey();
+    entry.showLogo({16, 16});
+    EXPECT_EQ(entry.icon().cacheKey(), shown) << "a menu that opens again unpacks nothing";
+    drawn.setLogo(QImage(3, 3, QImage::Format_RGB32));
+    manager().onChannelLogoUpdated(drawn);
+    entry.showLogo({16, 16});
+    EXPECT_NE(entry.icon().cacheKey(), shown);
     manager().unloadChannels();
     EXPECT_EQ(manager().channelCount(), 0);
 }

@@ -64,6 +64,9 @@ TEST(ChannelDescription, ALogoComesOutAsItWentInAndIsKnownByItsPixels)
     drawn.setPixelColor(0, 0, Qt::red);
     other.setLogo(drawn);
     EXPECT_NE(one, other);
+    EXPECT_EQ(one.packedLogo().image({90, 90}).size(), QSize(90, 1));
+    EXPECT_EQ(one.packedLogo().image({90, 90}).pixelColor(45, 0).alpha(), 4) << "out of the small one";
+    EXPECT_EQ(one.packedLogo().image({150, 150}).size(), QSize(150, 1));
 
     QImage narrow(3, 3, QImage::Format_Mono); // Its lines have gaps.
     narrow.setColorTable({qRgba(0, 0, 0, 0), qRgb(255, 0, 0)});

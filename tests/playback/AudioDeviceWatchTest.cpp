@@ -10,6 +10,7 @@
 #include <AL/alext.h>
 #include <atomic>
 #include <condition_variable>
+#include <future>
 #include <gmock/gmock.h>
 #include <mutex>
 #include <set>
@@ -242,4 +243,22 @@ TEST_F(AudioDeviceWatchTest, WhatIsChosenWhileItLooksStands)
     _device.closeDevice();
     poll(3);
     EXPECT_FALSE(_device.isOpen()) << "What is closed on purpose stays closed";
+}
+
+TEST_F(AudioDeviceWatchTest, AThreadThatNobodyWaitsForOpensNothingMore)
+{
+    auto const asked = std::make_shared<std::promise<QStringList>>();
+    std::shared_ptr<FakeAudioDriver> driver(new FakeAudioDriver, [asked](FakeAudioDriver* ended) {
+        asked->set_value(ended->asked());
+        delete ended;
+    });
+    auto device = std::make_unique<AudioDevice>(driver);
+    auto watch = std::make_unique<AudioDeviceWatch>(*device, &_timers);
+    driver->block(true);
+    watch->choose("Nothing");
+    watch.reset();
+    device.reset();
+    driver->block(false);
+    driver.reset(); // The thread has the last.
+    EXPECT_EQ(asked->get_future().get(), QStringList{"Nothing"}) << "not even the library's own choice";
 }
