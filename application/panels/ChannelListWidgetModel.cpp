@@ -63,10 +63,12 @@ void ChannelListWidgetModel::takeAnew(QList<ChannelDescription> const& channels)
                 _rows.back().description = channel;
         } else {
             auto expected = _expected.extract(channel.rootId());
-            if (!expected.empty() && expected.mapped().description == channel)
+            if (!expected.empty() && expected.mapped().description == channel) {
                 _rows.push_back(std::move(expected.mapped()));
-            else
+                _rows.back().description = channel; // Not all of it is compared.
+            } else {
                 _rows.emplace_back(channel);
+            }
             if (_prepare)
                 _prepare(_rows.back());
         }
