@@ -114,12 +114,9 @@ def main():
         for first in range(0, given.channels, 100):  # Each command is a transaction.
             service.control(*(f"channel add c{i} TV {{mms-http}}/a Channel {i} {('news', 'sport', 'music')[i % 3]}"
                               for i in range(first, min(first + 100, given.channels))))
-        user = GUEST.replace("@", "%40")
         program = Program(display, "-debug=EventLoop", debug=False, driver="null", settings={
             r"application/videoWindow\showWindowFrame": "true",
-            r"application/service\url": f"http://127.0.0.1:{service.ports['web']}", r"application/lastUser": GUEST,
-            rf"user/{user}\password": f'"{PASSWORD}"', rf"user/{user}\signInAutomatically": "true",
-            rf"user/{user}\videoWindow\seenTutorial29": "true"})
+            **service.settings(GUEST, PASSWORD)})
         print(f"{'step':42} {'away ms':>7} {'work ms':>7} {'MiB':>7}")
         with program:
             walk(Session(program), given.openings)

@@ -166,14 +166,9 @@ def first_picture(display, program, rectangle, patience=5):
 def measure_starts(display, starts):
     """From the start of the process to the first picture: with a film alone, and with sign-in and a kept list too."""
     film = clips.mp4(20, *SIZE)
-    user = GUEST.replace("@", "%40")
     with LocalServices() as service:
         service.control(f"account add {GUEST} {PASSWORD}")
-        signed_in = {
-            r"application/service\url": f"http://127.0.0.1:{service.ports['web']}", r"application/lastUser": GUEST,
-            r"application/biscotti\host": "127.0.0.1", r"application/biscotti\port": service.ports["biscotti"],
-            rf"user/{user}\password": f'"{PASSWORD}"', rf"user/{user}\signInAutomatically": "true",
-            rf"user/{user}\videoWindow\seenTutorial29": "true"}
+        signed_in = service.settings(GUEST, PASSWORD)
         for name, settings, limit in (("a film", None, START), ("sign-in, the list and a film", signed_in, SIGNED_IN_START)):
             program = Program(display, "--", film, driver="null", settings=settings)
             with program:

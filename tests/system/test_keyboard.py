@@ -46,6 +46,7 @@ class ByKeyboard(unittest.TestCase):
         self.program = self.enterContext(Program(self.display, driver="null", settings={
             **self.service.settings(GUEST, PASSWORD), r"application/videoWindow\showWindowFrame": "true"}))
         self.tree = accessible.application(self.program, 20)
+        self.entries = {}  # Of the menus, by name.
         self.keyboard = self.enterContext(Keyboard(self.program))
         self.program.wait_for_log("^Channel changed from .* to Alpha$")
         self.program.video_rectangle()
@@ -144,7 +145,7 @@ class ByKeyboard(unittest.TestCase):
 
     def changes(self, value, *keys):
         before = value()
-        self.keyboard.press(*keys)
+        self.keyboard.press(*keys, seconds=0)
         return wait_for(lambda: value() != before, 5, f"a change from {before} by {keys}")
 
     def title(self):
@@ -154,7 +155,9 @@ class ByKeyboard(unittest.TestCase):
         return " ".join(cell.name for cell in self.tree.wait_for("tree", "Channels").children)
 
     def entry(self, name):
-        return next(entry for entry in self.tree.wait_for("menu bar").walk() if entry.name == name)
+        if name not in self.entries:
+            self.entries[name] = next(entry for entry in self.tree.wait_for("menu bar").walk() if entry.name == name)
+        return self.entries[name]
 
     def is_checked(self, name):
         if name == "Channel Carousel":  # Its menu is filled when it is opened.

@@ -66,19 +66,13 @@ class Tour:
                                    stdout=subprocess.PIPE).stdout.splitlines()
             self.service = stack.enter_context(LocalServices(*services_of(films)))
             self.service.control(f"account add {GUEST} {PASSWORD}")
-            self.program = Program(self.display, *self._set.get("arguments", ()), driver="null", settings={
-                **self._settings(), **self._set.get("settings", {})}, environment=self._set.get("environment"))
+            self.program = Program(
+                self.display, *self._set.get("arguments", ()), driver="null", environment=self._set.get("environment"),
+                settings={**self.service.settings(GUEST, PASSWORD), **self._set.get("settings", {})})
             self._write_colours()
             stack.enter_context(self.program)
             self.tree = accessible.application(self.program, 20)
             self.walk()
-
-    def _settings(self):
-        user = GUEST.replace("@", "%40")
-        return {r"application/service\url": f"http://127.0.0.1:{self.service.ports['web']}",
-                r"application/biscotti\host": "127.0.0.1", r"application/biscotti\port": self.service.ports["biscotti"],
-                r"application/lastUser": GUEST, rf"user/{user}\password": f'"{PASSWORD}"',
-                rf"user/{user}\signInAutomatically": "true", rf"user/{user}\videoWindow\seenTutorial29": "true"}
 
     def _write_colours(self):
         groups = [f"[Colors:{name}]\nBackgroundNormal={ground}\nBackgroundAlternate={ground}\nForegroundNormal={text}\n"
