@@ -155,7 +155,10 @@ int LatteDataSource::seekFrame(AVStream*, long long, int)
 
 void LatteDataSource::onLatteBytesReady(LatteClient* client)
 {
-    if (client != _client || _opened || hasDemuxer())
+    if (client != _client)
+        return;
+    _heldBackState.clear(); // A buffer that was full, or whatever it was: it goes on.
+    if (_opened || hasDemuxer())
         return;
     if (!takeBytes(client))
         return;

@@ -59,7 +59,9 @@ void endAtOnce()
 } // namespace
 
 Application::Application(QString const& appId, int& argc, char** argv)
-    : SingleApplication(SingleInstance::idOfProfile(appId), argc, argv), _translations(chosenLocale())
+    : SingleApplication(SingleInstance::idOfProfile(appId), argc, argv),
+      _keyRepeats([this](QObject* receiver, QEvent* event) { SingleApplication::notify(receiver, event); }),
+      _translations(chosenLocale())
 {
     Q_INIT_RESOURCE(ombravision);
     setQuitOnLastWindowClosed(false);
@@ -222,4 +224,10 @@ void Application::onMessageReceived(QString const& message)
 bool Application::event(QEvent* event)
 {
     return SingleApplication::event(event);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    bool const isKeys = (receiver->isWindowType() && event->spontaneous()) || event->type() == QEvent::Shortcut;
+    return (isKeys && _keyRepeats.take(receiver, event)) || SingleApplication::notify(receiver, event);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppData.h"
+#include "KeyRepeats.h"
 #include "SingleApplication.h"
 #include "TerminationSignals.h"
 #include "Translations.h"
@@ -43,6 +44,7 @@ public:
     QString messageForFirstInstance() const;
 
     bool event(QEvent* event) override;
+    bool notify(QObject* receiver, QEvent* event) override;
 
 public slots:
     /// Raises the window, and plays the files and addresses that come with the message.
@@ -57,6 +59,7 @@ private:
 
     static Logger* log;
 
+    KeyRepeats _keyRepeats;           ///< First: events come as long as there are members.
     Translations const _translations; ///< Before anything has texts.
     TerminationSignals _terminationSignals;
     AppData _appData;

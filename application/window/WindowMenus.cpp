@@ -16,6 +16,8 @@
 #include <QMenuBar>
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -165,7 +167,11 @@ void WindowMenus::goToMenus()
 {
     if (!_bar->isVisible()) {
         showContextMenu(_window.mapToGlobal(_window.rect().center()));
-        _contextMenu->setActiveAction(_contextMenu->actions().constFirst());
+        QList<QAction*> const entries = _contextMenu->actions();
+        auto const first = std::ranges::find_if(
+            entries, [](QAction const* entry) { return entry->isVisible() && !entry->isSeparator(); });
+        if (first != entries.end())
+            _contextMenu->setActiveAction(*first);
         return;
     }
     // As the Alt key alone does it: Qt has no other way there that leads back to where the focus was.

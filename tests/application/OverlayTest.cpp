@@ -91,6 +91,24 @@ TEST_F(OverlayTest, TheBarsGoAfterAnIntervalWithNoPointerOverThem)
     EXPECT_EQ(shown(), "top bottom ") << "not for a whole interval yet";
     _overlay->onFadeTimer();
     EXPECT_EQ(shown(), "");
+
+    auto const rest = [this] {
+        for (int i = 0; i < 2; ++i)
+            _overlay->onFadeTimer();
+        return shown();
+    };
+    move(400, 200);
+    _layout.focusNext(true);
+    EXPECT_EQ(rest(), "top bottom ") << "the keyboard is there";
+    _overlay->setHasKeyboard(false);
+    EXPECT_EQ(rest(), "") << "a dialog has it";
+    QList<Channel*> const channels = addChannels(1);
+    emit _appData.channelManager()->channelError(nullptr, "gone");
+    EXPECT_EQ(shown(), "top ");
+    EXPECT_EQ(rest(), "");
+    emit _appData.channelManager()->streamOpened(channels.first(), nullptr);
+    emit _appData.channelManager()->channelError(nullptr, "gone");
+    EXPECT_EQ(shown(), "") << "only another one was better meanwhile";
 }
 
 TEST_F(OverlayTest, WhatIsHeldStaysAndTheCarouselHasItsOwnBar)
@@ -140,7 +158,10 @@ TEST_F(OverlayTest, WordsFollowWhatTheyAreAbout)
     _layout.setSize({1600, 900});
     EXPECT_FALSE(tip->isShown()) << "the button is elsewhere";
 
+    GLControl* const hint = find(_overlay.get(), "Hint");
+    hint->setVisible(true);
     _appData.settings.setCarouselMode(true);
+    EXPECT_FALSE(hint->isVisible());
     _overlay->setCarouselChannel("id2");
     emit _appData.channelsUpdated();
     GLControl const* const title = find(_overlay->topCanvas(), "Title");

@@ -5,6 +5,7 @@
 #include "DesktopMotion.h"
 #include "FileChannels.h"
 #include "Icons.h"
+#include "KeyRepeats.h"
 #include "Mnemonics.h"
 #include "PlainToolTip.h"
 #include "ReadableStyle.h"
@@ -24,6 +25,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTabBar>
+#include <QTest>
 #include <QTextDocument>
 #include <QUrl>
 
@@ -106,6 +108,46 @@ TEST_F(WindowKeysTest, DoWhatTheMenusShowBesideTheEntries)
         }
     }
     EXPECT_GT(found, 0);
+}
+
+TEST(KeyRepeats, AreReleasesThatAPressOfTheSameTimeFollows)
+{
+    QObject window;
+    QAction action;
+    action.setAutoRepeat(false);
+    QString told;
+    KeyRepeats repeats([&](QObject*, QEvent* event) {
+        auto const* const key = static_cast<QKeyEvent*>(event);
+        told += key->text() + (event->type() == QEvent::KeyRelease ? '-' : '+') + (key->isAutoRepeat() ? "~ " : " ");
+    });
+    auto const send = [&](QEvent::Type type, char key, quint64 time) {
+        QKeyEvent event(type, Qt::Key_A + key - 'a', {}, key, 0, 0, QString(QChar(key)));
+        event.setTimestamp(time);
+        if (!repeats.take(&window, &event))
+            told += QString(QChar(key)) + (type == QEvent::KeyRelease ? "-! " : "+! ");
+    };
+    QShortcutEvent shortcut({}, 1);
+    send(QEvent::KeyPress, 'a', 100);
+    EXPECT_FALSE(repeats.take(&action, &shortcut));
+    for (quint64 const time : {600, 640}) {
+        send(QEvent::KeyRelease, 'a', time);
+        send(QEvent::ShortcutOverride, 'a', time);
+        EXPECT_TRUE(repeats.take(&action, &shortcut)) << "acts once";
+        send(QEvent::KeyPress, 'a', time);
+    }
+    EXPECT_EQ(told, "a+! a-~ a+~ a+~ a-~ a+~ a+~ ");
+    told.clear();
+    send(QEvent::KeyRelease, 'a', 670);
+    EXPECT_EQ(told, "") << "waits";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !told.isEmpty(); }));
+    send(QEvent::KeyPress, 'a', 700);
+    EXPECT_FALSE(repeats.take(&action, &shortcut));
+    send(QEvent::KeyRelease, 'a', 710);
+    send(QEvent::KeyPress, 'b', 710);
+    send(QEvent::KeyRelease, 'b', 720);
+    QEvent focusOut(QEvent::FocusOut);
+    EXPECT_FALSE(repeats.take(&window, &focusOut));
+    EXPECT_EQ(told, "a- a+! a- b+! b- ") << "in order, whatever follows";
 }
 
 TEST(WindowPlace, IsWhereADisplayIs)

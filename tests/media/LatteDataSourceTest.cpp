@@ -367,9 +367,20 @@ TEST_F(LatteDataSourceTest, ALossIsToldWhenNothingIsLeftToBeShown)
     ASSERT_TRUE(waitUntil([&] { return !flow.isActive(); }));
     EXPECT_EQ(state.size() + _error->size(), 0) << "it was over in time";
 
-    read(); // As fast as this the timer may have run out.
-    flow.setInterval(LatteDataSource::flowTime);
-    flow.start();
+    auto const keepFlowing = [&] { // As fast as this the timer may have run out.
+        read();
+        flow.setInterval(LatteDataSource::flowTime);
+        flow.start();
+    };
+    keepFlowing();
+    emit client().progressChanged(&client(), "Stopped");
+    emit client().readyRead(&client());
+    settle();
+    flow.setInterval(0);
+    ASSERT_TRUE(waitUntil([&] { return !flow.isActive(); }));
+    EXPECT_EQ(state.size(), 0) << "the buffer was full, and no longer is";
+
+    keepFlowing();
     lose();
     flow.setInterval(0);
     ASSERT_TRUE(waitUntil([&] { return _error->size() == 1; }));

@@ -2,6 +2,7 @@
 Python: dbus-run-session -- /usr/bin/python3 -m unittest test_keyboard."""
 
 import re
+import time
 import unittest
 
 from support import ROOT, accessible, clips, wait_for
@@ -45,7 +46,8 @@ class ByKeyboard(unittest.TestCase):
         self.program = self.enterContext(Program(self.display, driver="null", settings={
             **self.service.settings(GUEST, PASSWORD), r"application/videoWindow\showWindowFrame": "true"}))
         self.tree = accessible.application(self.program, 20)
-        self.keyboard = Keyboard(self.program)
+        self.entries = {}  # Of the menus, by name.
+        self.keyboard = self.enterContext(Keyboard(self.program))
         self.program.wait_for_log("^Channel changed from .* to Alpha$")
         self.program.video_rectangle()
         self.display.ask("xdotool", "windowactivate", "--sync", self.program.window)
@@ -113,15 +115,19 @@ class ByKeyboard(unittest.TestCase):
         self.keyboard.go_to("push button", "New Channel...")
         self.in_dialog("new channel", lambda: self.keyboard.press("space"))
 
-    def test_a_held_key_goes_on(self):
+    def test_a_held_key_goes_on_or_acts_once(self):
         volume = self.tree.wait_for("slider", "Volume")
+        self.changes(lambda: volume.value, "ctrl+Down")
+        once = volume.value
+        begin = time.monotonic()
+        self.keyboard.hold("ctrl+Down", lambda: time.monotonic() > begin + 1, "the key to repeat")
+        wait_for(lambda: volume.value != once, 5, "a change by the held key")
+        self.assertAlmostEqual(volume.value, 2 * once - 1, 3, "acts once")
         self.keyboard.go_to("slider", "Volume")
-        self.keyboard.hold("Left", 1.5)
-        self.assertLess(volume.value, 0.5, "a slider goes on")
+        self.keyboard.hold("Left", lambda: volume.value < 0.5, "a slider to go on")
         self.keyboard.go_to("tree")
         self.keyboard.press("Home")
-        self.keyboard.hold("Down", 1.5)
-        self.assertNotRegex(self.keyboard.focus.name, "Alpha|Beta|Gamma", "a list goes on")
+        self.keyboard.hold("Down", lambda: not re.search("Alpha|Beta|Gamma", self.keyboard.focus.name), "a list to go on")
 
     def film(self):
         """One that can be held and sought in."""
@@ -139,7 +145,7 @@ class ByKeyboard(unittest.TestCase):
 
     def changes(self, value, *keys):
         before = value()
-        self.keyboard.press(*keys)
+        self.keyboard.press(*keys, seconds=0)
         return wait_for(lambda: value() != before, 5, f"a change from {before} by {keys}")
 
     def title(self):
@@ -149,7 +155,9 @@ class ByKeyboard(unittest.TestCase):
         return " ".join(cell.name for cell in self.tree.wait_for("tree", "Channels").children)
 
     def entry(self, name):
-        return next(entry for entry in self.tree.wait_for("menu bar").walk() if entry.name == name)
+        if name not in self.entries:
+            self.entries[name] = next(entry for entry in self.tree.wait_for("menu bar").walk() if entry.name == name)
+        return self.entries[name]
 
     def is_checked(self, name):
         if name == "Channel Carousel":  # Its menu is filled when it is opened.

@@ -66,8 +66,9 @@ class Tour:
                                    stdout=subprocess.PIPE).stdout.splitlines()
             self.service = stack.enter_context(LocalServices(*services_of(films)))
             self.service.control(f"account add {GUEST} {PASSWORD}")
-            self.program = Program(self.display, *self._set.get("arguments", ()), driver="null", settings={
-                **self.service.settings(GUEST, f'"{PASSWORD}"'), **self._set.get("settings", {})}, environment=self._set.get("environment"))
+            self.program = Program(
+                self.display, *self._set.get("arguments", ()), driver="null", environment=self._set.get("environment"),
+                settings={**self.service.settings(GUEST, PASSWORD), **self._set.get("settings", {})})
             self._write_colours()
             stack.enter_context(self.program)
             self.tree = accessible.application(self.program, 20)

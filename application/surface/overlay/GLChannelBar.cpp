@@ -127,6 +127,10 @@ void GLChannelBar::updateLogo(Channel const* channel)
     // One of the viewer's own has no logo but the one that all such have.
     constexpr int withoutLogo = ChannelDescription::FileChannel | ChannelDescription::UserStreamChannel;
     bool const hasLogo = channel && (channel->desc.channelType() & withoutLogo) == 0;
+    qint64 const key = hasLogo ? channel->desc.packedLogo().key() : 0;
+    bool const isSameKey = std::exchange(_logoKey, key) == key;
+    if (std::exchange(_logoScale, scale()) == scale() && isSameKey)
+        return; // Each key that seeks comes here.
     QImage logo = hasLogo ? channel->desc.logo() : QImage();
     if (!logo.isNull()) // Drawn in a square of few pixels: however large it is, no more of it is kept.
         logo = logo.scaled(QSize(logoSide, logoSide) * scale(), Qt::KeepAspectRatio, Qt::SmoothTransformation)

@@ -68,4 +68,6 @@ private:
     bool _isPausable = false;
     QString _shown;           ///< The channel that it is about, by its root id.
     double _widestTime = 0.0; ///< Pixels.
+    qint64 _logoKey = 0;      ///< Of the logo that is shown, 0 for none, and the scale it is for.
+    double _logoScale = 0.0;
 };

@@ -95,8 +95,8 @@ bool GLOverlay::isCarouselBar(GLControl const* control) const
 
 bool GLOverlay::isPointerOver() const
 {
-    // Whoever uses the keyboard rests on a control as the pointer does.
-    GLControl const* const focus = _layout->focus();
+    // Whoever uses the keyboard here rests on a control as the pointer does.
+    GLControl const* const focus = _hasKeyboard ? _layout->focus() : nullptr;
     return _isPointerOverTop || _isPointerOverBottom || (focus && focus != this && focus->showsFocus());
 }
 
@@ -194,6 +194,7 @@ void GLOverlay::onCarouselModeChanged()
     bool const isOn = _appData.settings.carouselMode();
     _layout->setFocus(nullptr);
     hideTip();
+    updateHint();
     updateMark();
     if (isOn) {
         fadeOut(_bottom);
@@ -271,11 +272,12 @@ void GLOverlay::layOut()
 /// It goes at once, and comes when nothing has played for a while.
 void GLOverlay::updateHint()
 {
-    bool const isIdle = _appData.channelManager()->openChannels().isEmpty() && !_appData.settings.carouselMode();
+    ChannelManager const& channels = *_appData.channelManager();
+    bool const isIdle = channels.openChannels().isEmpty() && !_appData.settings.carouselMode();
     if (!isIdle) {
         _hintTimer.stop();
         _hint.setVisible(false);
-    } else if (sender() == &_hintTimer) {
+    } else if (sender() == &_hintTimer && !channels.isBusy()) {
         fadeIn(_hint);
     } else if (!_hint.isVisible()) {
         _hintTimer.start();

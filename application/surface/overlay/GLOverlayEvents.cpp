@@ -43,9 +43,11 @@ void GLOverlay::connectHub()
     connect(channels, &ChannelManager::channelError, this, &GLOverlay::onChannelError);
     connect(channels, &ChannelManager::channelStateChanged, this, &GLOverlay::onChannelStateChanged);
     connect(channels, &ChannelManager::streamOpened, this, [this](Channel* channel) {
-        if (!channel->hasError())
-            onChannelStateChanged(channel, {}); // What was told on the way there is over.
-        _toldError.clear();
+        if (channel->hasError())
+            return;
+        onChannelStateChanged(channel, {}); // What was told on the way there is over.
+        if (channel == _appData.channelManager()->activeChannel())
+            _toldError.clear();
     });
     connect(channels, &ChannelManager::channelLogoUpdated, this, &GLOverlay::onChannelLogoUpdated);
     connect(channels, &ChannelManager::mouseEnteredChannel, this, &GLOverlay::onMouseEnteredChannel);

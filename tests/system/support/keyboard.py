@@ -1,5 +1,6 @@
 """Keys as a hand presses them, and where the focus goes, as a screen reader hears of it."""
 
+import subprocess
 import time
 
 from . import wait_for
@@ -7,7 +8,8 @@ from .accessible import Atspi, Element, GLib
 
 
 class Keyboard:
-    """Of a program that accessible.enable() came before. `focus` is what the last told of is, None before that."""
+    """Of a program that accessible.enable() came before. `focus` is what the last told of is, None before that.
+    A context: what presses the keys ends with it."""
 
     def __init__(self, program):
         self._program = program
@@ -15,6 +17,20 @@ class Keyboard:
         self.focus = None
         self._listener = Atspi.EventListener.new(self._on_focus)
         self._listener.register("object:state-changed:focused")
+
+    def __enter__(self):
+        self._hands = subprocess.Popen(["xdotool", "-"], env=self._program.display.environment, text=True,
+                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        return self
+
+    def __exit__(self, *_):
+        self._hands.communicate()
+
+    def _do(self, *words):
+        """One for all keys: a process for each would take longer than what it does."""
+        print(*words, "\ngetmouselocation", file=self._hands.stdin, flush=True)
+        if not self._hands.stdout.readline():
+            raise AssertionError(f"the display does not take {words}")
 
     def _on_focus(self, event, *_):
         if event.detail1:
@@ -34,11 +50,19 @@ class Keyboard:
     def press(self, *keys, seconds=0.25):
         """As xdotool names them; after each the focus has this time to move."""
         for key in keys:
-            self._program.display.ask("xdotool", "key", key)
+            self._do("key", key)
             self.listen(seconds)
 
-    def hold(self, key, seconds):
-        self._program.display.ask("xdotool", "keydown", key, "sleep", str(seconds), "keyup", key)
+    def hold(self, key, condition, what):
+        """Until the condition is met."""
+        def look():
+            self.listen(0.05)
+            return condition()
+        self._do("keydown", key)
+        try:
+            wait_for(look, 10, what)
+        finally:
+            self._do("keyup", key)
         self.listen(0.3)
 
     def go_to(self, role, name=".*", key="Tab"):

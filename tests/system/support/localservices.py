@@ -72,7 +72,7 @@ class LocalServices:
         name = user.replace("@", "%40")
         return {r"application/service\url": f"http://127.0.0.1:{self.ports['web']}",
                 r"application/biscotti\host": "127.0.0.1", r"application/biscotti\port": self.ports["biscotti"],
-                r"application/lastUser": user, rf"user/{name}\password": password,
+                r"application/lastUser": user, rf"user/{name}\password": f'"{password}"',
                 rf"user/{name}\signInAutomatically": "true", rf"user/{name}\videoWindow\seenTutorial29": "true"}
 
     def control(self, *lines):
