@@ -24,6 +24,8 @@ ChannelEvents::ChannelEvents(AppData& appData, TimerFactory* timers, QObject* pa
     connect(channels, &ChannelManager::channelsUpdated, this, &ChannelEvents::onChannelsUpdated);
     connect(channels, &ChannelManager::channelChanged, this, &ChannelEvents::onChannelChanged);
     connect(&appData.settings, &AppSettings::testModeChanged, this, &ChannelEvents::onTestModeChanged);
+    connect(&appData, &AppData::systemSuspended, this, &ChannelEvents::onSystemSuspended);
+    connect(&appData, &AppData::systemResumed, this, &ChannelEvents::onSystemResumed);
 }
 
 ChannelEvents::~ChannelEvents()
@@ -83,6 +85,18 @@ void ChannelEvents::onSignedInChanged()
 {
     if (!_appData.signIn()->isSignedIn())
         _hasOpenedFirst = false;
+}
+
+void ChannelEvents::onSystemSuspended()
+{
+    _wakesPlaying = _appData.channelManager()->isBusy();
+    _appData.channelManager()->closeForLater();
+}
+
+void ChannelEvents::onSystemResumed()
+{
+    if (std::exchange(_wakesPlaying, false) && _isVisible)
+        _appData.channelManager()->openLastChannels();
 }
 
 void ChannelEvents::onChannelChanged(Channel*, Channel*)
