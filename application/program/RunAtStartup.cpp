@@ -1,13 +1,14 @@
 #include "RunAtStartup.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 namespace
 {
@@ -33,7 +34,7 @@ QStringList systemEntries(QString const& name)
 std::optional<bool> startsSomething(QString const& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) // A pipe would keep whoever opens it.
         return {};
     bool starts = false;
     bool isOff = false;
@@ -81,11 +82,12 @@ QByteArray entry(QString const& name, QString const& path, QStringList const& ar
 
 bool write(QString const& path, QByteArray const& text, QString& problem)
 {
+    std::error_code error; // QDir tells no reason.
+    std::filesystem::create_directories(QFile::encodeName(QFileInfo(path).path()).toStdString(), error);
     QSaveFile file(path);
-    if (QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) && file.write(text) == text.size() &&
-        file.commit())
+    if (!error && file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
         return true;
-    problem = file.errorString();
+    problem = error ? QString::fromLocal8Bit(error.message().c_str()) : file.errorString();
     return false;
 }
 

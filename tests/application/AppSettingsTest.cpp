@@ -16,6 +16,7 @@
 #include <QTest>
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 namespace
 {
@@ -347,6 +348,16 @@ TEST_F(AppSettingsTest, TheDesktopStartsTheProgramAsItsEntrySays)
     EXPECT_TRUE(processEventsUntil([&] { return !settings.runAtStartup(); })) << "as it is, not as it was wished";
     EXPECT_EQ(failed.count(), 1);
     QDir(path).removeRecursively();
+    ASSERT_EQ(::mkfifo(qPrintable(path), S_IRUSR | S_IWUSR), 0);
+    EXPECT_TRUE(isOnNow(false)) << "nobody waits for a pipe";
+    QString const directory = QFileInfo(path).path();
+    QDir(directory).removeRecursively();
+    QFile inTheWay(directory);
+    ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
+    QString problem;
+    EXPECT_FALSE(RunAtStartup::setRunAtStartup("Ombravision", "/a", {}, true, &problem));
+    EXPECT_TRUE(problem.contains("Not a directory")) << qPrintable(problem);
+    inTheWay.remove();
 }
 
 TEST_F(AppSettingsTest, SecretsAreStoredEncipheredOnly)
