@@ -24,6 +24,8 @@ ChannelEvents::ChannelEvents(AppData& appData, TimerFactory* timers, QObject* pa
     connect(channels, &ChannelManager::channelsUpdated, this, &ChannelEvents::onChannelsUpdated);
     connect(channels, &ChannelManager::channelChanged, this, &ChannelEvents::onChannelChanged);
     connect(&appData.settings, &AppSettings::testModeChanged, this, &ChannelEvents::onTestModeChanged);
+    connect(&appData, &AppData::systemSuspended, this, &ChannelEvents::onSystemSuspended);
+    connect(&appData, &AppData::systemResumed, this, &ChannelEvents::onSystemResumed);
 }
 
 ChannelEvents::~ChannelEvents()
@@ -70,10 +72,10 @@ void ChannelEvents::openFirst()
         return;
     bool const isFirst = !std::exchange(_hasOpenedFirst, true);
     using StartPage = SettingsValues::StartPage;
-    StartPage const startPage = isFirst ? _appData.settings.startPage() : StartPage::LastChannels;
+    StartPage const startPage = _appData.settings.startPage();
     if (startPage == StartPage::Nothing || channels.isBusy())
         return;
-    if (startPage == StartPage::DefaultChannel && channels.defaultChannel())
+    if (isFirst && startPage == StartPage::DefaultChannel && channels.defaultChannel())
         channels.openChannel(channels.defaultChannel(), _appData.settings.sponsorshipEnabled(), true);
     else
         channels.openLastChannels(isFirst && _appData.settings.sponsorshipEnabled());
@@ -83,6 +85,18 @@ void ChannelEvents::onSignedInChanged()
 {
     if (!_appData.signIn()->isSignedIn())
         _hasOpenedFirst = false;
+}
+
+void ChannelEvents::onSystemSuspended()
+{
+    _wakesPlaying = _appData.channelManager()->isBusy();
+    _appData.channelManager()->closeForLater();
+}
+
+void ChannelEvents::onSystemResumed()
+{
+    if (std::exchange(_wakesPlaying, false) && _isVisible)
+        _appData.channelManager()->openLastChannels();
 }
 
 void ChannelEvents::onChannelChanged(Channel*, Channel*)

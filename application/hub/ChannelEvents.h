@@ -38,6 +38,10 @@ public slots:
     void onChannelChanged(Channel* from, Channel* to);
     void onWindowVisibilityChanged(bool visible);
     void onSignedInChanged();
+    /// The system sleeps next: nothing plays then.
+    void onSystemSuspended();
+    /// What played before comes back, and nothing else.
+    void onSystemResumed();
     void onTestModeChanged();
     void onTestModeTimer();
 
@@ -54,5 +58,6 @@ private:
     bool _isSurfaceReady = false;
     bool _isVisible = true;
     bool _opensAgain = false;     ///< With the new surface.
+    bool _wakesPlaying = false;   ///< When the system does.
     bool _hasOpenedFirst = false; ///< Since the directory began to be followed.
 };

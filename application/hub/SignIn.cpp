@@ -78,6 +78,7 @@ void SignIn::signOut(bool notify)
 {
     if (!isSignedIn())
         return;
+    emit aboutToChange();
     ChannelManager& channels = *_appData.channelManager();
     channels.stopChecking();
     channels.unloadChannels();
@@ -139,6 +140,7 @@ void SignIn::endSigningIn()
 
 void SignIn::enter(QString const& email)
 {
+    emit aboutToChange();
     AppSettings& settings = _appData.settings;
     settings.saveGlobalSettings();
     settings.saveGuestSettings();

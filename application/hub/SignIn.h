@@ -44,6 +44,8 @@ public:
     void save();
 
 signals:
+    /// Somebody is about to be signed in, or not to be any more: the settings are still those of whoever was here.
+    void aboutToChange();
     void signedInChanged();
     void signInStarted();
     /// It has ended, with somebody signed in or not.

@@ -176,7 +176,7 @@ constexpr Setting table[] = {
          &A::twitterAutoAddOmbravisionTopicChanged),
     // What an account has no word about stays as it is in the window.
     Line(User, "videoWindow", "volume", &V::volume, &A::volumeChanged).within(0.0, 1.0).otherwise(Current),
-    Line(User, "videoWindow", "muted", &V::muted, &A::muteChanged, MenuAction::Mute),
+    Line(User, "videoWindow", "muted", &V::muted, &A::muteChanged, MenuAction::Mute).otherwise(Current),
     Line(User, "videoWindow", "alwaysOnTop", &V::alwaysOnTop, &A::alwaysOnTopChanged, MenuAction::AlwaysOnTop)
         .otherwise(Current),
     Line(User, "videoWindow", "showTabs", &V::showTabs, &A::showTabsChanged, MenuAction::Tabs).otherwise(Current),

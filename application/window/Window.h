@@ -86,8 +86,6 @@ private slots:
     void onRecord(bool checked);
     void onScreenshotCompleted(QString const& path);
     void onSystemShutdown();
-    void onSystemSuspended();
-    void onSystemResumed();
     void onQuit();
     void onTrayActivated();
     void onTrayChannelChosen(QString const& rootId);

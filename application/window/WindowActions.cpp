@@ -155,17 +155,6 @@ void Window::onSystemShutdown()
     onQuit();
 }
 
-void Window::onSystemSuspended()
-{
-    _appData.channelManager()->closeForLater();
-}
-
-void Window::onSystemResumed()
-{
-    if (isVisible() && !_closedByHand)
-        _appData.channelManager()->openLastChannels();
-}
-
 void Window::onQuit()
 {
     _trayIcon->hide();

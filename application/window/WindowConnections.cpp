@@ -83,8 +83,6 @@ void Window::connectSignals()
     connect(&_appData, &AppData::channelsUpdated, this, &Window::updateTitle); // It may have been renamed.
     connect(&_appData, &AppData::signInStarted, this, &Window::onSigningInChanged);
     connect(&_appData, &AppData::systemShutdown, this, &Window::onSystemShutdown);
-    connect(&_appData, &AppData::systemSuspended, this, &Window::onSystemSuspended);
-    connect(&_appData, &AppData::systemResumed, this, &Window::onSystemResumed);
     connect(&_appData, &AppData::dockIconClicked, this, &Window::showWindow);
     connect(_appData.signIn(), &SignIn::signInEnded, this, &Window::onSigningInChanged);
     ChannelManager const* const channels = _appData.channelManager();

@@ -15,6 +15,7 @@
 #include <QTest>
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 namespace
 {
@@ -279,6 +280,7 @@ TEST_F(AppSettingsTest, AGuestFindsTheirChoicesAgainAndNothingOfAnAccount)
     _settings.loadGuestSettings();
     _settings.setShowTabs(false);
     _settings.setVolume(0.25);
+    _settings.setMuted(true);
     _settings.setDrawMode(3);
     _settings.setVideoFileDirectory("/films");
     _settings.setChatFontSize(20);
@@ -286,6 +288,7 @@ TEST_F(AppSettingsTest, AGuestFindsTheirChoicesAgainAndNothingOfAnAccount)
     _settings.saveGuestSettings();
     _settings.loadUserSettings("me@home");
     EXPECT_FALSE(_settings.showTabs()) << "the account has no word about the window";
+    EXPECT_TRUE(_settings.muted());
     EXPECT_EQ(_settings.chatFontSize(), 11);
     _settings.setAlertHistory({"mine"});
     _settings.setActiveChannel("mine");

@@ -148,6 +148,33 @@ TEST_F(PreferencesTest, DefaultsAreOfThisPageAndWidgetsFollowTheSettings)
     EXPECT_EQ(settings.drawMode(), 3) << "as it was, in spite of the defaults";
 }
 
+TEST_F(PreferencesTest, WhatIsCancelledAfterASignInOrOutIsNobodyElses)
+{
+    AppSettings& settings = _appData.settings;
+    auto const enter = [this] { _appData.signIn()->onAutoLoginCompleted(true, "ann@example.com"); };
+    auto* const automatic = _dialog->page(PreferencesDialog::Account)->findChildren<QCheckBox*>().constFirst();
+    for (bool const signsOut : {false, true}) {
+        settings.setChatFontSize(33);
+        settings.saveUserSettings("ann@example.com");
+        settings.setChatFontSize(21);
+        if (signsOut)
+            enter();
+        EXPECT_EQ(automatic->isEnabled(), signsOut) << "it is an account's";
+        changeEverything();
+        EXPECT_NE(settings.chatFontSize(), signsOut ? 33 : 21);
+        bool const isAutomatic = settings.autoLogin();
+        signsOut ? _appData.signOut(true) : enter();
+        EXPECT_EQ(settings.chatFontSize(), signsOut ? 21 : 33);
+        _dialog->reject();
+        EXPECT_EQ(settings.chatFontSize(), signsOut ? 21 : 33);
+        signsOut ? enter() : _appData.signOut(true);
+        EXPECT_EQ(settings.chatFontSize(), signsOut ? 33 : 21);
+        EXPECT_TRUE(!signsOut || settings.autoLogin() == isAutomatic) << "who leaves has chosen it";
+        _appData.signOut(true);
+        _dialog->show();
+    }
+}
+
 TEST_F(PreferencesTest, TheWindowStaysAsItIsFromPageToPage)
 {
     QApplication::processEvents();

@@ -185,3 +185,23 @@ TEST_F(SignInTest, TestModeGoesFromChannelToChannelAndEndsWithTheWindow)
     EXPECT_EQ(reports.size(), 1);
     EXPECT_EQ(channels.lastChannelId(), "b") << "what was about to open";
 }
+
+TEST_F(SignInTest, TheSystemWakesUpWithWhatPlayedAndNothingElse)
+{
+    ChannelManager& channels = *_appData.channelManager();
+    channels.addUserChannel(described("a"));
+    for (bool const isHidden : {false, true}) {
+        channels.openChannel("a", false, true);
+        emit _appData.systemSuspended();
+        EXPECT_FALSE(channels.isBusy());
+        if (isHidden)
+            _appData.onWindowVisibilityChanged(false);
+        emit _appData.systemResumed();
+        EXPECT_EQ(channels.isBusy(), !isHidden);
+        _appData.onWindowVisibilityChanged(true);
+        channels.closeAllChannels();
+        emit _appData.systemSuspended();
+        emit _appData.systemResumed();
+        EXPECT_FALSE(channels.isBusy()) << "nothing played";
+    }
+}

@@ -28,9 +28,9 @@ AccountPage::AccountPage(AppData& appData) : PreferencesPage(appData)
         bool const isSignedIn = this->appData().signIn()->isSignedIn();
         this->appData().settings.action(isSignedIn ? MenuAction::SignOut : MenuAction::SignIn)->trigger();
     });
-    QCheckBox* const automatic = addSwitch(tr("Sign in &automatically at the start"), &V::autoLogin);
+    _automatic = addSwitch(tr("Sign in &automatically at the start"), &V::autoLogin);
     _asked = addNote(tr("You will be asked for your password once more."));
-    connect(automatic, &QCheckBox::toggled, this, &AccountPage::showAccount);
+    connect(_automatic, &QCheckBox::toggled, this, &AccountPage::showAccount);
     addText(tr("&Name in chats:"), &V::chatNick, longestNick);
     addSection(tr("Security"));
     QCheckBox* const plain =
@@ -54,6 +54,7 @@ void AccountPage::showAccount()
     _account->setText(isSignedIn ? tr("Signed in as %1.").arg(appData().signIn()->email())
                                  : tr("Nobody is signed in."));
     _sign->setText(isSignedIn ? tr("Sign &out") : tr("Sign &in..."));
+    _automatic->setEnabled(isSignedIn); // It is an account's.
     _asked->setVisible(isSignedIn && appData().settings.autoLogin() &&
                        !appData().loginManager()->hasStoredPassword(signIn.email()));
 }

@@ -17,6 +17,7 @@ private:
 
     QLabel* _account;
     QPushButton* _sign;
+    QCheckBox* _automatic;
     QLabel* _asked;
     QLabel* _warning;
 };

@@ -52,6 +52,7 @@ PreferencesDialog::PreferencesDialog(AppData& appData, QWidget* parent)
     _note->setText(tr("You are not signed in. Each account keeps some of this for itself."));
     contents()->addWidget(_note);
     connect(&appData, &AppData::signedInChanged, this, &PreferencesDialog::showNote);
+    connect(appData.signIn(), &SignIn::aboutToChange, this, &PreferencesDialog::leaveUser);
     addPage(tr("General"), Icon::Settings, [&appData] { return new GeneralPage(appData); });
     addPage(tr("Video"), Icon::Television, [&appData] { return new VideoPage(appData); });
     addPage(tr("Sound"), Icon::Volume, [&appData] { return new SoundPage(appData); });
@@ -124,6 +125,15 @@ void PreferencesDialog::showNote()
     auto const current = static_cast<size_t>(_list->currentRow());
     PreferencesPage* const shown = current < _pages.size() ? _pages[current].page : nullptr;
     _note->setVisible(shown && shown->binding().hasUserSetting() && !appData().signIn()->isSignedIn());
+}
+
+void PreferencesDialog::leaveUser()
+{
+    if (!_isBegun)
+        return; // All of it is accepted.
+    for (Place const& place : _pages)
+        if (place.page)
+            place.page->binding().leaveUser();
 }
 
 void PreferencesDialog::showEvent(QShowEvent* event)

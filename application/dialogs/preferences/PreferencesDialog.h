@@ -37,6 +37,7 @@ private:
     void addPage(QString const& title, Icon icon, std::function<PreferencesPage*()> make);
     void onPageChosen(int index);
     void showNote();
+    void leaveUser(); ///< Somebody else signs in next, or nobody is signed in any more.
 
     struct Place {
         std::function<PreferencesPage*()> make;

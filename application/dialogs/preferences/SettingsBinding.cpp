@@ -14,6 +14,7 @@ SettingsBinding::SettingsBinding(AppSettings& settings, QObject* parent) : QObje
 void SettingsBinding::follow(size_t entry, SettingField const& field)
 {
     Setting const* const setting = findSetting(field);
+    _entries[entry].setting = setting;
     _hasUserSetting = _hasUserSetting || (setting && setting->scope == SettingScope::User);
     if (!setting || !setting->changed)
         return;
@@ -95,10 +96,26 @@ void SettingsBinding::commit()
 void SettingsBinding::revert()
 {
     // In the order in which they were bound: the volume, whose change ends a mute, comes before that.
+    for (Entry& entry : _entries)
+        revert(entry);
+}
+
+void SettingsBinding::revert(Entry& entry)
+{
+    if (std::optional<SettingsValues> const before = std::exchange(entry.before, std::nullopt))
+        entry.take(*before);
+    entry.show();
+}
+
+void SettingsBinding::leaveUser()
+{
     for (Entry& entry : _entries) {
-        if (std::optional<SettingsValues> const before = std::exchange(entry.before, std::nullopt))
-            entry.take(*before);
-        entry.show();
+        if (!entry.setting)
+            continue;
+        if (isOf(*entry.setting, SettingScope::Guest))
+            revert(entry);
+        else if (entry.setting->isOfAccount)
+            entry.before.reset();
     }
 }
 

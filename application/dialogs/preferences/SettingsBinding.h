@@ -48,6 +48,11 @@ public:
     /// Gives back what has been changed from here since forget(), as it was before the first change.
     void revert();
 
+    /// Before somebody else is signed in, or nobody: gives back what has been changed of what each of them has for
+    /// themselves, since that would reach the next one else. What only an account has, such as how it signs in, stays
+    /// with it as it was chosen.
+    void leaveUser();
+
     /// As in a new installation.
     void setDefaults();
 
@@ -64,10 +69,12 @@ private:
         std::function<void(SettingsValues const&)> take;
         std::function<void()> commit;         ///< May be empty.
         std::optional<SettingsValues> before; ///< The first change from here.
+        Setting const* setting = nullptr;
     };
 
     void follow(size_t entry, SettingField const& field);
     void touch(Entry& entry) const;
+    static void revert(Entry& entry);
     static void addMissing(QComboBox* box, QVariant const& value, QString const& text);
 
     AppSettings& _settings;
@@ -84,7 +91,8 @@ std::function<void(T const&)> SettingsBinding::bind(T SettingsValues::*field,
     _entries.push_back({[this, field, show] { show(_settings.values().*field); },
                         [this, field](SettingsValues const& from) { _settings.setValue(field, from.*field); },
                         {},
-                        {}});
+                        {},
+                        nullptr});
     follow(entry, field);
     _entries[entry].show();
     return [this, entry, field](T const& value) {
