@@ -166,7 +166,6 @@ private:
     QCursor _videoCursor;    ///< Where the pointer is over the picture.
     QString _pressedChannel; ///< By its root id, while it may be dragged to another's place.
     QPointF _pressPoint;
-    QPointer<GLControl> _left;      ///< Had the keys when another window took them; null for none.
     std::optional<QPoint> _pointer; ///< Where on the screen it was last.
     bool _isDragging = false;
     bool _hasTakenEscape = false; ///< When it went down; its way up means nothing then.

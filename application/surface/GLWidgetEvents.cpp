@@ -69,9 +69,6 @@ void GLWidget::focusInEvent(QFocusEvent* event)
     if (event->reason() == Qt::BacktabFocusReason) {
         _overlay.ensureVisible(true);
         _layout.focusNext(false);
-    } else if (GLControl* const control = std::exchange(_left, nullptr)) {
-        _overlay.ensureVisible(true);
-        _layout.setFocus(control, true);
     }
     if (isControlFocused()) // After the widget, for which this event is, has been told of.
         QMetaObject::invokeMethod(
@@ -80,15 +77,9 @@ void GLWidget::focusInEvent(QFocusEvent* event)
 
 void GLWidget::onFocusChanged(QWidget*, QWidget* to)
 {
-    bool const isHere = to == this || qobject_cast<QMenuBar*>(to) || QApplication::activePopupWidget();
-    _overlay.setHasKeyboard(isHere);
     // The ring is where the keys go. Whoever comes back from a menu or a dialog goes on where they were.
-    if (to && to != this && to->window() == window() && !qobject_cast<QMenuBar*>(to)) {
+    if (to && to != this && to->window() == window() && !qobject_cast<QMenuBar*>(to))
         _layout.setFocus(nullptr);
-        _left = nullptr;
-    } else if (!isHere && _layout.focus() && _layout.focus()->showsFocus()) {
-        _left = _layout.focus(); // It goes with the bars.
-    }
 }
 
 void GLWidget::mousePressEvent(QMouseEvent* event)

@@ -97,11 +97,6 @@ TEST_F(OverlayTest, TheBarsGoAfterAnIntervalWithNoPointerOverThem)
             _overlay->onFadeTimer();
         return shown();
     };
-    move(400, 200);
-    _layout.focusNext(true);
-    EXPECT_EQ(rest(), "top bottom ") << "the keyboard is there";
-    _overlay->setHasKeyboard(false);
-    EXPECT_EQ(rest(), "") << "a dialog has it";
     QList<Channel*> const channels = addChannels(1);
     emit _appData.channelManager()->channelError(nullptr, "gone");
     EXPECT_EQ(shown(), "top ");

@@ -95,8 +95,8 @@ bool GLOverlay::isCarouselBar(GLControl const* control) const
 
 bool GLOverlay::isPointerOver() const
 {
-    // Whoever uses the keyboard here rests on a control as the pointer does.
-    GLControl const* const focus = _hasKeyboard ? _layout->focus() : nullptr;
+    // Whoever uses the keyboard rests on a control as the pointer does.
+    GLControl const* const focus = _layout->focus();
     return _isPointerOverTop || _isPointerOverBottom || (focus && focus != this && focus->showsFocus());
 }
 

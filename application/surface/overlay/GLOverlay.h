@@ -33,9 +33,6 @@ public:
     /// in carousel mode.
     void ensureVisible(bool both);
 
-    /// Whether keys go to the surface, or to what has come over it for a moment. Else no control keeps the bars.
-    void setHasKeyboard(bool has) { _hasKeyboard = has; }
-
     /// An alert that the viewer has to see keeps what is shown.
     void setHeldByAlert(bool held);
 
@@ -135,7 +132,6 @@ private:
     QTimer _hintTimer;
     bool _hasRested = false; ///< The mouse, for a whole interval, but for what is over the bars.
     bool _isHeldByAlert = false;
-    bool _hasKeyboard = true;
     bool _isPointerOverTop = false;
     bool _isPointerOverBottom = false;
     bool _wasVisible = false;
