@@ -18,7 +18,7 @@ public:
     /// Brings an event on to its receiver.
     using Deliver = std::function<void(QObject*, QEvent*)>;
 
-    static constexpr int releaseDelay = 20; ///< ms; a press of the same time is there long before.
+    static constexpr int releaseDelay = 8; ///< ms; a press of the same time is there within a fraction of one.
 
     explicit KeyRepeats(Deliver deliver);
 
