@@ -44,8 +44,11 @@ bool KeyRepeats::take(QObject* receiver, QEvent* event)
     case QEvent::MouseButtonPress:
     case QEvent::Wheel:
     case QEvent::FocusOut:
-    case QEvent::Close:
         letGo();
+        return false;
+    case QEvent::Close: // Windows that end say so in their destructors: nobody is there for keys any more.
+        _timer.stop();
+        _release.reset();
         return false;
     default:
         return false;

@@ -148,6 +148,12 @@ TEST(KeyRepeats, AreReleasesThatAPressOfTheSameTimeFollows)
     QEvent focusOut(QEvent::FocusOut);
     EXPECT_FALSE(repeats.take(&window, &focusOut));
     EXPECT_EQ(told, "a- a+! a- b+! b- ") << "in order, whatever follows";
+    told.clear();
+    send(QEvent::KeyRelease, 'b', 730);
+    QEvent close(QEvent::Close);
+    EXPECT_FALSE(repeats.take(&window, &close));
+    send(QEvent::KeyPress, 'a', 740);
+    EXPECT_EQ(told, "a+! ") << "a window that ends gets no more keys";
 }
 
 TEST(WindowPlace, IsWhereADisplayIs)
