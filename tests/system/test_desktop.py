@@ -4,6 +4,7 @@ import os
 import re
 import signal
 import subprocess
+import time
 import unittest
 
 from support import built, clips, wait_for
@@ -148,7 +149,13 @@ class Desktop(unittest.TestCase):
         with Program(self.display, "-demo") as program:
             directory = program.home / ".Ombravision/Screenshots"
             area = self.display.geometry(program.window)
-            empty = self.display.screenshot(area)
+
+            def rests():
+                before = self.display.screenshot(area)
+                time.sleep(3)  # What to do first is said after two.
+                return before if self.display.screenshot(area).pixels_unlike(before) == 0 else None
+
+            empty = wait_for(rests, 30, "the hint")
 
             def words():
                 return self.display.screenshot(area).pixels_unlike(empty) > WORDS

@@ -73,7 +73,7 @@ class Keyboard:
             self.press(key)
         raise AssertionError(f'{key} does not lead to {role} "{name}"')
 
-    def wait_for(self, role, name=".*", seconds=5):
+    def wait_for(self, role, name=".*", seconds=10):
         def look():
             self.listen(0.05)
             return self.focus and self.focus.matches(role, name)
@@ -85,8 +85,10 @@ class Keyboard:
         while True:
             before = self.focus
             self.press(key)
+            if self.focus == before:  # The machine is busy, or the key was to the label's link.
+                self.listen(1 if before.role == "label" else 5)
             if before.role == "label" and self.focus == before:
-                self.press(key)  # It was to its link.
+                self.press(key)
             if self.focus == found[0]:
                 return found
             if self.focus == before or self.focus in found:
