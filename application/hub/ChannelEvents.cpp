@@ -64,7 +64,7 @@ void ChannelEvents::onChannelsUpdated()
 }
 
 /// Once there is a directory, what was open last is so again, unless the viewer has chosen something meanwhile. The
-/// same when all that was open has gone from it.
+/// same when all that was open has gone from it. Whoever wants nothing to begin with gets nothing later either.
 void ChannelEvents::openFirst()
 {
     ChannelManager& channels = *_appData.channelManager();
