@@ -39,6 +39,7 @@ Service::~Service()
 
 void Service::closeAll()
 {
+    _server.close(); // Or who is sent away is back at once.
     QSet<ServiceConnection*> const connections = std::exchange(_connections, {});
     for (ServiceConnection* const connection : connections)
         connection->disconnect(this);

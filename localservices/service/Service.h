@@ -62,7 +62,8 @@ protected:
 
     TickCounter& tickCounter() const { return _tickCounter; }
 
-    /// Deletes all connections. For destructors of subclasses that their connections still need.
+    /// Takes nobody any more and deletes all connections. For destructors of subclasses that their connections still
+    /// need.
     void closeAll();
 
 private:

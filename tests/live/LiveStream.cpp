@@ -76,6 +76,7 @@ LiveStream::LiveStream(LiveNetwork& network, QString const& address)
                      [this](GLMovieDataSource*, QString const& text) { _progress.append(text); });
     QObject::connect(source, &GLMovieDataSource::error,
                      [this](GLMovieDataSource*, QString const& text) { _errors.append(text); });
+    QObject::connect(source, &GLMovieDataSource::playing, [this] { ++_plays; });
     QObject::connect(source, &GLMovieDataSource::opened, [this] {
         ++_openings;
         _ends = false;

@@ -49,11 +49,11 @@ private:
     std::unique_ptr<LocalServices> _services;
 };
 
-/// A clock that is fast: play counts as lasting after some milliseconds.
+/// A clock that is so fast that all play counts as lasting.
 class HurriedTickCounter : public TickCounter
 {
 public:
-    qint64 msSinceEpoch() override { return _clock.msSinceEpoch() * 1000; }
+    qint64 msSinceEpoch() override { return _clock.msSinceEpoch() * 1'000'000; }
 
 private:
     MonotonicTickCounter _clock;
@@ -97,6 +97,8 @@ public:
 
     /// How often it has opened: again for each change of the stream's header.
     int openings() const { return _openings; }
+    /// How often it has begun to play: again after each loss.
+    int plays() const { return _plays; }
     int videoFrames() const { return _videoFrames; }
     /// Whether a picture had an earlier time than the one before.
     bool wentBackwards() const { return _wentBackwards; }
@@ -113,6 +115,7 @@ private:
     QStringList _progress;
     QStringList _errors;
     int _openings = 0;
+    int _plays = 0;
     std::atomic<bool> _ends{false};
     std::atomic<int> _videoFrames{0};
     std::atomic<bool> _wentBackwards{false};

@@ -61,12 +61,12 @@ TEST_P(LiveTelevision, GoesOnWheneverTheServerComesBackAndLeavesNothingBehind)
     for (int i = 0; i < losses; ++i) {
         if (i == losses / 3)
             early = Footprint();
+        qsizetype const errors = stream.errors().size();
         servers.kill();
-        ASSERT_TRUE(waitUntil([&] { return stream.progress().count("Reconnecting...") == i + 1; })) << i;
-        // A second connection is refused before the server is back.
-        ASSERT_TRUE(i > 0 || waitUntil([&] { return !stream.errors().isEmpty(); }));
+        // Its words for the loss may pass unheard while pictures still come; that nobody answers is told in any case.
+        ASSERT_TRUE(waitUntil([&] { return stream.errors().size() > errors; })) << i;
         servers.start();
-        ASSERT_TRUE(waitUntil([&] { return stream.progress().count("Playing...") == i + 2; })) << i;
+        ASSERT_TRUE(waitUntil([&] { return stream.plays() == i + 2; })) << i;
         ASSERT_TRUE(waitForFrames(stream, 1));
     }
     Footprint const late;
