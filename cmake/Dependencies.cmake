@@ -6,7 +6,8 @@ find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)
 find_package(X11 REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET
-  libavformat>=59.27 libavcodec>=59.37 libavfilter>=8.44 libavutil>=57.28 libswscale libswresample)
+  libavformat>=59.27 libavcodec>=59.37 libavutil>=57.28 libswscale libswresample)
+pkg_check_modules(AVFILTER REQUIRED libavfilter>=8.44) # Loaded when it is needed.
 pkg_check_modules(OPENAL REQUIRED IMPORTED_TARGET openal)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shm)
 if(OMBRAVISION_TESTS)

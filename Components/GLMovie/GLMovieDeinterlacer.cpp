@@ -1,13 +1,11 @@
 #include "GLMovieDeinterlacer.h"
 
 #include "FFwrapper.h"
+#include "FilterLibrary.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
 extern "C" {
-#include <libavfilter/avfilter.h>
-#include <libavfilter/buffersink.h>
-#include <libavfilter/buffersrc.h>
 #include <libavutil/frame.h>
 #include <libavutil/rational.h>
 }
@@ -31,7 +29,7 @@ std::optional<double> secondsOf(std::int64_t timestamp, AVRational timeBase)
 
 void GLMovieDeinterlacer::GraphDeleter::operator()(AVFilterGraph* graph) const
 {
-    avfilter_graph_free(&graph);
+    FilterLibrary::get()->graphFree(&graph);
 }
 
 GLMovieDeinterlacer::GLMovieDeinterlacer() : _out(av_frame_alloc()) {}
@@ -49,7 +47,7 @@ void GLMovieDeinterlacer::deinterlace(AVFrame* frame, AVRational timeBase, Take 
         return;
     }
     frame->pts = frame->best_effort_timestamp;
-    if (int const result = av_buffersrc_add_frame(_source, frame); result < 0) {
+    if (int const result = _filters->addFrame(_source, frame); result < 0) {
         LOG_WARNING("The pictures cannot be deinterlaced: %s", qPrintable(FFwrapper::errorText(result)));
         _failed = true;
         _graph.reset();
@@ -62,7 +60,7 @@ void GLMovieDeinterlacer::drain(Take const& take)
 {
     if (!_graph)
         return;
-    if (av_buffersrc_add_frame(_source, nullptr) >= 0)
+    if (_filters->addFrame(_source, nullptr) >= 0)
         takeOut(take);
     _graph.reset();
 }
@@ -92,22 +90,25 @@ bool GLMovieDeinterlacer::create(AVFrame const* frame, AVRational timeBase)
                           std::max(frame->sample_aspect_ratio.den, 1))
             .toLatin1();
     AVFilterContext* bwdif = nullptr;
-    _graph.reset(avfilter_graph_alloc());
+    _filters = FilterLibrary::get();
+    if (!_filters)
+        return false;
+    _graph.reset(_filters->graphAlloc());
     AVFilterGraph* const graph = _graph.get();
     int result = graph ? 0 : AVERROR(ENOMEM);
     auto const add = [&](AVFilterContext** filter, char const* name, char const* options) {
         if (result >= 0)
-            result = avfilter_graph_create_filter(filter, avfilter_get_by_name(name), name, options, nullptr, graph);
+            result = _filters->graphCreateFilter(filter, _filters->getByName(name), name, options, nullptr, graph);
     };
     add(&_source, "buffer", input.constData());
     add(&bwdif, "bwdif", "mode=send_field:parity=auto:deint=interlaced");
     add(&_sink, "buffersink", nullptr);
     if (result >= 0)
-        result = avfilter_link(_source, 0, bwdif, 0);
+        result = _filters->link(_source, 0, bwdif, 0);
     if (result >= 0)
-        result = avfilter_link(bwdif, 0, _sink, 0);
+        result = _filters->link(bwdif, 0, _sink, 0);
     if (result >= 0)
-        result = avfilter_graph_config(graph, nullptr);
+        result = _filters->graphConfig(graph, nullptr);
     _failed = result < 0;
     if (_failed) {
         LOG_WARNING("The pictures cannot be deinterlaced: %s", qPrintable(FFwrapper::errorText(result)));
@@ -120,8 +121,8 @@ bool GLMovieDeinterlacer::create(AVFrame const* frame, AVRational timeBase)
 
 void GLMovieDeinterlacer::takeOut(Take const& take)
 {
-    AVRational const outBase = av_buffersink_get_time_base(_sink);
-    while (av_buffersink_get_frame(_sink, _out.get()) >= 0) {
+    AVRational const outBase = _filters->timeBase(_sink);
+    while (_filters->getFrame(_sink, _out.get()) >= 0) {
         take(_out.get(), secondsOf(_out->pts, outBase));
         av_frame_unref(_out.get());
     }

@@ -11,6 +11,7 @@ struct AVFilterContext;
 struct AVFilterGraph;
 struct AVFrame;
 struct AVRational;
+struct FilterLibrary;
 
 /// Turns pictures that are made of two fields into whole ones, one for each field, by libavfilter's bwdif, while the
 /// pictures say that they are so made; others pass as they are. One thread at a time.
@@ -45,6 +46,7 @@ private:
 
     static Logger* log;
 
+    FilterLibrary const* _filters = nullptr;             ///< From the first picture on that needs it.
     std::unique_ptr<AVFilterGraph, GraphDeleter> _graph; ///< Null while no picture needs it.
     AVFilterContext* _source = nullptr;                  ///< The graph's, as is the next.
     AVFilterContext* _sink = nullptr;

@@ -1,13 +1,15 @@
 #include "ClickCursors.h"
 
-#include <QImage>
+#include <QImageReader>
 #include <QPixmap>
 
 namespace
 {
 QCursor cursorOf(char const* name)
 {
-    return QCursor(QPixmap::fromImage(QImage(QStringLiteral(":/Resources/%1.png").arg(name))), -1, -1);
+    QImageReader reader(QStringLiteral(":/Resources/%1.png").arg(name), "png");
+    reader.setAutoDetectImageFormat(false); // Which would load the plugins of all formats there are.
+    return QCursor(QPixmap::fromImageReader(&reader), -1, -1);
 }
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "ReadableStyle.h"
 
 #include "Contrast.h"
+#include "Icons.h"
 
 #include <QPainter>
 #include <QStyleOption>
@@ -83,6 +84,20 @@ int ReadableStyle::styleHint(StyleHint hint, QStyleOption const* option, QWidget
                              QStyleHintReturn* data) const
 {
     return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+/// Those that every window has are the program's own: to look for a desktop's takes some ten milliseconds at the
+/// start.
+QIcon ReadableStyle::standardIcon(StandardPixmap icon, QStyleOption const* option, QWidget const* widget) const
+{
+    switch (icon) {
+    case SP_LineEditClearButton:
+        return Icons::icon(Icon::Close);
+    case SP_ToolBarHorizontalExtensionButton:
+        return Icons::icon(Icon::Menu);
+    default:
+        return QProxyStyle::standardIcon(icon, option, widget);
+    }
 }
 
 /// Other styles than Qt's own have their own ways on dark grounds.

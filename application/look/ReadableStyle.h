@@ -15,6 +15,7 @@ public:
     void polish(QPalette& palette) override;
     int styleHint(StyleHint hint, QStyleOption const* option, QWidget const* widget,
                   QStyleHintReturn* data) const override;
+    QIcon standardIcon(StandardPixmap icon, QStyleOption const* option, QWidget const* widget) const override;
     void drawPrimitive(PrimitiveElement element, QStyleOption const* option, QPainter* painter,
                        QWidget const* widget) const override;
     void drawControl(ControlElement element, QStyleOption const* option, QPainter* painter,

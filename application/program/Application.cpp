@@ -4,6 +4,7 @@
 #include "DesktopAnnouncements.h"
 #include "DetachedThreads.h"
 #include "EventLoopWatchdog.h"
+#include "GLDriverLoader.h"
 #include "GLWidget.h"
 #include "LocalhostInfo.h"
 #include "Logger.h"
@@ -163,17 +164,19 @@ void Application::closeStandardStreams()
 
 bool Application::initialize()
 {
+    GLDriverLoader const driver;
     SingleApplication::initialize(false);
-    if (!GLWidget::hasOpenGL())
-        return fail("System does not have openGL installed. Exiting",
-                    tr("This system does not support opengl. Exiting"));
     // A session starts its programs in any order.
     bool const hasTray =
         _appData.settings.startupMode() ? SystemTray::waitFor(SystemTray::startUpTime) : SystemTray::isAvailable();
+    if (hasTray)
+        _window = std::make_unique<Window>(_appData); // While the driver is loaded, which takes as long.
+    if (!GLWidget::hasOpenGL())
+        return fail("System does not have openGL installed. Exiting",
+                    tr("This system does not support opengl. Exiting"));
     if (!hasTray)
         return fail("System does not support a system tray. Exiting",
                     tr("This system does not support a system tray."));
-    _window = std::make_unique<Window>(_appData);
     connect(this, &SingleApplication::messageReceived, this, &Application::onMessageReceived);
     _window->open(_names);
     _window->show();
