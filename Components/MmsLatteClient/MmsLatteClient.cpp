@@ -17,6 +17,7 @@ MmsLatteClient::MmsLatteClient(QString const& name, Uri const& uri, TimerFactory
 {
     LOG_DEBUG("Contsructing....");
     connect(_private, &MmsLatteClientPrivate::hasRoomAgain, this, &MmsLatteClient::announcePlaying);
+    connect(_private, &MmsLatteClientPrivate::ranDry, this, [this] { emit progressChanged(this, "Acquiring...0%"); });
     connect(_private, &MmsLatteClientPrivate::released, this, [this] { emit readyRead(this); });
     connect(_private, &MmsLatteClientPrivate::failed, this, [this](auto code) { emit error(this, code); });
     connect(_private, &MmsLatteClientPrivate::finished, this, [this](auto code) {
@@ -138,6 +139,8 @@ void MmsLatteClient::onMmsData(QByteArray const& data)
         _private->hasStarted(result.isNewStream);
         if (result.isNewStream)
             emit descriptorChanged(this, result.descriptorSize);
+        announcePlaying();
+    } else if (_private->flowsAgain()) {
         announcePlaying();
     }
     if (result.isReadable)

@@ -146,6 +146,7 @@ void MmsLatteClientPrivate::startBitrateTimer()
 {
     _bitrateWatch.restart(_normalBitrate);
     _lastLook = _clock->msSinceEpoch();
+    _drySeconds = 0;
     _hasLeapt = false;
     _buffer.takeBytesThisSecond(); // What came faster than that to begin with does not count.
     _bitrateTimer->start(bitrateInterval);
@@ -246,7 +247,9 @@ void MmsLatteClientPrivate::onCheckBitrate(Timer*)
         _buffer.takeBytesThisSecond();
         return;
     }
-    switch (_bitrateWatch.addSecond(_buffer.takeBytesThisSecond(), _playlist.hasAlternative())) {
+    int const bytes = _buffer.takeBytesThisSecond();
+    noticeDrought(bytes);
+    switch (_bitrateWatch.addSecond(bytes, _playlist.hasAlternative())) {
     case BitrateWatch::Good:
         return;
     case BitrateWatch::LowAverage:
@@ -262,6 +265,19 @@ void MmsLatteClientPrivate::onCheckBitrate(Timer*)
     }
     stopBitrateTimer();
     doCheckNextContent();
+}
+
+void MmsLatteClientPrivate::noticeDrought(int bytes)
+{
+    if (bytes > 0 || _buffer.bytesAvailable() > 0)
+        _drySeconds = 0;
+    else if (++_drySeconds == drySeconds)
+        emit ranDry();
+}
+
+bool MmsLatteClientPrivate::flowsAgain()
+{
+    return std::exchange(_drySeconds, 0) >= drySeconds;
 }
 
 std::optional<bool> MmsLatteClientPrivate::isNetworkAvailable()

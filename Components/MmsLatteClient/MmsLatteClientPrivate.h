@@ -62,6 +62,7 @@ public:
     static constexpr int statusInterval = 5000;       ///< ms
     static constexpr int bitrateInterval = 1000;      ///< ms
     static constexpr int changeDelay = 1000;          ///< ms for which data of a new header is withheld.
+    static constexpr int drySeconds = 2;              ///< Without a byte to play, after which the viewer is told.
     static constexpr qint64 leapOfTime = 4000;        ///< ms between two looks at the bit rate: it was frozen.
 
     /// The name is what the transports present themselves with. The client is the parent.
@@ -123,6 +124,9 @@ public:
     void startBitrateTimer();
     void stopBitrateTimer();
 
+    /// Something has come; whether ranDry() had told that nothing did.
+    bool flowsAgain();
+
     /// Ends everything that is under way, and takes the pending memos along. The state is Stopped then, if it was not
     /// Finished.
     void cancel();
@@ -134,6 +138,8 @@ public:
 signals:
     /// The server that had to wait for room does so no more.
     void hasRoomAgain();
+    /// There has been nothing to play for a while, though the connection stands.
+    void ranDry();
     void released();
     /// An attempt has failed; there will be another.
     void failed(NetworkErrors::NetworkError code);
@@ -174,6 +180,7 @@ private:
     void postMemo(int ms, Memo* memo);
     void goOnToNext();
     bool catchUp();
+    void noticeDrought(int bytes);
     void release();
 
     static Logger* log;
@@ -217,6 +224,7 @@ private:
     int _normalBitrate = 1;     ///< Bits a second, from the header.
     BitrateWatch _bitrateWatch;
     std::atomic<Intake> _intake{Intake::Open};
+    int _drySeconds = 0;    ///< In a row, without a byte.
     qint64 _lastLook = 0;   ///< At the bit rate, by the clock.
     bool _hasLeapt = false; ///< What was sent while we were frozen is coming.
 };

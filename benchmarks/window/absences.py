@@ -76,7 +76,7 @@ def walk(session, openings):
     entries = entries_of(tree)
     program.display.ask("xdotool", "windowactivate", "--sync", program.window)
     x, y, width, height = tree.find("text", state="focusable").place
-    program.display.ask("xdotool", "mousemove", x + width // 2, y + height // 2, "click", 1)
+    program.display.ask("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", "1")
     session.report("menus read, the filter clicked")
     for text in ("news", "channel 4", "nowhere", ""):
         session.keys("ctrl+a", "BackSpace")

@@ -11,6 +11,8 @@
 #include "MmsHttpServer.h"
 #include "MmsTcpServer.h"
 
+#include <utility>
+
 Logger* LocalServices::log = LoggerManager::logger();
 
 LocalServices::LocalServices(TickCounter& tickCounter, TimerFactory& timerFactory, QObject* parent)
@@ -99,7 +101,7 @@ bool LocalServices::openDirectory(LocalServicesOptions const& options, QString& 
         return false;
     _directory = std::make_unique<DirectoryService>(std::move(database), options, _tickCounter, _timerFactory,
                                                     [this](qint64 account) { trigger(account); });
-    connect(&_directory->directory(), &Directory::changed, this, &LocalServices::followKeys);
+    connect(&_directory->directory(), &Directory::changed, this, &LocalServices::followKeysSoon);
     followKeys();
     return true;
 }
@@ -142,9 +144,17 @@ void LocalServices::plantSeeds()
     _directory->plant(television, radio);
 }
 
+/// Once for all that change together: it reads the whole directory.
+void LocalServices::followKeysSoon()
+{
+    if (!std::exchange(_isToFollowKeys, true))
+        QMetaObject::invokeMethod(this, &LocalServices::followKeys, Qt::QueuedConnection);
+}
+
 /// The streams of channels with a key are secure.
 void LocalServices::followKeys()
 {
+    _isToFollowKeys = false;
     _catalogue.clearKeys();
     for (DirectoryChannel const& channel : _directory->directory().all()) {
         for (QString const& uri : channel.uris) {

@@ -48,6 +48,7 @@ private:
     bool openDirectory(LocalServicesOptions const& options, QString& error);
     bool startDirectory(LocalServicesOptions const& options, QString& error);
     void plantSeeds();
+    void followKeysSoon();
     void followKeys();
     void trigger(qint64 account);
     quint16 portOf(QString const& key) const;
@@ -62,6 +63,7 @@ private:
     std::unique_ptr<DirectoryService> _directory; ///< Null unless the web is served.
     BiscottiServer* _biscottiServer = nullptr;    ///< One of the services; null unless it is served.
     std::unique_ptr<BiscottiCommands> _biscotti;  ///< Null unless it is served.
+    bool _isToFollowKeys = false;                 ///< Soon.
     std::vector<std::pair<QString, std::unique_ptr<Service>>> _services; ///< By key; they go before what they use.
 
     static Logger* log;

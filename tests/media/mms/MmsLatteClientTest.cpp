@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 TEST_F(MmsLatteClientTest, AStreamGoesFromTheCheckToPlaying)
 {
@@ -298,6 +299,21 @@ TEST_F(MmsLatteClientTest, AFullBufferMakesTheServerWaitUntilThereIsRoom)
     EXPECT_THAT(takeEvents(), ElementsAre("Stopped", "Playing..."));
     client->setBufferByteLength(1'000'000); // Fifteen seconds are more.
     EXPECT_EQ(client->bytesBuffered(), 1'500'000);
+}
+
+TEST_F(MmsLatteClientTest, AStreamThatRunsDryOnAStandingConnectionSaysSoUntilItFlows)
+{
+    startPlaying();
+    timers.advance(5000);
+    EXPECT_THAT(takeEvents(), IsEmpty()); // There is still something to play.
+    read(1'000'000);
+    timers.advance(1000);
+    EXPECT_THAT(takeEvents(), IsEmpty());
+    timers.advance(4000);
+    EXPECT_THAT(takeEvents(), ElementsAre("Acquiring...0%"));
+    deliver(1000);
+    deliver(1000);
+    EXPECT_THAT(takeEvents(), ElementsAre("Playing..."));
 }
 
 TEST_F(MmsLatteClientTest, AfterALeapOfTimeItGoesOnWithWhatIsLive)
