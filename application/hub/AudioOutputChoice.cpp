@@ -22,11 +22,10 @@ AudioOutputChoice::AudioOutputChoice(AppSettings& settings, AudioDevice& device,
 void AudioOutputChoice::begin()
 {
     choose();
-    if (!_device.openDevice(_settings.audioDevice()))
-        LOG_ERROR("Could not open sound device.");
     _watch.emplace(_device, _timers);
     connect(&*_watch, &AudioDeviceWatch::chosen, this, &AudioOutputChoice::onChosen);
     connect(&_settings, &AppSettings::audioDeviceChanged, &_timer, qOverload<>(&QTimer::start));
+    _watch->choose(_settings.audioDevice());
 }
 
 void AudioOutputChoice::choose()
@@ -46,14 +45,19 @@ void AudioOutputChoice::choose()
 
 void AudioOutputChoice::follow()
 {
-    if (_watch && _device.wantedDevice() != _settings.audioDevice())
-        _watch->choose(_settings.audioDevice());
+    if (!_watch || _device.wantedDevice() == _settings.audioDevice())
+        return;
+    _isViewersChoice = true;
+    _watch->choose(_settings.audioDevice());
 }
 
 void AudioOutputChoice::onChosen(AudioDeviceWatch::Outcome outcome)
 {
-    if (outcome == AudioDeviceWatch::Outcome::NothingOpened) {
+    if (outcome == AudioDeviceWatch::Outcome::NothingOpened)
         LOG_ERROR("Could not open sound device.");
+    if (!_isViewersChoice)
+        return; // Who has no sound device knows it.
+    if (outcome == AudioDeviceWatch::Outcome::NothingOpened) {
         emit failed(tr("The sound device could not be opened: there is no sound for now."));
     } else if (outcome == AudioDeviceWatch::Outcome::DefaultOpened &&
                !LinuxAudioConfig::isGeneric(_device.wantedDevice())) {

@@ -13,7 +13,8 @@ class Logger;
 class TimerFactory;
 
 /// Which sound device is opened: the one of the settings, or one that exists in its place; and that it stays so, see
-/// AudioDeviceWatch. Main thread only, which waits for the sound system in begin() and nowhere else.
+/// AudioDeviceWatch. Main thread only, which does not wait for a device; only where no setting names one yet, for the
+/// list of those there are.
 class AudioOutputChoice : public QObject
 {
     Q_OBJECT
@@ -22,8 +23,8 @@ public:
     /// All are borrowed and outlive this.
     AudioOutputChoice(AppSettings& settings, AudioDevice& device, TimerFactory* timers, QObject* parent = nullptr);
 
-    /// Makes the setting one that exists, and opens that; without one that opens there is no sound. From then on
-    /// follows the setting.
+    /// Makes the setting one that exists, and has that opened on another thread; without one that opens there is no
+    /// sound. From then on follows the setting.
     void begin();
 
     /// Opens what the setting says, if that is another device than before: later, on another thread.
@@ -46,4 +47,5 @@ private:
     TimerFactory* const _timers;
     QTimer _timer; ///< Until the chosen device is opened.
     std::optional<AudioDeviceWatch> _watch;
+    bool _isViewersChoice = false; ///< The device that is opened, rather than the start's.
 };
