@@ -9,10 +9,11 @@ from .accessible import Atspi, Element, GLib
 
 class Keyboard:
     """Of a program that accessible.enable() came before. `focus` is what the last told of is, None before that.
-    A context: what presses the keys ends with it."""
+    A context: what presses the keys ends with it. `tree` is the program's."""
 
-    def __init__(self, program):
+    def __init__(self, program, tree):
         self._program = program
+        self._window = tree.wait_for("frame")
         self._told = 0
         self.focus = None
         self._listener = Atspi.EventListener.new(self._on_focus)
@@ -28,7 +29,7 @@ class Keyboard:
 
     def _do(self, *words):
         """One for all keys: a process for each would take longer than what it does."""
-        print(*words, "\ngetmouselocation", file=self._hands.stdin, flush=True)
+        print(*words, "\ngetdisplaygeometry", file=self._hands.stdin, flush=True)
         if not self._hands.stdout.readline():
             raise AssertionError(f"the display does not take {words}")
 
@@ -47,11 +48,17 @@ class Keyboard:
             if self._told != told:
                 told, quiet = self._told, time.monotonic() + 0.02
 
-    def press(self, *keys, seconds=0.25):
-        """As xdotool names them; after each the focus has this time to move."""
+    def settle(self):
+        """Until the program has done with its keys and told of the focus: what it is asked later, it answers later."""
+        for _ in range(3):  # The first may have overtaken the key, which comes by another way.
+            self._window.place  # pylint: disable=pointless-statement
+        self.listen(0.02)
+
+    def press(self, *keys):
+        """As xdotool names them, each when the program has done with the one before."""
         for key in keys:
             self._do("key", key)
-            self.listen(seconds)
+            self.settle()
 
     def hold(self, key, condition, what):
         """Until the condition is met."""
@@ -60,10 +67,10 @@ class Keyboard:
             return condition()
         self._do("keydown", key)
         try:
-            wait_for(look, 10, what)
+            wait_for(look, 20, what)
         finally:
             self._do("keyup", key)
-        self.listen(0.3)
+        self.settle()
 
     def go_to(self, role, name=".*", key="Tab"):
         """Presses a key until the focus is there."""
@@ -73,7 +80,7 @@ class Keyboard:
             self.press(key)
         raise AssertionError(f'{key} does not lead to {role} "{name}"')
 
-    def wait_for(self, role, name=".*", seconds=10):
+    def wait_for(self, role, name=".*", seconds=20):
         def look():
             self.listen(0.05)
             return self.focus and self.focus.matches(role, name)
@@ -85,10 +92,10 @@ class Keyboard:
         while True:
             before = self.focus
             self.press(key)
-            if self.focus == before:  # The machine is busy, or the key was to the label's link.
-                self.listen(1 if before.role == "label" else 5)
-            if before.role == "label" and self.focus == before:
+            if before.role == "label" and self.focus == before:  # The key was to the label's link.
                 self.press(key)
+            if self.focus == before:
+                self.listen(1)
             if self.focus == found[0]:
                 return found
             if self.focus == before or self.focus in found:
