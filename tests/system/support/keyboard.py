@@ -22,6 +22,7 @@ class Keyboard:
     def __enter__(self):
         self._hands = subprocess.Popen(["xdotool", "-"], env=self._program.display.environment, text=True,
                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self._repeat("off")
         return self
 
     def __exit__(self, *_):
@@ -32,6 +33,10 @@ class Keyboard:
         print(*words, "\ngetdisplaygeometry", file=self._hands.stdin, flush=True)
         if not self._hands.stdout.readline():
             raise AssertionError(f"the display does not take {words}")
+
+    def _repeat(self, switch):
+        """On a busy machine any key may be down for so long that it repeats."""
+        self._program.display.ask("xset", "r", switch)
 
     def _on_focus(self, event, *_):
         if event.detail1:
@@ -65,11 +70,13 @@ class Keyboard:
         def look():
             self.listen(0.05)
             return condition()
+        self._repeat("on")
         self._do("keydown", key)
         try:
             wait_for(look, 20, what)
         finally:
             self._do("keyup", key)
+            self._repeat("off")
         self.settle()
 
     def go_to(self, role, name=".*", key="Tab"):
@@ -92,10 +99,10 @@ class Keyboard:
         while True:
             before = self.focus
             self.press(key)
-            if before.role == "label" and self.focus == before:  # The key was to the label's link.
+            if self.focus == before:  # The machine is busy, or the key was to the label's link.
+                self.listen(2)
+            if before.role == "label" and self.focus == before:
                 self.press(key)
-            if self.focus == before:
-                self.listen(1)
             if self.focus == found[0]:
                 return found
             if self.focus == before or self.focus in found:
