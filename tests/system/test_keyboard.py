@@ -230,8 +230,8 @@ class ByKeyboard(unittest.TestCase):
         elif words in ("The menu of what is chosen", "What has that letter underlined"):
             self.row()
             for each in ("Menu", "shift+F10") if words.startswith("The") else ("alt+v",):
-                press(each, "Down")
-                self.keyboard.wait_for("menu item")
+                wait_for(lambda: press(each, "Down") or self.keyboard.focus.matches("menu item")
+                         or press("Escape", "Escape"), 20, "a menu, which a change of the channel may close")
                 press("Escape", "Escape")
         elif words == "In the list: play the channel":
             name = self.row()
