@@ -22,7 +22,7 @@ class BadInput(unittest.TestCase):
             empty = self.display.screenshot(area)
             self.assertEqual(program.start_second("--", bad), 0)
             wait_for(lambda: self.display.screenshot(area).pixels_unlike(empty) > WORDS, 20, "words on the screen")
-            wait_for(lambda: any(line.level in ("WARNING", "ERROR") for line in program.log_lines()), 5, "words in the log")
+            wait_for(lambda: any(line.level in ("WARNING", "ERROR") for line in program.log_lines()), 20, "words in the log")
             self.assertEqual(program.start_second(clips.mp4()), 0)
             wait_for(lambda: self.display.screenshot(program.video_rectangle()).number() is not None, 20, "the next film")
 

@@ -41,7 +41,7 @@ class Tool:
         return self.process.returncode, output, errors
 
     def wait_for_error(self, text):
-        wait_for(lambda: text in self.errors() or self.process.poll() is not None, 10, text)
+        wait_for(lambda: text in self.errors() or self.process.poll() is not None, 20, text)
 
 
 class BiscottiTest(unittest.TestCase):

@@ -36,14 +36,14 @@ class Desktop(unittest.TestCase):
         return set(re.findall(r"_NET_WM_STATE_(\w+)", self.display.ask("xprop", "-id", program.window, "_NET_WM_STATE")))
 
     def wait_for_states(self, program, wanted, among):
-        wait_for(lambda: self.states(program) & among == wanted, 10, f"{wanted or 'none'} of {among}")
+        wait_for(lambda: self.states(program) & among == wanted, 20, f"{wanted or 'none'} of {among}")
 
     def number(self, program):
         return self.display.screenshot(program.video_rectangle()).number()
 
     def check_moves(self, program):
-        first = wait_for(lambda: self.number(program), 10, "a picture")
-        wait_for(lambda: self.number(program) not in (None, first), 10, "the next picture")
+        first = wait_for(lambda: self.number(program), 20, "a picture")
+        wait_for(lambda: self.number(program) not in (None, first), 20, "the next picture")
 
     def test_the_window_manager_and_the_program_agree(self):
         always_on_top = ("alt+v", *["Down"] * 4, "Return")
@@ -64,7 +64,7 @@ class Desktop(unittest.TestCase):
                             lambda: self.display.close(program.window)):
                     self.wait_for_states(program, MAXIMISED, MAXIMISED)
                     way()
-                    wait_for(lambda: not self.display.is_shown(program.window) or "FULLSCREEN" in self.states(program), 10,
+                    wait_for(lambda: not self.display.is_shown(program.window) or "FULLSCREEN" in self.states(program), 20,
                              "the window to change")
                     if "FULLSCREEN" in self.states(program):
                         self.press(program, "ctrl+f")
@@ -74,14 +74,14 @@ class Desktop(unittest.TestCase):
                 height = self.display.width * 9 // 16
                 whole = (0, (self.display.height - height) // 2, self.display.width, height)
                 self.change(program, "add,fullscreen")
-                wait_for(lambda: program.video_rectangle() == whole, 10, "the picture without the menu bar")
+                wait_for(lambda: program.video_rectangle() == whole, 20, "the picture without the menu bar")
                 self.press(program, "Escape")
                 self.wait_for_states(program, MAXIMISED, MAXIMISED | {"FULLSCREEN"})
                 self.press(program, "ctrl+f")
                 self.wait_for_states(program, {"FULLSCREEN"}, {"FULLSCREEN"})
-                wait_for(lambda: program.video_rectangle() == whole, 10, "the picture in full screen")
+                wait_for(lambda: program.video_rectangle() == whole, 20, "the picture in full screen")
                 self.change(program, "remove,fullscreen")
-                wait_for(lambda: program.video_rectangle() != whole, 10, "the picture below the menu bar")
+                wait_for(lambda: program.video_rectangle() != whole, 20, "the picture below the menu bar")
                 self.press(program, "ctrl+f")  # The menu has followed: this sets it again.
                 self.wait_for_states(program, {"FULLSCREEN"}, {"FULLSCREEN"})
                 self.check_moves(program)
@@ -161,13 +161,13 @@ class Desktop(unittest.TestCase):
                 return self.display.screenshot(area).pixels_unlike(empty) > WORDS
 
             self.press(program, "ctrl+shift+s")
-            wait_for(words, 10, "words over the surface")
+            wait_for(words, 20, "words over the surface")
             self.assertEqual(len(list(directory.iterdir())), 1)
-            wait_for(lambda: not words(), 15, "the words to go")
+            wait_for(lambda: not words(), 20, "the words to go")
             directory.rename(program.home / "elsewhere")
             directory.write_text("in the way")
             self.press(program, "ctrl+shift+s")
-            wait_for(words, 10, "words over the surface")
+            wait_for(words, 20, "words over the surface")
 
     def test_the_command_line(self):
         binary = built("OMBRAVISION_PROGRAM", "application/ombravision")

@@ -24,7 +24,7 @@ class DialogsByHand(unittest.TestCase):
 
     def open(self, program, key, title):
         self.do("windowactivate", "--sync", program.window, "key", "--clearmodifiers", key)
-        window = wait_for(lambda: self.shown(title), 10, f"the dialog {title}")[0].decode()
+        window = wait_for(lambda: self.shown(title), 20, f"the dialog {title}")[0].decode()
         self.do("windowactivate", "--sync", window)
 
     def test_an_address_is_opened_beside_what_plays_and_kept(self):
@@ -38,10 +38,10 @@ class DialogsByHand(unittest.TestCase):
             self.do("key", "ctrl+a")
             self.do("type", str(second))
             self.do("key", "ctrl+Return")
-            wait_for(lambda: not self.shown("Open Video Stream"), 10, "the dialog to go")
-            wait_for(lambda: program.video_rectangle() != alone, 10, "another picture beside the first")
+            wait_for(lambda: not self.shown("Open Video Stream"), 20, "the dialog to go")
+            wait_for(lambda: program.video_rectangle() != alone, 20, "another picture beside the first")
             settings = program.home / ".config/Ombravision/Ombravision.ini"
-            wait_for(lambda: str(second) in settings.read_text(), 10, "the address to be kept")
+            wait_for(lambda: str(second) in settings.read_text(), 20, "the address to be kept")
 
     def test_an_effect_of_the_last_time_is_tried_and_what_the_program_died_of_is_not(self):
         program = Program(self.display, clips.mp4())
@@ -55,7 +55,7 @@ class DialogsByHand(unittest.TestCase):
         with program:
             program.own_size_rectangle(640, 360)
             kept = effects / "effects.json"
-            wait_for(lambda: kept.read_text().count('"on": true') == 1, 10, "one of them to be switched off")
+            wait_for(lambda: kept.read_text().count('"on": true') == 1, 20, "one of them to be switched off")
             wait_for(lambda: "passed\": \"\"" not in kept.read_text().split('"Good"')[1].split("}")[0], 20,
                      "the other one to pass its trial")
             wait_for(lambda: not (effects / "trying.json").exists(), 20, "the marker to go")

@@ -33,7 +33,7 @@ STOP_EACH = 4  # Rounds, of which the player itself is stopped in one.
 
 LINES = 20  # Of the log, in a second.
 DESCRIPTORS, MEGABYTES = 8, 64  # More than after the second round.
-CLOSING = 1.5 * PATIENCE
+CLOSING = 3 * PATIENCE
 
 
 class Viewer:

@@ -28,18 +28,20 @@ class Hostile(unittest.TestCase):
         """Ends the program, which used to wait for what it was sent; how fast it does otherwise is for a quiet machine."""
         began = time.monotonic()
         program.quit()
-        self.assertLess(time.monotonic() - began, 4)
+        self.assertLess(time.monotonic() - began, 8)
 
     def moves(self, program):
         last = number_on_screen(program)
-        return wait_for(lambda: number_on_screen(program) not in (last, None), 8, "pictures that move")
+        return wait_for(lambda: number_on_screen(program) not in (last, None), 20, "pictures that move")
 
     def test_servers_that_send_us_away_are_not_hammered(self):
         for server in ClosesAfterPackets(self.film, 1), ClosesAfterPackets(self.film, 30), RedirectsToItself(RTSP):
+            began = time.monotonic()
             with self.subTest(type(server).__name__), server, Program(self.display, server.address) as program:
                 time.sleep(SECONDS)
-                print(f"{server.requests} requests, {len(program.log_lines())} log lines in {SECONDS} s", flush=True)
-                self.assertLess(server.requests, 25)
+                requests, seconds = server.requests, time.monotonic() - began
+                print(f"{requests} requests, {len(program.log_lines())} log lines in {seconds:.1f} s", flush=True)
+                self.assertLess(requests, 3 * seconds)
                 self.close(program)
 
     def test_floods_wait_in_the_server_and_are_left(self):
@@ -57,21 +59,21 @@ class Hostile(unittest.TestCase):
             self.moves(program)
             self.assertLess(server.sent, 64 << 20)
             self.close(program)
-            wait_for(lambda: server.heard == ["stop", "log"], 3, "the last words")
+            wait_for(lambda: server.heard == ["stop", "log"], 20, "the last words")
 
     def test_a_silent_port_of_http_costs_a_second(self):
         with LocalServices("--stream", f"/live={self.clip}") as services, \
                 SilentOverHttp(services.ports["mms-tcp"]) as server, Program(self.display, server.address) as program:
             began = time.monotonic()
-            program.wait_for_log(r"New media descriptor", 10)
+            program.wait_for_log(r"New media descriptor", 20)
             print(f"the header came after {time.monotonic() - began:.1f} s", flush=True)
-            self.assertLess(time.monotonic() - began, 4)
+            self.assertLess(time.monotonic() - began, 8)  # The next attempt would be after ten.
 
     def test_a_frozen_program_finds_back_to_what_is_live(self):
         with LocalServices("--stream", f"/live={clips.asf(60, 660, '4M')}") as services, \
                 Program(self.display, services.address("mmsh", "/live").replace("mmsh", "mms")) as program:
             program.wait_for_log(PLAYING, 30)
-            wait_for(lambda: number_on_screen(program) is not None, 10, "the first picture")
+            wait_for(lambda: number_on_screen(program) is not None, 20, "the first picture")
             os.kill(program.pid, signal.SIGSTOP)
             time.sleep(12)
             os.kill(program.pid, signal.SIGCONT)

@@ -18,10 +18,10 @@ class Instances(unittest.TestCase):
         with Program(self.display, "-demo") as program:
             for hide in (self.display.minimise, self.display.close):
                 hide(program.window)
-                wait_for(lambda: not self.display.is_shown(program.window), 5, "the window to go away")
+                wait_for(lambda: not self.display.is_shown(program.window), 20, "the window to go away")
                 self.assertEqual(program.start_second(), 0)
                 wait_for(lambda: self.display.is_shown(program.window)
-                         and self.display.active_window() == program.window, 5, f"the window after {hide.__name__}")
+                         and self.display.active_window() == program.window, 20, f"the window after {hide.__name__}")
             self.assertFalse(program.logged(r"^Playing "))
 
     def test_a_second_start_hands_its_files_over(self):
@@ -35,8 +35,12 @@ class Instances(unittest.TestCase):
         with Program(self.display, "-debug=Foo,,GLMovie", "--", clips.mp4(), debug=False) as program:
             program.wait_for_log(r"^Playing ")
             self.assertEqual(os.readlink(f"/proc/{program.pid}/fd/1"), str(program.home / "stdout"))
-            files = {pathlib.PurePath(line.file) for line in program.log_lines() if line.level == "debug"}
-            self.assertGreater(len(files), 1, "the class has several files")
+
+            def files_of_debug_lines():
+                found = {pathlib.PurePath(line.file) for line in program.log_lines() if line.level == "debug"}
+                return found if len(found) > 1 else None
+
+            files = wait_for(files_of_debug_lines, 20, "lines of several files of the class")
             self.assertEqual({file for file in files if "GLMovie" not in (file.stem, file.parent.name)}, set())
 
     def test_nothing_is_written_to_the_terminal_without_debug(self):

@@ -39,15 +39,15 @@ class Live(unittest.TestCase):
         with LocalServices("--stream", f"/live={self.clip}", "--biscotti-port", 0) as services, \
                 Program(self.display, self.mms(services, "mmsh"),
                         settings={r"application/biscotti\port": services.ports["biscotti"]}) as program:
-            program.wait_for_log(r"Link to Biscotti established", 10)
+            program.wait_for_log(r"Link to Biscotti established", 30)
             program.wait_for_log(PLAYING, 30)
-            wait_for(lambda: number_on_screen(program) is not None, 10, "the first picture")
+            wait_for(lambda: number_on_screen(program) is not None, 20, "the first picture")
             services.kill()
-            program.wait_for_log(r"Reconnecting\.\.\.", 10)
-            last = wait_for(lambda: self.last_picture(program), 40, "the end of what was buffered, in a picture that stays")
+            program.wait_for_log(r"Reconnecting\.\.\.", 40)
+            last = wait_for(lambda: self.last_picture(program), 60, "the end of what was buffered, in a picture that stays")
             services.start()
             began = time.monotonic()
-            wait_for(lambda: number_on_screen(program) not in (last, None), 20, "pictures that move again")
+            wait_for(lambda: number_on_screen(program) not in (last, None), 40, "pictures that move again")
             print(f"moves {time.monotonic() - began:.1f} s after the return", flush=True)
             check_picture(self, program, self.clip, 3)  # Without words over it.
             program.quit()
@@ -55,9 +55,9 @@ class Live(unittest.TestCase):
                 self.assertIn(farewell, services.log())
 
     def last_picture(self, program):
-        """Its number, if it stays for half a second and no bar is over it."""
+        """Its number, if it stays for two seconds and no bar is over it."""
         first = number_on_screen(program)
-        time.sleep(0.5)
+        time.sleep(2)
         return first if first == number_on_screen(program) else None
 
 

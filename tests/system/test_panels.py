@@ -74,7 +74,7 @@ class Panels(unittest.TestCase):
         closed = self.windows()
         for step in steps:
             step()
-        wait_for(lambda: self.windows() > closed, 10, "a menu or a dialog")
+        wait_for(lambda: self.windows() > closed, 20, "a menu or a dialog")
 
     def test_everything_once(self):
         with Program(self.display, settings=self.service.settings(GUEST, PASSWORD), driver="null") as self.program:

@@ -22,7 +22,7 @@ def run(*command, seconds):
 
 def streams_of(source):
     """What goes wrong in words, and the codec of each kind of stream in a file or at an address."""
-    result = run("ffprobe", "-v", "error", "-show_entries", "stream=codec_type,codec_name", "-of", "json", source, seconds=20)
+    result = run("ffprobe", "-v", "error", "-show_entries", "stream=codec_type,codec_name", "-of", "json", source, seconds=60)
     return result.stderr, {s["codec_type"]: s["codec_name"] for s in json.loads(result.stdout or "{}").get("streams", [])}
 
 
@@ -37,11 +37,11 @@ class StreamServers(unittest.TestCase):
             path = self.directory / f"{scheme}-short.asf"
             for command in (["-i", self.services.address(scheme, "/short"), "-t", SECONDS, "-c", "copy", path],
                             ["-i", path, "-f", "null", "-"]):
-                result = run("ffmpeg", "-nostdin", "-v", "error", *command, seconds=40)
+                result = run("ffmpeg", "-nostdin", "-v", "error", *command, seconds=120)
                 self.assertEqual((result.returncode, result.stderr), (0, ""))
             self.assertEqual(streams_of(path), ("", {"video": "wmv2", "audio": "wmav2"}))
             times = run("ffprobe", "-v", "error", "-select_streams", "v", "-show_entries", "packet=pts_time",
-                        "-of", "csv=p=0", path, seconds=20).stdout.replace(",", "").split()
+                        "-of", "csv=p=0", path, seconds=60).stdout.replace(",", "").split()
             steps = [float(b) - float(a) for a, b in zip(times, times[1:])]
             self.assertGreater(len(steps), clips.RATE * (SECONDS - 4))
             self.assertGreater(min(steps), 0)
@@ -52,7 +52,7 @@ class StreamServers(unittest.TestCase):
                     future.result()
 
     def test_documents_and_faults(self):
-        with urllib.request.urlopen(self.services.address("http", "/short.asx"), timeout=10) as answer:
+        with urllib.request.urlopen(self.services.address("http", "/short.asx"), timeout=60) as answer:
             self.assertEqual(answer.headers["Content-Type"], "video/x-ms-asf")
             self.assertIn(self.services.address("mmst", "/short").replace("mmst", "mms"), answer.read().decode())
         self.assertEqual(self.services.control("fault /short 404 on describe times 1")[-1], "OK")

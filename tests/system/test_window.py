@@ -3,6 +3,7 @@
 import os
 import signal
 import subprocess
+import time
 import unittest
 
 from support import clips, wait_for
@@ -42,7 +43,9 @@ class WindowByHand(unittest.TestCase):
         return self.display.geometry(program.window)
 
     def wait_for_geometry(self, program, is_right, what):
-        return wait_for(lambda: is_right(*self.geometry(program)) and self.geometry(program), 10, what)
+        """Once it rests: the window manager follows a hand when it gets to it."""
+        return wait_for(lambda: is_right(*(found := self.geometry(program))) and not time.sleep(0.3)
+                        and found == self.geometry(program) and found, 20, what)
 
     def test_the_skin_is_moved_and_resized_by_its_own_frame(self):
         with Program(self.display, "-demo") as program:
@@ -60,10 +63,10 @@ class WindowByHand(unittest.TestCase):
         with Program(self.display, clips.mp4()) as program:
             rectangle = program.own_size_rectangle(640, 360)
             self.press(program, "alt+v", "Down", "Down", "Down", "Return")  # Skin Mode
-            wait_for(lambda: program.video_rectangle() != rectangle and program.video_rectangle()[2:] == (640, 360), 10,
+            wait_for(lambda: program.video_rectangle() != rectangle and program.video_rectangle()[2:] == (640, 360), 20,
                      "the picture in another frame, as large as it was")
             self.assertIn(program.window, self.display.windows(), "the native window stays")
-            wait_for(lambda: self.display.screenshot(program.video_rectangle()).number() is not None, 10, "the picture")
+            wait_for(lambda: self.display.screenshot(program.video_rectangle()).number() is not None, 20, "the picture")
 
     def test_keys_act_once_and_the_window_is_found_again(self):
         with Program(self.display, clips.mp4(), settings=FRAMED) as program:
@@ -75,9 +78,9 @@ class WindowByHand(unittest.TestCase):
             self.do("windowactivate", "--sync", program.window)
             with self.subTest("keys that are let go in either order"):
                 self.type("keydown ctrl", "keydown m", "keyup m", "keyup ctrl")
-                wait_for(lambda: "(muted)" in title(), 10, "the sound to be off")
+                wait_for(lambda: "(muted)" in title(), 20, "the sound to be off")
                 self.type("keydown ctrl", "keydown m", "keyup ctrl", "keyup m")
-                wait_for(lambda: "(muted)" not in title(), 10, "the sound to be back, the control key let go first")
+                wait_for(lambda: "(muted)" not in title(), 20, "the sound to be back, the control key let go first")
             with self.subTest("full screen has no tabs"):
                 self.press(program, "ctrl+f")
                 self.wait_for_geometry(program, lambda *g: g[2:] == (self.display.width, self.display.height), "full screen")
@@ -93,11 +96,11 @@ class WindowByHand(unittest.TestCase):
                 self.wait_for_geometry(program, lambda *g: g[2:] == place[2:], "the size of before")
             with self.subTest("closed, it goes on without a film"):
                 self.press(program, "ctrl+w")
-                wait_for(lambda: not self.display.is_shown(program.window), 10, "the window to hide")
+                wait_for(lambda: not self.display.is_shown(program.window), 20, "the window to hide")
                 program.wait_for_log(r"^Channel changed from .*\.mp4 to ")
                 self.assertTrue(program.is_running())
                 self.assertEqual(program.start_second(), 0)
-                wait_for(lambda: self.display.is_shown(program.window), 10, "the window to be back")
+                wait_for(lambda: self.display.is_shown(program.window), 20, "the window to be back")
 
 
 class WithoutTray(unittest.TestCase):
@@ -106,9 +109,9 @@ class WithoutTray(unittest.TestCase):
             tray = next(pid for pid, name in children(display._process.pid) if name == "trayer")
             os.kill(tray, signal.SIGKILL)
             program = Program(display, "-demo", "-startup")
-            wait_for(lambda: '"trayer"' not in display.ask("xwininfo", "-root", "-tree"), 10, "the tray to go")
+            wait_for(lambda: '"trayer"' not in display.ask("xwininfo", "-root", "-tree"), 20, "the tray to go")
             program.start()
-            wait_for(lambda: program.logged("Running from system startup"), 10, "the program")
+            wait_for(lambda: program.logged("Running from system startup"), 20, "the program")
             self.assertFalse(program.logged("does not support a system tray"))
             late = subprocess.Popen(["trayer", "--edge", "bottom", "--height", "24"], env=display.environment,
                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -130,7 +133,7 @@ class TwoDisplays(unittest.TestCase):
                 program.wait_for_log("^Video rectangle ")
 
                 def wait_for_place(is_right, what):
-                    wait_for(lambda: is_right(*display.geometry(program.window)), 10, what)
+                    wait_for(lambda: is_right(*display.geometry(program.window)), 20, what)
 
                 display.ask("xdotool", "windowmove", "--sync", program.window, "850", "100")
                 display.ask("xdotool", "windowactivate", "--sync", program.window, "key", "ctrl+f")

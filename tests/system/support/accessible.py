@@ -87,16 +87,17 @@ class Element:
     def __eq__(self, other):
         return isinstance(other, Element) and self._accessible == other._accessible  # pylint: disable=protected-access
 
-    def wait_for(self, role, name=".*", state=None, seconds=10):
+    def wait_for(self, role, name=".*", state=None, seconds=20):
         return wait_for(lambda: self.find(role, name, state), seconds, f'{role} "{name}"')
 
     def __repr__(self):
         return f"{self.role} {self.name!r}"
 
 
-def application(program, seconds=10):
+def application(program, seconds=20):
     """The tree of a running program; the elements right below are its windows."""
     Atspi.init()
+    Atspi.set_timeout(20000, 20000)  # ms; one that is busy has not gone.
     desktop = Element(Atspi.get_desktop(0))
 
     def look():

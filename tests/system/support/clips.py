@@ -7,6 +7,7 @@ import tempfile
 
 from .picture import number_filter
 
+PAUSE = 0.4  # Seconds of silence: a film that begins again rests longer.
 RATE = 25
 H264 = ["-c:v", "libx264", "-preset", "veryfast", "-crf", "16", "-pix_fmt", "yuv420p", "-g", "50", "-threads", "2"]
 

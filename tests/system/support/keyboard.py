@@ -9,10 +9,11 @@ from .accessible import Atspi, Element, GLib
 
 class Keyboard:
     """Of a program that accessible.enable() came before. `focus` is what the last told of is, None before that.
-    A context: what presses the keys ends with it."""
+    A context: what presses the keys ends with it. `tree` is the program's."""
 
-    def __init__(self, program):
+    def __init__(self, program, tree):
         self._program = program
+        self._window = tree.wait_for("frame")
         self._told = 0
         self.focus = None
         self._listener = Atspi.EventListener.new(self._on_focus)
@@ -21,6 +22,7 @@ class Keyboard:
     def __enter__(self):
         self._hands = subprocess.Popen(["xdotool", "-"], env=self._program.display.environment, text=True,
                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self._repeat("off")
         return self
 
     def __exit__(self, *_):
@@ -28,9 +30,13 @@ class Keyboard:
 
     def _do(self, *words):
         """One for all keys: a process for each would take longer than what it does."""
-        print(*words, "\ngetmouselocation", file=self._hands.stdin, flush=True)
+        print(*words, "\ngetdisplaygeometry", file=self._hands.stdin, flush=True)
         if not self._hands.stdout.readline():
             raise AssertionError(f"the display does not take {words}")
+
+    def _repeat(self, switch):
+        """On a busy machine any key may be down for so long that it repeats."""
+        self._program.display.ask("xset", "r", switch)
 
     def _on_focus(self, event, *_):
         if event.detail1:
@@ -47,23 +53,31 @@ class Keyboard:
             if self._told != told:
                 told, quiet = self._told, time.monotonic() + 0.02
 
-    def press(self, *keys, seconds=0.25):
-        """As xdotool names them; after each the focus has this time to move."""
+    def settle(self):
+        """Until the program has done with its keys and told of the focus: what it is asked later, it answers later."""
+        for _ in range(3):  # The first may have overtaken the key, which comes by another way.
+            self._window.place  # pylint: disable=pointless-statement
+        self.listen(0.02)
+
+    def press(self, *keys):
+        """As xdotool names them, each when the program has done with the one before."""
         for key in keys:
             self._do("key", key)
-            self.listen(seconds)
+            self.settle()
 
     def hold(self, key, condition, what):
         """Until the condition is met."""
         def look():
             self.listen(0.05)
             return condition()
+        self._repeat("on")
         self._do("keydown", key)
         try:
-            wait_for(look, 10, what)
+            wait_for(look, 20, what)
         finally:
             self._do("keyup", key)
-        self.listen(0.3)
+            self._repeat("off")
+        self.settle()
 
     def go_to(self, role, name=".*", key="Tab"):
         """Presses a key until the focus is there."""
@@ -73,7 +87,7 @@ class Keyboard:
             self.press(key)
         raise AssertionError(f'{key} does not lead to {role} "{name}"')
 
-    def wait_for(self, role, name=".*", seconds=10):
+    def wait_for(self, role, name=".*", seconds=20):
         def look():
             self.listen(0.05)
             return self.focus and self.focus.matches(role, name)
@@ -86,7 +100,7 @@ class Keyboard:
             before = self.focus
             self.press(key)
             if self.focus == before:  # The machine is busy, or the key was to the label's link.
-                self.listen(1 if before.role == "label" else 5)
+                self.listen(2)
             if before.role == "label" and self.focus == before:
                 self.press(key)
             if self.focus == found[0]:

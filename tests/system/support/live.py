@@ -5,7 +5,7 @@ import os
 import time
 
 from . import wait_for
-from .clips import RATE
+from .clips import PAUSE, RATE
 from .picture import BITS, frame_of
 from .program import Program
 from .sound import Sound
@@ -19,28 +19,34 @@ CLIP_SECONDS = SECONDS + 35
 def check_picture(test, program, clip, seconds):
     """Each screenshot shows a frame of the clip as FFmpeg decodes it, and time goes on between them as it should."""
     rectangle = program.own_size_rectangle(*SIZE)
-    wait_for(lambda: program.display.screenshot(rectangle).number() is not None, 10, "the first picture")
-    time.sleep(1)  # It has faded in.
-    end = time.monotonic() + seconds
-    previous = None
-    while time.monotonic() < end:
+
+    def look():
+        """A frame's number, how like the clip's it is, and the times between which it was seen."""
+        begin = time.monotonic()
         shown = program.display.screenshot(rectangle)
-        now = time.monotonic()
-        number = shown.number()
-        test.assertIsNotNone(number, "no frame number on the screen")
-        likeness = max(shown.psnr(frame_of(clip, n, *SIZE)) for n in range(number, CLIP_SECONDS * RATE, 1 << BITS))
+        end = time.monotonic()
+        numbers = range(CLIP_SECONDS * RATE)[shown.number()::1 << BITS] if shown.number() is not None else ()
+        return shown.number(), max((shown.psnr(frame_of(clip, n, *SIZE)) for n in numbers), default=0), begin, end
+
+    wait_for(lambda: look()[1] >= MINIMUM_PSNR, 20, "a picture that has faded in")
+    until = time.monotonic() + seconds
+    previous = None
+    while time.monotonic() < until:
+        number, likeness, begin, end = look()
         test.assertGreaterEqual(likeness, MINIMUM_PSNR, f"frame {number}")
         if previous and number > previous[0]:  # A film may begin again.
-            test.assertAlmostEqual((number - previous[0]) / RATE, now - previous[1], delta=0.3)
-        previous = number, now
+            passed = (number - previous[0]) / RATE
+            test.assertGreater(passed, begin - previous[2] - 0.3)
+            test.assertLess(passed, end - previous[1] + 0.3)
+        previous = number, begin, end
         time.sleep(1)
 
 
 def check_sound(test, program, frequency, seconds, delta=None):
     """For a program that has ended: a tone of that frequency has sounded for so long, or longer unless a `delta` is given."""
     sound = Sound.of_wave(program.wave)
-    first, last = sound.span()
-    test.assertGreater(last - first, seconds - (delta or 0))
+    first, last = sound.span(math.inf if delta is None else PAUSE)
+    test.assertGreater(last - first, seconds - 2 * (delta or 0))  # The fade may begin late, from silence.
     test.assertLess(last - first, seconds + (delta or math.inf))
     for start in (first + 0.5, (first + last) / 2, last - 1.5):
         test.assertAlmostEqual(sound.pitch(frequency, start), frequency, delta=frequency / 150)

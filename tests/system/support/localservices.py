@@ -29,12 +29,12 @@ class LocalServices:
 
     def __exit__(self, *_):
         self._process.terminate()
-        self._process.wait(10)
+        self._process.wait(30)
         self._directory.cleanup()
 
     def wait(self):
         """The status with which it ended."""
-        return self._process.wait(10)
+        return self._process.wait(30)
 
     def start(self):
         ports = pathlib.Path(self._directory.name) / "ports"
@@ -44,7 +44,7 @@ class LocalServices:
             self._process = subprocess.Popen(
                 [built("OMBRAVISION_LOCALSERVICES", "localservices/ombravision-localservices"), *self._arguments,
                  *fixed, "--ports-file", ports], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=log)
-        wait_for(lambda: ports.exists() or self._process.poll() is not None, 10, "the services")
+        wait_for(lambda: ports.exists() or self._process.poll() is not None, 20, "the services")
         if not ports.exists():
             self._process.wait()
             raise RuntimeError(self.log())
@@ -77,7 +77,7 @@ class LocalServices:
 
     def control(self, *lines):
         """The lines of the answers to these commands."""
-        with socket.create_connection(("127.0.0.1", self.ports["control"]), 10) as connection:
+        with socket.create_connection(("127.0.0.1", self.ports["control"]), 30) as connection:
             connection.sendall("".join(line + "\n" for line in (f"token {self._token}", *lines, "quit")).encode())
             with connection.makefile("rb") as answer:
                 return answer.read().decode().splitlines()

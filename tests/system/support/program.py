@@ -74,7 +74,7 @@ class Program:
     def __enter__(self):
         self.start()
         try:
-            self.window = wait_for(self._find_window, 20, "the window of the program")
+            self.window = wait_for(self._find_window, 60, "the window of the program")
         except BaseException:
             self._process.kill()
             self._process.wait()
@@ -95,12 +95,12 @@ class Program:
                 print("\n".join(f"  {line.file.split('/')[-1]} {line.text}" for line in self.log_lines()[-40:]), flush=True)
 
     def quit(self):
-        """Ends the program as a session does. It has ten seconds, and no excuse for a bad status."""
+        """Ends the program as a session does. It has half a minute, and no excuse for a bad status."""
         if self.status is not None:
             return
         self._process.send_signal(signal.SIGTERM)
         try:
-            self.status = self._process.wait(10)
+            self.status = self._process.wait(30)
         except subprocess.TimeoutExpired:
             self._process.kill()
             self.status = self._process.wait()
@@ -113,7 +113,7 @@ class Program:
         self.status = None
         self.__enter__()
 
-    def wait(self, seconds=10):
+    def wait(self, seconds=30):
         """The status of a program that ends by itself."""
         self.status = self._process.wait(seconds)
         return self.status
@@ -124,7 +124,7 @@ class Program:
     def start_second(self, *arguments):
         """Starts a second instance and returns its status."""
         return subprocess.run([self._binary, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL, env=self.environment, timeout=30).returncode
+                              stderr=subprocess.DEVNULL, env=self.environment, timeout=60).returncode
 
     def _find_window(self):
         if not self.is_running():
@@ -164,5 +164,5 @@ class Program:
 
     def own_size_rectangle(self, width, height):
         """The rectangle of a picture of that size, for which the window gives itself the right size, one to one."""
-        return wait_for(lambda: self.video_rectangle()[2:] == (width, height) and self.video_rectangle(), 10,
+        return wait_for(lambda: self.video_rectangle()[2:] == (width, height) and self.video_rectangle(), 20,
                         f"a picture of {width}x{height}")

@@ -32,15 +32,15 @@ def main():
     program.start()
     try:
         picture = wait_for(lambda: find("Picture"), 20, "the picture")
-        wait_for(lambda: find("Position") and find("Pause (Space)"), 10, "its controls")
+        wait_for(lambda: find("Position") and find("Pause (Space)"), 20, "its controls")
         print(picture.getRoleName(), picture.name)
         for accessible in below(picture):
             print(accessible.getRoleName(), accessible.name)
         find("Mute (Ctrl+M)").queryAction().doAction(0)
-        print("pressed", wait_for(lambda: find("Sound on (Ctrl+M)"), 5, "the other name").name)
+        print("pressed", wait_for(lambda: find("Sound on (Ctrl+M)"), 20, "the other name").name)
         volume = find("Volume").queryValue()
         volume.currentValue = 0.5
-        wait_for(lambda: volume.currentValue == 0.5, 5, "another volume")
+        wait_for(lambda: volume.currentValue == 0.5, 20, "another volume")
         print("set", volume.currentValue)
     finally:
         program.quit()

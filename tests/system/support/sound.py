@@ -57,10 +57,11 @@ class Sound:
                 last = i
         return times
 
-    def span(self, threshold=500):
-        """From the first sample that is heard to the last, in seconds."""
-        heard = [i for i, sample in enumerate(self.samples) if abs(sample) > threshold]
-        return (heard[0] / self.rate, heard[-1] / self.rate) if heard else (0.0, 0.0)
+    def span(self, silence=math.inf, threshold=100):
+        """From the first sample that is heard to the last one before so many seconds of silence, in seconds."""
+        heard = [i for i, sample in enumerate(self.samples) if abs(sample) > threshold] or [0]
+        last = next((a for a, b in zip(heard, heard[1:]) if b - a > silence * self.rate), heard[-1])
+        return heard[0] / self.rate, last / self.rate
 
     def strength(self, frequency, start, seconds):
         """Amplitude of a tone within a part of the sound, by Goertzel's algorithm."""
