@@ -1,5 +1,7 @@
 #include "GLDriverLoader.h"
 
+#include <QGuiApplication>
+
 #include <GL/glx.h>
 #include <X11/Xlib.h>
 
@@ -11,18 +13,18 @@ GLDriverLoader::GLDriverLoader()
 GLDriverLoader::~GLDriverLoader()
 {
     wait();
-    if (_display)
-        XCloseDisplay(_display);
 }
 
+/// On Qt's own connection, which is locked for each call: what it knows of the driver is kept with it.
 void GLDriverLoader::run()
 {
-    _display = XOpenDisplay(nullptr);
-    if (!_display)
+    auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    Display* const display = x11 ? x11->display() : nullptr;
+    if (!display)
         return;
     // What a screen can do is the driver's to say.
     int const wanted[] = {GLX_RENDER_TYPE, GLX_RGBA_BIT, None};
     int count = 0;
-    if (GLXFBConfig* const configurations = glXChooseFBConfig(_display, DefaultScreen(_display), wanted, &count))
+    if (GLXFBConfig* const configurations = glXChooseFBConfig(display, DefaultScreen(display), wanted, &count))
         XFree(configurations);
 }

@@ -2,13 +2,12 @@
 
 #include <QThread>
 
-struct _XDisplay;
-
-/// Loads the system's OpenGL driver while the program makes its window, on a thread and a connection to the display
-/// of its own. Drivers bring a compiler along, and linking that takes longer than the rest of the start; the first
-/// context then finds it there. Where there is no display or no driver nothing happens.
+/// Loads the OpenGL driver of the display on a thread of its own, while the main one makes the window: drivers bring
+/// a compiler along, and linking that takes as long as the rest of the start. The first context then finds it there.
+/// Where the platform is not X11, or there is no driver, nothing happens.
 ///
-/// From construction to destruction, which waits for the thread. Made and destroyed on one thread.
+/// While libraries are linked no other can be, and no thread can be started: whatever does that goes first.
+/// From construction to destruction, which waits for the thread. Main thread.
 class GLDriverLoader : private QThread
 {
 public:
@@ -17,6 +16,4 @@ public:
 
 private:
     void run() override;
-
-    _XDisplay* _display = nullptr; ///< Holds the driver. The thread's, and the destructor's after that.
 };

@@ -6,6 +6,7 @@
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
+#include "ResourceImage.h"
 #include "RestfulChannelDescriptionProvider.h"
 #include "SoapAllowedChannels.h"
 #include "ThreadedMemoQueue.h"
@@ -88,7 +89,7 @@ std::unique_ptr<ChannelDescriptionProvider> ChannelFeed::createServiceProvider()
     AppSettings const& settings = _appData.settings;
     OmbravisionUser const user = _appData.loginManager()->user();
     _gizmo = std::make_unique<UserChannelGizmo>(_appData.biscotti(), user.id());
-    QImage const logo(":/Resources/latte_en.png");
+    QImage const logo = ResourceImage::png(":/Resources/latte_en.png");
     auto provider = std::make_unique<RestfulChannelDescriptionProvider>(
         _appData.webCache(), user, &_appData.dateTimeBuilder, settings.channelsDocumentUri(), settings.soapHost(),
         logo, logo, nullptr, [login = _appData.loginManager()](Uri const&) {

@@ -1,6 +1,7 @@
 #include "OwnChannels.h"
 
 #include "FileName.h"
+#include "ResourceImage.h"
 #include "Uri.h"
 
 #include <QFileInfo>
@@ -32,7 +33,7 @@ ChannelDescription channelOf(QString const& rootId, QString const& title, Channe
     description.setId(rootId);
     description.setRootId(rootId);
     description.setTitle(title);
-    description.setLogo(QImage(":/Resources/latte_en.png"));
+    description.setLogo(ResourceImage::png(":/Resources/latte_en.png"));
     description.setChannelType(type);
     description.setChannelMediaTypes(ChannelDescription::AudioMedia | ChannelDescription::VideoMedia);
     description.setHasChat(false);

@@ -7,6 +7,7 @@
 #include "LoggerManager.h"
 #include "MemoQueue.h"
 #include "OwnChannels.h"
+#include "ResourceImage.h"
 #include "WebCache.h"
 
 #include <QDir>
@@ -128,5 +129,5 @@ QImage SponsorshipMedia::logo(QString const& url) const
         }
     }
     LOG_INFO("Setting default sponsorship logo to default for url %s", qUtf8Printable(url));
-    return QImage(":/Resources/latte_en.png");
+    return ResourceImage::png(":/Resources/latte_en.png");
 }

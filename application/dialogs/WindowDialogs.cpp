@@ -58,7 +58,8 @@ WindowDialogs::WindowDialogs(AppData& appData, GLWidget& surface, QWidget& windo
     createActions();
     connectActions();
     connectEffects();
-    _effects->load();
+    // Once the window is there: no thread can be started while the driver is linked.
+    QMetaObject::invokeMethod(_effects.get(), &EffectsLibrary::load, Qt::QueuedConnection);
     connect(appData.signIn(), &SignIn::signInEnded, this, &WindowDialogs::offerTutorial, Qt::QueuedConnection);
     connect(&appData, &AppData::channelsUpdated, this, &WindowDialogs::offerTutorial, Qt::QueuedConnection);
 }

@@ -1,15 +1,14 @@
 #include "ClickCursors.h"
 
-#include <QImageReader>
+#include "ResourceImage.h"
+
 #include <QPixmap>
 
 namespace
 {
 QCursor cursorOf(char const* name)
 {
-    QImageReader reader(QStringLiteral(":/Resources/%1.png").arg(name), "png");
-    reader.setAutoDetectImageFormat(false); // Which would load the plugins of all formats there are.
-    return QCursor(QPixmap::fromImageReader(&reader), -1, -1);
+    return QCursor(QPixmap::fromImage(ResourceImage::png(QStringLiteral(":/Resources/%1.png").arg(name))), -1, -1);
 }
 } // namespace
 

@@ -4,7 +4,6 @@
 #include "DesktopAnnouncements.h"
 #include "DetachedThreads.h"
 #include "EventLoopWatchdog.h"
-#include "GLDriverLoader.h"
 #include "GLWidget.h"
 #include "LocalhostInfo.h"
 #include "Logger.h"
@@ -164,13 +163,12 @@ void Application::closeStandardStreams()
 
 bool Application::initialize()
 {
-    GLDriverLoader const driver;
     SingleApplication::initialize(false);
     // A session starts its programs in any order.
     bool const hasTray =
         _appData.settings.startupMode() ? SystemTray::waitFor(SystemTray::startUpTime) : SystemTray::isAvailable();
     if (hasTray)
-        _window = std::make_unique<Window>(_appData); // While the driver is loaded, which takes as long.
+        _window = std::make_unique<Window>(_appData); // Loads the driver meanwhile.
     if (!GLWidget::hasOpenGL())
         return fail("System does not have openGL installed. Exiting",
                     tr("This system does not support opengl. Exiting"));

@@ -5,6 +5,7 @@
 #include "ChannelManager.h"
 #include "ChannelTitle.h"
 #include "Icons.h"
+#include "ResourceImage.h"
 #include "SignIn.h"
 
 namespace
@@ -12,7 +13,8 @@ namespace
 constexpr int trayTellTime = 8000; // ms
 } // namespace
 
-TrayIcon::TrayIcon(AppData& appData) : _appData(appData), _icon(QIcon(":/Resources/Ombravision.png"))
+TrayIcon::TrayIcon(AppData& appData)
+    : _appData(appData), _icon(QPixmap::fromImage(ResourceImage::png(":/Resources/Ombravision.png")))
 {
     fillMenu(); // A tray may want to see it before it opens.
     connect(&_menu, &QMenu::aboutToShow, this, &TrayIcon::fillMenu);

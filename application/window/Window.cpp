@@ -8,11 +8,13 @@
 #include "ChannelPanels.h"
 #include "ChannelSearchWidget.h"
 #include "FileChannels.h"
+#include "GLDriverLoader.h"
 #include "GLWidget.h"
 #include "HibernationManager.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "Notice.h"
+#include "ResourceImage.h"
 #include "ScreenSaverManager.h"
 #include "SkinPalette.h"
 #include "SlowDriverWarning.h"
@@ -67,13 +69,14 @@ Window::Window(AppData& appData)
         &_appData.settings, &AppSettings::settingsFileFailed, this,
         [this](QString const& message) { _notice->tell(message); }, Qt::QueuedConnection);
     _appData.initialize(this);
+    GLDriverLoader const driver; // Meanwhile, now that the threads of the components run.
     createChildControls();
     createMenus();
     createNotifier();
     createTrayIcon();
     connectActions();
     connectSignals();
-    setWindowIcon(QIcon(":/Resources/Ombravision.png"));
+    setWindowIcon(QPixmap::fromImage(ResourceImage::png(":/Resources/Ombravision.png")));
     setAcceptDrops(true);
     updateTitle();
     applySkin();
