@@ -124,7 +124,7 @@ public:
     void startBitrateTimer();
     void stopBitrateTimer();
 
-    /// Something has come; whether ranDry() had told that nothing did.
+    /// Something to play has come; whether the viewer was told last that there is nothing.
     bool flowsAgain();
 
     /// Ends everything that is under way, and takes the pending memos along. The state is Stopped then, if it was not
