@@ -1,10 +1,16 @@
 #include "GLDriverLoader.h"
 
+#include <QGuiApplication>
+
 #include <GL/glx.h>
 #include <X11/Xlib.h>
 
 GLDriverLoader::GLDriverLoader()
 {
+    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11)
+        return;
+    _name = DisplayString(x11->display()); // Which need not be the environment's.
     start();
 }
 
@@ -17,7 +23,7 @@ GLDriverLoader::~GLDriverLoader()
 
 void GLDriverLoader::run()
 {
-    _display = XOpenDisplay(nullptr);
+    _display = XOpenDisplay(_name.constData());
     if (!_display)
         return;
     // What a screen can do is the driver's to say.
