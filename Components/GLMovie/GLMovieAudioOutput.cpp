@@ -39,7 +39,7 @@ int GLMovieAudioOutput::openAudioStream()
 {
     AVCodecID const id = _stream->codecpar->codec_id;
     LOG_INFO("Searching for a decoder for audioCodec id = %d", static_cast<int>(id));
-    if (!GLMovieAudioSource::isDeviceExpected()) {
+    if (!GLMovieAudioSource::isDeviceExpected(!_context.movie.videoStream())) {
         LOG_INFO("No audio device present.");
         return GLMovie::NoAudioDevice;
     }

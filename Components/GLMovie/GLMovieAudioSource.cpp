@@ -35,10 +35,10 @@ GLMovieAudioSource::~GLMovieAudioSource()
     close();
 }
 
-bool GLMovieAudioSource::isDeviceExpected()
+bool GLMovieAudioSource::isDeviceExpected(bool isSoundAlone)
 {
     ContextLock const context = lockContext();
-    return AudioDevice::isPresent() || AudioDevice::isAwaited();
+    return AudioDevice::isPresent() || (AudioDevice::isAwaited() && !(isSoundAlone && AudioDevice::isAbsent()));
 }
 
 GLMovieAudioSource::OpenResult GLMovieAudioSource::open()

@@ -32,8 +32,9 @@ public:
     GLMovieAudioSource(GLMovieAudioSource const&) = delete;
     GLMovieAudioSource& operator=(GLMovieAudioSource const&) = delete;
 
-    /// Whether there is a sound device that works, with a current OpenAL context, or one that has gone may be back.
-    static bool isDeviceExpected();
+    /// Whether there is a sound device that works, with a current OpenAL context, or one may come. Where
+    /// there never was one, sound alone does not wait for that: the viewer is to know.
+    static bool isDeviceExpected(bool isSoundAlone);
 
     /// Makes the source and its buffers on the current OpenAL context; where there is none, when one comes.
     OpenResult open();

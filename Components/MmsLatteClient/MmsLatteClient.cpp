@@ -140,7 +140,7 @@ void MmsLatteClient::onMmsData(QByteArray const& data)
         if (result.isNewStream)
             emit descriptorChanged(this, result.descriptorSize);
         announcePlaying();
-    } else if (_private->flowsAgain()) {
+    } else if (result.isReadable && _private->flowsAgain()) {
         announcePlaying();
     }
     if (result.isReadable)

@@ -146,7 +146,6 @@ void MmsLatteClientPrivate::startBitrateTimer()
 {
     _bitrateWatch.restart(_normalBitrate);
     _lastLook = _clock->msSinceEpoch();
-    _drySeconds = 0;
     _hasLeapt = false;
     _buffer.takeBytesThisSecond(); // What came faster than that to begin with does not count.
     _bitrateTimer->start(bitrateInterval);
@@ -189,6 +188,7 @@ void MmsLatteClientPrivate::takeHeader(QByteArray const& header)
 void MmsLatteClientPrivate::hasStarted(bool isNewStream)
 {
     _policy.succeeded();
+    _drySeconds = 0;
     startBitrateTimer();
     if (isNewStream)
         _changeTimer->start(changeDelay);

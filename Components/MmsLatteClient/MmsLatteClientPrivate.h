@@ -62,8 +62,9 @@ public:
     static constexpr int statusInterval = 5000;       ///< ms
     static constexpr int bitrateInterval = 1000;      ///< ms
     static constexpr int changeDelay = 1000;          ///< ms for which data of a new header is withheld.
-    static constexpr int drySeconds = 2;              ///< Without a byte to play, after which the viewer is told.
-    static constexpr qint64 leapOfTime = 4000;        ///< ms between two looks at the bit rate: it was frozen.
+    static constexpr int drySeconds =
+        4; ///< Without a byte to play before the viewer is told: what is decoded lasts so long.
+    static constexpr qint64 leapOfTime = 4000; ///< ms between two looks at the bit rate: it was frozen.
 
     /// The name is what the transports present themselves with. The client is the parent.
     MmsLatteClientPrivate(QString const& name, Factories const& factories, MmsLatteClient* client);
@@ -124,7 +125,7 @@ public:
     void startBitrateTimer();
     void stopBitrateTimer();
 
-    /// Something has come; whether ranDry() had told that nothing did.
+    /// Something to play has come; whether the viewer was told last that there is nothing.
     bool flowsAgain();
 
     /// Ends everything that is under way, and takes the pending memos along. The state is Stopped then, if it was not

@@ -50,6 +50,7 @@ void MmsLatteClientPrivate::openTransport(bool http, QString const& url, QString
 void MmsLatteClientPrivate::connectTransport(QString const& url, QString const& referrer)
 {
     _transportUrl = url;
+    _drySeconds = drySeconds; // The viewer is told of the connection, and where it takes over of its play then.
     _client->connectToServer(QUrl(url), referrer, _connectTimeout);
 }
 

@@ -24,6 +24,7 @@ struct CurrentContext {
     std::atomic<unsigned int> generation{0}; ///< Written under the mutex, and so by one thread at a time.
     AudioOutput const* output = nullptr;     ///< Guarded by the mutex.
     bool awaited = false;                    ///< The one before has gone without being closed. The same.
+    bool absent = false;                     ///< It was looked for in vain. The same.
 };
 
 CurrentContext& currentContext()
@@ -63,6 +64,18 @@ bool AudioDevice::isAwaited()
 {
     CurrentContext const& current = currentContext();
     return current.output ? !current.output->isConnected() : current.awaited;
+}
+
+bool AudioDevice::isAbsent()
+{
+    return currentContext().absent;
+}
+
+void AudioDevice::noteAbsence()
+{
+    CurrentContext& current = currentContext();
+    std::lock_guard const lock(current.mutex);
+    current.absent = !current.output;
 }
 
 bool AudioDevice::availableDevices(QStringList& devices, QString& defaultDevice)
@@ -141,6 +154,7 @@ bool AudioDevice::makeCurrent(AudioOutput const* output)
     }
     ++current.generation;
     current.awaited = !output;
+    current.absent = false;
     current.output = output;
     return true;
 }

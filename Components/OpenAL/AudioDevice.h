@@ -47,6 +47,12 @@ public:
     /// thread.
     static bool isAwaited();
 
+    /// Whether there has been none since it was awaited, see noteAbsence(). Under contextMutex(), on any thread.
+    static bool isAbsent();
+
+    /// The device that is awaited was looked for, and there is none: sound alone is not to begin until one comes.
+    void noteAbsence();
+
     /// Opens the named device in place of the one that is open, and falls back on the library's own choice when there
     /// is no such device. A name other than "default" is also written to the user's OpenAL configuration.
     /// Returns whether there is sound now. May wait for a sound server.

@@ -2,11 +2,31 @@
 
 #include "AppSettings.h"
 #include "AudioDevice.h"
+#include "AudioOutput.h"
+#include "Background.h"
 #include "LinuxAudioConfig.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 
 Logger* AudioOutputChoice::log = LoggerManager::logger();
+
+namespace
+{
+/// The device of the setting, or one that exists in its place. May wait for a sound server.
+QString existing(QString device)
+{
+    if (device.isEmpty()) {
+        QStringList devices;
+        QString defaultName;
+        if (!AudioDevice::availableDevices(devices, defaultName))
+            device = QStringLiteral("default");
+        else if (devices.contains("Generic Software"))
+            device = QStringLiteral("Generic Software");
+    }
+    LinuxAudioConfig const config;
+    return config.listDevices().contains(device) ? device : config.defaultDevice();
+}
+} // namespace
 
 AudioOutputChoice::AudioOutputChoice(AppSettings& settings, AudioDevice& device, TimerFactory* timers,
                                      QObject* parent)
@@ -21,26 +41,22 @@ AudioOutputChoice::AudioOutputChoice(AppSettings& settings, AudioDevice& device,
 
 void AudioOutputChoice::begin()
 {
-    choose();
+    QString const setting = _settings.audioDevice();
+    _device.awaitDevice(setting); // By what opens meanwhile; there is none yet that would go.
+    Background::run(
+        this, [setting] { return existing(setting); },
+        [this, setting](QString const& device) { watch(setting, device); });
+}
+
+void AudioOutputChoice::watch(QString const& setting, QString const& device)
+{
+    _isViewersChoice = _settings.audioDevice() != setting;
+    if (!_isViewersChoice)
+        _settings.setAudioDevice(device);
     _watch.emplace(_device, _timers);
     connect(&*_watch, &AudioDeviceWatch::chosen, this, &AudioOutputChoice::onChosen);
     connect(&_settings, &AppSettings::audioDeviceChanged, &_timer, qOverload<>(&QTimer::start));
     _watch->choose(_settings.audioDevice());
-}
-
-void AudioOutputChoice::choose()
-{
-    if (_settings.audioDevice().isEmpty()) {
-        QStringList devices;
-        QString defaultName;
-        if (!AudioDevice::availableDevices(devices, defaultName))
-            _settings.setAudioDevice("default");
-        else if (devices.contains("Generic Software"))
-            _settings.setAudioDevice("Generic Software");
-    }
-    LinuxAudioConfig const config;
-    if (!config.listDevices().contains(_settings.audioDevice()))
-        _settings.setAudioDevice(config.defaultDevice());
 }
 
 void AudioOutputChoice::follow()
@@ -55,8 +71,11 @@ void AudioOutputChoice::onChosen(AudioDeviceWatch::Outcome outcome)
 {
     if (outcome == AudioDeviceWatch::Outcome::NothingOpened)
         LOG_ERROR("Could not open sound device.");
-    if (!_isViewersChoice)
+    if (!_isViewersChoice) {
+        if (outcome == AudioDeviceWatch::Outcome::NothingOpened)
+            _device.noteAbsence();
         return; // Who has no sound device knows it.
+    }
     if (outcome == AudioDeviceWatch::Outcome::NothingOpened) {
         emit failed(tr("The sound device could not be opened: there is no sound for now."));
     } else if (outcome == AudioDeviceWatch::Outcome::DefaultOpened &&

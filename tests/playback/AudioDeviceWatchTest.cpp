@@ -2,8 +2,10 @@
 
 #include "AudioDevice.h"
 #include "AudioDriver.h"
+#include "AudioOutput.h"
 #include "EventLoop.h"
 #include "FakeTimerFactory.h"
+#include "GLMovieAudioSource.h"
 
 #include <AL/al.h>
 #include <AL/alc.h>
@@ -190,6 +192,22 @@ TEST_F(AudioDeviceWatchTest, WithoutAnyDeviceItTriesAgainAndWaitsLongerEachTime)
     _driver->pull();
     poll();
     EXPECT_TRUE(_device.isOpen());
+}
+
+TEST_F(AudioDeviceWatchTest, SoundAloneIsRefusedOnlyWhileThereHasBeenNoDevice)
+{
+    _driver->offer({}, false);
+    _device.awaitDevice("default");
+    EXPECT_TRUE(GLMovieAudioSource::isDeviceExpected(true));
+    _device.noteAbsence();
+    poll();
+    EXPECT_FALSE(GLMovieAudioSource::isDeviceExpected(true));
+    EXPECT_TRUE(GLMovieAudioSource::isDeviceExpected(false));
+    _driver->offer({}, true);
+    poll();
+    EXPECT_TRUE(GLMovieAudioSource::isDeviceExpected(true));
+    _driver->pull(); // One that was there may be back.
+    EXPECT_TRUE(GLMovieAudioSource::isDeviceExpected(true));
 }
 
 TEST_F(AudioDeviceWatchTest, OfQuickChoicesTheLastIsOpenedAndToldOfWithoutWaiting)

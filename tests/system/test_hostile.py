@@ -2,6 +2,7 @@
 
 import os
 import signal
+import socket
 import time
 import unittest
 
@@ -68,6 +69,13 @@ class Hostile(unittest.TestCase):
             program.wait_for_log(r"New media descriptor", 20)
             print(f"the header came after {time.monotonic() - began:.1f} s", flush=True)
             self.assertLess(time.monotonic() - began, 8)  # The next attempt would be after ten.
+
+    def test_a_sound_server_that_never_answers_keeps_nobody_from_the_picture(self):
+        with socket.create_server(("127.0.0.1", 0)) as server:  # The kernel takes the call.
+            address = f"tcp:127.0.0.1:{server.getsockname()[1]}"
+            with Program(self.display, self.clip, driver="pulse", environment={"PULSE_SERVER": address}) as program:
+                self.moves(program)
+                self.close(program)
 
     def test_a_frozen_program_finds_back_to_what_is_live(self):
         with LocalServices("--stream", f"/live={clips.asf(60, 660, '4M')}") as services, \

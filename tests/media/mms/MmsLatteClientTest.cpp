@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -314,6 +315,29 @@ TEST_F(MmsLatteClientTest, AStreamThatRunsDryOnAStandingConnectionSaysSoUntilItF
     deliver(1000);
     deliver(1000);
     EXPECT_THAT(takeEvents(), ElementsAre("Playing..."));
+    EXPECT_EQ(plays, 2);
+}
+
+TEST_F(MmsLatteClientTest, AStreamThatHasRunDryPlaysOnlyOnceItsSuccessorHasEnough)
+{
+    for (bool const hasAlternative : {false, true}) {
+        SCOPED_TRACE(hasAlternative);
+        startPlaying(hasAlternative);
+        plays = 0;
+        read(1'000'000);
+        timers.advance(12000);
+        if (hasAlternative)
+            answerStream(); // It takes over, and the stream is not lost.
+        else
+            end(MmsClient::ReadTimeout, 10000);
+        EXPECT_THAT(takeEvents(), Contains("Acquiring...0%"));
+        transport()->begin("header", 800000, 1000);
+        deliver(1000);
+        EXPECT_EQ(plays, hasAlternative ? 1 : 0);
+        deliver(249'000);
+        EXPECT_EQ(plays, 1);
+        EXPECT_EQ(takeEvents().constLast(), "Playing...");
+    }
 }
 
 TEST_F(MmsLatteClientTest, AfterALeapOfTimeItGoesOnWithWhatIsLive)
