@@ -9,6 +9,7 @@
 #include "ChannelManager.h"
 #include "FileLatteClientFactory.h"
 #include "FileName.h"
+#include "GLDriverLoader.h"
 #include "Logger.h"
 #include "LoggerManager.h"
 #include "LoginManager.h"
@@ -66,6 +67,9 @@ void AppData::initialize(QWidget* mainWidget)
         return;
     LOG_INFO("Start creating application components");
     _mainWidget = mainWidget;
+    _memoThread = new ThreadedMemoQueue;
+    _memoThread->start(QThread::InheritPriority);
+    _driverLoader = std::make_unique<GLDriverLoader>(); // Threads are started before, or when the window is there.
     settings.createActions();
     // Some of what is loaded is enciphered.
     _rsaProvider = new RsaProvider(settings.dataDirectory() + "/PrivateKey.pem");
@@ -75,8 +79,6 @@ void AppData::initialize(QWidget* mainWidget)
     setProxy();
     _cursors = std::make_unique<ClickCursors>();
     _webAccess.createManager();
-    _memoThread = new ThreadedMemoQueue;
-    _memoThread->start(QThread::InheritPriority);
     _memoThread->waitUntilReady();
     _tickCounter = new MonotonicTickCounter;
     _randomGenerator = new SystemRandomGenerator(static_cast<int>(std::time(nullptr)));
@@ -142,6 +144,7 @@ void AppData::uninitialize()
     destroy(_memoThread);
     destroy(_tickCounter);
     _cursors.reset();
+    _driverLoader.reset();
     videoPrograms.clearPostProcessingShaders();
     _initialized = false;
     LOG_INFO("Finished destroying application components");

@@ -32,6 +32,7 @@ class Channel;
 class ChannelEvents;
 class ChannelManager;
 class FileLatteClientFactory;
+class GLDriverLoader;
 class Logger;
 class LoginManager;
 class MmsLatteClientFactory;
@@ -180,6 +181,7 @@ private:
 
     QWidget* _mainWidget = nullptr;
     std::unique_ptr<ClickCursors> _cursors;
+    std::unique_ptr<GLDriverLoader> _driverLoader;
     WebAccess _webAccess{settings};
     ThreadedMemoQueue* _memoThread = nullptr;
     TickCounter* _tickCounter = nullptr;

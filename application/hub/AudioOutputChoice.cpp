@@ -43,9 +43,13 @@ void AudioOutputChoice::begin()
 {
     QString const setting = _settings.audioDevice();
     _device.awaitDevice(setting); // By what opens meanwhile; there is none yet that would go.
-    Background::run(
-        this, [setting] { return existing(setting); },
-        [this, setting](QString const& device) { watch(setting, device); });
+    auto const look = [this, setting] {
+        Background::run(
+            this, [setting] { return existing(setting); },
+            [this, setting](QString const& device) { watch(setting, device); });
+    };
+    // Once the window is there: no thread can be started while the OpenGL driver is linked.
+    QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
 }
 
 void AudioOutputChoice::watch(QString const& setting, QString const& device)

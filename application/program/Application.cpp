@@ -168,7 +168,7 @@ bool Application::initialize()
     bool const hasTray =
         _appData.settings.startupMode() ? SystemTray::waitFor(SystemTray::startUpTime) : SystemTray::isAvailable();
     if (hasTray)
-        _window = std::make_unique<Window>(_appData); // Loads the driver meanwhile.
+        _window = std::make_unique<Window>(_appData); // The driver is loaded meanwhile.
     if (!GLWidget::hasOpenGL())
         return fail("System does not have openGL installed. Exiting",
                     tr("This system does not support opengl. Exiting"));

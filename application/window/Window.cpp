@@ -8,7 +8,6 @@
 #include "ChannelPanels.h"
 #include "ChannelSearchWidget.h"
 #include "FileChannels.h"
-#include "GLDriverLoader.h"
 #include "GLWidget.h"
 #include "HibernationManager.h"
 #include "Logger.h"
@@ -69,7 +68,6 @@ Window::Window(AppData& appData)
         &_appData.settings, &AppSettings::settingsFileFailed, this,
         [this](QString const& message) { _notice->tell(message); }, Qt::QueuedConnection);
     _appData.initialize(this);
-    GLDriverLoader const driver; // Meanwhile, now that the threads of the components run.
     createChildControls();
     createMenus();
     createNotifier();
