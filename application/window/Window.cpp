@@ -283,6 +283,7 @@ void Window::showWindow()
         emit windowVisibilityChanged(true);
     raise();
     activateWindow();
+    _windowManagerState->activate(); // Whoever calls does it for the viewer.
 }
 
 void Window::zoom(double factor)

@@ -18,6 +18,7 @@ namespace
 constexpr std::uint32_t removeState = 0;
 constexpr std::uint32_t addState = 1;
 constexpr std::uint32_t sourceIsApplication = 1;
+constexpr std::uint32_t sourceIsViewer = 2;
 constexpr std::uint32_t maximumStates = 64; // A window has a dozen at most.
 constexpr std::uint8_t sentByClient = 0x80;
 
@@ -51,6 +52,7 @@ WindowManagerState::WindowManagerState(QWidget& window) : _window(window)
     _stateAtom = atomOf(_connection, "_NET_WM_STATE");
     _aboveAtom = atomOf(_connection, "_NET_WM_STATE_ABOVE");
     _fullScreenAtom = atomOf(_connection, "_NET_WM_STATE_FULLSCREEN");
+    _activeWindowAtom = atomOf(_connection, "_NET_ACTIVE_WINDOW");
     _window.installEventFilter(this);
     qGuiApp->installNativeEventFilter(this);
 }
@@ -71,6 +73,12 @@ void WindowManagerState::setFullScreen(bool full)
 {
     if (_isManaged)
         request(_fullScreenAtom, full);
+}
+
+void WindowManagerState::activate() const
+{
+    if (_connection && windowId() != XCB_WINDOW_NONE)
+        send(_activeWindowAtom, {sourceIsViewer});
 }
 
 bool WindowManagerState::eventFilter(QObject* watched, QEvent* event)
@@ -119,14 +127,17 @@ std::vector<std::uint32_t> WindowManagerState::readStates() const
 
 void WindowManagerState::request(std::uint32_t state, bool set) const
 {
+    send(_stateAtom, {set ? addState : removeState, state, 0, sourceIsApplication});
+}
+
+void WindowManagerState::send(std::uint32_t type, std::array<std::uint32_t, 5> const& data) const
+{
     xcb_client_message_event_t message = {};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = windowId();
-    message.type = _stateAtom;
-    message.data.data32[0] = set ? addState : removeState;
-    message.data.data32[1] = state;
-    message.data.data32[3] = sourceIsApplication;
+    message.type = type;
+    std::ranges::copy(data, message.data.data32);
     xcb_window_t const root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
     xcb_send_event(_connection, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<char const*>(&message));

@@ -3,6 +3,7 @@
 #include <QAbstractNativeEventFilter>
 #include <QObject>
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -10,7 +11,7 @@ class QWidget;
 struct xcb_connection_t;
 
 /// What the window manager says of a top-level window: whether it stays above all others, and whether it fills the
-/// screen (Extended Window Manager Hints, _NET_WM_STATE).
+/// screen (Extended Window Manager Hints, _NET_WM_STATE), and that it has the focus (_NET_ACTIVE_WINDOW).
 ///
 /// Qt's own flag for the former makes a new native window, in which nobody draws who holds the old one. For the
 /// latter Qt keeps a notion of its own, which changes in quick succession leave behind; a request from here holds
@@ -30,6 +31,10 @@ public:
     /// Asks the window manager to fill the screen with the window, or to end that; before it is shown, Qt does so.
     void setFullScreen(bool full);
 
+    /// Asks for the focus on behalf of the viewer, who may have used another window since: a window manager that
+    /// keeps windows from stealing the focus goes by when this one was used last. For windows that have been shown.
+    void activate() const;
+
 signals:
     /// The window manager says something, on its own or as an answer; it may be about to obey a request still.
     void aboveChanged(bool above);
@@ -43,6 +48,7 @@ private:
     std::uint32_t windowId() const;
     std::vector<std::uint32_t> readStates() const;
     void request(std::uint32_t state, bool set) const;
+    void send(std::uint32_t type, std::array<std::uint32_t, 5> const& data) const;
     void prepare() const;
     void onMapped();
     void onStateChanged();
@@ -52,6 +58,7 @@ private:
     std::uint32_t _stateAtom = 0;
     std::uint32_t _aboveAtom = 0;
     std::uint32_t _fullScreenAtom = 0;
+    std::uint32_t _activeWindowAtom = 0;
     bool _above = false;
     bool _isManaged = false; ///< Mapped since it was shown last: what the window manager says of it counts.
 };
