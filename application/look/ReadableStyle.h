@@ -4,7 +4,8 @@
 
 /// The desktop's style, where what it leaves too faint is made plain: hints, links and disabled words in palettes
 /// that say nothing about them, and the outlines of fields, boxes and buttons on dark grounds, where Qt's own style
-/// draws them darker still. What has contrast enough stays as it is. Main thread only.
+/// draws them darker still. What has contrast enough stays as it is. Two icons that every window has are the
+/// program's own. Main thread only.
 class ReadableStyle : public QProxyStyle
 {
     Q_OBJECT
